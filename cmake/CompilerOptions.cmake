@@ -1,0 +1,22 @@
+# Language level, warnings, floating-point rules and sanitizers: target `trelvan_options`, linked by all of our code.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Results are bits: no contraction into fused operations, here and in the toolkit alike.
+add_compile_options(-ffp-contract=off)
+
+if(TRELVAN_SANITIZE)
+  # The toolkit too, or containers that it shares with us would be reported wrongly.
+  add_compile_options(-fsanitize=${TRELVAN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${TRELVAN_SANITIZE})
+endif()
+
+add_library(trelvan_options INTERFACE)
+target_include_directories(trelvan_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(trelvan_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wcast-align -Wformat=2 -Werror)

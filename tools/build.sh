@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Configures a preset and builds targets of it, quietly; what was printed is shown where it fails.
+# Usage: tools/build.sh PRESET [--tests] [TARGET...]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+preset=$1
+shift
+options=(-DTRELVAN_TESTS=OFF -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_FUZZERS=OFF)
+packages=build
+if [ "${1:-}" = --tests ]; then
+  shift
+  options=(-DTRELVAN_TESTS=ON)
+  packages=test
+fi
+tools/dependencies.sh "$packages"
+
+build=build/$preset
+mkdir -p "$build"
+log=$build/build.log
+quietly() {
+  "$@" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+}
+[ -f "$build/build.ninja" ] || echo "building ($preset; the first time takes a few minutes)"
+quietly cmake --preset "$preset" "${options[@]}"
+quietly cmake --build "$build" ${1:+--target "$@"}

@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# Installs what Trelvan needs and is missing: Debian's packages, and the toolkit's source below .deps/.
+# Silent and quick when all is there. Usage: tools/dependencies.sh [build|test]   (test adds the tests' tools)
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+build_packages=(
+  g++ cmake ninja-build pkg-config
+  libsndfile1-dev libcli11-dev libkissfft-dev                             # widen
+  libx11-dev libxcb1-dev libxcb-cursor-dev libxcb-keysyms1-dev            # the toolkit
+  libxcb-util-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
+  libcairo2-dev libpango1.0-dev libfontconfig-dev libfreetype-dev libglib2.0-dev
+  sonic-pi-samples                                                        # the demonstration's recording
+)
+test_packages=(
+  clang clang-format clang-tidy lld libclang-rt-14-dev                    # fuzzers, format, lint
+  libgtest-dev libgmock-dev libbenchmark-dev
+  python3 git file binutils
+)
+
+toolkit_version=4.13.3
+toolkit_file="vst3sdk_3.7.10.14+~${toolkit_version}.orig-vstgui4.tar.gz"
+toolkit_sha256=5a7673c7b22a66086a6749a0c7ff447fcfc4a10d2c2013d58ff1320be4e8456f
+toolkit_folder=".deps/vstgui-${toolkit_version}"
+
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+missing_packages() {
+  local package
+  for package in "$@"; do
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || echo "$package"
+  done
+}
+
+install_packages() {
+  local missing
+  missing=$(missing_packages "$@")
+  [ -n "$missing" ] || return 0
+  echo "installing:" $missing
+  as_root apt-get update -qq
+  # shellcheck disable=SC2086 # one word a package
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+# The source comes from the mirror that this machine's apt is set to; apt's helper checks the SHA-256.
+fetch_toolkit() {
+  [ -f "$toolkit_folder/.complete" ] && return 0
+  local mirror archive
+  archive=".deps/$toolkit_file"
+  mkdir -p .deps
+  if [ ! -f "$archive" ]; then
+    apt-get indextargets --format '$(REPO_URI)' | grep -q . || as_root apt-get update -qq
+    for mirror in $(apt-get indextargets --format '$(REPO_URI)' | sort -u); do
+      echo "fetching the toolkit's source"
+      /usr/lib/apt/apt-helper download-file "${mirror%/}/pool/main/v/vst3sdk/$toolkit_file" "$archive" \
+        "SHA256:$toolkit_sha256" >/dev/null 2>&1 && break
+      rm -f "$archive"
+    done
+  fi
+  [ -f "$archive" ] || { echo "the toolkit's source could not be fetched (see README, Dependencies)" >&2; exit 1; }
+  echo "$toolkit_sha256  $archive" | sha256sum --check --quiet
+  rm -rf "$toolkit_folder"
+  mkdir -p "$toolkit_folder"
+  tar -xzf "$archive" -C "$toolkit_folder" --strip-components=1 --exclude='*/plugin-bindings'
+  rm -f "$archive"
+  touch "$toolkit_folder/.complete"
+}
+
+command -v apt-get >/dev/null || { echo "no apt here: see README, Dependencies" >&2; exit 1; }
+if [ "${1:-build}" = test ]; then
+  install_packages "${build_packages[@]}" "${test_packages[@]}"
+else
+  install_packages "${build_packages[@]}"
+fi
+fetch_toolkit
