@@ -1,0 +1,148 @@
+// The effect's life: construction, resume, suspend, and what it tells the host about itself.
+#include "effect/trelvan.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <string_view>
+
+#include "editor/adeditor.h"
+#include "platform/saturate.h"
+#include "plugin/createeffectinstance.h"
+
+namespace {
+
+constexpr double kRemainder = 0.0625;  // of a step after one closing time: 1 - 15/16
+constexpr float kGlideTime = 277.0F;   // ms
+constexpr double kMeterTime = 600.0;   // ms
+constexpr double kSecondsPerMillisecond = 0.001;
+
+bool copyText(char* to, const char* text) {
+  std::strcpy(to, text);
+  return true;
+}
+
+}  // namespace
+
+AudioEffect* createEffectInstance(audioMasterCallback audioMaster) {
+  return hostHasVersion(audioMaster) ? new Trelvan(audioMaster) : nullptr;
+}
+
+Trelvan::Trelvan(audioMasterCallback host)
+    : CPresetSystemEffect(host), delayLine(std::make_unique<float[]>(kDelayLength)) {
+  setNumInputs(2);
+  setNumOutputs(2);
+  setUniqueID(kUniqueID);
+  canProcessReplacing();
+  canDoubleReplacing();
+  sampleRateInt = truncatedToInt32(getSampleRate());
+  getOutputLatency();
+  updateBlockSize();
+  setEditor(new ADEditor(this));
+  initPresets();
+  loadDefaults();
+  setPresetNo(0);
+  // So every coefficient exists before the first block.
+  suspend();
+  resume();
+  suspend();
+}
+
+Trelvan::~Trelvan() = default;
+
+void Trelvan::resume() {
+  CPresetSystemEffect::resume();
+  sampleRateInt = truncatedToInt32(getSampleRate());
+  sampleRateFloat = static_cast<float>(sampleRateInt);
+  meterCoeff =
+      1.0 - std::pow(kRemainder, 1.0 / (static_cast<double>(getSampleRate()) * kMeterTime * kSecondsPerMillisecond));
+  const double glideFrames = static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
+  const auto coefficient = static_cast<float>(1.0 - std::pow(kRemainder, 1.0 / glideFrames));
+  widthCoeff = coefficient;
+  emphasisCoeff = coefficient;
+  delayCoeff = coefficient;
+  getOutputLatency();
+  updateBlockSize();
+  clearSignal();
+  delayCurrent = delayTarget;
+  emphasisSmoothed = emphasisTarget;  // no glide after a resume
+  widthGainSmoothed = widthGain;
+}
+
+// Coefficients and glides stay as they are.
+void Trelvan::suspend() {
+  sampleRateInt = truncatedToInt32(getSampleRate());
+  sampleRateFloat = getSampleRate();  // with its fraction, unlike resume
+  getOutputLatency();
+  updateBlockSize();
+  widthMeter = 0.0F;
+  clearSignal();
+}
+
+void Trelvan::clearSignal() {
+  auxParameter = 0.0F;
+  std::fill_n(delayLine.get(), delayLength, 0.0F);
+  midEnvelope = 0.0;
+  sideEnvelope = 0.0;
+  lastDelayed = 0.0F;
+  writeIndex &= delayMask;
+  delayTarget = delayTargetNow();
+}
+
+// Whole frames: at rest the read offset has no fraction.
+std::int32_t Trelvan::delayTargetNow() const {
+  return truncatedToInt32(static_cast<float>(kDelayLength) - static_cast<float>(sampleRateInt) / baseFreqHz);
+}
+
+float Trelvan::getVu() {
+  const float peak = peakValue;
+  peakValue = 0.0F;
+  return peak;
+}
+
+// Hosts' records may end behind the short label, so nothing is cleared. An index below 0 is taken as the first pins'.
+bool Trelvan::getInputProperties(VstInt32 index, VstPinProperties* pin) {
+  if (index > 1) return false;
+  std::snprintf(pin->label, sizeof pin->label, "My %1d In", index + 1);
+  pin->flags = kVstPinIsActive | kVstPinIsStereo;
+  return true;
+}
+
+bool Trelvan::getOutputProperties(VstInt32 index, VstPinProperties* pin) {
+  if (index > 1) return false;
+  std::snprintf(pin->label, sizeof pin->label, "My %1d Out", index + 1);
+  pin->flags = kVstPinIsActive | kVstPinIsStereo;
+  return true;
+}
+
+bool Trelvan::setSpeakerArrangement(VstSpeakerArrangement* in, VstSpeakerArrangement* out) {
+  const VstInt32 ins = in != nullptr ? in->numChannels : 0;
+  const VstInt32 outs = out != nullptr ? out->numChannels : 0;
+  inputStereo = !(ins == 1 && outs == 2);
+  outputStereo = true;
+  return (ins == 1 || ins == 2) && outs == 2;
+}
+
+bool Trelvan::getEffectName(char* name) {
+  return copyText(name, "Orv Trelvan");
+}
+bool Trelvan::getVendorString(char* text) {
+  return copyText(text, "Orv");
+}
+bool Trelvan::getProductString(char* text) {
+  return copyText(text, "Orv Trelvan - Trelvan processor");
+}
+VstInt32 Trelvan::getVendorVersion() {
+  return 1990;
+}
+VstPlugCategory Trelvan::getPlugCategory() {
+  return kPlugCategMastering;
+}
+
+// Never -1: hosts take it for yes.
+VstInt32 Trelvan::canDo(char* text) {
+  constexpr std::string_view kAbilities[] = {"offline", "plugAsChannelInsert", "1in2out", "2in2out"};
+  return std::find(std::begin(kAbilities), std::end(kAbilities), std::string_view(text)) != std::end(kAbilities) ? 1
+                                                                                                                 : 0;
+}

@@ -1,0 +1,117 @@
+// The effect: widens by adding a delayed, shaped copy of mid on the left and subtracting it on the right.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/relaxed.h"
+#include "presetsystem/cpresetsystemeffect.h"
+
+// Parameter indexes: 0 width, 1 baseFreq, 2 emphasis, 3 process, 4 phase; 6 is an internal value, 5 is nothing.
+// resume and suspend reset; the audio thread processes; setParameter comes from any thread and only moves targets,
+// toward which the frames glide. What crosses threads is a relaxed word, the rest is the audio thread's.
+class Trelvan : public CPresetSystemEffect {
+ public:
+  static constexpr VstInt32 kUniqueID = vstFourChars('T', 'l', 'v', 'n');
+  static constexpr int kAuxIndex = 6;  // the internal value
+
+  // Complete with factory presets, stored defaults and coefficients; needs no display. Throws on lack of memory.
+  explicit Trelvan(audioMasterCallback host);
+  ~Trelvan() override;
+
+  void suspend() override;
+  void resume() override;
+
+  void processReplacing(float** inputs, float** outputs, VstInt32 sampleFrames) override;
+  void processDoubleReplacing(double** inputs, double** outputs, VstInt32 sampleFrames) override;
+
+  void setParameter(VstInt32 index, float value) override;  // value: raw, 0..1, taken as given
+  float getParameter(VstInt32 index) override;              // raw; 0 for an index without a value
+  // Side gain (0), base frequency in Hz (1), emphasis (2), switch 0 or 1 (3, 4), internal value (6), else 0.
+  virtual float getParameterValue(VstInt32 index);
+  void getParameterLabel(VstInt32 index, char* label) override;
+  void getParameterDisplay(VstInt32 index, char* text) override;
+  void getParameterName(VstInt32 index, char* text) override;
+  bool canParameterBeAutomated(VstInt32 index) override;
+  bool getParameterProperties(VstInt32 index, VstParameterProperties* p) override;
+
+  bool getInputProperties(VstInt32 index, VstPinProperties* pin) override;
+  bool getOutputProperties(VstInt32 index, VstPinProperties* pin) override;
+  // Looks at the channel counts only: 1 in 2 out, and 2 in 2 out, are taken.
+  bool setSpeakerArrangement(VstSpeakerArrangement* in, VstSpeakerArrangement* out) override;
+  bool getEffectName(char* name) override;
+  bool getVendorString(char* text) override;
+  bool getProductString(char* text) override;
+  VstInt32 getVendorVersion() override;
+  VstInt32 canDo(char* text) override;
+  VstPlugCategory getPlugCategory() override;
+
+  bool isDummy(int index) override { return index >= kParameterCount; }
+  bool isDummyOld(int index) override { return index >= kParameterCount; }
+  void initPresets() override;
+  float getVu() override;  // answers the peak value and clears it
+
+  // For the editor, on the user-interface thread.
+  float getWidthMeter() const { return widthMeter; }  // -0.5 side outweighs .. 0 equal .. +0.5 mid outweighs
+  void setEditorOpen(bool open) { editorOpen = open ? 1 : 0; }
+  bool isEditorOpen() const { return editorOpen != 0; }
+
+  // Nothing here takes a lock; these stay for those who ask.
+  void initMutex() {}
+  void acquireMutex() {}
+  void releaseMutex() {}
+
+ private:
+  static constexpr std::int32_t kDelayLength = 16384;  // frames, a power of two
+
+  template <typename Sample>
+  struct Frames;  // the buffers of one block
+
+  template <typename Sample>
+  void processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFrames);
+  template <typename Sample>
+  void widen(const Frames<Sample>& block);
+  template <typename Sample>
+  void bypass(const Frames<Sample>& block);
+
+  void clearSignal();
+  std::int32_t delayTargetNow() const;
+  float meterReading() const;
+
+  Relaxed<std::int32_t> editorOpen{0};
+  Relaxed<bool> inputStereo{true};   // the second input is to be read
+  Relaxed<bool> outputStereo{true};  // the second output is to be written
+
+  // Raw values and what follows from them: the targets of the glides.
+  Relaxed<float> width, baseFreq, emphasis, process, phase;
+  Relaxed<float> widthGain;              // side gain, 2 width^2
+  Relaxed<float> baseFreqHz{20.0F};      // 20..1000 Hz
+  Relaxed<float> emphasisTarget;         // coefficient, 0..1
+  Relaxed<float> processOn, phaseOn;     // 0 or 1
+  Relaxed<std::int32_t> delayTarget{0};  // read offset in frames: length minus one period of the base frequency
+  Relaxed<std::int32_t> sampleRateInt{44100};
+  Relaxed<float> auxParameter;
+
+  // The glides: one-pole coefficients and where they are.
+  float widthGainSmoothed = 0.0F;
+  float emphasisSmoothed = 0.0F;
+  float widthCoeff = 0.0F;
+  float emphasisCoeff = 0.0F;
+  float delayCoeff = 0.0F;
+  double delayCurrent = 0.0;
+  float sampleRateFloat = 44100.0F;
+
+  // The signal's memory.
+  std::unique_ptr<float[]> delayLine;
+  std::int32_t writeIndex = 0;  // of the newest frame, always below the length
+  std::int32_t delayLength = kDelayLength;
+  std::int32_t delayMask = kDelayLength - 1;
+  float lastDelayed = 0.0F;
+
+  // The meter: audio thread to editor.
+  Relaxed<float> peakValue{0.0F};
+  Relaxed<float> widthMeter{0.0F};
+  double midEnvelope = 0.0;
+  double sideEnvelope = 0.0;
+  double meterCoeff = 0.0;
+};

@@ -1,0 +1,29 @@
+// The recursive lock of the platform services, on the standard library's recursive timed mutex.
+#include <chrono>
+#include <mutex>
+
+#include "platform/xplat.h"
+
+namespace {
+
+std::recursive_timed_mutex* lockOf(void* mutex) { return static_cast<std::recursive_timed_mutex*>(mutex); }
+
+}  // namespace
+
+void* XPlatCreateMutex() { return new std::recursive_timed_mutex; }
+
+void XPlatLockMutex(void* mutex, unsigned long timeoutMs) {
+  if (mutex == nullptr) return;
+  if (timeoutMs == 0) {
+    lockOf(mutex)->lock();
+  } else {
+    // The outcome is dropped on purpose: callers go on either way.
+    (void)lockOf(mutex)->try_lock_for(std::chrono::milliseconds(timeoutMs));
+  }
+}
+
+void XPlatUnlockMutex(void* mutex) {
+  if (mutex != nullptr) lockOf(mutex)->unlock();
+}
+
+void XPlatDeleteMutex(void* mutex) { delete lockOf(mutex); }

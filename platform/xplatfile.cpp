@@ -1,0 +1,50 @@
+// Whole-file access on the system's buffered streams, and path splitting.
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include "platform/xplat.h"
+
+namespace {
+
+std::FILE* stream(void* handle) {
+  return static_cast<std::FILE*>(handle);
+}
+
+}  // namespace
+
+long XPlatFileOpen(const char* fileName, const char* dir, void** handle, bool forWrite) {
+  const std::string path = std::string(dir) + fileName;
+  std::FILE* file = std::fopen(path.c_str(), forWrite ? "wb+" : "rb+");
+  *handle = file;
+  if (file == nullptr) return 0;
+  long length = 0;
+  if (std::fseek(file, 0, SEEK_END) == 0) length = std::ftell(file);
+  std::rewind(file);
+  return length > 0 ? length : 0;
+}
+
+long XPlatFileRead(void* handle, char* buffer, long count) {
+  if (handle == nullptr || count <= 0) return 0;
+  return static_cast<long>(std::fread(buffer, 1, static_cast<std::size_t>(count), stream(handle)));
+}
+
+long XPlatFileWrite(void* handle, const char* buffer, long count) {
+  if (handle == nullptr || count <= 0) return 0;
+  return static_cast<long>(std::fwrite(buffer, 1, static_cast<std::size_t>(count), stream(handle)));
+}
+
+void XPlatFileClose(void* handle) {
+  if (handle != nullptr) std::fclose(stream(handle));
+}
+
+void XPlatGetFileNameAndDir(const char* path, char* fileName, char* dir) {
+  const char* slash = std::strrchr(path, '/');
+  if (slash == nullptr) return;
+  const auto dirLength = static_cast<std::size_t>(slash + 1 - path);
+  const std::size_t nameLength = std::strlen(slash + 1);
+  if (dirLength >= kXPlatPathPartSize || nameLength >= kXPlatPathPartSize) return;
+  std::memcpy(dir, path, dirLength);
+  dir[dirLength] = 0;
+  std::memcpy(fileName, slash + 1, nameLength + 1);
+}
