@@ -1,0 +1,119 @@
+"""The pictures of everything that moves: handle, meter, switches, buttons and the about panel."""
+
+from background import HANDLE_HEIGHT, HANDLE_WIDTH, METER_HEIGHT, METER_WIDTH
+from lettering import caption
+from palette import BLUE, GLOW, INK, METER_BACK, METER_EVEN, METER_MID, METER_SIDE, PALE, STEEL, WHITE, mixed
+from shapes import HOVER, IDLE, INK_OF, PRESSED, disk, filled, folder, picture, plate, sign, stacked, triangle
+
+STATES = (IDLE, HOVER, PRESSED)
+HOLE_OF = {IDLE: "#f2f6f9", HOVER: GLOW, PRESSED: BLUE}  # what shows through an icon's openings
+
+
+def handle():
+    """134: a slider's handle with a mark in its middle."""
+    w, h = HANDLE_WIDTH, HANDLE_HEIGHT
+    body = (
+        f'<rect x="1.5" y="2" width="{w - 3}" height="{h - 2.5}" rx="3.5" fill="{INK}" opacity=".22"/>\n'
+        f'<rect x="1.5" y=".5" width="{w - 3}" height="{h - 2.5}" rx="3" fill="url(#cap)" stroke="{STEEL}"/>\n'
+        f'<rect x="{w / 2 - 1}" y="3" width="2" height="{h - 7.5}" rx="1" fill="{BLUE}"/>\n'
+    )
+    for x in (4, w - 5):
+        body += f'<rect x="{x}" y="6" width="1" height="{h - 13.5}" fill="{PALE}"/>\n'
+    return picture(w, h, body, [("cap", WHITE, "#cfdbe4")])
+
+
+def spare():
+    """133: the family's sign by itself."""
+    return picture(24, 24, sign(12, 12))
+
+
+def meter(lit):
+    """135 lit, 136 unlit: blocks of 7 pixels, warm at the left (side), cool at the right (mid)."""
+    body = f'<rect width="{METER_WIDTH}" height="{METER_HEIGHT}" fill="{METER_BACK}"/>\n'
+    blocks = METER_WIDTH // 7
+    for block in range(blocks):
+        share = (block + 0.5) / blocks
+        if share < 0.5:
+            bright = mixed(METER_SIDE, METER_EVEN, 2 * share)
+        else:
+            bright = mixed(METER_EVEN, METER_MID, 2 * share - 1)
+        colour = bright if lit else mixed(METER_BACK, bright, 0.16)
+        body += f'<rect x="{block * 7 + 1}" y="2" width="5" height="{METER_HEIGHT - 4}" rx=".8" fill="{colour}"/>\n'
+    return picture(METER_WIDTH, METER_HEIGHT, body)
+
+
+def switch(name):
+    """137 and 138: a sliding switch with its name below, off above on."""
+    return stacked(42, 30, [_switch(name, False), _switch(name, True)])
+
+
+def _switch(name, is_on):
+    track, edge = ("url(#pressed)", BLUE) if is_on else ("#c3d0da", STEEL)
+    knob = 31 if is_on else 11
+    body = f'<rect x="3.5" y="1.5" width="35" height="15" rx="7.5" fill="{track}" stroke="{edge}"/>\n'
+    if is_on:
+        body += f'<rect x="13" y="5" width="2" height="8" rx="1" fill="{GLOW}"/>\n'
+    else:
+        body += f'<circle cx="28" cy="9" r="3" fill="none" stroke="{STEEL}" stroke-width="1.5"/>\n'
+    fill = GLOW if is_on else "url(#idle)"
+    body += f'<circle cx="{knob}" cy="9" r="6" fill="{fill}" stroke="{WHITE if is_on else STEEL}"/>\n'
+    return body + caption(name, 21, 27, 11, INK)
+
+
+def rocker():
+    """19997: steps to the preset before and after; at rest, over left, over right, pressed left, pressed right."""
+    rows = ((IDLE, IDLE), (HOVER, IDLE), (IDLE, HOVER), (PRESSED, IDLE), (IDLE, PRESSED))
+    images = []
+    for left, right in rows:
+        body = plate(1, 1, 15, 13, left) + plate(16, 1, 15, 13, right)
+        body += triangle(8.2, 7.5, "left", INK_OF[left]) + triangle(23.8, 7.5, "right", INK_OF[right])
+        images.append(body)
+    return stacked(31, 14, images)
+
+
+def save_button():
+    """19994 and 19999: a disk."""
+    return stacked(12, 14, [plate(0, 0, 12, 14, s) + disk(2, 3, INK_OF[s], HOLE_OF[s]) for s in STATES])
+
+
+def load_button():
+    """19993 and 19998: an open folder."""
+    return stacked(12, 14, [plate(0, 0, 12, 14, s) + folder(1.8, 3, INK_OF[s]) for s in STATES])
+
+
+def memory_button(letter, stores):
+    """19995, 19996 (store) and 19991, 19992 (recall): an arrow into the letter or out of it."""
+    images = []
+    for state in STATES:
+        arrow = filled("M2.5 2H9.5L6 5.3Z" if stores else "M2.5 5.2H9.5L6 1.9Z", INK_OF[state])
+        images.append(plate(0, 0, 12, 14, state) + arrow + caption(letter, 6, 12, 8, INK_OF[state], bold=True))
+    return stacked(12, 14, images)
+
+
+def default_button(name, width, left, baseline):
+    """19990 and 19899: a caption on a plate that keeps `left` columns free, so that both stand in one line."""
+    images = []
+    for state in STATES:
+        ink = WHITE if state == PRESSED else INK
+        images.append(plate(left, 0, width - left, 10, state, 3) + caption(name, (left + width) / 2, baseline, 9, ink))
+    return stacked(width, 10, images)
+
+
+def manual_button():
+    """989: a question mark."""
+    images = [plate(0, 0, 16, 14, state) + caption("?", 8, 11, 11, INK_OF[state], bold=True) for state in STATES]
+    return stacked(16, 14, images)
+
+
+def about():
+    """139: a light panel; the program writes four lines on it, 8, 25, 42 and 79 pixels below its top, 15 tall each."""
+    width, height = 224, 104
+    body = (
+        f'<rect x="1" y="1" width="{width - 2}" height="{height - 2}" rx="5" fill="url(#sheet)" stroke="{BLUE}" '
+        f'stroke-width="2"/>\n'
+    )
+    middle, y = width // 2, 68
+    for x in (20, middle + 18):
+        body += f'<rect x="{x}" y="{y}" width="{middle - 38}" height="1" fill="{PALE}"/>\n'
+    body += sign(middle, y + 0.5)
+    return picture(width, height, body, [("sheet", WHITE, "#e9f1f5")])
