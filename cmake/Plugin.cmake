@@ -21,12 +21,32 @@ add_library(trelvan STATIC
   presetsystem/cpresetsystemeffectchunk.cpp
   presetsystem/cpresetsystemeditor.cpp
   presetsystem/cpresetsystemeditorimages.cpp
+  presetsystem/cpresetsystemeditorfiles.cpp
+  presetsystem/cpresetsystemeditordefaults.cpp
+  presetsystem/cpresetsystemeditormanual.cpp
+  presetsystem/cpresetsystemeditordispatch.cpp
+  presetsystem/presetbar.cpp
+  editor/toolkitlibrary.cpp
+  editor/aeffguieditor.cpp
+  editor/myframe.cpp
+  editor/corvtextedit.cpp
   editor/adeditor.cpp
+  editor/adeditoropen.cpp
   editor/stringconvert.cpp
   editor/ccnames.cpp
+  editor/cpskickbutton.cpp
+  editor/cpsonoffbutton.cpp
+  editor/cpsrockerswitch.cpp
+  editor/csaveloadbutton.cpp
+  editor/cpresetmenu.cpp
+  editor/cvumeter1.cpp
+  editor/cabout.cpp
+  editor/csplashscreenmyview.cpp
   platform/xplatfile.cpp
   platform/xplatvalues.cpp)
 target_link_libraries(trelvan PUBLIC trelvan_images trelvan_toolkit trelvan_options)
+include(Artwork)
+include(Manual)
 if(APPLE)
   include(PluginMac)
 else()

@@ -1,6 +1,30 @@
 # Linux: Trelvan.vst/Contents/<architecture>-linux/Trelvan.so with Contents/Resources/ beside it.
 target_sources(trelvan PRIVATE
+  editor/linux/framewindowlinux.cpp
+  editor/linux/idlerunloop.cpp
+  editor/linux/pacinglinux.cpp
+  editor/linux/textentrylinux.cpp
+  editor/linux/toolkitlinux.cpp
+  editor/linux/presetpopuplinux.cpp
+  editor/linux/presetpopuplayout.cpp
+  editor/linux/fitname.cpp
+  platform/linux/childprogram.cpp
+  platform/linux/desktopdialog.cpp
+  platform/linux/filedialog.cpp
+  platform/linux/modulepath.cpp
+  platform/linux/openmanual.cpp
+  platform/linux/prefskeyfile.cpp
+  platform/linux/sharedfile.cpp
+  platform/linux/xplatalert.cpp
   platform/linux/xplatmutex.cpp)
+
+find_package(PkgConfig REQUIRED)
+# Preferences are a key file of this library, which the toolkit brings anyway.
+pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0)
+target_link_libraries(trelvan PRIVATE PkgConfig::GLIB)
+# The toolkit's own headers for Linux name the drawing library, and the window is opened on a connection of our own.
+pkg_check_modules(WINDOW REQUIRED IMPORTED_TARGET cairo xcb)
+target_link_libraries(trelvan PRIVATE PkgConfig::WINDOW ${CMAKE_DL_LIBS})
 
 set(TRELVAN_BUNDLE ${PROJECT_BINARY_DIR}/Trelvan.vst)
 set(TRELVAN_RESOURCES ${TRELVAN_BUNDLE}/Contents/Resources)
@@ -19,3 +43,6 @@ if(NOT TRELVAN_SANITIZE)
   target_link_options(Trelvan PRIVATE LINKER:--no-undefined)  # a sanitizer's runtime is the host program's
 endif()
 file(MAKE_DIRECTORY ${TRELVAN_RESOURCES})
+trelvan_add_artwork(trelvan_artwork ${TRELVAN_RESOURCES})
+trelvan_add_manual(trelvan_manual "${TRELVAN_RESOURCES}/Trelvan Operation Manual.pdf")
+add_dependencies(Trelvan trelvan_artwork trelvan_manual)

@@ -13,7 +13,7 @@ class ByteWriter {
   void bytes(const void* from, std::size_t count) {
     const std::size_t at = block.size();
     block.resize(at + count);
-    std::memcpy(block.data() + at, from, count);
+    if (count != 0) std::memcpy(block.data() + at, from, count);  // an empty source may be null
   }
   void zeros(std::size_t count) { block.resize(block.size() + count); }
   void uint8(std::uint8_t value) { block.push_back(value); }

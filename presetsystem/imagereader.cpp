@@ -33,9 +33,13 @@ class EntryReader {
     const auto kind = static_cast<EntryKind>(in.int32());
     const std::int32_t payloadSize = in.int32();
     const std::int32_t preset = in.int32();
-    if (payloadSize < 0 || static_cast<std::size_t>(payloadSize) > in.left()) return std::nullopt;
+    nonsense = payloadSize < 0;
+    if (nonsense || static_cast<std::size_t>(payloadSize) > in.left()) return std::nullopt;
     return Entry{kind, preset, in.part(static_cast<std::size_t>(payloadSize))};
   }
+
+  // It stopped at a payload of negative size: these are no entries, or none of this byte order.
+  bool metNonsense() const { return nonsense; }
 
  private:
   static std::size_t bounded(std::size_t there, std::int32_t named) {
@@ -45,6 +49,7 @@ class EntryReader {
 
   ByteReader in;
   std::int32_t left;
+  bool nonsense = false;
 };
 
 // None where the payload ends before the name does.
@@ -108,7 +113,7 @@ Reading readPreset(std::span<const unsigned char> entries, const newpresetheader
       preset.setParameter(read->index, read->value);
     }
   }
-  return Reading::done;
+  return in.metNonsense() ? Reading::refused : Reading::done;
 }
 
 std::vector<MidiAssignment> readMidiMap(std::span<const unsigned char> entries, const newpresetheader& header,

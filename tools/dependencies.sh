@@ -10,6 +10,7 @@ build_packages=(
   libx11-dev libxcb1-dev libxcb-cursor-dev libxcb-keysyms1-dev            # the toolkit
   libxcb-util-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
   libcairo2-dev libpango1.0-dev libfontconfig-dev libfreetype-dev libglib2.0-dev
+  librsvg2-bin fonts-liberation2 python3 rst2pdf                          # artwork, the displays' font, the manual
   sonic-pi-samples                                                        # the demonstration's recording
 )
 test_packages=(

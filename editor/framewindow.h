@@ -1,0 +1,26 @@
+// The seam between the toolkit's frame and the host's window.
+#pragma once
+
+#include <memory>
+
+namespace VSTGUI {
+class CFrame;
+}
+
+// One window of one editor. All calls on the thread that opens it, which hosts choose.
+class FrameWindow {
+ public:
+  virtual ~FrameWindow() = default;
+
+  // Opens `frame` in the host's window at 0,0 in the frame's size. False: there is no usable display, and the frame is
+  // as it was.
+  virtual bool open(VSTGUI::CFrame* frame, void* hostWindow) = 0;
+  // Ends the frame, which is forgotten, at once or as soon as the toolkit is out of its event handling.
+  virtual void close() = 0;
+  // Handles what has arrived: mouse, keys, timers, drawing. From the editor's idle.
+  virtual void pump() = 0;
+  // True once since the last call when the keyboard has left the window.
+  virtual bool keyboardLost() = 0;
+
+  static std::unique_ptr<FrameWindow> create();
+};

@@ -1,0 +1,14 @@
+// Makes a name fit a width.
+#pragma once
+
+#include "vstgui.h"
+
+// Text and the font to draw it in.
+struct FittedName {
+  VSTGUI::UTF8String text;
+  VSTGUI::CFontRef font;
+};
+
+// The whole name in the toolkit's small font or one of the two below it; a name that is too long even then loses its
+// end to an ellipsis. width: pixels. The context's font is changed.
+FittedName fitName(VSTGUI::CDrawContext* context, const VSTGUI::UTF8String& name, double width);

@@ -1,0 +1,47 @@
+// The toolkit's run loop, driven by the editors' idle passes: nobody runs an event loop for a plug-in.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "lib/platform/platform_x11.h"
+#include "vstgui.h"
+
+// One for the library: the toolkit keeps the first one it is given. Any editor's idle may pump it. Handlers and timers
+// come and go while it pumps. User-interface thread.
+class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
+ public:
+  // Lets every handler look for events, then fires each due timer once.
+  void pump();
+  // Runs now, or after the pump that is going on: what ends a window must not do it under the toolkit's feet.
+  void runOutsidePump(std::function<void()> action);
+
+  bool registerEventHandler(int fd, VSTGUI::X11::IEventHandler* handler) override;
+  bool unregisterEventHandler(VSTGUI::X11::IEventHandler* handler) override;
+  bool registerTimer(std::uint64_t interval, VSTGUI::X11::ITimerHandler* handler) override;  // ms
+  bool unregisterTimer(VSTGUI::X11::ITimerHandler* handler) override;
+
+  // The maker has the first reference; the last one gone deletes.
+  void remember() override { ++references; }
+  void forget() override {
+    if (--references == 0) delete this;
+  }
+
+ private:
+  struct Timer {
+    VSTGUI::X11::ITimerHandler* handler;  // null: taken away while pumping
+    std::uint64_t interval;               // ms
+    std::uint64_t due;                    // ms
+  };
+
+  ~IdleRunLoop() = default;
+  void compact();
+
+  std::vector<VSTGUI::X11::IEventHandler*> handlers;  // null: taken away while pumping
+  std::vector<Timer> timers;
+  std::vector<std::function<void()>> afterwards;
+  std::atomic<int> references{1};
+  int depth = 0;  // pumps within pumps, if a host idles from inside a callback
+};

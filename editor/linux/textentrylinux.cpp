@@ -1,0 +1,147 @@
+// In-place text entry inside the toolkit's frame: a window of its own would need its own keyboard and focus.
+#include "editor/corvtextedit.h"
+#include "editor/textentry.h"
+#include "lib/events.h"
+#include "lib/platform/common/genericoptionmenu.h"
+#include "lib/platform/iplatformframe.h"
+#include "lib/platform/iplatformtextedit.h"
+
+using VSTGUI::CFrame;
+using VSTGUI::CRect;
+using VSTGUI::VirtualKey;
+
+namespace {
+
+bool isModifierKey(VirtualKey key) {
+  return key == VirtualKey::ShiftModifier || key == VirtualKey::ControlModifier || key == VirtualKey::AltModifier;
+}
+
+// What the toolkit's field asks. The field takes it for a view, and puts itself beside it.
+class FieldOwner final : public VSTGUI::CView,
+                         public VSTGUI::IPlatformTextEditCallback,
+                         public VSTGUI::IKeyboardHook,
+                         public VSTGUI::IMouseObserver {
+ public:
+  FieldOwner(COrvTextEdit* edited, const TextEntryPlace& place)
+      : CView(CRect(VSTGUI::CPoint(place.x, place.y), VSTGUI::CPoint(place.width, place.height))),
+        label(edited),
+        frame(edited->getFrame()),
+        oldFocusColor(frame->getFocusColor()) {}
+
+  bool open() {
+    if (frame->getPlatformFrame() == nullptr) return false;
+    // Before the field is made: hooks are asked newest first, and this one takes what the field leaves over.
+    frame->registerKeyboardHook(this);
+    frame->registerMouseObserver(this);
+    if (label->highlightColor().set) frame->setFocusColor(label->highlightColor().color);  // the selection's background
+    running = true;
+    attached(label->getParentView());  // without being drawn or asked for the mouse as one of its children
+    field = frame->getPlatformFrame()->createPlatformTextEdit(this);
+    if (!field) {
+      takeDown();
+      return false;
+    }
+    grabPointer(true);
+    return true;
+  }
+
+  void end(bool confirm) {
+    if (!running) return;
+    const VSTGUI::UTF8String text = field->getText();
+    takeDown();
+    if (confirm) label->setText(text.data());
+    label->endEditMode(confirm);
+  }
+
+  VSTGUI::CColor platformGetBackColor() const override { return label->getBackColor(); }
+  VSTGUI::CColor platformGetFontColor() const override {
+    return label->fontEditionColor().set ? label->fontEditionColor().color : label->getFontColor();
+  }
+  VSTGUI::CFontRef platformGetFont() const override { return label->getFont(); }
+  VSTGUI::CHoriTxtAlign platformGetHoriTxtAlign() const override { return VSTGUI::kCenterText; }
+  const VSTGUI::UTF8String& platformGetText() const override { return label->getText(); }
+  const VSTGUI::UTF8String& platformGetPlaceholderText() const override { return nothing; }
+  CRect platformGetSize() const override { return translateToGlobal(getViewSize()); }
+  CRect platformGetVisibleSize() const override { return translateToGlobal(getViewSize()); }
+  VSTGUI::CPoint platformGetTextInset() const override { return {}; }
+  void platformLooseFocus(bool /*returnPressed*/) override { end(true); }
+  void platformTextDidChange() override {}
+  bool platformIsSecureTextEdit() override { return false; }
+
+  // Asked first. A shortcut confirms instead of acting.
+  void platformOnKeyboardEvent(VSTGUI::KeyboardEvent& event) override {
+    if (event.type != VSTGUI::EventType::KeyDown) return;
+    const bool confirms = event.virt == VirtualKey::Return || event.virt == VirtualKey::Enter ||
+                          (event.modifiers.has(VSTGUI::ModifierKey::Control) && !isModifierKey(event.virt));
+    if (!confirms && event.virt != VirtualKey::Escape) return;
+    event.consumed = true;
+    end(confirms);
+  }
+
+  void onKeyboardEvent(VSTGUI::KeyboardEvent& event, CFrame*) override { event.consumed = true; }
+
+  void onMouseEvent(VSTGUI::MouseEvent& event, CFrame*) override {
+    if (event.type != VSTGUI::EventType::MouseDown) return;
+    VSTGUI::CPoint where = event.mousePosition;
+    label->frameToLocal(where);
+    if (label->getViewSize().pointInside(where)) return;
+    event.consumed = true;
+    end(true);
+  }
+  void onMouseEntered(VSTGUI::CView*, CFrame*) override {}
+  void onMouseExited(VSTGUI::CView*, CFrame*) override {}
+
+  void takeDown() {
+    if (!running) return;
+    running = false;
+    grabPointer(false);
+    frame->unregisterMouseObserver(this);
+    frame->unregisterKeyboardHook(this);
+    frame->setFocusColor(oldFocusColor);
+    field = nullptr;
+    removed(getParentView());
+  }
+
+  CLASS_METHODS_NOCOPY(FieldOwner, CView)
+
+ private:
+  // So that a click outside the window, in the host's own area, is seen here too.
+  void grabPointer(bool grab) {
+    auto* grabber = dynamic_cast<VSTGUI::IGenericOptionMenuListener*>(frame->getPlatformFrame());
+    if (grabber == nullptr) return;
+    if (grab) {
+      grabber->optionMenuPopupStarted();
+    } else {
+      grabber->optionMenuPopupStopped();
+    }
+  }
+
+  COrvTextEdit* label;
+  CFrame* frame;
+  VSTGUI::CColor oldFocusColor;
+  VSTGUI::UTF8String nothing;
+  VSTGUI::SharedPointer<VSTGUI::IPlatformTextEdit> field;
+  bool running = false;
+};
+
+class TextEntryLinux final : public TextEntry {
+ public:
+  explicit TextEntryLinux(FieldOwner* made) : owner(VSTGUI::owned(made)) {}
+  ~TextEntryLinux() override { owner->takeDown(); }
+  TextEntryLinux(const TextEntryLinux&) = delete;
+  TextEntryLinux& operator=(const TextEntryLinux&) = delete;
+
+  bool open() { return owner->open(); }
+  void end(bool confirm) override { owner->end(confirm); }
+
+ private:
+  VSTGUI::SharedPointer<FieldOwner> owner;
+};
+
+}  // namespace
+
+std::unique_ptr<TextEntry> openTextEntry(COrvTextEdit* label, const TextEntryPlace& place) {
+  auto entry = std::make_unique<TextEntryLinux>(new FieldOwner(label, place));
+  if (!entry->open()) return nullptr;
+  return entry;
+}

@@ -1,0 +1,76 @@
+// The manual on Linux: the user's copy or the bundle's, opened by xdg-open.
+#include "platform/openmanual.h"
+
+#include <glib.h>
+#include <sys/stat.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <string>
+
+#include "platform/linux/childprogram.h"
+#include "platform/modulepath.h"
+
+namespace {
+
+constexpr auto kLongestStart = std::chrono::seconds(10);  // xdg-open ends at once, or stays as long as the viewer
+
+bool isFile(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+// Empty where there is none. The Documents folder may have another name in the user's language.
+std::string manualFile() {
+  const std::string relative = kManualPath;
+  const std::string belowDocuments = relative.substr(relative.find('/') + 1);
+  const std::string name = relative.substr(relative.rfind('/') + 1);
+  if (const char* home = std::getenv("HOME"); home != nullptr && isFile(std::string(home) + "/" + relative)) {
+    return std::string(home) + "/" + relative;
+  }
+  if (const char* documents = g_get_user_special_dir(G_USER_DIRECTORY_DOCUMENTS);
+      documents != nullptr && isFile(std::string(documents) + "/" + belowDocuments)) {
+    return std::string(documents) + "/" + belowDocuments;
+  }
+  const std::string resources = resourcesFolder();
+  return !resources.empty() && isFile(resources + name) ? resources + name : std::string();
+}
+
+}  // namespace
+
+struct ManualOpener::Running {
+  ChildProgram program;
+  State state = State::running;
+  std::chrono::steady_clock::time_point giveUp = std::chrono::steady_clock::now() + kLongestStart;
+};
+
+ManualOpener::ManualOpener() = default;
+
+ManualOpener::~ManualOpener() {
+  if (running) running->program.leave();
+}
+
+void ManualOpener::start() {
+  if (running) running->program.leave();
+  running = std::make_unique<Running>();
+  const std::string file = manualFile();
+  const std::string opener = findProgram("xdg-open");
+  // Between us and the viewer stands a shell that can be ended alone: so the viewer can be let go at any time, and its
+  // end is then not ours to collect. The viewer's output goes nowhere, because we will not be there to read it.
+  const bool started = !file.empty() && !opener.empty() &&
+                       running->program.start({"/bin/sh", "-c", "\"$0\" \"$1\" >/dev/null & wait $!", opener, file});
+  if (!started) running->state = State::failed;
+}
+
+ManualOpener::State ManualOpener::poll() {
+  if (!running) return State::none;
+  if (running->state != State::running) return running->state;
+  if (running->program.poll() == ChildProgram::State::ended) {
+    const int status = running->program.exitStatus();
+    running->state = status == 0 || status == ChildProgram::kUnknownStatus ? State::opened : State::failed;
+  } else if (std::chrono::steady_clock::now() >= running->giveUp) {
+    running->program.leave();
+    running->state = State::opened;
+  }
+  return running->state;
+}

@@ -1,0 +1,206 @@
+// Preferences on Linux: one key file below the user's configuration folder.
+#include <glib.h>
+#include <glib/gstdio.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "platform/linux/sharedfile.h"
+#include "platform/prefs.h"
+
+namespace {
+
+constexpr char kGroup[] = "Preferences";
+constexpr char kStringMark[] = "string:";  // then the bytes, percent-encoded where they are not plain
+constexpr char kBytesMark[] = "bytes:";    // then two hexadecimal digits a byte
+constexpr std::size_t kLargestFile = 1 << 20;  // bytes; what the plug-in keeps takes 30 kB
+
+struct FreeText {
+  void operator()(char* text) const { g_free(text); }
+};
+struct FreeKeyFile {
+  void operator()(GKeyFile* file) const { g_key_file_free(file); }
+};
+struct FreeBytes {
+  void operator()(GBytes* bytes) const { g_bytes_unref(bytes); }
+};
+using Text = std::unique_ptr<char, FreeText>;
+using KeyFile = std::unique_ptr<GKeyFile, FreeKeyFile>;
+
+// Empty where the user has none. Read from the environment each time: GLib would remember the first answer.
+std::string configFolder() {
+  const char* config = std::getenv("XDG_CONFIG_HOME");
+  if (config != nullptr && config[0] == '/') return config;
+  const char* home = std::getenv("HOME");
+  return home != nullptr && home[0] == '/' ? std::string(home) + "/.config" : std::string();
+}
+
+// "com.maker.product" -> ".../maker/product.conf"; empty where the identifier or the folder does not allow it.
+std::string pathOf(const std::string& applicationId) {
+  const std::string folder = configFolder();
+  const std::size_t maker = applicationId.find('.') + 1;
+  const std::size_t product = applicationId.find('.', maker) + 1;
+  if (folder.empty() || maker == 0 || product == 0 || product - maker < 2 || product == applicationId.size()) return {};
+  if (applicationId.find('/') != std::string::npos) return {};
+  return folder + "/" + applicationId.substr(maker, product - maker - 1) + "/" + applicationId.substr(product) + ".conf";
+}
+
+std::string encodedString(const char* value) {
+  const Text text(g_uri_escape_bytes(reinterpret_cast<const guint8*>(value), std::strlen(value), "/ "));
+  return kStringMark + std::string(text.get());
+}
+
+std::string encodedBytes(const unsigned char* bytes, std::size_t size) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  std::string text = kBytesMark;
+  text.reserve(text.size() + 2 * size);
+  for (std::size_t i = 0; i < size; ++i) {
+    text += kDigits[bytes[i] >> 4];
+    text += kDigits[bytes[i] & 15];
+  }
+  return text;
+}
+
+// What stands behind the mark; null where the value is of the other type.
+const char* behindMark(const std::string& value, const char* mark) {
+  return value.rfind(mark, 0) == 0 ? value.c_str() + std::strlen(mark) : nullptr;
+}
+
+std::optional<std::string> decodedString(const std::string& value) {
+  const char* text = behindMark(value, kStringMark);
+  if (text == nullptr) return std::nullopt;
+  const std::unique_ptr<GBytes, FreeBytes> bytes(g_uri_unescape_bytes(text, -1, nullptr, nullptr));
+  if (!bytes) return std::nullopt;
+  gsize size = 0;
+  const auto* data = static_cast<const char*>(g_bytes_get_data(bytes.get(), &size));
+  return size == 0 ? std::string() : std::string(data, size);
+}
+
+std::optional<std::vector<unsigned char>> decodedBytes(const std::string& value) {
+  const char* text = behindMark(value, kBytesMark);
+  if (text == nullptr || std::strlen(text) % 2 != 0) return std::nullopt;
+  std::vector<unsigned char> bytes;
+  for (; *text != 0; text += 2) {
+    const int high = g_ascii_xdigit_value(text[0]);
+    const int low = g_ascii_xdigit_value(text[1]);
+    if (high < 0 || low < 0) return std::nullopt;
+    bytes.push_back(static_cast<unsigned char>(high * 16 + low));
+  }
+  return bytes;
+}
+
+std::optional<std::string> valueIn(GKeyFile* file, const std::string& key) {
+  const Text value(g_key_file_get_value(file, kGroup, key.c_str(), nullptr));
+  if (!value) return std::nullopt;
+  return std::string(value.get());
+}
+
+struct Loaded {
+  KeyFile keys{g_key_file_new()};  // empty where nothing could be read
+  bool replaceable = true;         // false: the file is there and cannot be read, so nobody may write over it
+  bool damaged = false;            // it is no key file, or too large for one
+};
+
+Loaded load(const std::string& path) {
+  Loaded loaded;
+  std::string text;
+  const sharedfile::Reading reading = sharedfile::read(path, kLargestFile, text);
+  loaded.replaceable = reading != sharedfile::Reading::unreadable;
+  loaded.damaged = reading == sharedfile::Reading::tooLarge;
+  if (reading != sharedfile::Reading::done) return loaded;
+  loaded.damaged = g_key_file_load_from_data(loaded.keys.get(), text.data(), text.size(), G_KEY_FILE_KEEP_COMMENTS,
+                                             nullptr) == FALSE;
+  if (loaded.damaged) loaded.keys.reset(g_key_file_new());
+  return loaded;
+}
+
+}  // namespace
+
+struct PreferenceStore::Contents {
+  using Changes = std::map<std::string, std::optional<std::string>>;  // encoded values; none: the key goes
+
+  std::string path;  // empty: no preferences
+  KeyFile stored;    // null: not read yet
+  Changes changes;
+
+  std::optional<std::string> value(const std::string& key) {
+    if (const auto change = changes.find(key); change != changes.end()) return change->second;
+    if (path.empty()) return std::nullopt;
+    if (!stored) stored = std::move(load(path).keys);
+    return valueIn(stored.get(), key);
+  }
+
+  // True where that made a difference.
+  bool applyTo(GKeyFile* keys) const {
+    bool differs = false;
+    for (const auto& [key, value] : changes) {
+      if (valueIn(keys, key) == value) continue;
+      differs = true;
+      if (value) {
+        g_key_file_set_value(keys, kGroup, key.c_str(), value->c_str());
+      } else {
+        g_key_file_remove_key(keys, kGroup, key.c_str(), nullptr);
+      }
+    }
+    return differs;
+  }
+};
+
+PreferenceStore::PreferenceStore(const char* applicationId) : contents(std::make_unique<Contents>()) {
+  contents->path = pathOf(applicationId);
+}
+
+PreferenceStore::~PreferenceStore() = default;
+
+bool PreferenceStore::getString(const char* key, char* buffer, std::size_t size) const {
+  const std::optional<std::string> value = contents->value(key);
+  const std::optional<std::string> text = value ? decodedString(*value) : std::nullopt;
+  if (!text || text->size() >= size) return false;
+  std::memcpy(buffer, text->c_str(), text->size() + 1);
+  return true;
+}
+
+bool PreferenceStore::getBytes(const char* key, std::vector<unsigned char>& out) const {
+  const std::optional<std::string> value = contents->value(key);
+  std::optional<std::vector<unsigned char>> bytes = value ? decodedBytes(*value) : std::nullopt;
+  if (!bytes) return false;
+  out = std::move(*bytes);
+  return true;
+}
+
+void PreferenceStore::setString(const char* key, const char* value) {
+  contents->changes[key] = encodedString(value);
+}
+
+void PreferenceStore::setBytes(const char* key, const void* bytes, std::size_t size) {
+  contents->changes[key] = encodedBytes(static_cast<const unsigned char*>(bytes), size);
+}
+
+void PreferenceStore::remove(const char* key) {
+  contents->changes[key] = std::nullopt;
+}
+
+bool PreferenceStore::synchronise() {
+  const std::string& path = contents->path;
+  if (contents->changes.empty()) return true;
+  if (path.empty()) return false;
+  const std::string folder = path.substr(0, path.rfind('/'));
+  if (g_mkdir_with_parents(folder.c_str(), 0700) != 0) return false;
+  const sharedfile::Lock lock(path + ".lock");
+  if (!lock.isHeld()) return false;
+  Loaded now = load(path);  // what others wrote since this object read stays
+  if (!now.replaceable) return false;
+  if (contents->applyTo(now.keys.get())) {
+    gsize size = 0;
+    const Text text(g_key_file_to_data(now.keys.get(), &size, nullptr));
+    if (size > kLargestFile) return false;
+    if (now.damaged && !sharedfile::keepAside(path)) return false;
+    if (!sharedfile::replace(path, std::string(text.get(), size))) return false;
+  }
+  contents->stored = std::move(now.keys);
+  contents->changes.clear();
+  return true;
+}

@@ -1,0 +1,99 @@
+// Preferences on macOS: the application preferences of Core Foundation, under the plug-in's own identifier.
+#include <algorithm>
+#include <map>
+#include <mutex>
+#include <string>
+
+#include "platform/mac/cfowned.h"
+#include "platform/prefs.h"
+
+namespace {
+
+std::mutex storeMutex;  // so that all changes of one synchronise() are seen together in this process
+
+// In the system's 8-bit Roman encoding, which has a character for every byte: strings come back byte for byte.
+CFOwned<CFStringRef> romanString(const char* text) {
+  return CFOwned<CFStringRef>(CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingMacRoman));
+}
+
+}  // namespace
+
+struct PreferenceStore::Contents {
+  using Value = CFOwned<CFPropertyListRef>;  // null: no such key
+
+  CFOwned<CFStringRef> application;
+  std::map<std::string, Value> known;    // what the store answered; a key is asked for once
+  std::map<std::string, Value> changes;  // null: the key goes
+
+  CFPropertyListRef value(const std::string& key) {
+    if (const auto change = changes.find(key); change != changes.end()) return change->second.get();
+    auto found = known.find(key);
+    if (found == known.end()) found = known.emplace(key, read(key)).first;
+    return found->second.get();
+  }
+
+  Value read(const std::string& key) const {
+    const CFOwned<CFStringRef> name = romanString(key.c_str());
+    if (!application || !name) return nullptr;
+    const std::lock_guard<std::mutex> lock(storeMutex);
+    return Value(CFPreferencesCopyAppValue(name.get(), application.get()));
+  }
+
+  void write(const std::string& key, CFPropertyListRef changed) const {
+    const CFOwned<CFStringRef> name = romanString(key.c_str());
+    if (name) CFPreferencesSetAppValue(name.get(), changed, application.get());
+  }
+};
+
+PreferenceStore::PreferenceStore(const char* applicationId) : contents(std::make_unique<Contents>()) {
+  contents->application = romanString(applicationId);
+}
+
+PreferenceStore::~PreferenceStore() = default;
+
+// Read into a copy: what a refused conversion leaves in its buffer is undefined.
+bool PreferenceStore::getString(const char* key, char* buffer, std::size_t size) const {
+  const CFPropertyListRef value = contents->value(key);
+  if (value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()) return false;
+  std::string text(size, '\0');
+  const auto fits = CFStringGetCString(static_cast<CFStringRef>(value), text.data(), static_cast<CFIndex>(size),
+                                       kCFStringEncodingMacRoman);
+  if (!fits) return false;
+  text.copy(buffer, size);
+  return true;
+}
+
+bool PreferenceStore::getBytes(const char* key, std::vector<unsigned char>& out) const {
+  const CFPropertyListRef value = contents->value(key);
+  if (value == nullptr || CFGetTypeID(value) != CFDataGetTypeID()) return false;
+  const auto data = static_cast<CFDataRef>(value);
+  const UInt8* bytes = CFDataGetBytePtr(data);
+  out.assign(bytes, bytes + CFDataGetLength(data));
+  return true;
+}
+
+void PreferenceStore::setString(const char* key, const char* value) {
+  if (CFOwned<CFStringRef> text = romanString(value)) {
+    contents->changes[key] = Contents::Value(text.release());
+  }
+}
+
+void PreferenceStore::setBytes(const char* key, const void* bytes, std::size_t size) {
+  const auto* data = static_cast<const UInt8*>(bytes);
+  contents->changes[key] = Contents::Value(CFDataCreate(kCFAllocatorDefault, data, static_cast<CFIndex>(size)));
+}
+
+void PreferenceStore::remove(const char* key) {
+  contents->changes[key] = nullptr;
+}
+
+bool PreferenceStore::synchronise() {
+  if (contents->changes.empty()) return true;
+  if (!contents->application) return false;
+  const std::lock_guard<std::mutex> lock(storeMutex);
+  for (const auto& [key, value] : contents->changes) contents->write(key, value.get());
+  if (!CFPreferencesAppSynchronize(contents->application.get())) return false;
+  for (auto& [key, value] : contents->changes) contents->known[key] = std::move(value);
+  contents->changes.clear();
+  return true;
+}

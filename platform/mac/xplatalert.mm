@@ -1,0 +1,35 @@
+// The alert of the platform services, on Cocoa. Manual reference counting.
+#import <Cocoa/Cocoa.h>
+
+#include "platform/xplat.h"
+
+#if defined(__has_feature)
+#if __has_feature(objc_arc)
+#error "this file counts its references itself"
+#endif
+#endif
+
+namespace {
+
+// Never nil, which an alert does not take as its text. Messages are ASCII; of other bytes every one is a character of
+// the Roman encoding.
+NSString* textOf(const char* message) {
+  if (message == nullptr) return @"";
+  NSString* text = [NSString stringWithCString:message encoding:NSASCIIStringEncoding];
+  if (text == nil) text = [NSString stringWithCString:message encoding:NSMacOSRomanStringEncoding];
+  return text != nil ? text : @"";
+}
+
+}  // namespace
+
+void XPlatDisplayAlert(const char* message) {
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  NSAlert* alert = [[NSAlert alloc] init];
+  [alert addButtonWithTitle:@"OK"];
+  [alert setMessageText:textOf(message)];
+  [alert setInformativeText:@""];
+  [alert setAlertStyle:NSAlertStyleWarning];
+  [alert runModal];
+  [alert release];
+  [pool release];
+}

@@ -1,0 +1,36 @@
+// The recursive lock of the platform services, on Cocoa. Manual reference counting.
+#import <Cocoa/Cocoa.h>
+
+#include "platform/xplat.h"
+
+#if defined(__has_feature)
+#if __has_feature(objc_arc)
+#error "this file counts its references itself"
+#endif
+#endif
+
+void* XPlatCreateMutex() {
+  return [[NSRecursiveLock alloc] init];
+}
+
+void XPlatLockMutex(void* mutex, unsigned long timeoutMs) {
+  if (mutex == nullptr) return;
+  NSRecursiveLock* lock = static_cast<NSRecursiveLock*>(mutex);
+  if (timeoutMs == 0) {
+    [lock lock];
+    return;
+  }
+  // Any thread may come here, and most have no pool of their own.
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  NSDate* deadline = [NSDate dateWithTimeIntervalSinceNow:static_cast<double>(timeoutMs) / 1000.0];  // seconds
+  [lock lockBeforeDate:deadline];  // the outcome is dropped on purpose: callers go on either way
+  [pool release];
+}
+
+void XPlatUnlockMutex(void* mutex) {
+  [static_cast<NSRecursiveLock*>(mutex) unlock];  // a message to nil does nothing
+}
+
+void XPlatDeleteMutex(void* mutex) {
+  [static_cast<NSRecursiveLock*>(mutex) release];
+}

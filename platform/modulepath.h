@@ -1,0 +1,11 @@
+// Where the plug-in's own image and the resources of its bundle are.
+#pragma once
+
+#include <string>
+
+// Any thread. Paths are full, without links, and end in "/"; empty where they cannot be found.
+
+// The folder of the image that holds this code: the module, or the program that it is linked into.
+std::string moduleFolder();
+// The bundle's Resources folder beside the image's folder.
+std::string resourcesFolder();
