@@ -42,6 +42,7 @@ add_library(trelvan STATIC
   editor/cvumeter1.cpp
   editor/cabout.cpp
   editor/csplashscreenmyview.cpp
+  editor/validtext.cpp
   platform/xplatfile.cpp
   platform/xplatvalues.cpp)
 target_link_libraries(trelvan PUBLIC trelvan_images trelvan_toolkit trelvan_options)

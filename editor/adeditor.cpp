@@ -1,6 +1,8 @@
 // The window's life, and parameter values on their way in and out of it.
 #include "editor/adeditor.h"
 
+#include <initializer_list>
+
 #include "editor/bitmaps.h"
 #include "editor/cabout.h"
 #include "editor/cvumeter1.h"
@@ -52,10 +54,23 @@ bool ADEditor::open(void* window) {
 }
 
 void ADEditor::close() {
+  endGestures();
   CPresetSystemEditor::close();
   trelvan->setEditorOpen(false);
   forgetControls();
   closeFrame();
+}
+
+// A control that is held by the mouse never hears of its release: the host would wait for the end of the gesture.
+void ADEditor::endGestures() {
+  // References, since the host may close once more when it is told.
+  const std::initializer_list<VSTGUI::SharedPointer<VSTGUI::CControl>> controls = {
+      VSTGUI::shared<VSTGUI::CControl>(depthSlider), VSTGUI::shared<VSTGUI::CControl>(freqSlider),
+      VSTGUI::shared<VSTGUI::CControl>(emphSlider), VSTGUI::shared<VSTGUI::CControl>(switch3Button),
+      VSTGUI::shared<VSTGUI::CControl>(switch4Button)};
+  for (const auto& control : controls) {
+    while (control && control->isEditing()) control->endEdit();
+  }
 }
 
 void ADEditor::forgetControls() {
@@ -75,7 +90,9 @@ void ADEditor::idle() {
   AEffGUIEditor::idle();
   CPresetSystemEditor::idle();
   const bool splashShown = about != nullptr && about->getValue() != 0.0F;
-  if (!splashShown) show(meter, 0.5F + trelvan->getWidthMeter());
+  const float reading = trelvan->getWidthMeter();
+  const bool isNumber = reading == reading;  // a host that sends NaNs gets them back, but the meter waits for numbers
+  if (!splashShown && isNumber) show(meter, 0.5F + reading);
 }
 
 void ADEditor::suspend() {

@@ -33,6 +33,7 @@ class ADEditor : public CPresetSystemEditor {
   void addParameterControls();
   void addAbout();
   void showParameter(VstInt32 index);
+  void endGestures();
   void forgetControls();
 
   Trelvan* trelvan;

@@ -72,22 +72,25 @@ void AEffGUIEditor::idle() {
   if (inHostIdle || frame == nullptr) return;
   frameWindow->pump();
   if (frame == nullptr) return;
-  if (frameWindow->keyboardLost()) keyboardLeft();
+  if (frameWindow->keyboardLost()) frameWindow->during([this] { keyboardLeft(); });
   if (view != nullptr) view->idle();
+}
+
+bool AEffGUIEditor::dispatch(VSTGUI::Event& event) {
+  frameWindow->during([target = frame, &event] { target->dispatchEvent(event); });
+  return static_cast<bool>(event.consumed);
 }
 
 bool AEffGUIEditor::onKeyDown(VstKeyCode& key) {
   if (frame == nullptr) return false;
   VSTGUI::KeyboardEvent event = keyboardEvent(VSTGUI::EventType::KeyDown, key);
-  frame->dispatchEvent(event);
-  return static_cast<bool>(event.consumed);
+  return dispatch(event);
 }
 
 bool AEffGUIEditor::onKeyUp(VstKeyCode& key) {
   if (frame == nullptr) return false;
   VSTGUI::KeyboardEvent event = keyboardEvent(VSTGUI::EventType::KeyUp, key);
-  frame->dispatchEvent(event);
-  return static_cast<bool>(event.consumed);
+  return dispatch(event);
 }
 
 bool AEffGUIEditor::onWheel(float distance) {
@@ -97,8 +100,7 @@ bool AEffGUIEditor::onWheel(float distance) {
   frame->getCurrentMouseLocation(where);
   event.mousePosition = where;
   event.deltaY = static_cast<double>(distance);
-  frame->dispatchEvent(event);
-  return static_cast<bool>(event.consumed);
+  return dispatch(event);
 }
 
 bool AEffGUIEditor::setKnobMode(int mode) {

@@ -54,6 +54,7 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
 
  private:
   void needToolkit();
+  bool dispatch(VSTGUI::Event& event);  // true: somebody has taken it
   bool isParameter(std::int32_t index) const;
 
   std::optional<ToolkitLibrary> toolkit;  // from the first question about the window on

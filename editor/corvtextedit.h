@@ -26,10 +26,10 @@ class COrvTextEdit : public VSTGUI::CTextLabel {
   virtual void setText(const char* text);
   virtual bool isBeingEdited() { return beingEdited; }
   virtual char* getText(char* buffer) const;  // buffer: large enough for the text; null comes back as it is
-  virtual void setCustomFontEditionColor(VSTGUI::CColor color) { fontEdition = {true, color}; }
-  virtual void setCustomFontHighlightedColor(VSTGUI::CColor color) { fontHighlighted = {true, color}; }
-  virtual void setCustomHighlightColor(VSTGUI::CColor color) { highlight = {true, color}; }
-  virtual void setCustomCaretColor(VSTGUI::CColor color) { caret = {true, color}; }
+  virtual void setCustomFontEditionColor(const VSTGUI::CColor& color) { fontEdition = {true, color}; }
+  virtual void setCustomFontHighlightedColor(const VSTGUI::CColor& color) { fontHighlighted = {true, color}; }
+  virtual void setCustomHighlightColor(const VSTGUI::CColor& color) { highlight = {true, color}; }
+  virtual void setCustomCaretColor(const VSTGUI::CColor& color) { caret = {true, color}; }
 
   const CustomColor& fontEditionColor() const { return fontEdition; }
   const CustomColor& fontHighlightedColor() const { return fontHighlighted; }

@@ -2,7 +2,6 @@
 #include "editor/cvumeter1.h"
 
 #include <algorithm>
-#include <cmath>
 
 CVuMeter1::CVuMeter1(const VSTGUI::CRect& size, VSTGUI::CBitmap* onBitmap, VSTGUI::CBitmap* offBitmap,
                      std::int32_t nbLed, std::int32_t style)
@@ -16,7 +15,6 @@ CVuMeter1::CVuMeter1(const VSTGUI::CRect& size, VSTGUI::CBitmap* onBitmap, VSTGU
 void CVuMeter1::draw(VSTGUI::CDrawContext* context) {
   VSTGUI::CBitmap* lit = getOnBitmap();
   if (lit == nullptr) return;
-  if (std::isnan(value)) value = getMin();
   bounceValue();
   const float shown = std::max(value, getOldValue() - getDecreaseStepValue());
   setOldValue(shown);

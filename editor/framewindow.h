@@ -1,6 +1,7 @@
 // The seam between the toolkit's frame and the host's window.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 namespace VSTGUI {
@@ -19,6 +20,9 @@ class FrameWindow {
   virtual void close() = 0;
   // Handles what has arrived: mouse, keys, timers, drawing. From the editor's idle.
   virtual void pump() = 0;
+  // Does work that reaches controls from outside the pump: a close from inside it takes effect when it is done. The
+  // object may be gone by then.
+  virtual void during(const std::function<void()>& work) { work(); }
   // True once since the last call when the keyboard has left the window.
   virtual bool keyboardLost() = 0;
 

@@ -36,10 +36,10 @@ Trelvan::Trelvan(audioMasterCallback host)
   setUniqueID(kUniqueID);
   canProcessReplacing();
   canDoubleReplacing();
+  setEditor(new ADEditor(this));  // before the first callback: the record says that there is one
   sampleRateInt = truncatedToInt32(getSampleRate());
   getOutputLatency();
   updateBlockSize();
-  setEditor(new ADEditor(this));
   initPresets();
   loadDefaults();
   setPresetNo(0);

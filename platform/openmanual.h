@@ -13,7 +13,7 @@ class ManualOpener {
     none,     // not started, or let go
     running,  // the viewer is being started
     opened,
-    failed,   // there is no manual, or nothing that shows it
+    failed,  // there is no manual, or nothing that shows it
   };
 
   ManualOpener();

@@ -39,7 +39,7 @@ OldReading readOldChunk(std::span<const unsigned char, kOldSize> data, std::int6
   if (share < ACombProgram::kNameSize) return {true, select};  // not even the names are there
   const auto stride = static_cast<std::size_t>(4 * floats + ACombProgram::kNameSize);
   const int floatsTaken = static_cast<int>(std::min<std::int64_t>(floats, presetimage::kParameterCount));
-  const std::size_t taken = static_cast<std::size_t>(4 * floatsTaken + ACombProgram::kNameSize);
+  const std::size_t taken = 4 * static_cast<std::size_t>(floatsTaken) + ACombProgram::kNameSize;
 
   std::span<const unsigned char> records = std::span<const unsigned char>(data).subspan(kOldHeaderSize);
   for (int record = 0; record < count && record < presetimage::kPresetCount && records.size() >= taken; ++record) {

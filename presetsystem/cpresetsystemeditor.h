@@ -132,8 +132,8 @@ class CPresetSystemEditor : public AEffGUIEditor, public VSTGUI::IControlListene
   bool fileEndianReversed = false;
   ManualOpener manual;
   bool manualAwaited = false;
-  std::array<std::string, 3> storedPaths;                  // as recalled or stored last
-  const PreferenceStore* startupPreferences = nullptr;     // while the defaults are loaded, so that they are read once
+  std::array<std::string, 3> storedPaths;               // as recalled or stored last
+  const PreferenceStore* startupPreferences = nullptr;  // while the defaults are loaded, so that they are read once
 
   std::atomic<bool> refreshWanted{false};
   std::atomic<std::thread::id> windowThread{};

@@ -115,8 +115,8 @@ std::array<std::string, 3> CPresetSystemEditor::pathsAndFilenames() const {
   return {currentDirectory, bankFileName, presetFileName};
 }
 
-// Instances come and go by the dozen, most of them without a window ever: those that have nothing new write nothing, and
-// take nothing back that another one has stored meanwhile.
+// Instances come and go by the dozen, most of them without a window ever: those that have nothing new write nothing,
+// and take nothing back that another one has stored meanwhile.
 void CPresetSystemEditor::storePathsAndFilenames() {
   if (pathsAndFilenames() == storedPaths) return;
   PreferenceStore preferences(kApplicationId);

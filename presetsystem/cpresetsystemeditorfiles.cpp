@@ -161,7 +161,7 @@ void CPresetSystemEditor::finishFileOperation(FileOperation operation, const std
   } else {
     takePresetImage(read.image(), fileEndianReversed);
   }
-  getFrame()->invalid();
+  if (getFrame() != nullptr) getFrame()->invalid();  // the host may have closed the window, told of the new values
 }
 
 void CPresetSystemEditor::takePresetImage(std::span<char> image, bool endianReversed) {

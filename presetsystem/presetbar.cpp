@@ -125,12 +125,20 @@ void PresetBar::showName(const char* name) {
 }
 
 void PresetBar::showCurrent(long n) {
-  if (presetMenu != nullptr) presetMenu->setCurrent(static_cast<std::int32_t>(n));
+  if (presetMenu == nullptr) return;
+  presetMenu->setCurrent(static_cast<std::int32_t>(n));
+  redrawList();
 }
 
 void PresetBar::retitleCurrent(const char* name) {
   if (presetMenu == nullptr) return;
   if (VSTGUI::CMenuItem* entry = presetMenu->getEntry(presetMenu->getCurrentIndex())) entry->setTitle(name);
+  redrawList();
+}
+
+// An open list shows the menu's entries as they are when it is drawn.
+void PresetBar::redrawList() {
+  if (presetMenu->isOpen() && presetMenu->getFrame() != nullptr) presetMenu->getFrame()->invalid();
 }
 
 void PresetBar::refresh(CPresetSystemEffect& effect) {

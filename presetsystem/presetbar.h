@@ -57,4 +57,7 @@ class PresetBar {
   CSaveLoadButton* loadBankButton = nullptr;
   CPSKickButton* defaultBankButton = nullptr;
   CPSKickButton* manualButton = nullptr;
+
+ private:
+  void redrawList();
 };

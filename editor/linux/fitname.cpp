@@ -1,9 +1,10 @@
 // Tries smaller fonts, then cuts between characters.
 #include "editor/linux/fitname.h"
 
-#include <string>
+#include "editor/validtext.h"
 
-FittedName fitName(VSTGUI::CDrawContext* context, const VSTGUI::UTF8String& name, double width) {
+FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, double width) {
+  const VSTGUI::UTF8String name(validText(bytes));
   const auto fits = [&](const VSTGUI::UTF8String& text) {
     return context->getStringWidth(text.getPlatformString()) <= width;
   };

@@ -1,6 +1,8 @@
 // Makes a name fit a width.
 #pragma once
 
+#include <string>
+
 #include "vstgui.h"
 
 // Text and the font to draw it in.
@@ -10,5 +12,5 @@ struct FittedName {
 };
 
 // The whole name in the toolkit's small font or one of the two below it; a name that is too long even then loses its
-// end to an ellipsis. width: pixels. The context's font is changed.
-FittedName fitName(VSTGUI::CDrawContext* context, const VSTGUI::UTF8String& name, double width);
+// end to an ellipsis. bytes: the name, UTF-8 or not. width: pixels. The context's font is changed.
+FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, double width);

@@ -133,6 +133,8 @@ class FrameWindowLinux final : public FrameWindow {
 
   void pump() override { sharedRunLoop()->pump(); }
 
+  void during(const std::function<void()>& work) override { sharedRunLoop()->during(work); }
+
   bool keyboardLost() override { return own && focus.lost(own->link()); }
 
  private:

@@ -28,6 +28,16 @@ void IdleRunLoop::pump() {
     timers[i].due = time + timers[i].interval;
     timers[i].handler->onTimer();
   }
+  leave();
+}
+
+void IdleRunLoop::during(const std::function<void()>& work) {
+  ++depth;
+  work();
+  leave();
+}
+
+void IdleRunLoop::leave() {
   if (--depth > 0) return;
   compact();
   for (const auto& action : std::exchange(afterwards, {})) action();

@@ -15,6 +15,8 @@ class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
  public:
   // Lets every handler look for events, then fires each due timer once.
   void pump();
+  // Does the work as a part of a pump.
+  void during(const std::function<void()>& work);
   // Runs now, or after the pump that is going on: what ends a window must not do it under the toolkit's feet.
   void runOutsidePump(std::function<void()> action);
 
@@ -37,6 +39,7 @@ class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
   };
 
   ~IdleRunLoop() = default;
+  void leave();
   void compact();
 
   std::vector<VSTGUI::X11::IEventHandler*> handlers;  // null: taken away while pumping

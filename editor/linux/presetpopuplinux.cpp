@@ -7,6 +7,7 @@
 #include "editor/linux/presetpopuplayout.h"
 #include "editor/presetpopup.h"
 #include "editor/wheelsteps.h"
+#include "lib/cgraphicspath.h"
 #include "lib/platform/common/genericoptionmenu.h"
 #include "lib/platform/iplatformframe.h"
 
@@ -30,8 +31,9 @@ constexpr CColor kHighlight(45, 45, 120);
 constexpr CColor kMark(45, 45, 120);
 // Pixels in an entry.
 constexpr double kMarkRoom = 12;  // left of the name
-constexpr double kRightRoom = 3;
+constexpr double kMarkLeft = 4;
 constexpr double kMarkSize = 5;
+constexpr double kRightRoom = 3;
 
 // Goes with its frame while it is open. It answers once, after the event that ends it: the frame still holds on to a
 // view while it gives it an event.
@@ -164,20 +166,25 @@ class PresetPopupLinux final : public VSTGUI::CView {
       context->setFillColor(kHighlight);
       context->drawRect(area, VSTGUI::kDrawFilled);
     }
-    if (index == menu->getCurrentIndex(true)) {
-      CRect mark(0, 0, kMarkSize, kMarkSize);
-      mark.offset(area.left + 4, area.top + std::floor((area.getHeight() - kMarkSize) / 2));
-      context->setDrawMode(VSTGUI::kAntiAliasing);
-      context->setFillColor(lit ? VSTGUI::kWhiteCColor : kMark);
-      context->drawEllipse(mark, VSTGUI::kDrawFilled);
-      context->setDrawMode(VSTGUI::kAliasing);
-    }
+    if (index == menu->getCurrentIndex(true)) drawMark(context, area, lit ? VSTGUI::kWhiteCColor : kMark);
     area.left += kMarkRoom;
     area.right -= kRightRoom;
-    const FittedName name = fitName(context, item->getTitle(), area.getWidth());
+    const FittedName name = fitName(context, item->getTitle().getString(), area.getWidth());
     context->setFont(name.font);
     context->setFontColor(lit ? VSTGUI::kWhiteCColor : VSTGUI::kBlackCColor);
     context->drawString(name.text.getPlatformString(), area, VSTGUI::kLeftText, true);
+  }
+
+  void drawMark(VSTGUI::CDrawContext* context, const CRect& area, const CColor& colour) {
+    CRect mark(0, 0, kMarkSize, kMarkSize);
+    mark.offset(area.left + kMarkLeft, area.top + std::floor((area.getHeight() - kMarkSize) / 2));
+    const auto dot = VSTGUI::owned(context->createGraphicsPath());
+    if (!dot) return;
+    dot->addEllipse(mark);
+    context->setDrawMode(VSTGUI::kAntiAliasing);
+    context->setFillColor(colour);
+    context->drawGraphicsPath(dot);
+    context->setDrawMode(VSTGUI::kAliasing);
   }
 
   CRect menuArea() const { return menu->translateToGlobal(menu->getViewSize(), true); }

@@ -1,4 +1,6 @@
 // In-place text entry inside the toolkit's frame: a window of its own would need its own keyboard and focus.
+#include <functional>
+
 #include "editor/corvtextedit.h"
 #include "editor/textentry.h"
 #include "lib/events.h"
@@ -16,23 +18,45 @@ bool isModifierKey(VirtualKey key) {
   return key == VirtualKey::ShiftModifier || key == VirtualKey::ControlModifier || key == VirtualKey::AltModifier;
 }
 
+// Keeps the window's other views from keys, and ends the entry on a press elsewhere.
+class EntryGuard final : public VSTGUI::IKeyboardHook, public VSTGUI::IMouseObserver {
+ public:
+  EntryGuard(COrvTextEdit* edited, std::function<void()> elsewhere)
+      : label(edited), pressedElsewhere(std::move(elsewhere)) {}
+
+  void onKeyboardEvent(VSTGUI::KeyboardEvent& event, CFrame*) override { event.consumed = true; }
+
+  void onMouseEvent(VSTGUI::MouseEvent& event, CFrame*) override {
+    if (event.type != VSTGUI::EventType::MouseDown) return;
+    VSTGUI::CPoint where = event.mousePosition;
+    label->frameToLocal(where);
+    if (label->getViewSize().pointInside(where)) return;
+    event.consumed = true;
+    pressedElsewhere();
+  }
+  void onMouseEntered(VSTGUI::CView*, CFrame*) override {}
+  void onMouseExited(VSTGUI::CView*, CFrame*) override {}
+
+ private:
+  COrvTextEdit* label;
+  std::function<void()> pressedElsewhere;
+};
+
 // What the toolkit's field asks. The field takes it for a view, and puts itself beside it.
-class FieldOwner final : public VSTGUI::CView,
-                         public VSTGUI::IPlatformTextEditCallback,
-                         public VSTGUI::IKeyboardHook,
-                         public VSTGUI::IMouseObserver {
+class FieldOwner final : public VSTGUI::CView, public VSTGUI::IPlatformTextEditCallback {
  public:
   FieldOwner(COrvTextEdit* edited, const TextEntryPlace& place)
       : CView(CRect(VSTGUI::CPoint(place.x, place.y), VSTGUI::CPoint(place.width, place.height))),
         label(edited),
         frame(edited->getFrame()),
-        oldFocusColor(frame->getFocusColor()) {}
+        oldFocusColor(frame->getFocusColor()),
+        guard(edited, [this] { end(true); }) {}
 
   bool open() {
     if (frame->getPlatformFrame() == nullptr) return false;
     // Before the field is made: hooks are asked newest first, and this one takes what the field leaves over.
-    frame->registerKeyboardHook(this);
-    frame->registerMouseObserver(this);
+    frame->registerKeyboardHook(&guard);
+    frame->registerMouseObserver(&guard);
     if (label->highlightColor().set) frame->setFocusColor(label->highlightColor().color);  // the selection's background
     running = true;
     attached(label->getParentView());  // without being drawn or asked for the mouse as one of its children
@@ -78,25 +102,12 @@ class FieldOwner final : public VSTGUI::CView,
     end(confirms);
   }
 
-  void onKeyboardEvent(VSTGUI::KeyboardEvent& event, CFrame*) override { event.consumed = true; }
-
-  void onMouseEvent(VSTGUI::MouseEvent& event, CFrame*) override {
-    if (event.type != VSTGUI::EventType::MouseDown) return;
-    VSTGUI::CPoint where = event.mousePosition;
-    label->frameToLocal(where);
-    if (label->getViewSize().pointInside(where)) return;
-    event.consumed = true;
-    end(true);
-  }
-  void onMouseEntered(VSTGUI::CView*, CFrame*) override {}
-  void onMouseExited(VSTGUI::CView*, CFrame*) override {}
-
   void takeDown() {
     if (!running) return;
     running = false;
     grabPointer(false);
-    frame->unregisterMouseObserver(this);
-    frame->unregisterKeyboardHook(this);
+    frame->unregisterMouseObserver(&guard);
+    frame->unregisterKeyboardHook(&guard);
     frame->setFocusColor(oldFocusColor);
     field = nullptr;
     removed(getParentView());
@@ -119,6 +130,7 @@ class FieldOwner final : public VSTGUI::CView,
   COrvTextEdit* label;
   CFrame* frame;
   VSTGUI::CColor oldFocusColor;
+  EntryGuard guard;
   VSTGUI::UTF8String nothing;
   VSTGUI::SharedPointer<VSTGUI::IPlatformTextEdit> field;
   bool running = false;

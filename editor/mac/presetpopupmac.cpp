@@ -1,4 +1,4 @@
-// The list of presets as the system's own menu.
+// The list of presets as the system's own menu, which runs until something is chosen.
 #include "editor/cpresetmenu.h"
 #include "editor/presetpopup.h"
 

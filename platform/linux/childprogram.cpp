@@ -24,11 +24,34 @@ constexpr int kReadsPerPoll = 32;           // of 4 KiB: enough to empty a pipe,
 
 // Set by hosts and their wrappers for their own libraries, modules and interpreters.
 constexpr std::string_view kHostsOwn[] = {
-    "GTK_PATH", "GTK_MODULES", "GTK2_MODULES", "GTK3_MODULES", "GTK_EXE_PREFIX", "GTK_DATA_PREFIX",
-    "GTK_IM_MODULE_FILE", "GTK_RC_FILES", "GTK2_RC_FILES", "GIO_EXTRA_MODULES", "GIO_MODULE_DIR",
-    "GDK_PIXBUF_MODULE_FILE", "GDK_PIXBUF_MODULEDIR", "GSETTINGS_SCHEMA_DIR", "PANGO_LIBDIR", "PANGO_RC_FILE",
-    "PANGO_SYSCONFDIR", "FONTCONFIG_FILE", "FONTCONFIG_PATH", "QT_PLUGIN_PATH", "QT_QPA_PLATFORM_PLUGIN_PATH",
-    "QML_IMPORT_PATH", "QML2_IMPORT_PATH", "PYTHONHOME", "PYTHONPATH", "PERLLIB", "PERL5LIB", "GCONV_PATH",
+    "GTK_PATH",
+    "GTK_MODULES",
+    "GTK2_MODULES",
+    "GTK3_MODULES",
+    "GTK_EXE_PREFIX",
+    "GTK_DATA_PREFIX",
+    "GTK_IM_MODULE_FILE",
+    "GTK_RC_FILES",
+    "GTK2_RC_FILES",
+    "GIO_EXTRA_MODULES",
+    "GIO_MODULE_DIR",
+    "GDK_PIXBUF_MODULE_FILE",
+    "GDK_PIXBUF_MODULEDIR",
+    "GSETTINGS_SCHEMA_DIR",
+    "PANGO_LIBDIR",
+    "PANGO_RC_FILE",
+    "PANGO_SYSCONFDIR",
+    "FONTCONFIG_FILE",
+    "FONTCONFIG_PATH",
+    "QT_PLUGIN_PATH",
+    "QT_QPA_PLATFORM_PLUGIN_PATH",
+    "QML_IMPORT_PATH",
+    "QML2_IMPORT_PATH",
+    "PYTHONHOME",
+    "PYTHONPATH",
+    "PERLLIB",
+    "PERL5LIB",
+    "GCONV_PATH",
 };
 
 bool isHostsOwn(std::string_view entry) {
@@ -123,9 +146,8 @@ bool ChildProgram::start(const std::vector<std::string>& arguments) {
   const FileActions files(pipeEnds[1]);
   const Attributes attributes;
   pid_t started = 0;
-  const int error =
-      posix_spawn(&started, argumentStrings[0].c_str(), &files.actions, &attributes.attributes,
-                  pointersTo(argumentStrings).data(), pointersTo(environmentStrings).data());
+  const int error = posix_spawn(&started, argumentStrings[0].c_str(), &files.actions, &attributes.attributes,
+                                pointersTo(argumentStrings).data(), pointersTo(environmentStrings).data());
   close(pipeEnds[1]);
   outputEnd = pipeEnds[0];
   if (error != 0) {

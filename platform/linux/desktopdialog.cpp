@@ -86,10 +86,9 @@ std::string startOf(const FileDialogRequest& request) {
 }
 
 std::vector<std::string> zenityFile(const std::string& program, const FileDialogRequest& request) {
-  std::vector<std::string> arguments = {program, "--file-selection", "--title=" + request.title,
-                                        "--filename=" + startOf(request),
-                                        "--file-filter=" + request.typeName + " (*." + request.extension + ") | " +
-                                            patternsOf(request.extension)};
+  std::vector<std::string> arguments = {
+      program, "--file-selection", "--title=" + request.title, "--filename=" + startOf(request),
+      "--file-filter=" + request.typeName + " (*." + request.extension + ") | " + patternsOf(request.extension)};
   if (request.save) {
     arguments.emplace_back("--save");
     arguments.emplace_back("--confirm-overwrite");
@@ -136,10 +135,20 @@ std::vector<std::string> chooseFile(const Program& program, const FileDialogRequ
 
 std::vector<std::string> question(const Program& program, const std::string& title, const std::string& text) {
   if (program.kind == Kind::kdialog) {
-    return {program.path,       "--title", title, "--continue-label", "Replace", "--warningcontinuecancel",
+    return {program.path,
+            "--title",
+            title,
+            "--continue-label",
+            "Replace",
+            "--warningcontinuecancel",
             kdialogText(notAnOption(text))};
   }
-  return {program.path, "--question", "--no-markup", "--title=" + title, "--ok-label=Replace", "--cancel-label=Cancel",
+  return {program.path,
+          "--question",
+          "--no-markup",
+          "--title=" + title,
+          "--ok-label=Replace",
+          "--cancel-label=Cancel",
           "--text=" + validText(text)};
 }
 
@@ -156,8 +165,8 @@ std::vector<std::string> warning(const Program& program, const std::string& titl
 }
 
 Answer answerOf(int exitStatus, const std::string& output) {
-  constexpr int kRefused = 1;   // cancelled, closed
-  constexpr int kTimeout = 5;   // zenity's own time limit
+  constexpr int kRefused = 1;  // cancelled, closed
+  constexpr int kTimeout = 5;  // zenity's own time limit
   if (exitStatus == 0) return Answer::accepted;
   if (exitStatus == ChildProgram::kUnknownStatus) return output.empty() ? Answer::declined : Answer::accepted;
   if (exitStatus == kRefused || exitStatus == kTimeout) return Answer::declined;

@@ -14,8 +14,8 @@
 namespace {
 
 constexpr char kGroup[] = "Preferences";
-constexpr char kStringMark[] = "string:";  // then the bytes, percent-encoded where they are not plain
-constexpr char kBytesMark[] = "bytes:";    // then two hexadecimal digits a byte
+constexpr char kStringMark[] = "string:";      // then the bytes, percent-encoded where they are not plain
+constexpr char kBytesMark[] = "bytes:";        // then two hexadecimal digits a byte
 constexpr std::size_t kLargestFile = 1 << 20;  // bytes; what the plug-in keeps takes 30 kB
 
 struct FreeText {
@@ -45,7 +45,8 @@ std::string pathOf(const std::string& applicationId) {
   const std::size_t product = applicationId.find('.', maker) + 1;
   if (folder.empty() || maker == 0 || product == 0 || product - maker < 2 || product == applicationId.size()) return {};
   if (applicationId.find('/') != std::string::npos) return {};
-  return folder + "/" + applicationId.substr(maker, product - maker - 1) + "/" + applicationId.substr(product) + ".conf";
+  return folder + "/" + applicationId.substr(maker, product - maker - 1) + "/" + applicationId.substr(product) +
+         ".conf";
 }
 
 std::string encodedString(const char* value) {

@@ -77,7 +77,7 @@ Reading read(const std::string& path, std::size_t limit, std::string& out) {
 }
 
 Lock::Lock(const std::string& path) {
-  constexpr auto kLongestWait = std::chrono::seconds(5);    // a writer needs some milliseconds
+  constexpr auto kLongestWait = std::chrono::seconds(5);  // a writer needs some milliseconds
   constexpr auto kPause = std::chrono::milliseconds(2);
   const int opened = ::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
   if (opened < 0) return;

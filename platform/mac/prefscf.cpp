@@ -1,8 +1,8 @@
 // Preferences on macOS: the application preferences of Core Foundation, under the plug-in's own identifier.
-#include <algorithm>
 #include <map>
 #include <mutex>
 #include <string>
+#include <utility>
 
 #include "platform/mac/cfowned.h"
 #include "platform/prefs.h"
@@ -73,14 +73,13 @@ bool PreferenceStore::getBytes(const char* key, std::vector<unsigned char>& out)
 }
 
 void PreferenceStore::setString(const char* key, const char* value) {
-  if (CFOwned<CFStringRef> text = romanString(value)) {
-    contents->changes[key] = Contents::Value(text.release());
-  }
+  if (CFOwned<CFStringRef> text = romanString(value)) contents->changes[key] = std::move(text);
 }
 
 void PreferenceStore::setBytes(const char* key, const void* bytes, std::size_t size) {
   const auto* data = static_cast<const UInt8*>(bytes);
-  contents->changes[key] = Contents::Value(CFDataCreate(kCFAllocatorDefault, data, static_cast<CFIndex>(size)));
+  CFOwned<CFDataRef> copy(CFDataCreate(kCFAllocatorDefault, data, static_cast<CFIndex>(size)));
+  if (copy) contents->changes[key] = std::move(copy);
 }
 
 void PreferenceStore::remove(const char* key) {

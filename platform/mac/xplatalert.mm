@@ -1,13 +1,8 @@
 // The alert of the platform services, on Cocoa. Manual reference counting.
 #import <Cocoa/Cocoa.h>
 
+#include "platform/mac/manualreferences.h"
 #include "platform/xplat.h"
-
-#if defined(__has_feature)
-#if __has_feature(objc_arc)
-#error "this file counts its references itself"
-#endif
-#endif
 
 namespace {
 

@@ -1,17 +1,10 @@
 // The recursive lock of the platform services, on Cocoa. Manual reference counting.
 #import <Cocoa/Cocoa.h>
 
+#include "platform/mac/manualreferences.h"
 #include "platform/xplat.h"
 
-#if defined(__has_feature)
-#if __has_feature(objc_arc)
-#error "this file counts its references itself"
-#endif
-#endif
-
-void* XPlatCreateMutex() {
-  return [[NSRecursiveLock alloc] init];
-}
+void* XPlatCreateMutex() { return [[NSRecursiveLock alloc] init]; }
 
 void XPlatLockMutex(void* mutex, unsigned long timeoutMs) {
   if (mutex == nullptr) return;
@@ -31,6 +24,4 @@ void XPlatUnlockMutex(void* mutex) {
   [static_cast<NSRecursiveLock*>(mutex) unlock];  // a message to nil does nothing
 }
 
-void XPlatDeleteMutex(void* mutex) {
-  [static_cast<NSRecursiveLock*>(mutex) release];
-}
+void XPlatDeleteMutex(void* mutex) { [static_cast<NSRecursiveLock*>(mutex) release]; }

@@ -1,0 +1,70 @@
+# macOS: the universal bundle Trelvan.vst with Info.plist, PkgInfo and resources, signed ad hoc.
+enable_language(OBJCXX)
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS OFF)
+set(CMAKE_OBJCXX_VISIBILITY_PRESET hidden)
+set(CMAKE_XCODE_ATTRIBUTE_CLANG_ENABLE_OBJC_ARC NO)  # the sources count their references themselves
+
+target_sources(trelvan PRIVATE
+  editor/mac/bundlelookup.cpp
+  editor/mac/filedialogmac.cpp
+  editor/mac/framewindowmac.cpp
+  editor/mac/idletimer.mm
+  editor/mac/pacingmac.cpp
+  editor/mac/presetpopupmac.cpp
+  editor/mac/textentrymac.mm
+  editor/mac/textentrywindow.mm
+  editor/mac/toolkitmac.cpp
+  platform/mac/modulepath.cpp
+  platform/mac/openmanual.cpp
+  platform/mac/prefscf.cpp
+  platform/mac/xplatalert.mm
+  platform/mac/xplatmutex.mm)
+target_compile_options(trelvan PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-objc-arc>)
+target_link_libraries(trelvan PUBLIC "-framework Cocoa" "-framework Carbon" "-framework CoreFoundation")
+# The toolkit makes errors of its warnings, and a newer system's headers bring new ones.
+target_compile_options(vstgui PRIVATE -Wno-error)
+
+set(TRELVAN_BUNDLE ${PROJECT_BINARY_DIR}/Trelvan.vst)
+set(TRELVAN_RESOURCES ${TRELVAN_BUNDLE}/Contents/Resources)
+set(package_info ${PROJECT_BINARY_DIR}/PkgInfo)
+file(GENERATE OUTPUT ${package_info} CONTENT "BNDL????")  # eight bytes, no new line
+add_library(Trelvan MODULE plugin/vstpluginmain.cpp ${package_info})
+set_source_files_properties(${package_info} PROPERTIES MACOSX_PACKAGE_LOCATION . GENERATED TRUE)
+target_link_libraries(Trelvan PRIVATE trelvan)
+
+file(MAKE_DIRECTORY ${TRELVAN_RESOURCES})
+trelvan_add_artwork(trelvan_artwork ${TRELVAN_RESOURCES})
+add_dependencies(Trelvan trelvan_artwork)
+list(TRANSFORM TRELVAN_PICTURES REPLACE "(.+)" "${TRELVAN_RESOURCES}/bmp\\1.png" OUTPUT_VARIABLE pictures)
+# The manual's tools are not among Homebrew's packages: without them the bundle has no copy of it.
+find_program(TRELVAN_RST2PDF rst2pdf DOC "Makes the manual")
+option(TRELVAN_MANUAL "macOS: put the manual into the bundle" ${TRELVAN_RST2PDF})
+if(TRELVAN_MANUAL AND TRELVAN_RST2PDF)
+  set(manual_file "${TRELVAN_RESOURCES}/Trelvan Operation Manual.pdf")
+  trelvan_add_manual(trelvan_manual "${manual_file}")
+  add_dependencies(Trelvan trelvan_manual)
+else()
+  set(manual_file)
+endif()
+
+set_target_properties(Trelvan PROPERTIES
+  PREFIX ""
+  BUNDLE TRUE
+  BUNDLE_EXTENSION vst
+  LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}
+  MACOSX_BUNDLE_INFO_PLIST ${PROJECT_SOURCE_DIR}/cmake/Info.plist.in
+  MACOSX_BUNDLE_GUI_IDENTIFIER com.orv.trelvan  # the preferences' too
+  MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION}
+  MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION}
+  # Resources too: whatever changes in the bundle, it is linked and thereby signed again.
+  LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/exports.txt;${pictures};${manual_file}")
+target_link_options(Trelvan PRIVATE LINKER:-exported_symbols_list,${PROJECT_SOURCE_DIR}/cmake/exports.txt)
+
+# The last step: nothing may be written into the bundle afterwards.
+find_program(TRELVAN_CODESIGN codesign)
+if(TRELVAN_CODESIGN)
+  add_custom_command(TARGET Trelvan POST_BUILD VERBATIM
+    COMMAND ${TRELVAN_CODESIGN} --force --sign - --timestamp=none ${TRELVAN_BUNDLE})
+endif()

@@ -1,0 +1,31 @@
+// The window of the in-place text entry, and the field in it.
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+class COrvTextEdit;
+class TextEntryMac;
+@class OrvMCMyTextField;
+
+// Borderless and transparent over the whole main screen, so that a click anywhere comes here. It ends once, by itself,
+// and tells its label; closing releases it. Main thread.
+@interface OrvMCSystemBoxWindow : NSWindow <NSTextFieldDelegate> {
+  OrvMCMyTextField* textField;  // owned; nil once the entry has ended
+  COrvTextEdit* vstPointer;     // not owned; null once the entry has ended
+  TextEntryMac* entry;          // not owned: its handle on the label's side, told when the window goes
+}
+- (void)setVstPointer:(COrvTextEdit*)control;
+- (void)setEntry:(TextEntryMac*)handle;
+// rect: the field in frame coordinates, from the top. topLeft: the frame's corner on the screen, from the bottom.
+- (void)setUpTextFieldwithRect:(NSRect)rect andTopLeft:(NSPoint)topLeft;
+- (void)setUpFont;
+- (void)setUpWindow;
+- (void)setUpColors;
+- (void)confirmEditing:(id)sender;
+- (void)cancelEditing:(id)sender;
+- (void)abandonEditing;  // ends it without a word to the label
+@end
+
+// Turns shortcuts into a click outside.
+@interface OrvMCMyTextField : NSTextField
+@end

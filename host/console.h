@@ -1,0 +1,42 @@
+// What the person sees: results on the standard output, errors, warnings and progress on the standard error stream.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <mutex>
+#include <string>
+
+// Any thread. Whole lines only; the progress line gives way to them and comes back.
+class Console {
+ public:
+  explicit Console(bool quiet);
+  ~Console();
+  Console(const Console&) = delete;
+  Console& operator=(const Console&) = delete;
+
+  void say(const std::string& text);    // results; not if quiet. Ends with a newline or gets one
+  void print(const std::string& text);  // what was asked for, quiet or not
+  void warn(const std::string& text);   // errors and warnings, "widen: <text>"
+
+  // Progress over everything, shown from the first half second on, on a terminal, if not quiet.
+  void expect(std::int64_t frames, int files);
+  void advance(std::int64_t frames);
+  void fileDone();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void clearProgress();
+  void showProgress(Clock::time_point now);
+
+  const bool quiet;
+  const bool showsProgress;
+  std::mutex lock;
+  bool progressShown = false;
+  Clock::time_point start;
+  Clock::time_point lastShown;
+  std::int64_t expectedFrames = 0;
+  std::int64_t doneFrames = 0;
+  int expectedFiles = 0;
+  int doneFiles = 0;
+};

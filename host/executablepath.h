@@ -1,0 +1,7 @@
+// Where the running program lies.
+#pragma once
+
+#include <filesystem>
+
+// Absolute, links resolved; empty where the system does not tell. Any thread.
+std::filesystem::path executablePath();

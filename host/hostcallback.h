@@ -1,0 +1,55 @@
+// What an effect may ask of its host, and the answers.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+
+#include "plugin/vst24.h"
+
+// One for each effect, alive as long as the effect. Answers come on whatever thread the effect asks.
+class HostCallback {
+ public:
+  HostCallback() = default;
+  virtual ~HostCallback() = default;
+  HostCallback(const HostCallback&) = delete;
+  HostCallback& operator=(const HostCallback&) = delete;
+
+  // What VSTPluginMain is given. Finds the HostCallback by the record's resvd1, which is the host's, and before that
+  // by the Scope of the thread.
+  static VstIntPtr entry(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+
+  // While one lives, calls from this thread without a known record reach `callback`: during the effect's creation.
+  class Scope {
+   public:
+    explicit Scope(HostCallback* callback);
+    ~Scope();
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+   private:
+    HostCallback* before;
+  };
+
+  // Set by the effect's owner on the thread that calls the effect.
+  void setSampleRate(double hertz) { time.sampleRate = hertz; }
+  void setBlockSize(int frames) { blockSize = frames; }
+  void setUniqueID(VstInt32 id) { uniqueID = id; }
+  void setProcessing(bool on) { processing = on; }
+  void setPosition(std::int64_t frame);
+
+  // The effect announced another shape (channels, latency) since this was last asked.
+  bool takeIOChanged() { return ioChanged.exchange(false); }
+
+  // A host with a window answers more: overrides see each call first and hand on what they do not know.
+  virtual VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+
+ private:
+  VstTimeInfo* timeInfo();
+
+  VstTimeInfo time{};
+  std::atomic<int> blockSize = 0;      // frames; 0: not known yet
+  std::atomic<VstInt32> uniqueID = 0;  // 0: the effect is still being made
+  std::atomic<bool> processing = false;
+  std::atomic<bool> ioChanged = false;
+};

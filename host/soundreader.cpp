@@ -1,0 +1,74 @@
+// Reads a mono or stereo sound file.
+#include "host/soundreader.h"
+
+#include <system_error>
+
+#include "host/failure.h"
+
+namespace {
+
+constexpr std::size_t kBufferFrames = 16384;
+
+// What the library would word as a system error, or not notice at all.
+void checkIsThere(const std::filesystem::path& file) {
+  std::error_code error;
+  const auto status = std::filesystem::status(file, error);
+  if (!std::filesystem::exists(status)) {
+    throw Failure(file.string() + ": " + (error && error.value() != ENOENT ? error.message() : "no such file"));
+  }
+  if (std::filesystem::is_directory(status)) throw Failure(file.string() + ": is a folder, not a sound file");
+  if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, error) == 0 && !error) {
+    throw Failure(file.string() + ": is empty");
+  }
+}
+
+std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
+  std::vector<std::pair<int, std::string>> texts;
+  for (const int type : {SF_STR_TITLE, SF_STR_COPYRIGHT, SF_STR_ARTIST, SF_STR_COMMENT, SF_STR_DATE, SF_STR_ALBUM,
+                         SF_STR_LICENSE, SF_STR_TRACKNUMBER, SF_STR_GENRE}) {
+    const char* text = sf_get_string(file, type);
+    if (text != nullptr && *text != 0) texts.emplace_back(type, text);
+  }
+  return texts;
+}
+
+}  // namespace
+
+SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
+  checkIsThere(path);
+  file.reset(sf_open(path.c_str(), SFM_READ, &info));
+  if (!file) {
+    const int error = sf_error(nullptr);
+    const std::string text = sf_strerror(nullptr);
+    if (error == SF_ERR_SYSTEM) throw Failure(path.string() + ": cannot be read (" + text + ")");
+    throw Failure(path.string() + ": not a sound file (" + text + ")");
+  }
+  if (info.channels < 1 || info.channels > 2) {
+    throw Failure(path.string() + ": has " + std::to_string(info.channels) +
+                  " channels; only mono and stereo can be widened");
+  }
+  if (info.samplerate < 1) throw Failure(path.string() + ": names no sample rate");
+  if (info.frames < 1) throw Failure(path.string() + ": holds no sound (0 frames)");
+  tags = textsOf(file.get());
+  buffer.resize(kBufferFrames * static_cast<std::size_t>(info.channels));
+}
+
+bool SoundReader::refill() {
+  const sf_count_t frames = sf_readf_double(file.get(), buffer.data(), kBufferFrames);
+  if (frames <= 0 && sf_error(file.get()) != SF_ERR_NO_ERROR) {
+    throw Failure(path.string() + ": cannot be read on (" + sf_strerror(file.get()) + ")");
+  }
+  position = 0;
+  filled = frames > 0 ? static_cast<std::size_t>(frames) * static_cast<std::size_t>(info.channels) : 0;
+  return filled != 0;
+}
+
+int SoundReader::read(double* left, double* right, int count) {
+  const bool stereo = info.channels == 2;
+  for (int frame = 0; frame < count; ++frame) {
+    if (position == filled && !refill()) return frame;
+    left[frame] = buffer[position++];
+    right[frame] = stereo ? buffer[position++] : left[frame];
+  }
+  return count;
+}

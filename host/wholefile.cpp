@@ -1,0 +1,40 @@
+// Small files read and written at once.
+#include "host/wholefile.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <system_error>
+
+#include "host/effectrecord.h"
+#include "host/failure.h"
+#include "host/temporaryfile.h"
+
+std::vector<unsigned char> readWholeFile(const std::filesystem::path& file) {
+  std::error_code error;
+  if (!std::filesystem::exists(file, error)) throw Failure(file.string() + ": no such file");
+  if (std::filesystem::is_directory(file, error)) throw Failure(file.string() + ": is a folder");
+  const auto size = std::filesystem::file_size(file, error);
+  if (error) throw Failure(file.string() + ": cannot be read (" + error.message() + ")");
+  if (size == 0) throw Failure(file.string() + ": is empty");
+  if (size > static_cast<std::uintmax_t>(kLargestChunk)) throw Failure(file.string() + ": too large");
+  std::vector<unsigned char> bytes(size);
+  std::ifstream in(file, std::ios::binary);
+  if (!in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size))) {
+    throw Failure(file.string() + ": cannot be read");
+  }
+  return bytes;
+}
+
+void writeWholeFile(const std::filesystem::path& file, std::span<const unsigned char> bytes, bool replace) {
+  TemporaryFile temporary(file, replace);
+  while (!bytes.empty()) {
+    const ssize_t written = write(temporary.descriptor(), bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) throw Failure(file.string() + ": cannot be written (" + std::strerror(errno) + ")");
+    bytes = bytes.subspan(static_cast<std::size_t>(written));
+  }
+  temporary.keep();
+}
