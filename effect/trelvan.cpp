@@ -49,7 +49,10 @@ Trelvan::Trelvan(audioMasterCallback host)
   suspend();
 }
 
-Trelvan::~Trelvan() = default;
+// A window that is still open goes while there is a whole effect behind it.
+Trelvan::~Trelvan() {
+  editor.reset();
+}
 
 void Trelvan::resume() {
   CPresetSystemEffect::resume();

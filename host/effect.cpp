@@ -33,7 +33,13 @@ Effect::Effect(PluginModule& from, HostCallback& callback)
     const HostCallback::Scope scope(&host);
     effect = module.entryPoint()(&HostCallback::entry);
   }
-  checkEffectRecord(effect, name);
+  try {
+    checkEffectRecord(effect, name);
+  } catch (const Failure&) {
+    const bool isEffect = effect != nullptr && effect->magic == kEffectMagic && effect->dispatcher != nullptr;
+    if (isEffect) call(effClose, 0, 0, nullptr, 0.0F);
+    throw;
+  }
   effect->resvd1 = reinterpret_cast<VstIntPtr>(&host);
   host.setUniqueID(effect->uniqueID);
   call(effOpen, 0, 0, nullptr, 0.0F);

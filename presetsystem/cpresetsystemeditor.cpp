@@ -5,8 +5,8 @@
 
 #include "editor/corvtextedit.h"
 #include "editor/myframe.h"
+#include "editor/pressguard.h"
 #include "presetsystem/cpresetsystemeffect.h"
-#include "presetsystem/pressguard.h"
 
 CPresetSystemEditor::CPresetSystemEditor(CPresetSystemEffect* owner) : AEffGUIEditor(owner), presetEffect(owner) {}
 
@@ -14,7 +14,7 @@ bool CPresetSystemEditor::open(void* /*window*/) {
   if (frame == nullptr || view == nullptr || presetEffect == nullptr) return false;
   windowThread = std::this_thread::get_id();
   bar.build(*view, this, *presetEffect);
-  pressGuard = std::make_unique<PressGuard>(this);
+  pressGuard = std::make_unique<PressGuard>([this] { return fileOperationRunning(); });
   frame->registerMouseObserver(pressGuard.get());
   return true;
 }

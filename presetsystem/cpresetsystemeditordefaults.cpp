@@ -1,8 +1,8 @@
 // What the preset system keeps in the user's preferences: defaults, A/B memories, folder and file names.
+#include "editor/pressguard.h"
 #include "platform/prefs.h"
 #include "presetsystem/cpresetsystemeditor.h"
 #include "presetsystem/cpresetsystemeffect.h"
-#include "presetsystem/pressguard.h"
 
 namespace {
 

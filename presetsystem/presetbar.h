@@ -3,7 +3,10 @@
 
 #include <cstdint>
 
-#include "vstgui.h"
+namespace VSTGUI {
+class CViewContainer;
+class IControlListener;
+}  // namespace VSTGUI
 
 class COrvTextEdit;
 class CPresetMenu;

@@ -10,6 +10,7 @@ packages=build
 if [ "${1:-}" = --tests ]; then
   shift
   options=(-DTRELVAN_TESTS=ON)
+  [ "$preset" != release ] || options+=(-DTRELVAN_BENCHMARKS=ON)
   packages=test
 fi
 tools/dependencies.sh "$packages"

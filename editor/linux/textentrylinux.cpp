@@ -14,6 +14,8 @@ using VSTGUI::VirtualKey;
 
 namespace {
 
+constexpr double kTextRise = 0.5;  // pixels: the label draws that much further up, and the text must not jump
+
 bool isModifierKey(VirtualKey key) {
   return key == VirtualKey::ShiftModifier || key == VirtualKey::ControlModifier || key == VirtualKey::AltModifier;
 }
@@ -46,7 +48,7 @@ class EntryGuard final : public VSTGUI::IKeyboardHook, public VSTGUI::IMouseObse
 class FieldOwner final : public VSTGUI::CView, public VSTGUI::IPlatformTextEditCallback {
  public:
   FieldOwner(COrvTextEdit* edited, const TextEntryPlace& place)
-      : CView(CRect(VSTGUI::CPoint(place.x, place.y), VSTGUI::CPoint(place.width, place.height))),
+      : CView(CRect(VSTGUI::CPoint(place.x, place.y - kTextRise), VSTGUI::CPoint(place.width, place.height))),
         label(edited),
         frame(edited->getFrame()),
         oldFocusColor(frame->getFocusColor()),

@@ -1,12 +1,17 @@
 // The file dialog as the toolkit's own selector, which shows the system's panel.
 #include "platform/filedialog.h"
 
-#include "editor/mac/utf8.h"
+#include "editor/validtext.h"
 #include "lib/cfileselector.h"
 #include "lib/cvstguitimer.h"
 #include "vstgui.h"
 
 namespace {
+
+// The toolkit makes nil of other bytes, and the panel ends the process for it.
+bool isText(const std::string& bytes) {
+  return validText(bytes) == bytes;
+}
 
 // One panel. It is held by what runs it as well as by the dialog: the panel runs an event loop of its own, in which a
 // host may do anything, end the dialog's owner included.
@@ -26,10 +31,10 @@ struct Panel {
       return;
     }
     selector->setTitle(request.title.c_str());
-    if (!request.folder.empty() && isUtf8(request.folder)) selector->setInitialDirectory(request.folder.c_str());
+    if (!request.folder.empty() && isText(request.folder)) selector->setInitialDirectory(request.folder.c_str());
     selector->setDefaultExtension(VSTGUI::CFileExtension(request.typeName.c_str(), request.extension.c_str()));
     selector->setAllowMultiFileSelection(false);
-    if (request.save && isUtf8(request.proposedName)) selector->setDefaultSaveName(request.proposedName.c_str());
+    if (request.save && isText(request.proposedName)) selector->setDefaultSaveName(request.proposedName.c_str());
     selector->runModal();
     state = FileDialog::State::cancelled;
     if (selector->getNumSelectedFiles() == 1) {

@@ -3,11 +3,9 @@
 
 #import <objc/runtime.h>
 
-#include <string_view>
-
 #include "editor/corvtextedit.h"
 #include "editor/mac/textentrymac.h"
-#include "editor/mac/utf8.h"
+#include "editor/validtext.h"
 #include "platform/mac/manualreferences.h"
 
 namespace {
@@ -19,10 +17,9 @@ NSColor* cocoaColor(const VSTGUI::CColor& color) {
                                    alpha:color.alpha / 255.0];
 }
 
-// Never nil, which a field does not take. A name that was cut to its 24 bytes may end within a character.
-NSString* cocoaText(std::string_view text) {
-  NSString* string = [[NSString alloc] initWithBytes:text.data() length:utf8Length(text) encoding:NSUTF8StringEncoding];
-  return string != nil ? [string autorelease] : @"";
+// Never nil, which a field does not take: a name that was cut to its 24 bytes may end within a character.
+NSString* cocoaText(const VSTGUI::UTF8String& text) {
+  return [NSString stringWithUTF8String:validText(text.getString()).c_str()];
 }
 
 }  // namespace
@@ -58,14 +55,14 @@ NSString* cocoaText(std::string_view text) {
   [textField setEnabled:YES];
   [textField setDelegate:self];
   [textField setAlignment:NSTextAlignmentCenter];  // by its name: the numbers of centre and right differ by processor
-  [textField setStringValue:cocoaText(vstPointer->getText().getString())];
+  [textField setStringValue:cocoaText(vstPointer->getText())];
   [[textField cell] setWraps:NO];
   [[self contentView] addSubview:textField];
 }
 
 - (void)setUpFont {
   const VSTGUI::CFontRef font = vstPointer->getFont();
-  NSFont* cocoaFont = [NSFont fontWithName:cocoaText(font->getName().getString()) size:font->getSize()];
+  NSFont* cocoaFont = [NSFont fontWithName:cocoaText(font->getName()) size:font->getSize()];
   if (cocoaFont != nil) [textField setFont:cocoaFont];  // a font that is missing leaves the field its own
   const COrvTextEdit::CustomColor& edition = vstPointer->fontEditionColor();
   [textField setTextColor:cocoaColor(edition.set ? edition.color : vstPointer->getFontColor())];

@@ -1,0 +1,45 @@
+// What making an instance, saving it and restoring it take.
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <vector>
+
+#include "effect/trelvan.h"
+#include "tests/effect/processhost.h"
+
+namespace {
+
+// Stored defaults are looked for, as always; bench/run sees to it that there are none.
+void makeAndEnd(benchmark::State& loop) {
+  for (auto _ : loop) {
+    auto plugin = std::make_unique<Trelvan>(processHost);
+    benchmark::DoNotOptimize(plugin.get());
+  }
+}
+
+void getChunk(benchmark::State& loop) {
+  Trelvan plugin(processHost);
+  void* chunk = nullptr;
+  for (auto _ : loop) {
+    benchmark::DoNotOptimize(plugin.getChunk(&chunk, false));
+    benchmark::ClobberMemory();
+  }
+}
+
+void setChunk(benchmark::State& loop) {
+  Trelvan plugin(processHost);
+  void* chunk = nullptr;
+  const VstInt32 size = plugin.getChunk(&chunk, false);
+  const auto* bytes = static_cast<const char*>(chunk);
+  std::vector<char> kept(bytes, bytes + size);
+  for (auto _ : loop) {
+    if (plugin.setChunk(kept.data(), size, false) != 0) loop.SkipWithError("refused");
+    benchmark::ClobberMemory();
+  }
+}
+
+BENCHMARK(makeAndEnd)->Name("instance/make and end");
+BENCHMARK(getChunk)->Name("instance/getChunk");
+BENCHMARK(setChunk)->Name("instance/setChunk");
+
+}  // namespace

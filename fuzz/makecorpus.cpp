@@ -1,0 +1,180 @@
+// Writes the fuzz targets' seeds: small images and chunks of every kind, in both byte orders, made by the writers.
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "fuzz/imagelayout.h"
+#include "fuzz/records.h"
+#include "presetsystem/bytewriter.h"
+#include "presetsystem/chunkimage.h"
+
+namespace {
+
+using presetimage::Bytes;
+
+constexpr std::size_t kPresetEntries =
+    presetimage::kNameEntrySize + presetimage::kParameterCount * presetimage::kParameterEntrySize;
+
+Bytes withHeader(newpresetheader header, std::size_t entriesSize, std::int32_t entryCount, const Bytes& image) {
+  header.dataSize = static_cast<std::int32_t>(entriesSize);
+  header.entryCount = entryCount;
+  ByteWriter out;
+  header.write(out);
+  out.bytes(image.data() + newpresetheader::kSize, entriesSize);
+  return out.take();
+}
+
+// The whole bank is long; the first presets of it say as much to a mutator. presets: 0..32.
+Bytes bankImage(int presets) {
+  presetimage::InvalidParameters repaired;
+  const Bytes whole = presetimage::writeBank(fuzz::sampleBank(), fuzz::kUniqueID, 3, {}, repaired);
+  return withHeader(newpresetheader::read(whole), static_cast<std::size_t>(presets) * kPresetEntries, 6 * presets,
+                    whole);
+}
+
+// Values beyond 0..1: a bank is repaired, a preset refused.
+Bytes wildPresetImage() {
+  ACombProgram wild = fuzz::sampleDefault();
+  wild.width = 1.25F;
+  wild.phase = -3.0F;
+  return presetimage::writePreset(wild, fuzz::kUniqueID, {});
+}
+
+Bytes wildBankImage() {
+  Bytes image = wildPresetImage();
+  image[newpresetheader::kKindOffset] = static_cast<unsigned char>(ImageKind::bank);
+  return image;
+}
+
+// Records of old files and chunks: a name and `floats` values each.
+Bytes oldRecords(int records, int floats) {
+  const presetimage::Bank bank = fuzz::sampleBank();
+  ByteWriter out;
+  for (int number = 0; number < records; ++number) {
+    const ACombProgram& preset = bank[static_cast<std::size_t>(number)];
+    out.bytes(preset.name, sizeof preset.name);
+    for (int index = 0; index < floats; ++index) out.float32(preset.parameter(index % presetimage::kParameterCount));
+  }
+  return out.take();
+}
+
+Bytes oldFile(ImageKind kind, const Bytes& records, bool otherOrder) {
+  ByteWriter out;
+  out.int32(fuzz::kUniqueID);
+  out.uint8(static_cast<std::uint8_t>(kind));
+  out.bytes(records.data(), records.size());
+  Bytes file = out.take();
+  if (otherOrder) fuzz::reverseWordAt(file, 0);
+  return file;
+}
+
+Bytes oldChunk(int records, int floats, std::int32_t current) {
+  ByteWriter out;
+  out.int32(chunkimage::kOldFormatTag);
+  out.int32(fuzz::kUniqueID);
+  out.int32(records);
+  out.int32(current);
+  out.zeros(16);
+  const Bytes all = oldRecords(records, floats);
+  out.bytes(all.data(), all.size());
+  return out.take();
+}
+
+Bytes oldChunkInOtherOrder(Bytes chunk) {
+  fuzz::reverseWordsFrom(std::span<unsigned char>(chunk).first(chunkimage::kOldHeaderSize), 0);
+  return chunk;
+}
+
+// Two bytes in front, by which setchunk tells how the host's size relates to the data.
+Bytes steered(unsigned char mode, unsigned char cut, const Bytes& chunk) {
+  Bytes input = {mode, cut};
+  input.insert(input.end(), chunk.begin(), chunk.end());
+  return input;
+}
+
+class Corpus {
+ public:
+  explicit Corpus(std::filesystem::path root) : folder(std::move(root)) {}
+
+  void add(const std::string& target, const std::string& name, const Bytes& seed) {
+    std::filesystem::create_directories(folder / target);
+    std::ofstream out(folder / target / name, std::ios::binary | std::ios::trunc);
+    out.write(reinterpret_cast<const char*>(seed.data()), static_cast<std::streamsize>(seed.size()));
+    written = written && out.good();
+  }
+  void addBothOrders(const std::string& target, const std::string& name, const Bytes& image) {
+    add(target, name, image);
+    add(target, name + "-other-order", fuzz::inOtherOrder(image));
+  }
+  bool complete() const { return written; }
+
+ private:
+  std::filesystem::path folder;
+  bool written = true;
+};
+
+void addImages(Corpus& corpus) {
+  const Bytes preset = presetimage::writePreset(fuzz::sampleDefault(), fuzz::kUniqueID, {});
+  const Bytes midiMap = presetimage::writeMidiMap({0.0F, 0.25F, 0.5F, 0.75F, 1.0F}, fuzz::kUniqueID, {});
+  for (const char* target : {"bank", "editorimages"}) {
+    corpus.add(target, "bank-empty", bankImage(0));
+    corpus.addBothOrders(target, "bank-2-presets", bankImage(2));
+    corpus.add(target, "bank-wild", wildBankImage());
+    corpus.add(target, "bank-whole", bankImage(presetimage::kPresetCount));
+  }
+  for (const char* target : {"preset", "editorimages"}) {
+    corpus.addBothOrders(target, "preset", preset);
+    corpus.add(target, "preset-wild", wildPresetImage());
+  }
+  for (const char* target : {"midimap", "editorimages"}) corpus.addBothOrders(target, "midimap", midiMap);
+  corpus.add("midimap", "old-floats", oldRecords(1, 5));
+}
+
+void addOld(Corpus& corpus) {
+  for (const char* target : {"oldfile", "editorimages"}) {
+    corpus.add(target, "old-preset", oldFile(ImageKind::oldPreset, oldRecords(1, 5), false));
+    corpus.add(target, "old-preset-other-order", oldFile(ImageKind::oldPreset, oldRecords(1, 3), true));
+    corpus.add(target, "old-bank", oldFile(ImageKind::oldBank, oldRecords(presetimage::kPresetCount, 5), false));
+    corpus.add(target, "old-bank-other-order",
+               oldFile(ImageKind::oldBank, oldRecords(presetimage::kPresetCount, 1), true));
+  }
+  corpus.add("oldchunk", "whole", oldChunk(32, 5, 7));
+  corpus.add("oldchunk", "two-records", oldChunk(2, 5, 40));
+  corpus.add("oldchunk", "three-floats", oldChunk(4, 3, 1));
+  corpus.add("oldchunk", "no-records", oldChunk(0, 5, 2));
+  corpus.add("oldchunk", "other-order", oldChunkInOtherOrder(oldChunk(2, 0, 1)));
+}
+
+void addChunks(Corpus& corpus) {
+  const Bytes small = chunkimage::wrapBank(bankImage(2), fuzz::kUniqueID);
+  corpus.add("setchunk", "whole", steered(0, 0, chunkimage::wrapBank(bankImage(32), fuzz::kUniqueID)));
+  corpus.add("setchunk", "small", steered(0, 0, small));
+  corpus.add("setchunk", "other-order", steered(0, 0, fuzz::chunkInOtherOrder(small)));
+  corpus.add("setchunk", "cut", steered(1, 128, small));
+  corpus.add("setchunk", "no-size", steered(2, 0, small));
+  corpus.add("setchunk", "negative-size", steered(3, 0, fuzz::chunkInOtherOrder(small)));
+  corpus.add("setchunk", "wild", steered(0, 0, chunkimage::wrapBank(wildBankImage(), fuzz::kUniqueID)));
+  corpus.add("setchunk", "old", steered(0, 0, oldChunk(32, 5, 7)));
+  corpus.add("setchunk", "old-other-order", steered(0, 0, oldChunkInOtherOrder(oldChunk(2, 0, 1))));
+
+  Bytes records = oldRecords(3, 5);
+  records.insert(records.begin(), 0);  // no placeholders
+  corpus.add("writers", "records", records);
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  if (count != 2) {
+    std::fprintf(stderr, "usage: makecorpus FOLDER\n");
+    return 2;
+  }
+  Corpus corpus(words[1]);
+  addImages(corpus);
+  addOld(corpus);
+  addChunks(corpus);
+  if (corpus.complete()) return 0;
+  std::fprintf(stderr, "makecorpus: %s could not be written\n", words[1]);
+  return 1;
+}

@@ -1,0 +1,97 @@
+// Fuzz target: the chunk's prefix and the reader of old chunks.
+#include <algorithm>
+#include <cstring>
+#include <span>
+
+#include "fuzz/imagelayout.h"
+#include "fuzz/records.h"
+#include "fuzz/require.h"
+#include "presetsystem/chunkimage.h"
+
+namespace {
+
+using presetimage::Bank;
+using presetimage::Bytes;
+using presetimage::DummySlots;
+
+constexpr std::size_t kCountOffset = 8;
+constexpr std::size_t kReservedOffset = 16;  // four words that mean nothing
+
+// A chunk as it is taken in: its first 1440 bytes, zero-filled.
+Bytes takenIn(std::span<const unsigned char> chunk) {
+  Bytes data(chunk.begin(), chunk.begin() + static_cast<std::ptrdiff_t>(std::min(chunk.size(), chunkimage::kOldSize)));
+  data.resize(chunkimage::kOldSize);
+  data.shrink_to_fit();
+  return data;
+}
+
+chunkimage::OldReading readOver(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlots& dummies,
+                                Bank& bank) {
+  bank = fuzz::sampleBank();
+  const std::span<const unsigned char, chunkimage::kOldSize> whole(data.data(), chunkimage::kOldSize);
+  return chunkimage::readOldChunk(whole, byteSize, swapped, dummies, fuzz::sampleDefault(), bank);
+}
+
+// Bytes from one record to the next; 0: too small for a name.
+std::size_t strideOf(std::int64_t byteSize, std::int32_t count) {
+  const std::int64_t share = (byteSize - 32) / count;
+  return byteSize < 32 || share < ACombProgram::kNameSize ? 0 : static_cast<std::size_t>(share / 4 * 4);
+}
+
+// Floats are turned, names stay, as the stride tells them apart.
+Bytes inOtherOrder(Bytes data, std::size_t stride) {
+  const std::span<unsigned char> bytes(data);
+  fuzz::reverseWordsFrom(bytes.first(chunkimage::kOldHeaderSize), 0);
+  if (stride == 0) return data;
+  for (std::size_t at = chunkimage::kOldHeaderSize; at < data.size(); at += std::min(stride, data.size())) {
+    fuzz::reverseWordsFrom(bytes.subspan(at, std::min(stride, data.size() - at)), ACombProgram::kNameSize);
+  }
+  return data;
+}
+
+void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlots& dummies) {
+  const Bank before = fuzz::sampleBank();
+  Bank bank;
+  const chunkimage::OldReading reading = readOver(data, byteSize, swapped, dummies, bank);
+  require(fuzz::normalised(bank), "all values lie in 0..1, even where the reading was refused");
+  require(!reading.complete || (reading.presetToSelect >= 0 && reading.presetToSelect < presetimage::kPresetCount),
+          "the preset to select is one of the bank");
+
+  const std::int32_t count = fuzz::wordAt(data, kCountOffset, swapped);
+  const std::size_t stride = count > 0 ? strideOf(byteSize, count) : 0;
+  const std::size_t taken = std::min(stride, sizeof(ACombProgram));  // of a record
+  for (std::size_t number = 0; number < bank.size(); ++number) {
+    const std::size_t at = chunkimage::kOldHeaderSize + number * stride;
+    const bool there = stride != 0 && static_cast<std::int64_t>(number) < count && at + taken <= data.size();
+    if (!there) {
+      require(fuzz::identical(bank[number], before[number]), "a preset without a record stays as it was");
+    } else if (reading.complete) {
+      require(std::memcmp(bank[number].name, data.data() + at, ACombProgram::kNameSize) == 0,
+              "a preset has its record's name");
+    }
+  }
+
+  Bank turned;
+  const chunkimage::OldReading other = readOver(inOtherOrder(data, stride), byteSize, !swapped, dummies, turned);
+  require(other.complete == reading.complete && other.presetToSelect == reading.presetToSelect &&
+              fuzz::identical(turned, bank),
+          "the other byte order reads the same");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t size) {
+  if (size < chunkimage::kPrefixSize) return 0;
+  const Bytes chunk(input, input + size);
+  const std::span<const unsigned char, chunkimage::kPrefixSize> prefixBytes(chunk.data(), chunkimage::kPrefixSize);
+  const chunkimage::Prefix prefix = chunkimage::readPrefix(prefixBytes, fuzz::kUniqueID);
+  const bool swapped = prefix.order == ByteOrder::swapped;
+  require(prefix.formatTag == fuzz::wordAt(chunk, 0, swapped), "the tag is told in this machine's order");
+
+  const Bytes data = takenIn(chunk);
+  read(data, static_cast<std::int64_t>(size), swapped, {});
+  // A size and placeholders that do not follow from what is there.
+  const std::int32_t named = fuzz::wordAt(data, kReservedOffset, false);
+  read(data, named, swapped, fuzz::dummiesFrom(static_cast<std::uint32_t>(named) >> 16));
+  return 0;
+}

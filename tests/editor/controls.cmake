@@ -1,0 +1,19 @@
+# The window's own view classes in a frame without a window.
+trelvan_add_test(controlstest editor
+  SOURCES
+    controltest.cpp
+    cabouttest.cpp
+    cpresetmenutest.cpp
+    cpskickbuttontest.cpp
+    cpsonoffbuttontest.cpp
+    cpsrockerswitchtest.cpp
+    csaveloadbuttontest.cpp
+    csplashscreenmyviewtest.cpp
+    cvumeter1test.cpp
+    doubleclicktest.cpp
+    fitnametest.cpp
+    presetpopuplayouttest.cpp
+    presetpopuplinuxtest.cpp
+    validtexttest.cpp
+    wheelstepstest.cpp
+  LIBRARIES trelvan)

@@ -1,0 +1,90 @@
+// Files that must not outlive the program when a signal ends it.
+#include "host/interruption.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sndfile.h>
+#include <unistd.h>
+
+#include "tests/host/program.h"
+#include "tests/host/sounds.h"
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define WIDEN_SANITIZED
+#endif
+#endif
+#ifdef __SANITIZE_ADDRESS__
+#define WIDEN_SANITIZED
+#endif
+
+namespace {
+
+using testing::ElementsAre;
+
+class Interruptions : public ProgramTest {
+ protected:
+  Interruptions() {
+    writeSound(in("a.wav"), noise(10000, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+    writeSound(in("b.wav"), noise(10000, 2, 2), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  }
+
+  // Starts a conversion, waits until the effect has it, and ends it.
+  Outcome interrupted(int signalNumber, const std::vector<std::string>& words) {
+    const std::filesystem::path started = root / "started";
+    std::filesystem::remove(started);
+    const int process = startProgram(folder, words, {{{"WIDEN_TEST_FILE", started.string()}}});
+    for (int i = 0; i < 1000 && !std::filesystem::exists(started); ++i) usleep(10000);
+    EXPECT_TRUE(std::filesystem::exists(started));
+    EXPECT_GT(names().size(), 2U) << "an unfinished file is there";
+    kill(process, signalNumber);
+    return waitForProgram(process, folder);
+  }
+};
+
+}  // namespace
+
+TEST_F(Interruptions, LeaveNoUnfinishedFileBehind) {
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    const Outcome outcome = interrupted(number, {"a.wav", "-o", "out.wav", "--plugin", plugin("waits")});
+    EXPECT_EQ(outcome.status, -number) << "it ends as the signal says, so that a shell stops too";
+    EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav"));
+  }
+}
+
+TEST_F(Interruptions, LeaveNoneOfSeveralFiles) {
+  std::filesystem::create_directory(in("out"));
+  const Outcome outcome = interrupted(SIGINT, {"a.wav", "b.wav", "-o", "out", "-j", "2", "--plugin", plugin("waits")});
+  EXPECT_EQ(outcome.status, -SIGINT);
+  EXPECT_TRUE(std::filesystem::is_empty(in("out")));
+}
+
+TEST_F(Interruptions, KeepAnExistingFileAsItWas) {
+  writeText(in("out.wav"), "old");
+  interrupted(SIGINT, {"a.wav", "-o", "out.wav", "--force", "--plugin", plugin("waits")});
+  EXPECT_EQ(textOf(in("out.wav")), "old");
+  EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav", "out.wav"));
+}
+
+TEST_F(Interruptions, CleanUpBehindACrash) {
+#ifdef WIDEN_SANITIZED
+  GTEST_SKIP() << "the sanitizer handles crashes itself";
+#endif
+  const Outcome outcome = widen({"a.wav", "-o", "out.wav", "--plugin", plugin("crashes")});
+  EXPECT_EQ(outcome.status, -SIGSEGV);
+  EXPECT_EQ(outcome.error, "widen: crashed, most likely inside the effect; unfinished files were removed\n");
+  EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav"));
+}
+
+TEST_F(Interruptions, HandOutAsManySlotsAsAreFree) {
+  const char* path = "/nonexistent/file";
+  std::vector<int> slots;
+  for (int slot = 0; (slot = removeOnSignal(path)) >= 0;) slots.push_back(slot);
+  EXPECT_GT(slots.size(), 500U);
+  forgetOnSignal(slots[3]);
+  EXPECT_EQ(removeOnSignal(path), slots[3]);
+  for (const int slot : slots) forgetOnSignal(slot);
+  forgetOnSignal(-1);
+  EXPECT_FALSE(endedBySignal());
+}

@@ -1,0 +1,102 @@
+// The picture of what an effect did to the stereo image.
+#include "host/plot.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "host/failure.h"
+#include "host/plotcanvas.h"
+#include "tests/host/tempfolder.h"
+
+namespace {
+
+class Plots : public TempFolder {
+ protected:
+  // A PNG tells its size in its first chunk, most significant byte first.
+  static std::pair<int, int> sizeOfPng(const std::string& bytes) {
+    const auto number = [&](std::size_t at) {
+      int value = 0;
+      for (std::size_t i = 0; i < 4; ++i) value = value * 256 + static_cast<unsigned char>(bytes[at + i]);
+      return value;
+    };
+    EXPECT_EQ(bytes.substr(1, 3), "PNG");
+    return {number(16), number(20)};
+  }
+
+  static Conversion someConversion() {
+    Conversion done;
+    done.channels = 2;
+    done.sampleRate = 44100;
+    done.framesRead = 4410;
+    done.preset = "preset 1 \"mix 1\"";
+    done.values = std::string(400, 'v');  // longer than the picture is wide
+    return done;
+  }
+
+  std::string draw(const StereoAnalysis& analysis, const std::string& input) const {
+    Job job{input, in("out.wav"), in("p.png")};
+    drawPlot(analysis, someConversion(), job, true)->keep();
+    return textOf(in("p.png"));
+  }
+};
+
+}  // namespace
+
+TEST_F(Plots, ArePngsThatFollowTheSound) {
+  StereoAnalysis narrow(44100);
+  StereoAnalysis wide(44100);
+  for (int i = 0; i < 20000; ++i) {
+    const double mid = 0.5 * std::sin(0.05 * i);
+    const double side = 0.3 * std::sin(0.031 * i);
+    const double left = mid + side;
+    const double right = mid - side;
+    for (StereoAnalysis* analysis : {&narrow, &wide}) analysis->addBefore(&mid, &mid, 1);
+    narrow.addAfter(&mid, &mid, 1);
+    wide.addAfter(&left, &right, 1);
+  }
+  const std::string first = draw(narrow, "song.wav");
+  const std::string second = draw(wide, "song.wav");
+  EXPECT_EQ(sizeOfPng(first), (std::pair{1600, 1080}));
+  EXPECT_NE(first, second);
+  EXPECT_EQ(first, draw(narrow, "song.wav")) << "the same again";
+  EXPECT_NE(first, draw(narrow, "other.wav")) << "the title";
+}
+
+TEST_F(Plots, ManageWithSilenceAndWithNothing) {
+  StereoAnalysis silent(8000);
+  const double zero = 0.0;
+  silent.addBefore(&zero, &zero, 1);
+  silent.addAfter(&zero, &zero, 1);
+  EXPECT_EQ(sizeOfPng(draw(silent, "silent.wav")).first, 1600);
+  EXPECT_EQ(sizeOfPng(draw(StereoAnalysis(30), "nothing.wav")).first, 1600) << "and with a rate below all axes";
+}
+
+TEST_F(Plots, ShowTextsThatAreNotText) {
+  for (const char* name : {"\xff\xfe.wav", "\xc3.wav", "\xed\xa0\x80.wav", "\xf4\x90\x80\x80.wav", "\xe2\x82\xac.wav",
+                           "line\nbreak.wav", "\xc0\x80.wav"}) {
+    PlotCanvas canvas(60, 30, {0, 0, 0});
+    const PlotText look{12, {1, 1, 1}};
+    canvas.text(canvas.fitted(name, look, 30), {0, 20}, look);
+    const TemporaryFile file(in("p.png"), true);
+    EXPECT_NO_THROW(canvas.writePng(file.descriptor())) << name;
+  }
+}
+
+TEST_F(Plots, AreNotLeftUnfinished) {
+  const StereoAnalysis analysis(44100);
+  const Job job{"a.wav", in("out.wav"), in("p.png")};
+  { const auto file = drawPlot(analysis, someConversion(), job, false); }
+  EXPECT_THAT(names(), testing::IsEmpty());
+}
+
+TEST_F(Plots, ShortenTextsToTheirRoom) {
+  PlotCanvas canvas(100, 100, {0, 0, 0});
+  const PlotText look{12, {1, 1, 1}};
+  EXPECT_EQ(canvas.fitted("short", look, 90), "short");
+  const std::string fitted = canvas.fitted("much too long for it \xc3\xa4\xc3\xb6\xc3\xbc and more", look, 90);
+  EXPECT_LE(canvas.widthOf(fitted, look), 90);
+  EXPECT_TRUE(fitted.ends_with("\u2026"));
+  EXPECT_TRUE(fitted.starts_with("much"));
+}

@@ -1,0 +1,79 @@
+// Runs the built widen.
+#include "tests/host/program.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int kLongest = 30;  // s
+
+std::string contentOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+}  // namespace
+
+int startProgram(const std::filesystem::path& folder, const std::vector<std::string>& words,
+                 const Surroundings& surroundings) {
+  std::vector<std::string> all = {WIDEN_PROGRAM};
+  all.insert(all.end(), words.begin(), words.end());
+  std::vector<char*> pointers;
+  pointers.reserve(all.size() + 1);
+  for (std::string& word : all) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  const std::filesystem::path out = folder.parent_path() / "out";
+  const std::filesystem::path error = folder.parent_path() / "error";
+  const int process = fork();
+  if (process != 0) return process;
+  // In the child: nothing but what leads to exec.
+  if (chdir(folder.c_str()) != 0) _exit(100);
+  const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  const int errorFile = open(error.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  if (dup2(outFile, STDOUT_FILENO) < 0 || dup2(errorFile, STDERR_FILENO) < 0) _exit(101);
+  for (const auto& [name, value] : surroundings.environment) setenv(name.c_str(), value.c_str(), 1);
+  if (surroundings.fileSizeLimit != 0) {
+    const auto limit = static_cast<rlim_t>(surroundings.fileSizeLimit);
+    const rlimit both{limit, limit};
+    setrlimit(RLIMIT_FSIZE, &both);
+  }
+  setenv("LSAN_OPTIONS", "suppressions=" WIDEN_LEAKS, 1);
+  alarm(kLongest);
+  execv(WIDEN_PROGRAM, pointers.data());
+  _exit(102);
+}
+
+Outcome waitForProgram(int process, const std::filesystem::path& folder) {
+  int status = 0;
+  rusage use{};
+  wait4(process, &status, 0, &use);
+  const std::filesystem::path out = folder.parent_path() / "out";
+  const std::filesystem::path error = folder.parent_path() / "error";
+  Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), contentOf(out), contentOf(error),
+                  use.ru_maxrss};
+  return outcome;
+}
+
+Outcome runProgram(const std::filesystem::path& folder, const std::vector<std::string>& words,
+                   const Surroundings& surroundings) {
+  return waitForProgram(startProgram(folder, words, surroundings), folder);
+}
+
+// The effect keeps preferences: the tests' own, empty at first.
+ProgramTest::ProgramTest() {
+  setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
+}
+
+void ProgramTest::expectRefusal(const Outcome& outcome, int status, const std::string& text) {
+  EXPECT_EQ(outcome.status, status) << outcome.error;
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << outcome.error;
+  EXPECT_TRUE(outcome.error.starts_with("widen: ")) << outcome.error;
+  EXPECT_NE(outcome.error.find(text), std::string::npos) << outcome.error << "does not contain: " << text;
+}

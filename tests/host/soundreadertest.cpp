@@ -1,0 +1,100 @@
+// Reads a mono or stereo sound file.
+#include "host/soundreader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/failure.h"
+#include "tests/host/sounds.h"
+#include "tests/host/tempfolder.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class SoundReaderFiles : public TempFolder {
+ protected:
+  std::string refusalOf(const std::string& name) const {
+    try {
+      SoundReader reader(in(name));
+    } catch (const Failure& failure) {
+      return failure.what();
+    }
+    return "accepted";
+  }
+};
+
+}  // namespace
+
+TEST_F(SoundReaderFiles, GivesEverySampleInPiecesOfAnySize) {
+  const Sound sound = noise(40000, 2, 1);
+  writeSound(in("a.wav"), sound, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
+  for (const int piece : {1000, 16384, 16385, 40001}) {
+    SoundReader reader(in("a.wav"));
+    EXPECT_EQ(reader.channels(), 2);
+    EXPECT_EQ(reader.sampleRate(), 44100);
+    EXPECT_EQ(reader.frames(), 40000);
+    std::vector<double> left(static_cast<std::size_t>(piece));
+    std::vector<double> right(left);
+    std::vector<double> all;
+    int frames = 0;
+    while ((frames = reader.read(left.data(), right.data(), piece)) > 0) {
+      for (int i = 0; i < frames; ++i) {
+        all.push_back(left[static_cast<std::size_t>(i)]);
+        all.push_back(right[static_cast<std::size_t>(i)]);
+      }
+    }
+    EXPECT_EQ(all, sound.samples) << piece;
+    EXPECT_EQ(reader.read(left.data(), right.data(), piece), 0) << "stays at the end";
+  }
+}
+
+TEST_F(SoundReaderFiles, GivesMonoOnBothSides) {
+  const Sound sound = noise(100, 1, 2);
+  writeSound(in("a.wav"), sound, SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  SoundReader reader(in("a.wav"));
+  std::vector<double> left(100);
+  std::vector<double> right(100);
+  ASSERT_EQ(reader.read(left.data(), right.data(), 100), 100);
+  EXPECT_EQ(left, sound.samples);
+  EXPECT_EQ(right, sound.samples);
+}
+
+TEST_F(SoundReaderFiles, ScalesIntegersWithoutARoundingError) {
+  const Sound sound{48000, 1, {-1.0, 1.0 - 1.0 / 8388608, 1.0 / 8388608, 0.0}};
+  writeSound(in("a.aiff"), sound, SF_FORMAT_AIFF | SF_FORMAT_PCM_24);
+  SoundReader reader(in("a.aiff"));
+  std::vector<double> left(4);
+  std::vector<double> right(4);
+  reader.read(left.data(), right.data(), 4);
+  EXPECT_EQ(left, sound.samples);
+  EXPECT_EQ(reader.format(), SampleFormat::pcm24);
+}
+
+TEST_F(SoundReaderFiles, SaysWhatIsWrongWithAFile) {
+  EXPECT_THAT(refusalOf("missing.wav"), HasSubstr("missing.wav: no such file"));
+  std::filesystem::create_directory(in("folder.wav"));
+  EXPECT_THAT(refusalOf("folder.wav"), HasSubstr("is a folder"));
+  writeText(in("empty.wav"), "");
+  EXPECT_THAT(refusalOf("empty.wav"), HasSubstr("is empty"));
+  writeText(in("text.wav"), "this is not sound, whatever its name says\n");
+  EXPECT_THAT(refusalOf("text.wav"), HasSubstr("not a sound file"));
+  writeText(in("below/x"), "");
+  EXPECT_THAT(refusalOf("text.wav/a.wav"), HasSubstr("Not a directory"));
+}
+
+TEST_F(SoundReaderFiles, RefusesNoFramesAndTooManyChannels) {
+  writeSound(in("none.wav"), Sound{44100, 2, {}}, SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  EXPECT_THAT(refusalOf("none.wav"), HasSubstr("0 frames"));
+  writeSound(in("surround.wav"), noise(10, 6, 3), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  EXPECT_THAT(refusalOf("surround.wav"), HasSubstr("6 channels"));
+}
+
+TEST_F(SoundReaderFiles, ReadsTheWholeOfATruncatedFile) {
+  writeSound(in("a.wav"), noise(1000, 2, 4), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  std::filesystem::resize_file(in("a.wav"), 44 + 4 * 600);  // header, and 600 frames of 4 bytes
+  SoundReader reader(in("a.wav"));
+  std::vector<double> left(2000);
+  std::vector<double> right(2000);
+  EXPECT_EQ(reader.read(left.data(), right.data(), 2000), 600);
+}

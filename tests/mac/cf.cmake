@@ -1,0 +1,50 @@
+# Label mac-cf: the sources that need Core Foundation, the dynamic loader, Carbon or the toolkit's platform, on doubles.
+add_library(mac_doubles STATIC
+  compat/doubles/cfobject.cpp
+  compat/doubles/cfbundle.cpp
+  compat/doubles/cfpreferences.cpp
+  compat/doubles/dyld.cpp
+  compat/doubles/carbon.cpp)
+target_include_directories(mac_doubles PUBLIC ${compat}/declarations ${compat}/doubles)
+target_link_libraries(mac_doubles PUBLIC trelvan_options)
+
+mac_test(maccftest
+  SOURCES
+    cf/cfobjecttest.cpp cf/prefscftest.cpp cf/bundlelookuptest.cpp cf/toolkitmactest.cpp cf/pacingmactest.cpp
+    ${PROJECT_SOURCE_DIR}/platform/mac/prefscf.cpp
+    ${PROJECT_SOURCE_DIR}/editor/mac/bundlelookup.cpp
+    ${PROJECT_SOURCE_DIR}/editor/mac/toolkitmac.cpp
+    ${PROJECT_SOURCE_DIR}/editor/mac/pacingmac.cpp
+  LIBRARIES mac_doubles)
+# The toolkit's headers only: the test stands in for the two functions that are called.
+target_include_directories(maccftest SYSTEM PRIVATE $<TARGET_PROPERTY:trelvan_toolkit,INTERFACE_SYSTEM_INCLUDE_DIRECTORIES>)
+
+# Two bundles with the lookup in them, loaded side by side as a host does.
+set(bundles ${CMAKE_CURRENT_BINARY_DIR}/bundles)
+foreach(name One "Two u")
+  string(MAKE_C_IDENTIFIER "macbundle_${name}" target)
+  add_library(${target} MODULE cf/bundleprobe.cpp
+    ${PROJECT_SOURCE_DIR}/editor/mac/bundlelookup.cpp ${PROJECT_SOURCE_DIR}/platform/mac/modulepath.cpp)
+  target_link_libraries(${target} PRIVATE mac_doubles)
+  set_target_properties(${target} PROPERTIES PREFIX "" SUFFIX "" OUTPUT_NAME ${name}
+    LIBRARY_OUTPUT_DIRECTORY "${bundles}/${name}.vst/Contents/MacOS")
+  list(APPEND bundle_targets ${target})
+endforeach()
+
+mac_test(macpathtest
+  SOURCES
+    cf/modulepathtest.cpp cf/openmanualtest.cpp
+    ${PROJECT_SOURCE_DIR}/platform/mac/modulepath.cpp
+    ${PROJECT_SOURCE_DIR}/platform/mac/openmanual.cpp
+  LIBRARIES ${CMAKE_DL_LIBS})
+target_compile_definitions(macpathtest PRIVATE MAC_BUNDLES="${bundles}")
+add_dependencies(macpathtest ${bundle_targets})
+file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/Resources)  # beside the program's folder, as in a bundle
+
+mac_test(mactoolkittest
+  SOURCES
+    toolkit/framewindowmactest.cpp toolkit/filedialogmactest.cpp compat/doubles/toolkitfactory.cpp
+    ${PROJECT_SOURCE_DIR}/editor/mac/framewindowmac.cpp
+    ${PROJECT_SOURCE_DIR}/editor/mac/filedialogmac.cpp
+    ${PROJECT_SOURCE_DIR}/editor/validtext.cpp
+  LIBRARIES trelvan_toolkit)

@@ -1,0 +1,46 @@
+# Label mac-cocoa: the .mm files of the plug-in on GNUstep, in a real application with real keys and clicks under Xvfb.
+find_program(MAC_CLANGXX NAMES clang++-14 clang++ REQUIRED)  # gcc does not compile these files rightly
+if(NOT CMAKE_OBJCXX_COMPILER)
+  set(CMAKE_OBJCXX_COMPILER ${MAC_CLANGXX})
+endif()
+enable_language(OBJCXX)
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS OFF)
+find_package(GNUstep REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(MAC_EVENTS REQUIRED IMPORTED_TARGET xcb xcb-xtest xkbcommon)
+
+add_executable(maccocoatest
+  cocoa/cocoatest.mm
+  cocoa/xplatmutextest.mm
+  cocoa/xplatalerttest.mm
+  cocoa/idletimertest.mm
+  cocoa/textentrymactest.mm
+  ${PROJECT_SOURCE_DIR}/tests/window/testdisplay.cpp
+  ${PROJECT_SOURCE_DIR}/tests/window/picture.cpp
+  ${PROJECT_SOURCE_DIR}/platform/mac/xplatalert.mm
+  ${PROJECT_SOURCE_DIR}/platform/mac/xplatmutex.mm
+  ${PROJECT_SOURCE_DIR}/editor/mac/idletimer.mm
+  ${PROJECT_SOURCE_DIR}/editor/mac/textentrymac.mm
+  ${PROJECT_SOURCE_DIR}/editor/mac/textentrywindow.mm)
+target_include_directories(maccocoatest PRIVATE cocoa ${PROJECT_SOURCE_DIR}/tests/window)
+# The library brings the label and the editor's base; its own text entry and lock stay out, as ours come first.
+target_link_libraries(maccocoatest PRIVATE trelvan GNUstep::Gui PkgConfig::MAC_EVENTS GTest::gtest)
+target_compile_options(maccocoatest PRIVATE
+  "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-Wno-unknown-warning-option -Wobjc-method-access>"  # some warnings are g++'s
+  "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-include ${compat}/gnustep/cocoacompat.h>")
+
+set_source_files_properties(cocoa/cocoatest.mm PROPERTIES COMPILE_OPTIONS -UNDEBUG)  # or GNUstep hides its counts
+
+# One test a suite, but for the alerts: here the second one of a process gets no keys. RESOURCE_LOCK: what they do takes
+# its time, and more of it while others do the same.
+foreach(filter
+    XplatMutexMac.* IdleTimerMac.* TextEntryMac.*
+    XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape XplatAlertMac.IsDismissedByAClickOnOk
+    XplatAlertMac.ShowsBytesAbove127AsRomanCharacters XplatAlertMac.TakesNoMessage)
+  string(REPLACE ".*" "" name ${filter})
+  add_test(NAME ${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/withdisplay.sh $<TARGET_FILE:maccocoatest>)
+  set_tests_properties(${name} PROPERTIES LABELS mac-cocoa TIMEOUT 120 RESOURCE_LOCK mac-display
+    ENVIRONMENT "GTEST_FILTER=${filter}")
+endforeach()

@@ -1,0 +1,90 @@
+// The recursive lock, on GNUstep.
+#include "platform/xplat.h"
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#import "cocoatest.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+class XplatMutexMac : public CocoaTest {
+ protected:
+  void SetUp() override {
+    CocoaTest::SetUp();
+    locksBefore = alive("NSRecursiveLock");
+    mutex = XPlatCreateMutex();
+  }
+  void TearDown() override {
+    XPlatDeleteMutex(mutex);
+    EXPECT_EQ(alive("NSRecursiveLock"), locksBefore);
+    CocoaTest::TearDown();
+  }
+
+  int locksBefore = 0;
+  void* mutex = nullptr;
+};
+
+TEST_F(XplatMutexMac, NeedsAsManyUnlocksAsLocks) {
+  XPlatLockMutex(mutex, 0);
+  XPlatLockMutex(mutex, 0);
+  std::atomic<bool> got{false};
+  std::thread other([&] {
+    XPlatLockMutex(mutex, 0);
+    got = true;
+    XPlatUnlockMutex(mutex);
+  });
+  std::this_thread::sleep_for(milliseconds(100));
+  EXPECT_FALSE(got);
+  XPlatUnlockMutex(mutex);
+  std::this_thread::sleep_for(milliseconds(100));
+  EXPECT_FALSE(got);
+  XPlatUnlockMutex(mutex);
+  other.join();
+  EXPECT_TRUE(got);
+}
+
+TEST_F(XplatMutexMac, GoesOnWhenTheTimeIsUp) {
+  XPlatLockMutex(mutex, 0);
+  const auto begin = Clock::now();
+  milliseconds waited{};
+  std::thread other([&] {
+    XPlatLockMutex(mutex, 150);
+    waited = std::chrono::duration_cast<milliseconds>(Clock::now() - begin);
+  });
+  other.join();
+  XPlatUnlockMutex(mutex);
+  EXPECT_GE(waited, milliseconds(145));
+  EXPECT_LT(waited, milliseconds(5000));
+}
+
+TEST_F(XplatMutexMac, IsHadAtOnceWhileItIsFree) {
+  const auto begin = Clock::now();
+  XPlatLockMutex(mutex, 5000);
+  EXPECT_LT(Clock::now() - begin, milliseconds(2500));
+  XPlatUnlockMutex(mutex);
+}
+
+TEST_F(XplatMutexMac, LeavesNoDeadlineBehindOnAThreadWithoutAPool) {
+  const int before = alive("GSDateSingle") + alive("NSGDate");
+  std::thread([&] {
+    for (int i = 0; i < 10; ++i) {
+      XPlatLockMutex(mutex, 1);
+      XPlatUnlockMutex(mutex);
+    }
+  }).join();
+  EXPECT_EQ(alive("GSDateSingle") + alive("NSGDate"), before);
+}
+
+TEST_F(XplatMutexMac, TakesNull) {
+  XPlatLockMutex(nullptr, 0);
+  XPlatLockMutex(nullptr, 5);
+  XPlatUnlockMutex(nullptr);
+  XPlatDeleteMutex(nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,12 @@
+// Declarations of the two Carbon functions that the plug-in uses, for the test double on Linux and the Mach-O check.
+#pragma once
+
+#include <stdint.h>
+
+typedef int32_t OSStatus;
+typedef double EventTimeout;
+
+extern "C" {
+uint32_t TickCount(void);
+OSStatus RunCurrentEventLoop(EventTimeout inTimeout);
+}

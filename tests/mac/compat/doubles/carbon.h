@@ -1,0 +1,9 @@
+// What tests ask of Carbon's test double.
+#pragma once
+
+#include <cstdint>
+
+namespace carbondouble {
+extern std::uint32_t ticks;  // what TickCount answers
+extern double secondsRun;    // that the event loop was asked to run
+}  // namespace carbondouble

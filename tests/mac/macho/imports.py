@@ -1,0 +1,44 @@
+"""The list of symbols that the module may import (allowed.txt), by library."""
+import fnmatch
+import os
+
+FOLDER = os.path.dirname(os.path.abspath(__file__))
+
+
+class Section:
+    """One library: its path on macOS, the symbols and the Objective-C classes that may be imported from it."""
+
+    def __init__(self, title):
+        # Without a leading slash it is no library of Apple's: nothing is made of it, only the imports are compared.
+        self.path = title
+        self.symbols = []
+        self.classes = []
+
+    @property
+    def apple(self):
+        return self.path.startswith("/")
+
+    def names(self):
+        for name in self.classes:
+            yield "_OBJC_CLASS_$_" + name
+            yield "_OBJC_METACLASS_$_" + name
+        yield from self.symbols
+
+    def allows(self, symbol):
+        return any(fnmatch.fnmatchcase(symbol, name) for name in self.names())
+
+
+def sections():
+    result = []
+    with open(os.path.join(FOLDER, "allowed.txt"), encoding="utf-8") as lines:
+        for line in lines:
+            words = line.split("#")[0].split()
+            if not words:
+                continue
+            if words[0].startswith("["):
+                result.append(Section(line.strip()[1:-1]))
+            elif words[0] == "class":
+                result[-1].classes.append(words[1])
+            else:
+                result[-1].symbols.append(words[0])
+    return result

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# machocheck.sh SOURCE BUILD TOOLKIT [OPTION...]: builds the plug-in for macOS with Debian's clang and lld, and looks at
+# what came of it. BUILD is kept: a second run builds what has changed.
+set -euo pipefail
+source=$1
+build=$2
+toolkit=$3
+shift 3
+mkdir -p "$build"
+log=$build/build.log
+quietly() {
+  "$@" >"$log" 2>&1 || { grep -E -A8 'error|FAILED' "$log" | tail -n 100 || tail -n 100 "$log"; exit 1; }
+}
+# -O1: nobody runs it. The manual is made elsewhere.
+quietly cmake -S "$source" -B "$build" -G Ninja --toolchain "$source/cmake/toolchain-macho-check.cmake" \
+  -DCMAKE_PROJECT_INCLUDE="$source/cmake/MachOCheck.cmake" -DMACHO_TOOLKIT_SOURCE="$toolkit" \
+  -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="-O1 -DNDEBUG" -DCMAKE_OBJCXX_FLAGS_RELEASE="-O1 -DNDEBUG" \
+  -DTRELVAN_TESTS=OFF -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_MANUAL=OFF "$@"
+quietly cmake --build "$build" --target Trelvan --parallel 2
+exec python3 "$source/tests/mac/macho/check.py" "$build"

@@ -1,0 +1,189 @@
+"""The faults that mutants.py plants."""
+from typing import NamedTuple
+
+
+class Mutant(NamedTuple):
+    what: str
+    file: str
+    old: str
+    new: str
+    kind: str  # which program finds it
+    tests: str = "*"  # its tests, a GoogleTest filter
+
+
+def entry(what, old, new, file="editor/mac/textentrywindow.mm"):
+    return Mutant(what, file, old, new, "cocoa", "TextEntryMac.*")
+
+
+def timer(what, old, new):
+    return Mutant(what, "editor/mac/idletimer.mm", old, new, "cocoa", "IdleTimerMac.*")
+
+
+def lock(what, old, new):
+    return Mutant(what, "platform/mac/xplatmutex.mm", old, new, "cocoa", "XplatMutexMac.*")
+
+
+def alert(what, old, new, tests):
+    return Mutant(what, "platform/mac/xplatalert.mm", old, new, "cocoa", "XplatAlertMac." + tests)
+
+
+def cf(what, old, new, file="platform/mac/prefscf.cpp"):
+    return Mutant(what, file, old, new, "cf")
+
+
+def bundle(what, old, new):
+    return cf(what, old, new, "editor/mac/bundlelookup.cpp")
+
+
+def dialog(what, old, new):
+    return Mutant(what, "editor/mac/filedialogmac.cpp", old, new, "toolkit")
+
+
+def window(what, old, new):
+    return Mutant(what, "editor/mac/framewindowmac.cpp", old, new, "toolkit")
+
+
+def macho(what, old, new, file="editor/mac/textentrymac.mm"):
+    return Mutant(what, file, old, new, "macho")
+
+
+MUTANTS = [
+    # ---- text entry: what ends it ----
+    entry("no observer", "i < 2; ++i", "i < 0; ++i"),
+    entry("one observer", "i < 2; ++i", "i < 1; ++i"),
+    entry("the observer stays", "  [[NSNotificationCenter defaultCenter] removeObserver:self];\n", ""),
+    entry("Escape confirms", "@selector(cancelOperation:))) {\n    [self cancelEditing:nil];",
+          "@selector(cancelOperation:))) {\n    [self confirmEditing:nil];"),
+    entry("Return cancels", "@selector(insertNewline:))) {\n    [self confirmEditing:nil];",
+          "@selector(insertNewline:))) {\n    [self cancelEditing:nil];"),
+    entry("selectors compared as pointers", "sel_isEqual(command, @selector(insertNewline:))",
+          "command == @selector(insertNewline:)"),
+    entry("Command keys do not confirm", "([event modifierFlags] & NSEventModifierFlagCommand) == 0", "true"),
+    entry("every key equivalent confirms", "([event modifierFlags] & NSEventModifierFlagCommand) == 0", "false"),
+    entry("a click elsewhere does nothing", "  [self confirmEditing:event];", "  (void)event;"),
+    entry("the window takes no keyboard", "(BOOL)canBecomeKeyWindow {\n  return YES;",
+          "(BOOL)canBecomeKeyWindow {\n  return NO;"),
+    entry("the window is never main", "(BOOL)canBecomeMainWindow {\n  return YES;",
+          "(BOOL)canBecomeMainWindow {\n  return NO;"),
+    entry("closing leaves the label in editing", "  if (vstPointer != nullptr) {\n    [self confirmEditing:nil];",
+          "  if (false) {\n    [self confirmEditing:nil];"),
+    entry("it ends twice", "  vstPointer = nullptr;\n  [[self retain]", "  [[self retain]"),
+    entry("cancelling tells the listener", "control->endEditMode(false);", "control->endEditMode(true);"),
+    entry("confirming does not tell the listener", "control->endEditMode(true);", "control->endEditMode(false);"),
+    entry("the text is not handed over", "    control->setText([[textField stringValue] UTF8String]);\n", ""),
+    entry("end(false) confirms", "[window cancelEditing:nil];", "[window confirmEditing:nil];",
+          "editor/mac/textentrymac.mm"),
+    entry("going away confirms", "[window abandonEditing];", "[window confirmEditing:nil];",
+          "editor/mac/textentrymac.mm"),
+    # ---- text entry: lives ----
+    entry("the field is leaked", "  [textField autorelease];\n", ""),
+    entry("the field is released twice", "  [textField autorelease];\n", "  [textField autorelease];\n  [textField release];\n"),
+    entry("the field goes at once", "  [textField autorelease];\n", "  [textField release];\n"),
+    entry("the window is leaked", "setReleasedWhenClosed:YES", "setReleasedWhenClosed:NO"),
+    entry("the window goes at once", "  [[self retain] autorelease];\n", ""),
+    entry("the window is retained once more", "  [[self retain] autorelease];\n", "  [self retain];\n"),
+    entry("the window stays open", "  [super close];  // releases the window\n", ""),
+    entry("the handle does not hear of the end", "  entry->windowEnds();\n", ""),
+    entry("the label is not held", "VSTGUI::shared([self takeVstPointer])) {  // its listener may close the editor",
+          "[self takeVstPointer]) {"),
+    # ---- text entry: text, place, looks ----
+    entry("wrong encoding", "stringWithUTF8String:validText(text.getString()).c_str()]",
+          "stringWithCString:validText(text.getString()).c_str() encoding:NSISOLatin1StringEncoding]"),
+    entry("a cut character is not left out", "validText(text.getString()).c_str()", "text.data()"),
+    entry("the place is not turned over", "topLeft.y - rect.origin.y", "topLeft.y + rect.origin.y"),
+    entry("the height is not subtracted", "topLeft.y - rect.origin.y - rect.size.height", "topLeft.y - rect.origin.y"),
+    entry("the place is not truncated", "std::trunc(std::trunc(screen.size.height) - place.globalY)",
+          "screen.size.height - place.globalY", "editor/mac/textentrymac.mm"),
+    entry("the text is flush right", "NSTextAlignmentCenter", "NSTextAlignmentRight"),
+    entry("the text wraps", "setWraps:NO", "setWraps:YES"),
+    entry("the label's font is ignored", "[textField setFont:cocoaFont]", "[textField setFont:nil]"),
+    entry("the edition colour is ignored", "edition.set ? edition.color : vstPointer->getFontColor()",
+          "vstPointer->getFontColor()"),
+    entry("alpha is ignored", "alpha:color.alpha / 255.0", "alpha:1"),
+    entry("the caret's colour is ignored", "if (caret.set)", "if (false)"),
+    entry("the selection's colours are swapped", "text.set ? cocoaColor(text.color)", "text.set ? cocoaColor(back.color)"),
+    entry("the window is opaque", "setOpaque:NO", "setOpaque:YES"),
+    entry("the window's level is not set", "  [self setLevel:CGWindowLevelForKey(kCGStatusWindowLevelKey)];\n", ""),
+    # ---- timer ----
+    timer("the timer runs on", "    [timer invalidate];\n", ""),
+    timer("the timer is leaked", "    [timer release];\n", ""),
+    timer("the timer is released twice", "    [timer release];\n", "    [timer release];\n    [timer release];\n"),
+    timer("the listener is leaked", "    [listener release];\n", ""),
+    timer("the owner is leaked", "  [static_cast<Orv_Tlvn_Timer*>(timer) release];\n", "  (void)timer;\n"),
+    timer("the interval is ten times as long", "interval / 1000.0", "interval / 100.0"),
+    timer("the interval is in seconds", "interval / 1000.0", "interval / 1.0"),
+    timer("it fires once", "repeats:YES", "repeats:NO"),
+    timer("no editor crashes", "if (editor != nullptr) editor->idle();", "editor->idle();"),
+    # ---- lock ----
+    lock("the lock is leaked", "  [static_cast<NSRecursiveLock*>(mutex) release];\n", "  (void)mutex;\n"),
+    lock("the deadline is leaked", "  [pool release];\n", ""),
+    lock("no waiting without limit", "    [lock lock];\n", "    [lock tryLock];\n"),
+    lock("no waiting with a limit", "  [lock lockBeforeDate:deadline];", "  [lock tryLock]; (void)deadline;"),
+    lock("unlocking does nothing", "  [static_cast<NSRecursiveLock*>(mutex) unlock];", "  (void)mutex;"),
+    # ---- alert ----
+    alert("no message", "  [alert setMessageText:textOf(message)];\n", "", "ShowsTheMessageAndOneButton"),
+    alert("a second button", "  [alert setInformativeText", "  [alert addButtonWithTitle:@\"Cancel\"];\n  [alert setInformativeText",
+          "ShowsTheMessageAndOneButton"),
+    alert("the alert is leaked", "  [alert release];\n", "", "TakesNoMessage"),
+    alert("it does not wait", "  [alert runModal];\n", "", "ShowsTheMessageAndOneButton"),
+    alert("bytes above 127 show nothing", "NSMacOSRomanStringEncoding", "NSASCIIStringEncoding",
+          "ShowsBytesAbove127AsRomanCharacters"),
+    # ---- Core Foundation ----
+    cf("one CFRelease too many", "{ CFRelease(object); }", "{ CFRelease(object); CFRelease(object); }",
+       "platform/mac/cfowned.h"),
+    cf("one CFRelease too few", "{ CFRelease(object); }", "{ (void)object; }", "platform/mac/cfowned.h"),
+    cf("wrong encoding for storing", "CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingMacRoman)",
+       "CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingISOLatin1)"),
+    cf("wrong encoding for reading", "                                       kCFStringEncodingMacRoman);",
+       "                                       kCFStringEncodingUTF8);"),
+    cf("no synchronisation", "!CFPreferencesAppSynchronize(contents->application.get())", "false"),
+    cf("a refused string spoils the buffer", "text.data(), static_cast<CFIndex>(size)", "buffer, static_cast<CFIndex>(size)"),
+    cf("any type counts as a string", "value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()", "value == nullptr"),
+    cf("any type counts as bytes", "value == nullptr || CFGetTypeID(value) != CFDataGetTypeID()", "value == nullptr"),
+    cf("a removed key stays", "  contents->changes[key] = nullptr;\n", "  (void)key;\n"),
+    cf("an empty change writes", "  if (contents->changes.empty()) return true;\n", ""),
+    cf("changes are forgotten when the disk refuses", "  if (!CFPreferences", "  if (contents->changes.clear(), !CFPreferences"),
+    bundle("path cut once too often", "kLevels = 3", "kLevels = 4"),
+    bundle("path cut too seldom", "kLevels = 3", "kLevels = 2"),
+    bundle("the host's image is not skipped", "i = 1; i < count", "i = 0; i < count"),
+    bundle("the last image is not looked at", "i < count; ++i", "i + 1 < count; ++i"),
+    bundle("another plug-in's image is taken", "== own)", "!= own)"),
+    bundle("a missing name crashes", "  if (name == nullptr) return;\n", ""),
+    bundle("a bundle that is gone keeps its pointer", "gBundleRef = url ?", "if (url) gBundleRef = url ?"),
+    bundle("nothing found is released", "if (gBundleRef != nullptr) CFRelease", "CFRelease"),
+    bundle("the bundle is not released", "if (gBundleRef != nullptr) CFRelease(gBundleRef);", ""),
+    cf("the bundle goes before the toolkit", "  VSTGUI::exit();\n  ExitMachOLibrary();", "  ExitMachOLibrary();\n  VSTGUI::exit();",
+       "editor/mac/toolkitmac.cpp"),
+    cf("the toolkit gets no bundle", "VSTGUI::init(gBundleRef)", "VSTGUI::init(nullptr)", "editor/mac/toolkitmac.cpp"),
+    Mutant("the manual's path is not quoted", "platform/mac/openmanual.cpp", '"~/\\"" + relative + "\\""', '"~/" + relative',
+           "path"),
+    Mutant("the bundle's manual is not tried", "platform/mac/openmanual.cpp", "!resources.empty() &&", "false &&", "path"),
+    Mutant("the folder's slash is lost", "platform/mac/modulepath.cpp", "path.size() - 2) + 1)", "path.size() - 2))", "path"),
+    # ---- the toolkit's frame and selector ----
+    window("closing does not wait for the event's end",
+           "if (!closing->doAfterEventProcessing([closing] { closing->close(); })) closing->close();", "closing->close();"),
+    window("closes twice", "    frame = nullptr;\n    if (closing", "    if (closing"),
+    window("wrong kind of view", "PlatformType::kNSView", "PlatformType::kUIView"),
+    window("a frame that did not open is kept", "return false;\n    frame = opened;",
+           "{ frame = opened; return false; }\n    frame = opened;"),
+    dialog("several files", "setAllowMultiFileSelection(false)", "setAllowMultiFileSelection(true)"),
+    dialog("not modal", "selector->runModal();", "selector->run([](VSTGUI::CNewFileSelector*) {});"),
+    dialog("comes up though cancelled", "    if (!wanted) return;\n", ""),
+    dialog("the panel stays up", "    if (selector) selector->cancel();\n", ""),
+    dialog("names that are no text", "request.save && isText(request.proposedName)", "request.save"),
+    dialog("runs inside start", "VSTGUI::Call::later([panel = running->panel] { panel->run(); });",
+           "running->panel->run();"),
+    # ---- Mach-O ----
+    macho("an import that is not allowed", "  if (window == nil) return false;", "  if (window == nil) return [NSObject alloc] != nil && system(\"\") == getenv(\"\")[0];"),
+    macho("a selector that is misspelt", "[window setUpColors]", "[window setupColors]"),
+    macho("a number for a name", "styleMask:NSWindowStyleMaskBorderless", "styleMask:NSBorderlessWindowMask"),
+    macho("what the oldest system has not", "#include <cmath>\n",
+          "#include <cmath>\n#include <filesystem>\nbool there() { return std::filesystem::exists(\"/\"); }\n"),
+    macho("a source that is left out", "  editor/mac/textentrywindow.mm\n", "", "cmake/PluginMac.cmake"),
+    macho("everything exported", "target_link_options(Trelvan PRIVATE LINKER:-exported_symbols_list,${PROJECT_SOURCE_DIR}/cmake/exports.txt)\n",
+          "target_link_options(Trelvan PRIVATE LINKER:-exported_symbol,_VSTPluginMain LINKER:-exported_symbol,_sel*  LINKER:-exported_symbol,__Z*)\n", "cmake/PluginMac.cmake"),
+    macho("one picture has no second size", "MAKE_DIRECTORY ${TRELVAN_RESOURCES})", "WRITE ${TRELVAN_RESOURCES}/bmp00001.png x)",
+          "cmake/PluginMac.cmake"),
+    macho("no PkgInfo", "set_source_files_properties(${package_info} PROPERTIES MACOSX_PACKAGE_LOCATION . GENERATED TRUE)",
+          "set_source_files_properties(${package_info} PROPERTIES GENERATED TRUE)", "cmake/PluginMac.cmake"),
+]

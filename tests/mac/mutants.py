@@ -1,0 +1,135 @@
+#!/usr/bin/env python3
+"""mutants.py [WORD...]: plants faults in the macOS sources, one at a time, and shows that the tests fail.
+
+It works on a copy of the sources in a temporary folder and builds that first, which takes some minutes; then a fault takes
+five to twenty seconds. With words it plants only the faults whose description holds one of them. A test of its own comes
+first: without a fault everything passes.
+"""
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+from mutantlist import MUTANTS
+
+ROOT = os.path.abspath(os.path.join(os.path.dirname(__file__), "../.."))
+FOLDERS = ("cmake", "docs", "editor", "effect", "platform", "plugin", "presetsystem", "resources", "tests", "tools")
+TIME = 45  # seconds that a test may take; one that hangs has failed
+
+# Program, arguments and environment for each kind of test.
+PROGRAMS = {"cf": "maccftest", "path": "macpathtest", "toolkit": "mactoolkittest"}
+
+
+def run(command, cwd, seconds, **environment):
+    try:
+        done = subprocess.run(command, cwd=cwd, env={**os.environ, **environment}, timeout=seconds,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
+        return done.returncode, done.stdout
+    except subprocess.TimeoutExpired:
+        return "too late", ""
+
+
+class Copy:
+    """The sources, their build folder, and how the tests are run there."""
+
+    def __init__(self, folder):
+        self.source = os.path.join(folder, "source")
+        self.build = os.path.join(folder, "build")
+        os.mkdir(self.source)
+        for name in FOLDERS:
+            shutil.copytree(os.path.join(ROOT, name), os.path.join(self.source, name))
+        # The rooms that this needs, and no others.
+        with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as file:
+            lines = file.read().replace("add_subdirectory(host)", "").replace("add_subdirectory(bench)", "")
+        self.write("CMakeLists.txt", lines)
+        rooms = self.read("tests/CMakeLists.txt")
+        begin = rooms.index("foreach(room")
+        self.write("tests/CMakeLists.txt", rooms[:begin] + "foreach(room mac)" + rooms[rooms.index(")", begin) + 1:])
+        self.toolkit = os.path.join(ROOT, ".deps/vstgui-4.13.3")
+
+    def read(self, name):
+        with open(os.path.join(self.source, name), encoding="utf-8") as file:
+            return file.read()
+
+    def write(self, name, text):
+        with open(os.path.join(self.source, name), "w", encoding="utf-8") as file:
+            file.write(text)
+
+    def configure(self):
+        launcher = shutil.which("ccache")
+        options = [f"-DCMAKE_{language}_COMPILER_LAUNCHER={launcher}" for language in ("CXX", "OBJCXX") if launcher]
+        code, output = run(["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
+                            "-DTRELVAN_BENCHMARKS=OFF", f"-DTRELVAN_TOOLKIT_SOURCE={self.toolkit}", *options],
+                           self.source, 300)
+        if code != 0:
+            sys.exit(output)
+
+    def compile(self, *targets):
+        return run(["cmake", "--build", self.build, "--parallel", "2", "--target", *targets], self.source, 1800)
+
+    def passes(self, kind, chosen):
+        """What the tests of one kind say: (passed, last lines)."""
+        if kind == "macho":
+            folder = os.path.join(self.build, "tests/mac/macho")
+            code, output = run([os.path.join(self.source, "tests/mac/macho/machocheck.sh"), self.source, folder,
+                                self.toolkit], self.source, 1800)
+            return code == 0, output
+        program = PROGRAMS.get(kind, "maccocoatest")
+        code, output = self.compile(program, *(["macbundle_One", "macbundle_Two_u"] if kind == "path" else []))
+        if code != 0:
+            return False, "it does not compile\n" + output
+        binary = os.path.join(self.build, "tests/mac/bin", program)
+        if kind == "cocoa":
+            command = [os.path.join(self.source, "tests/mac/withdisplay.sh"), binary]
+            code, output = run(command, self.build, TIME, GTEST_FILTER=chosen)
+        else:
+            folder = os.path.join(self.build, "tests/mac/work", program)
+            code, output = run([binary], folder, TIME, GTEST_FILTER=chosen)
+        return code == 0, output
+
+
+def reason(output):
+    """One line that says what was seen."""
+    lines = output.splitlines()
+    for word in ("[  FAILED  ]", "WRONG", "error:", "double:", "does not compile"):
+        found = [line.strip() for line in lines if word in line]
+        if found:
+            return found[0][:100]
+    return lines[-1][:100] if lines else "it hung"
+
+
+def main():
+    words = sys.argv[1:]
+    chosen = [mutant for mutant in MUTANTS if not words or any(word in mutant.what for word in words)]
+    folder = tempfile.mkdtemp(prefix="mutants")
+    survivors = []
+    try:
+        copy = Copy(folder)
+        copy.configure()
+        for kind, tests in sorted({(mutant.kind, mutant.tests) for mutant in chosen}):
+            passed, output = copy.passes(kind, tests)
+            if not passed:
+                sys.exit(f"without a fault the tests fail: {kind} {tests}\n{output[-3000:]}")
+        print(f"without a fault everything passes; {len(chosen)} faults follow", flush=True)
+        for mutant in chosen:
+            begin = time.monotonic()
+            whole = copy.read(mutant.file)
+            if whole.count(mutant.old) != 1:
+                sys.exit(f"{mutant.what}: {whole.count(mutant.old)} places in {mutant.file} for {mutant.old!r}")
+            copy.write(mutant.file, whole.replace(mutant.old, mutant.new))
+            passed, output = copy.passes(mutant.kind, mutant.tests)
+            copy.write(mutant.file, whole)
+            if passed:
+                survivors.append(mutant.what)
+            seen = "SURVIVES" if passed else "caught    " + reason(output)
+            print(f"{time.monotonic() - begin:5.1f} s  {mutant.kind:8} {mutant.what}: {seen}", flush=True)
+    finally:
+        shutil.rmtree(folder)
+    print(f"{len(chosen) - len(survivors)} of {len(chosen)} faults caught; not caught: {survivors}")
+    return 1 if survivors else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

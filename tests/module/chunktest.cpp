@@ -1,0 +1,96 @@
+// Current chunks through the module: byte orders, refusals, the host's own pointer.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+#include "tests/module/instance.h"
+
+namespace {
+
+using imagebytes::Bytes;
+using imagebytes::distinctBank;
+
+class ModuleChunk : public ModuleTest {
+ protected:
+  const Bytes state = imagebytes::chunk(distinctBank(), 9);
+};
+
+TEST_F(ModuleChunk, IsWrittenAsItsTableSays) {
+  Instance instance(module);
+  instance.setChunk(state);
+  EXPECT_EQ(instance.chunk(), state);
+  EXPECT_EQ(instance.chunk().size(), 10545U);
+}
+
+TEST_F(ModuleChunk, OfTheOtherByteOrderLoadsWithEveryValueIntact) {
+  Instance instance(module);
+  EXPECT_EQ(instance.setChunk(imagebytes::chunk(distinctBank(), 9, true)), 0);
+  EXPECT_EQ(instance.chunk(), state);
+}
+
+TEST_F(ModuleChunk, TurnedWordForWordGivesTheSameBank) {
+  std::mt19937 random(11);
+  for (int round = 0; round < 50; ++round) {
+    const int current = static_cast<int>(random() % 32);
+    const Bytes written = imagebytes::chunk(imagebytes::randomBank(random), current);
+    Bytes turned = written;
+    std::reverse(turned.begin(), turned.begin() + 4);
+    std::reverse(turned.begin() + 4, turned.begin() + 8);
+    imagebytes::turnImage(turned, 8);
+    Instance instance(module);
+    EXPECT_EQ(instance.setChunk(turned), 0);
+    EXPECT_EQ(instance.chunk(), written);
+  }
+}
+
+TEST_F(ModuleChunk, OfAnotherPlugInIsRefusedAndChangesNothing) {
+  Instance instance(module);
+  instance.setChunk(state);
+  Bytes foreign = imagebytes::chunk({}, 3);
+  foreign[4] ^= 1;
+  EXPECT_EQ(instance.setChunk(foreign), -1);
+  EXPECT_EQ(instance.chunk(), state);
+}
+
+TEST_F(ModuleChunk, MayComeBackByTheVeryPointerThatWasHandedOut) {
+  Instance instance(module);
+  instance.setChunk(state);
+  void* data = nullptr;
+  const VstIntPtr size = instance.send(effGetChunk, 0, 0, &data);
+  for (VstInt32 index = 0; index < 5; ++index) instance.setParameter(index, 0.9F);
+  EXPECT_EQ(instance.send(effSetChunk, 0, size, data), 0);
+  EXPECT_EQ(instance.chunk(), state);
+}
+
+TEST_F(ModuleChunk, StaysValidUntilTheNextIsAskedFor) {
+  Instance instance(module);
+  instance.setChunk(state);
+  void* data = nullptr;
+  instance.send(effGetChunk, 0, 0, &data);
+  instance.setParameter(0, 0.9F);
+  instance.mainsChanged(true);
+  instance.render(noise(500));
+  EXPECT_EQ(std::memcmp(data, state.data(), state.size()), 0);
+}
+
+TEST_F(ModuleChunk, WithANaNChangesNothingAndAnswersZero) {
+  Instance instance(module);
+  instance.setChunk(state);
+  imagebytes::Bank damaged{};
+  damaged[20].values[1] = std::numeric_limits<float>::quiet_NaN();
+  EXPECT_EQ(instance.setChunk(imagebytes::chunk(damaged, 3)), 0);
+  EXPECT_EQ(instance.chunk(), state);
+}
+
+TEST_F(ModuleChunk, OfRandomBanksComesBackByteForByte) {
+  std::mt19937 random(5);
+  Instance instance(module);
+  for (int round = 0; round < 100; ++round) {
+    const Bytes written = imagebytes::chunk(imagebytes::randomBank(random), static_cast<std::int32_t>(random() % 32));
+    EXPECT_EQ(instance.setChunk(written), 0);
+    ASSERT_EQ(instance.chunk(), written);
+  }
+}
+
+}  // namespace

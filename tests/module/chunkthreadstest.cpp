@@ -1,0 +1,140 @@
+// Chunks, parameters and processing on three threads at once, as hosts do it; also meant for the thread sanitizer.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "tests/module/instance.h"
+
+namespace {
+
+using imagebytes::Bytes;
+using imagebytes::distinctBank;
+
+constexpr int kRounds = 300;
+
+// Keeps no record, so that nothing of the test orders the threads.
+VstIntPtr threadHost(AEffect* effect, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
+  if (opcode == audioMasterVersion) return kVstVersion;
+  if (opcode == audioMasterUpdateDisplay && effect != nullptr) effect->getParameter(effect, 0);
+  return 0;
+}
+
+// Processes until told to stop; afterwards tells how many blocks, and whether all samples were numbers.
+class AudioThread {
+ public:
+  explicit AudioThread(AEffect* processed)
+      : effect(processed), thread([this] { run(); }) {}
+  ~AudioThread() { stop(); }
+
+  void stop() {
+    stopping.store(true, std::memory_order_relaxed);
+    if (thread.joinable()) thread.join();
+  }
+
+  int blocks = 0;
+  bool allFinite = true;
+
+ private:
+  void run() {
+    const Audio input = noise(64);
+    Audio in = input;
+    while (!stopping.load(std::memory_order_relaxed)) {
+      in = input;
+      float* buffers[] = {in.left.data(), in.right.data()};
+      effect->processReplacing(effect, buffers, buffers, 64);
+      effect->dispatcher(effect, effCanBeAutomated, 0, 0, nullptr, 0.0F);  // some hosts ask these here
+      effect->getParameter(effect, 0);
+      allFinite = allFinite && isFinite(in);
+      ++blocks;
+    }
+  }
+
+  AEffect* effect;
+  std::atomic<bool> stopping{false};
+  std::thread thread;  // last: it uses all the others
+};
+
+class ChunkThreads : public testing::Test {
+ protected:
+  ChunkThreads() {
+    bank[3] = {"wide", {1.0F, 1.0F, 1.0F, 1.0F, 0.0F}};
+    bank[4] = {"turned", {0.5F, 0.0F, 0.25F, 1.0F, 1.0F}};
+    instance.setSampleRate(48000.0F);
+    instance.mainsChanged(true);
+  }
+
+  imagebytes::Bank bank = distinctBank();
+  LoadedModule module;
+  Instance instance{module, threadHost};
+};
+
+TEST_F(ChunkThreads, SetChunkWhileAnotherThreadProcesses) {
+  AudioThread audio(instance.effect);
+  for (int i = 0; i < kRounds; ++i) {
+    EXPECT_EQ(instance.setChunk(imagebytes::chunk(bank, i % 5, i % 2 == 0)), 0);
+  }
+  EXPECT_EQ(instance.setChunk(imagebytes::chunk(bank, 4)), 0);
+  audio.stop();
+  EXPECT_GT(audio.blocks, 0);
+  EXPECT_TRUE(audio.allFinite);
+  EXPECT_EQ(instance.chunk(), imagebytes::chunk(bank, 4));
+  for (VstInt32 i = 0; i < 5; ++i) EXPECT_EQ(instance.getParameter(i), bank[4].values[static_cast<std::size_t>(i)]);
+}
+
+TEST_F(ChunkThreads, GetChunkWhileAnotherThreadProcesses) {
+  instance.setChunk(imagebytes::chunk(bank, 3));
+  AudioThread audio(instance.effect);
+  for (int i = 0; i < kRounds; ++i) EXPECT_EQ(instance.chunk(i % 2), imagebytes::chunk(bank, 3));
+  audio.stop();
+  EXPECT_TRUE(audio.allFinite);
+}
+
+TEST_F(ChunkThreads, OldChunksWhileAnotherThreadProcesses) {
+  AudioThread audio(instance.effect);
+  for (int i = 0; i < kRounds; ++i) {
+    EXPECT_EQ(instance.setChunk(imagebytes::oldChunk(bank, 32, 5, i % 5, i % 2 == 0)), 0);
+  }
+  audio.stop();
+  EXPECT_TRUE(audio.allFinite);
+}
+
+TEST_F(ChunkThreads, AutomationFromAThirdThreadInBetween) {
+  AudioThread audio(instance.effect);
+  std::thread automation([&] {
+    for (int i = 0; i < 20 * kRounds; ++i) {
+      const VstInt32 index = i % 5;
+      instance.setParameter(index, static_cast<float>(i % 17) / 16.0F);
+      const float read = instance.getParameter(index);
+      EXPECT_GE(read, 0.0F);
+      EXPECT_LE(read, 1.0F);
+    }
+  });
+  for (int i = 0; i < kRounds; ++i) {
+    EXPECT_EQ(instance.setChunk(imagebytes::chunk(bank, i % 5)), 0);
+    EXPECT_EQ(instance.chunk().size(), 10545U);
+    instance.text(effGetParamDisplay, 1);
+  }
+  automation.join();
+  EXPECT_EQ(instance.setChunk(imagebytes::chunk(bank, 3)), 0);
+  audio.stop();
+  EXPECT_TRUE(audio.allFinite);
+  EXPECT_EQ(instance.chunk(), imagebytes::chunk(bank, 3));
+}
+
+TEST_F(ChunkThreads, TwoInstancesOnTheirOwnThreads) {
+  const auto life = [&](int current) {
+    for (int i = 0; i < 20; ++i) {
+      Instance own(module, threadHost);
+      own.setChunk(imagebytes::chunk(bank, current));
+      own.mainsChanged(true);
+      EXPECT_TRUE(isFinite(own.render(noise(256))));
+      EXPECT_EQ(own.chunk(), imagebytes::chunk(bank, current));
+    }
+  };
+  std::thread other(life, 3);
+  life(4);
+  other.join();
+}
+
+}  // namespace

@@ -1,0 +1,105 @@
+// The effect's record as the module hands it over, and its answers about itself.
+#include <gtest/gtest.h>
+
+#include "tests/module/instance.h"
+
+namespace {
+
+class Record : public ModuleTest {};
+
+TEST_F(Record, SaysWhatTheEffectIs) {
+  Instance instance(module);
+  const AEffect& record = *instance.effect;
+  EXPECT_EQ(record.magic, 0x56737450);
+  EXPECT_NE(record.dispatcher, nullptr);
+  EXPECT_NE(record.process, nullptr);
+  EXPECT_NE(record.setParameter, nullptr);
+  EXPECT_NE(record.getParameter, nullptr);
+  EXPECT_NE(record.processReplacing, nullptr);
+  EXPECT_NE(record.processDoubleReplacing, nullptr);
+  EXPECT_EQ(record.numPrograms, 1);
+  EXPECT_EQ(record.numParams, 5);
+  EXPECT_EQ(record.numInputs, 2);
+  EXPECT_EQ(record.numOutputs, 2);
+  EXPECT_EQ(record.flags, 1 | 16 | 32 | 4096);
+  EXPECT_EQ(record.initialDelay, 0);
+  EXPECT_EQ(record.ioRatio, 1.0F);
+  EXPECT_NE(record.object, nullptr);
+  EXPECT_EQ(record.user, nullptr) << "the host's";
+  EXPECT_EQ(record.uniqueID, 0x546C766E);
+  EXPECT_EQ(record.version, 1);
+}
+
+// Hosts use all of it from inside their first callback.
+TEST_F(Record, IsCompleteBeforeTheFirstCallbackThatPassesIt) {
+  AEffect atFirst{};
+  host.onCall = [&](const RecordingHost::Call& call) {
+    if (atFirst.magic == 0) std::memcpy(static_cast<void*>(&atFirst), call.effect, sizeof atFirst);
+  };
+  Instance instance(module);
+  EXPECT_EQ(std::memcmp(&atFirst, instance.effect, sizeof atFirst), 0);
+}
+
+TEST_F(Record, LeavesTheHostsPointerAlone) {
+  Instance instance(module);
+  instance.effect->user = this;
+  instance.send(effOpen);
+  instance.mainsChanged(true);
+  instance.render(noise(100));
+  instance.setChunk(instance.chunk());
+  EXPECT_EQ(instance.effect->user, this);
+}
+
+TEST_F(Record, AddsNothingThroughTheDeprecatedProcessing) {
+  Instance instance(module);
+  instance.mainsChanged(true);
+  float in[64] = {1.0F};
+  float out[64] = {0.5F};
+  float* ins[] = {in, in};
+  float* outs[] = {out, out};
+  instance.effect->process(instance.effect, ins, outs, 64);
+  EXPECT_EQ(out[0], 0.5F);
+}
+
+TEST_F(Record, HasTheSameNamesForEverybody) {
+  Instance instance(module);
+  EXPECT_EQ(instance.text(effGetEffectName), "Orv Trelvan");
+  EXPECT_EQ(instance.text(effGetProductString), "Orv Trelvan - Trelvan processor");
+  EXPECT_FALSE(instance.text(effGetVendorString).empty());
+  EXPECT_EQ(instance.send(effGetVendorVersion), 1990);
+  EXPECT_EQ(instance.send(effGetPlugCategory), 4);
+  EXPECT_EQ(instance.send(effGetVstVersion), 2400);
+  EXPECT_EQ(instance.send(effIdentify), 0x4E764566);
+}
+
+// Names are keys in hosts' presets: unique and not empty.
+TEST_F(Record, HasUniqueParameterNames) {
+  Instance instance(module);
+  std::vector<std::string> names;
+  for (VstInt32 index = 0; index < 5; ++index) names.push_back(instance.text(effGetParamName, index));
+  EXPECT_EQ(names, (std::vector<std::string>{"width", "baseFreq", "emphasis", "process", "phase"}));
+}
+
+TEST_F(Record, WritesTextsNoLongerThanHostsGiveRoomFor) {
+  Instance instance(module);
+  const auto written = [&](VstInt32 opcode, VstInt32 index) {
+    char buffer[256];
+    std::memset(buffer, '#', sizeof buffer);
+    instance.send(opcode, index, 0, buffer);
+    std::size_t end = sizeof buffer;
+    while (end > 0 && buffer[end - 1] == '#') --end;
+    return end;
+  };
+  EXPECT_LE(written(effGetEffectName, 0), 32U);
+  EXPECT_LE(written(effGetVendorString, 0), 64U);
+  EXPECT_LE(written(effGetProductString, 0), 64U);
+  EXPECT_EQ(written(effGetProgramName, 0), 25U);
+  EXPECT_EQ(written(effGetProgramNameIndexed, 31), 25U);
+  for (VstInt32 index = 0; index < 5; ++index) {
+    EXPECT_LE(written(effGetParamName, index), 9U);
+    EXPECT_LE(written(effGetParamLabel, index), 10U);
+    EXPECT_LE(written(effGetParamDisplay, index), 8U);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,37 @@
+// Compiled on purpose with one misuse of an interface at a time: the types must refuse it.
+#include <array>
+#include <span>
+
+#include "plugin/audioeffect.h"
+#include "presetsystem/chunkimage.h"
+
+VstIntPtr host(AEffect*, VstInt32, VstInt32, VstIntPtr, void*, float) {
+  return kVstVersion;
+}
+VstIntPtr hostWithoutOpt(AEffect*, VstInt32, VstInt32, VstIntPtr, void*) {
+  return kVstVersion;
+}
+
+class Effect : public AudioEffect {
+ public:
+  using AudioEffect::AudioEffect;
+  void processReplacing(float**, float**, VstInt32) override {}
+  void processDoubleReplacing(double**, double**, VstInt32) override {}
+};
+
+int main() {
+  Effect effect(host, 1, 5);
+  AEffEditor editor(&effect);
+  const std::array<unsigned char, 8> prefix{};
+  chunkimage::readPrefix(prefix, 0);
+#if CASE == 1
+  Effect copy(effect);
+#elif CASE == 2
+  AEffEditor copy(editor);
+#elif CASE == 3
+  const std::array<unsigned char, 7> tooShort{};
+  chunkimage::readPrefix(tooShort, 0);
+#elif CASE == 4
+  Effect other(hostWithoutOpt, 1, 5);
+#endif
+}

@@ -1,0 +1,6 @@
+# Tests of preset and bank files, stored values and the manual button.
+trelvan_add_test(fileoperationstest presetsystem
+  SOURCES cpresetsystemeditorfilestest.cpp cpresetsystemeditorfilesdialogtest.cpp cpresetsystemeditordefaultstest.cpp
+    cpresetsystemeditormanualtest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/tsansuppressions.cpp
+  LIBRARIES trelvan)

@@ -1,0 +1,292 @@
+// Loading and saving presets and banks: the dialog, the file, and what the window shows afterwards.
+#include <algorithm>
+#include <thread>
+
+#include "filestest.h"
+
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+class Files : public FilesTest {};
+
+}  // namespace
+
+TEST_F(Files, EachButtonShowsItsOwnDialog) {
+  struct Dialog {
+    Area button;
+    std::string title, filter;
+    bool save;
+  };
+  const std::string presets = "--file-filter=Orv Preset (*.orv) | *.orv *.ORV";
+  const std::string banks = "--file-filter=Orv Bank (*.orb) | *.orb *.ORB";
+  const Dialog dialogs[] = {{places::kLoadPreset, "Load preset", presets, false},
+                            {places::kSavePreset, "Save preset", presets, true},
+                            {places::kLoadBank, "Load bank", banks, false},
+                            {places::kSaveBank, "Save bank", banks, true}};
+  for (const Dialog& dialog : dialogs) {
+    SCOPED_TRACE(dialog.title);
+    const std::vector<std::string> arguments = dialogOf(dialog.button);
+    EXPECT_THAT(arguments, Contains("--file-selection"));
+    EXPECT_THAT(arguments, Contains("--title=" + dialog.title));
+    EXPECT_THAT(arguments, Contains(dialog.filter));
+    EXPECT_THAT(arguments, Contains("--filename=" + (folder / "home/")));
+    EXPECT_EQ(std::count(arguments.begin(), arguments.end(), "--save"), dialog.save ? 1 : 0);
+    EXPECT_EQ(std::count(arguments.begin(), arguments.end(), "--confirm-overwrite"), dialog.save ? 1 : 0);
+    answer("", 1);
+  }
+}
+
+// Factory preset 3 is "mix 3": width 0.6, frequency 0.15, emphasis 0.5.
+TEST_F(Files, APresetGoesToAFileAndComesBackIntoTheCurrentOne) {
+  select(3);
+  host.moveAway();
+  const Picture saved = host.picture();
+  dialogOf(places::kSavePreset);
+  answer(file("mine.orv") + "\n");
+  EXPECT_EQ(contentOf(file("mine.orv")).size(), 369U);
+
+  select(20);
+  host.forgetCalls();
+  load(places::kLoadPreset, file("mine.orv"));
+  EXPECT_EQ(host.currentPreset(), 20);
+  EXPECT_EQ(host.programName(20), "mix 3");
+  EXPECT_EQ(host.parameter(0), 0.6F);
+  EXPECT_EQ(host.parameter(1), 0.15F);
+  EXPECT_EQ(host.parameter(2), 0.5F);
+  EXPECT_EQ(host.programName(21), "toms");
+  EXPECT_GE(host.calls(audioMasterUpdateDisplay).size(), 1U);
+  EXPECT_EQ(host.calls(audioMasterBeginEdit).size(), 1U);
+  host.moveAway();
+  EXPECT_EQ(host.picture(), saved);
+}
+
+TEST_F(Files, ABankGoesToAFileAndComesBackAtItsFirstPreset) {
+  host.setProgramName("the bank's first");
+  host.moveAway();
+  const Picture first = host.picture();
+  select(5);
+  host.setParameter(0, 0.11F);
+  dialogOf(places::kSaveBank);
+  answer(file("all.orb") + "\n");
+  EXPECT_EQ(contentOf(file("all.orb")).size(), 10537U);
+  const std::string presets = preferences();
+
+  WindowHost other(1);
+  other.openEditor();
+  other.click(places::kLoadBank);
+  ASSERT_TRUE(other.idleUntil([&] { return zenity.wasAsked(); }));
+  zenity.takeArguments();
+  zenity.answer(file("all.orb") + "\n");
+  ASSERT_TRUE(other.idleUntil([&] { return !zenity.isRunning(); }));
+  other.idle(3);
+  EXPECT_EQ(other.currentPreset(), 0);
+  EXPECT_EQ(other.programName(0), "the bank's first");
+  EXPECT_EQ(other.programName(5), "room 2");
+  other.moveAway();
+  EXPECT_EQ(other.picture(), first);
+  other.click(places::kMenu);
+  other.click(places::listEntry(5));
+  EXPECT_EQ(other.parameter(0), 0.11F);
+}
+
+TEST_F(Files, ACancelledDialogChangesNothing) {
+  host.moveAway();
+  const Picture before = host.picture();
+  const std::vector<unsigned char> bank = host.chunk();
+  host.forgetCalls();
+  for (const Area& button : {places::kLoadPreset, places::kSavePreset, places::kLoadBank, places::kSaveBank}) {
+    dialogOf(button);
+    answer("", 1);
+  }
+  host.moveAway();
+  EXPECT_EQ(host.chunk(), bank);
+  EXPECT_EQ(host.picture(), before);
+  EXPECT_TRUE(host.gestureCalls().empty());
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "files"));
+}
+
+TEST_F(Files, AMissingExtensionIsAppended) {
+  dialogOf(places::kSavePreset);
+  answer(file("plain") + "\n");
+  EXPECT_TRUE(std::filesystem::exists(file("plain.orv")));
+  dialogOf(places::kSaveBank);
+  answer(file("plain") + "\n");
+  EXPECT_TRUE(std::filesystem::exists(file("plain.orb")));
+  EXPECT_FALSE(std::filesystem::exists(file("plain")));
+}
+
+// The dialog has asked about the name that was typed, not about the one with the extension.
+TEST_F(Files, AnExistingFileIsNotOverwrittenUnasked) {
+  writeFile(file("kept.orv"), "precious");
+  dialogOf(places::kSavePreset);
+  zenity.answer(file("kept") + "\n");
+  ASSERT_TRUE(host.idleUntil([&] { return zenity.wasAsked(); }));
+  const std::vector<std::string> question = zenity.takeArguments();
+  EXPECT_THAT(question, Contains("--question"));
+  EXPECT_THAT(question, Contains(HasSubstr("kept.orv")));
+  EXPECT_EQ(contentOf(file("kept.orv")), "precious");
+  zenity.answer("", 0);
+  EXPECT_TRUE(host.idleUntil([&] { return contentOf(file("kept.orv")).size() == 369; }));
+}
+
+TEST_F(Files, TheNextDialogStartsWhereTheLastOneEnded) {
+  dialogOf(places::kSavePreset);
+  answer(file("one.orv") + "\n");
+  EXPECT_THAT(dialogOf(places::kLoadBank), Contains("--filename=" + file("")));
+  answer("", 1);
+  EXPECT_THAT(dialogOf(places::kSavePreset), Contains("--filename=" + file("one.orv")));
+  answer("", 1);
+  EXPECT_THAT(dialogOf(places::kSaveBank), Contains("--filename=" + file("")));  // no bank has a name yet
+  answer(file("two.orb") + "\n");
+  EXPECT_THAT(dialogOf(places::kSaveBank), Contains("--filename=" + file("two.orb")));
+  answer("", 1);
+}
+
+TEST_F(Files, ANewInstanceRemembersFolderAndNames) {
+  {
+    WindowHost earlier(1);
+    earlier.openEditor();
+    earlier.click(places::kSavePreset);
+    ASSERT_TRUE(earlier.idleUntil([&] { return zenity.wasAsked(); }));
+    zenity.takeArguments();
+    zenity.answer(file("kept.orv") + "\n");
+    ASSERT_TRUE(earlier.idleUntil([&] { return !zenity.isRunning(); }));
+    earlier.idle(3);
+  }
+  WindowHost later(2);
+  later.openEditor();
+  later.click(places::kSavePreset);
+  ASSERT_TRUE(later.idleUntil([&] { return zenity.wasAsked(); }));
+  EXPECT_THAT(zenity.takeArguments(), Contains("--filename=" + file("kept.orv")));
+  zenity.answer("", 1);
+}
+
+TEST_F(Files, TheWindowGoesOnWhileTheDialogIsUp) {
+  dialogOf(places::kLoadPreset);
+  host.moveAway();
+  const Picture before = host.picture();
+  host.setParameter(0, 0.9F);
+  EXPECT_FALSE(sameIn(places::slider(0), before, host.picture()));
+  EXPECT_TRUE(zenity.isRunning());
+  answer("", 1);
+}
+
+TEST_F(Files, PressesMeanwhileAreSwallowed) {
+  dialogOf(places::kLoadPreset);
+  host.moveAway();
+  const Picture before = host.picture();
+  const float value = host.parameter(0);
+  for (const Area& place : {places::kLoadPreset, places::kSaveBank, places::kRockerRight, places::kMenu, places::kName,
+                            places::kPhaseSwitch, places::kAbout, places::kStoreA, places::kManual}) {
+    host.doubleClick(place);
+  }
+  host.moveTo(places::handleX(value), places::handleY(0));
+  host.press();
+  host.moveTo(places::handleX(0.5F), places::handleY(0));
+  host.release();
+  host.moveAway();
+  EXPECT_EQ(host.picture(), before);
+  EXPECT_EQ(host.parameter(0), value);
+  EXPECT_EQ(host.parameter(4), 0.0F);
+  EXPECT_EQ(host.currentPreset(), 0);
+  EXPECT_FALSE(zenity.wasAsked());
+  answer("", 1);
+  host.click(places::kRockerRight);
+  EXPECT_EQ(host.currentPreset(), 1);
+  EXPECT_FALSE(zenity.wasAsked());
+}
+
+// Presses that the host hands over only after the dialog has ended were still made on a window that waited.
+TEST_F(Files, PressesThatArriveWithTheAnswerAreSwallowedToo) {
+  dialogOf(places::kLoadPreset);
+  const Area screen = host.screenArea();
+  host.display.moveTo(screen.left + places::kRockerRight.centreX(), screen.top + places::kRockerRight.centreY());
+  host.display.press(1);
+  host.display.release(1);
+  zenity.answer("", 1);
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));  // the program has ended; no idle yet
+  host.idle(3);
+  EXPECT_EQ(host.currentPreset(), 0);
+}
+
+TEST_F(Files, TheDialogEndsWithTheWindow) {
+  dialogOf(places::kSavePreset);
+  ASSERT_TRUE(zenity.isRunning());
+  host.closeEditor();
+  EXPECT_FALSE(zenity.isRunning());
+  host.openEditor();
+  EXPECT_THAT(dialogOf(places::kLoadPreset), Contains("--title=Load preset"));
+  answer("", 1);
+}
+
+TEST_F(Files, TheDialogEndsWithTheInstance) {
+  {
+    WindowHost other(1);
+    other.openEditor();
+    other.click(places::kLoadPreset);
+    ASSERT_TRUE(other.idleUntil([&] { return zenity.wasAsked(); }));
+  }
+  EXPECT_FALSE(zenity.isRunning());
+}
+
+TEST_F(Files, ADialogProgramThatFailsIsNoAnswer) {
+  const std::vector<unsigned char> bank = host.chunk();
+  dialogOf(places::kLoadPreset);
+  std::filesystem::remove(folder / "bin/zenity");  // and it is not tried again
+  writeProgram(folder / "bin/xmessage", "printf '%s\\n' \"$@\" >" + (folder / "said"));
+  zenity.answer("", 99);
+  EXPECT_TRUE(host.idleUntil([&] { return std::filesystem::exists(folder / "said"); }));
+  EXPECT_EQ(host.chunk(), bank);
+}
+
+TEST_F(Files, WithoutADialogProgramAnAlertSaysWhatIsMissing) {
+  std::filesystem::remove(folder / "bin/zenity");
+  writeProgram(folder / "bin/xmessage", "printf '%s\\n' \"$@\" >" + (folder / "said.new") + "; mv " +
+                                            (folder / "said.new") + " " + (folder / "said"));
+  host.click(places::kLoadPreset);
+  EXPECT_TRUE(host.idleUntil([&] { return std::filesystem::exists(folder / "said"); }));
+  EXPECT_THAT(contentOf(folder / "said"), HasSubstr("zenity or kdialog"));
+  host.click(places::kRockerRight);
+  EXPECT_EQ(host.currentPreset(), 1);
+}
+
+TEST_F(Files, KeysDoNotOpenADialog) {
+  host.click(places::handleX(host.parameter(0)), places::handleY(0));  // the keyboard is in the window
+  for (const Area& button : {places::kLoadPreset, places::kSavePreset, places::kLoadBank, places::kSaveBank}) {
+    host.hover(button);
+    for (const std::uint32_t key : {XKB_KEY_Return, XKB_KEY_space, XKB_KEY_KP_Enter}) host.key(key);
+  }
+  host.idleFor(100);
+  EXPECT_FALSE(zenity.wasAsked());
+}
+
+TEST_F(Files, AFolderThatCannotBeWrittenChangesNothing) {
+  dialogOf(places::kSavePreset);
+  answer(folder / "not/there/x.orv" + "\n");
+  EXPECT_FALSE(std::filesystem::exists(folder / "not"));
+  host.click(places::kRockerRight);
+  EXPECT_EQ(host.currentPreset(), 1);
+}
+
+// A host may close the window when it is told of new values.
+TEST_F(Files, TheHostMayCloseTheWindowWhileAFileIsTaken) {
+  dialogOf(places::kSavePreset);
+  answer(file("one.orv") + "\n");
+  dialogOf(places::kSaveBank);
+  answer(file("all.orb") + "\n");
+  for (const auto& [button, name] : {std::pair{places::kLoadPreset, "one.orv"}, {places::kLoadBank, "all.orb"}}) {
+    dialogOf(button);
+    host.onCall = [this](const HostCall& call) {
+      if (call.opcode == audioMasterUpdateDisplay && host.isEditorOpen()) host.closeEditor();
+    };
+    zenity.answer(file(name) + "\n");
+    EXPECT_TRUE(host.idleUntil([&] { return !host.isEditorOpen(); }));
+    host.onCall = nullptr;
+    host.idle(3);
+    ASSERT_TRUE(host.openEditor());
+  }
+}

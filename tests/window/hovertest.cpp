@@ -1,0 +1,105 @@
+// What buttons show under the pointer and while they are pressed.
+#include "windowtest.h"
+
+namespace {
+
+struct Button {
+  const char* name;
+  Area place;
+};
+
+std::ostream& operator<<(std::ostream& out, const Button& button) {
+  return out << button.name;
+}
+
+constexpr Button kButtons[] = {
+    {"SavePreset", places::kSavePreset},   {"DefaultPreset", places::kDefaultPreset},
+    {"LoadPreset", places::kLoadPreset},   {"SaveBank", places::kSaveBank},
+    {"DefaultBank", places::kDefaultBank}, {"LoadBank", places::kLoadBank},
+    {"StoreA", places::kStoreA},           {"RecallA", places::kRecallA},
+    {"StoreB", places::kStoreB},           {"RecallB", places::kRecallB},
+    {"Manual", places::kManual},           {"RockerLeft", places::kRockerLeft},
+    {"RockerRight", places::kRockerRight},
+};
+constexpr Area kRocker{places::kRockerLeft.left, places::kRockerLeft.top, places::kRockerRight.right,
+                       places::kRockerRight.bottom};
+
+class Hover : public WindowTest, public ::testing::WithParamInterface<Button> {
+ protected:
+  Hover() { host.openEditor(); }
+
+  // Each half of the rocker changes the whole of it.
+  Area drawn() const { return kRocker.contains(GetParam().place) ? kRocker : GetParam().place; }
+
+  WindowHost host;
+};
+
+std::string nameOf(const ::testing::TestParamInfo<Button>& info) {
+  return info.param.name;
+}
+
+}  // namespace
+
+TEST_P(Hover, TheButtonLightsUpAndNothingElseDoes) {
+  const Picture rest = host.picture();
+  host.hover(GetParam().place);
+  const Picture hovered = host.picture();
+  EXPECT_FALSE(sameIn(drawn(), rest, hovered));
+  EXPECT_TRUE(drawn().contains(differingArea(rest, hovered))) << differingArea(rest, hovered);
+  host.moveAway();
+  EXPECT_EQ(host.picture(), rest);
+}
+
+INSTANTIATE_TEST_SUITE_P(Window, Hover, ::testing::ValuesIn(kButtons), nameOf);
+
+namespace {
+
+class Pressed : public WindowTest {
+ protected:
+  Pressed() { host.openEditor(); }
+
+  WindowHost host;
+};
+
+}  // namespace
+
+TEST_F(Pressed, AMemoryButtonShowsThePressUntilTheRelease) {
+  for (const Area& button : {places::kStoreA, places::kStoreB}) {
+    host.hover(button);
+    const Picture hovered = host.picture();
+    host.press();
+    const Picture pressed = host.picture();
+    EXPECT_FALSE(sameIn(button, hovered, pressed));
+    EXPECT_TRUE(button.contains(differingArea(hovered, pressed)));
+    host.release();
+    EXPECT_EQ(host.picture(), hovered);
+  }
+}
+
+// Over the list's last preset nothing but the rocker changes when it is pressed on the right; so too at the first.
+TEST_F(Pressed, TheRockerShowsItsPressedSideEvenWhenThePointerLeavesIt) {
+  host.hover(places::kRockerLeft);
+  const Picture hovered = host.picture();
+  host.press();
+  const Picture pressed = host.picture();
+  EXPECT_FALSE(sameIn(kRocker, hovered, pressed));
+  host.hover(places::kRockerRight);
+  EXPECT_EQ(host.picture(), pressed);
+  host.moveTo(150, 120);
+  EXPECT_EQ(host.picture(), pressed);
+  host.release();
+  host.moveAway();
+  EXPECT_FALSE(sameIn(kRocker, pressed, host.picture()));
+}
+
+TEST_F(Pressed, TheFirstClickOfADefaultButtonShowsNoPress) {
+  host.hover(places::kDefaultPreset);
+  const Picture hovered = host.picture();
+  host.press();
+  EXPECT_EQ(host.picture(), hovered);
+  host.release();
+  host.press();  // the second one
+  EXPECT_FALSE(host.picture() == hovered);
+  host.release();
+  EXPECT_EQ(host.picture(), hovered);
+}

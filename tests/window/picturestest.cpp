@@ -1,0 +1,278 @@
+// The window's looks, compared with the pictures beside this file. refresh-pictures.sh takes them anew.
+#include <cstdlib>
+#include <functional>
+
+#include "picturematch.h"
+#include "windowtest.h"
+
+namespace {
+
+constexpr int kMixPreset = 3;  // "mix 3": all three sliders somewhere else
+
+// A state of the window: how it is reached, what part of it is kept, and where text stands in it.
+struct State {
+  std::string name;
+  std::function<void(WindowHost&)> reach;
+  Area part;  // empty: the whole window
+  std::vector<Area> texts;
+};
+
+std::ostream& operator<<(std::ostream& out, const State& state) {
+  return out << state.name;
+}
+
+std::vector<Area> displays() {
+  std::vector<Area> areas(std::begin(places::kCaptions), std::end(places::kCaptions));
+  for (int index = 0; index < 3; ++index) areas.push_back(places::valueDisplay(index));
+  areas.push_back(places::kName);
+  return areas;
+}
+
+std::vector<Area> listEntries() {
+  std::vector<Area> areas;
+  for (int index = 0; index < 32; ++index) areas.push_back(places::listEntry(index));
+  return areas;
+}
+
+Area around(const Area& area) {
+  constexpr int kMargin = 5;  // pixels, so that a button that is out of place shows
+  return {area.left - kMargin, area.top - kMargin, area.right + kMargin, area.bottom + kMargin};
+}
+
+std::vector<State> states() {
+  const Area whole;
+  std::vector<State> all = {
+      {"closed", [](WindowHost&) {}, whole, displays()},
+      {"first-preset",
+       [](WindowHost& host) {
+         host.click(places::kMenu);
+         host.click(places::listEntry(0));
+       },
+       whole, displays()},
+      {"list",
+       [](WindowHost& host) {
+         host.click(places::kMenu);
+         host.hover(places::listEntry(21));
+       },
+       whole, listEntries()},
+      {"about", [](WindowHost& host) { host.click(places::kAbout); }, whole, [] {
+         std::vector<Area> areas = displays();
+         areas.push_back(places::kAboutPanel);
+         return areas;
+       }()},
+      {"text-entry", [](WindowHost& host) { host.click(places::kName); }, whole, displays()},
+      {"text-entry-typed",
+       [](WindowHost& host) {
+         host.click(places::kName);
+         host.type("Wide piano");
+       },
+       around(places::kName), {places::kName}},
+      {"longest-name", [](WindowHost& host) { host.setProgramName("WWWWWWWWWWWWWWWWWWWWWWWW"); },
+       around({places::kName.left, places::kName.top, places::kMenu.right, places::kName.bottom}), {places::kName}},
+      {"switches",
+       [](WindowHost& host) {
+         host.setParameter(3, 0.0F);
+         host.setParameter(4, 1.0F);
+       },
+       {places::kProcessSwitch.left, places::kProcessSwitch.top, places::kPhaseSwitch.right,
+        places::kPhaseSwitch.bottom},
+       {}},
+      {"values",
+       [](WindowHost& host) {
+         host.setParameter(0, 1.0F);
+         host.setParameter(1, 1.0F);
+         host.setParameter(2, 1.0F);
+       },
+       {0, places::slider(0).top, places::kWidth, places::slider(2).bottom},
+       displays()},
+      {"meter-mid",
+       [](WindowHost& host) {
+         host.setParameter(0, 0.0F);
+         host.play(0.5F, 0.5F, 88200);
+       },
+       around(places::kMeter), {}},
+      {"meter-wide",
+       [](WindowHost& host) {
+         host.setParameter(0, 1.0F);
+         host.setParameter(2, 0.0F);
+         host.play(0.5F, 0.5F, 88200);
+       },
+       around(places::kMeter), {}},
+  };
+  struct Button {
+    const char* name;
+    Area place;
+  };
+  const Button buttons[] = {
+      {"save-preset", places::kSavePreset}, {"default-preset", places::kDefaultPreset},
+      {"load-preset", places::kLoadPreset}, {"save-bank", places::kSaveBank},
+      {"default-bank", places::kDefaultBank}, {"load-bank", places::kLoadBank},
+      {"store-a", places::kStoreA}, {"recall-a", places::kRecallA},
+      {"store-b", places::kStoreB}, {"recall-b", places::kRecallB},
+      {"manual", places::kManual}, {"rocker-left", places::kRockerLeft},
+      {"rocker-right", places::kRockerRight},
+  };
+  for (const Button& button : buttons) {
+    const std::string name = button.name;
+    all.push_back({name + "-hover", [place = button.place](WindowHost& host) { host.hover(place); },
+                   around(button.place), {}});
+    // Those that show a press at all; the dialog buttons and the manual's act and are at rest again.
+    const bool shows = name.find("store") == 0 || name.find("recall") == 0 || name.find("rocker") == 0;
+    const bool twice = name.find("default") == 0;
+    if (!shows && !twice) continue;
+    all.push_back({name + "-pressed",
+                   [place = button.place, twice](WindowHost& host) {
+                     if (twice) host.click(place);
+                     host.hover(place);
+                     host.press();
+                   },
+                   around(button.place), {}});
+  }
+  return all;
+}
+
+class Pictures : public WindowTest, public ::testing::WithParamInterface<State> {};
+
+Picture part(const Picture& whole, const Area& area) {
+  Picture taken{area.right - area.left, area.bottom - area.top, {}};
+  for (int y = area.top; y < area.bottom; ++y) {
+    for (int x = area.left; x < area.right; ++x) taken.pixels.push_back(whole.at(x, y));
+  }
+  return taken;
+}
+
+std::string nameOf(const ::testing::TestParamInfo<State>& info) {
+  std::string name = info.param.name;
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
+Picture pictureOf(WindowHost& host, const State& state, std::vector<Area>& texts) {
+  host.click(places::kMenu);
+  host.click(places::listEntry(kMixPreset));
+  host.moveAway();
+  host.settle();
+  state.reach(host);
+  const bool pointerMatters = state.name.find("hover") != std::string::npos ||
+                              state.name.find("pressed") != std::string::npos || state.name == "list";
+  if (!pointerMatters) host.moveAway();
+  Picture picture = host.picture();
+  const Area area = state.part == Area{} ? picture.whole() : state.part;
+  texts = state.texts;
+  for (Area& text : texts) {
+    text = {text.left - area.left, text.top - area.top, text.right - area.left, text.bottom - area.top};
+  }
+  return part(picture, area);
+}
+
+}  // namespace
+
+TEST_P(Pictures, LookAsTheyDid) {
+  const State& state = GetParam();
+  WindowHost host;
+  ASSERT_TRUE(host.openEditor());
+  std::vector<Area> texts;
+  const Picture actual = pictureOf(host, state, texts);
+  const char* folder = std::getenv("TRELVAN_PICTURES");
+  ASSERT_NE(folder, nullptr);
+  const std::string kept = std::string(folder) + "/" + state.name + ".png";
+  if (std::getenv("TRELVAN_REFRESH_PICTURES") != nullptr) {
+    EXPECT_TRUE(writePicture(actual, kept));
+    GTEST_SKIP() << "taken anew: " << kept;
+  }
+  const Picture expected = readPicture(kept);
+  const PictureMatch match = matchPictures(expected, actual, texts);
+  if (match.alike()) return;
+  writePicture(actual, state.name + ".actual.png");
+  if (expected.width == actual.width && expected.height == actual.height) {
+    writePicture(differencePicture(expected, actual), state.name + ".difference.png");
+  }
+  ADD_FAILURE() << "not as in " << kept << ": " << match << "\nsee " << std::filesystem::current_path().string() << "/"
+                << state.name << ".actual.png and .difference.png";
+}
+
+INSTANTIATE_TEST_SUITE_P(Window, Pictures, ::testing::ValuesIn(states()), nameOf);
+
+namespace {
+
+// What the comparison must tell apart, and what it must not.
+class PictureMatching : public WindowTest {
+ protected:
+  PictureMatching() {
+    host.setParameter(0, 0.6F);
+    host.openEditor();
+    before = host.picture();
+  }
+
+  bool alike() { return matchPictures(before, host.picture(), displays()).alike(); }
+
+  WindowHost host;
+  Picture before;
+};
+
+// The area moved by whole pixels, as another font rendering might at most.
+Picture moved(const Picture& picture, const Area& area, int right, int down) {
+  Picture changed = picture;
+  for (int y = area.top; y < area.bottom; ++y) {
+    for (int x = area.left; x < area.right; ++x) {
+      const bool inside = area.contains(x - right, y - down);
+      changed.pixels[static_cast<std::size_t>(y * picture.width + x)] =
+          inside ? picture.at(x - right, y - down) : picture.at(x, y);
+    }
+  }
+  return changed;
+}
+
+}  // namespace
+
+TEST_F(PictureMatching, TheSameWindowIsAlike) {
+  EXPECT_TRUE(alike());
+}
+
+TEST_F(PictureMatching, AnotherNumberIsNot) {
+  host.setParameter(0, 0.61F);  // "61%" for "60%"
+  const Picture after = host.picture();
+  Picture onlyText = before;
+  for (int y = 0; y < before.height; ++y) {
+    for (int x = places::valueDisplay(0).left; x < before.width; ++x) {
+      onlyText.pixels[static_cast<std::size_t>(y * before.width + x)] = after.at(x, y);
+    }
+  }
+  const PictureMatch match = matchPictures(before, onlyText, displays());
+  EXPECT_EQ(match.artwork, 0);
+  EXPECT_FALSE(match.alike()) << match;
+}
+
+TEST_F(PictureMatching, AnotherNameIsNot) {
+  host.setProgramName("inat");
+  EXPECT_FALSE(alike());
+}
+
+TEST_F(PictureMatching, AMovedHandleIsNot) {
+  host.setParameter(0, 0.63F);
+  const PictureMatch match = matchPictures(before, host.picture(), displays());
+  EXPECT_FALSE(match.alike()) << match;
+}
+
+TEST_F(PictureMatching, ATurnedSwitchIsNot) {
+  host.setParameter(4, 1.0F);
+  EXPECT_FALSE(alike());
+}
+
+TEST_F(PictureMatching, TextThatIsDrawnAPixelAwayIsAlike) {
+  for (const Area& text : displays()) {
+    SCOPED_TRACE(text);
+    const PictureMatch match = matchPictures(before, moved(before, text, 1, 0), displays());
+    EXPECT_TRUE(match.alike()) << match;
+  }
+}
+
+TEST_F(PictureMatching, TextThatIsDrawnThreePixelsAwayIsNot) {
+  const PictureMatch match = matchPictures(before, moved(before, places::kName, 0, 3), displays());
+  EXPECT_FALSE(match.alike()) << match;
+}
+
+TEST_F(PictureMatching, PicturesOfAnotherSizeAreNot) {
+  EXPECT_FALSE(matchPictures(before, part(before, {0, 0, 100, 100}), {}).alike());
+  EXPECT_FALSE(matchPictures(Picture(), Picture(), {}).alike());
+}

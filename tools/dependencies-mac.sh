@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# macOS: installs what Trelvan needs and is missing, with Homebrew. The toolkit's source is fetched by CMake.
+# Silent and quick when all is there. Usage: tools/dependencies-mac.sh [build|test]   (test adds the tests' tools)
+set -euo pipefail
+
+build_packages=(
+  cmake ninja pkg-config
+  libsndfile cli11 kissfft cairo  # widen
+  librsvg                         # the window's pictures
+)
+test_packages=(googletest google-benchmark clang-format)
+
+xcode-select -p >/dev/null 2>&1 || { echo "the compiler is missing: run xcode-select --install" >&2; exit 1; }
+command -v brew >/dev/null || { echo "Homebrew is missing: see README, Dependencies" >&2; exit 1; }
+
+packages=("${build_packages[@]}")
+if [ "${1:-build}" = test ]; then packages+=("${test_packages[@]}"); fi
+missing=()
+for package in "${packages[@]}"; do
+  brew list --versions "$package" >/dev/null 2>&1 || missing+=("$package")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  echo "installing: ${missing[*]}"
+  brew install --quiet "${missing[@]}"
+fi
