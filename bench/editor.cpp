@@ -9,7 +9,8 @@
 
 namespace {
 
-// The host waits for each of these calls, so the time of the clock on the wall counts, answers of the X server included.
+// The host waits for each of these calls, so the time of the clock on the wall counts, answers of the X server
+// included.
 void timed(benchmark::State& loop, const std::function<void()>& call) {
   const auto begin = std::chrono::steady_clock::now();
   call();
@@ -98,7 +99,11 @@ BENCHMARK(idleUnchanged)
     ->Iterations(5000)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(idleMeter)->Name("editor/idle, meter drawn")->UseManualTime()->Iterations(60)->Unit(benchmark::kMicrosecond);
-BENCHMARK(idleSlider)->Name("editor/idle, slider drawn")->UseManualTime()->Iterations(60)->Unit(benchmark::kMicrosecond);
+BENCHMARK(idleSlider)
+    ->Name("editor/idle, slider drawn")
+    ->UseManualTime()
+    ->Iterations(60)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(idleEverything)
     ->Name("editor/idle, whole state set")
     ->UseManualTime()

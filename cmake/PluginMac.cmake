@@ -22,6 +22,9 @@ target_sources(trelvan PRIVATE
   platform/mac/xplatalert.mm
   platform/mac/xplatmutex.mm)
 target_compile_options(trelvan PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-objc-arc>)
+if(NOT DEFINED MACHO_LLVM)  # the Mach-O check keeps them errors
+  target_compile_options(trelvan_options INTERFACE -Wno-error)  # compilers there are newer than any that was tried
+endif()
 target_link_libraries(trelvan PUBLIC "-framework Cocoa" "-framework Carbon" "-framework CoreFoundation")
 # The toolkit makes errors of its warnings, and a newer system's headers bring new ones.
 target_compile_options(vstgui PRIVATE -Wno-error)
@@ -38,10 +41,12 @@ file(MAKE_DIRECTORY ${TRELVAN_RESOURCES})
 trelvan_add_artwork(trelvan_artwork ${TRELVAN_RESOURCES})
 add_dependencies(Trelvan trelvan_artwork)
 list(TRANSFORM TRELVAN_PICTURES REPLACE "(.+)" "${TRELVAN_RESOURCES}/bmp\\1.png" OUTPUT_VARIABLE pictures)
-# The manual's tools are not among Homebrew's packages: without them the bundle has no copy of it.
+# What makes the manual is not among Homebrew's packages: without it the bundle has no copy.
 find_program(TRELVAN_RST2PDF rst2pdf DOC "Makes the manual")
-option(TRELVAN_MANUAL "macOS: put the manual into the bundle" ${TRELVAN_RST2PDF})
-if(TRELVAN_MANUAL AND TRELVAN_RST2PDF)
+find_file(TRELVAN_FONT LiberationSans-Regular.ttf PATHS $ENV{HOME}/Library/Fonts /Library/Fonts NO_DEFAULT_PATH
+  DOC "The manual's font")
+option(TRELVAN_MANUAL "macOS: put the manual into the bundle, if it can be made" ON)
+if(TRELVAN_MANUAL AND TRELVAN_RST2PDF AND TRELVAN_FONT)
   set(manual_file "${TRELVAN_RESOURCES}/Trelvan Operation Manual.pdf")
   trelvan_add_manual(trelvan_manual "${manual_file}")
   add_dependencies(Trelvan trelvan_manual)
@@ -60,7 +65,8 @@ set_target_properties(Trelvan PROPERTIES
   MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION}
   # Resources too: whatever changes in the bundle, it is linked and thereby signed again.
   LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/exports.txt;${pictures};${manual_file}")
-target_link_options(Trelvan PRIVATE LINKER:-exported_symbols_list,${PROJECT_SOURCE_DIR}/cmake/exports.txt)
+target_link_options(Trelvan PRIVATE
+  LINKER:-exported_symbols_list,${PROJECT_SOURCE_DIR}/cmake/exports.txt LINKER:-dead_strip)
 
 # The last step: nothing may be written into the bundle afterwards.
 find_program(TRELVAN_CODESIGN codesign)

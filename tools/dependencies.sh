@@ -14,9 +14,12 @@ build_packages=(
   sonic-pi-samples                                                        # the demonstration's recording
 )
 test_packages=(
-  clang clang-format clang-tidy lld libclang-rt-14-dev                    # fuzzers, format, lint
+  clang-14 clang clang-format clang-tidy libclang-rt-14-dev llvm-14       # fuzzers, sanitizers, format, lint
   libgtest-dev libgmock-dev libbenchmark-dev
-  python3 git file binutils
+  xvfb libxcb-xtest0-dev libxcb-damage0-dev                               # the window, with real events
+  lld-14 libc++-14-dev musl-dev                                           # the macOS sources: Mach-O bundle
+  gobjc++ libgnustep-gui-dev gnustep-back0.29-cairo                       # the macOS sources: run on GNUstep
+  git binutils procps
 )
 
 toolkit_version=4.13.3

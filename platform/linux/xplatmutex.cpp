@@ -6,11 +6,15 @@
 
 namespace {
 
-std::recursive_timed_mutex* lockOf(void* mutex) { return static_cast<std::recursive_timed_mutex*>(mutex); }
+std::recursive_timed_mutex* lockOf(void* mutex) {
+  return static_cast<std::recursive_timed_mutex*>(mutex);
+}
 
 }  // namespace
 
-void* XPlatCreateMutex() { return new std::recursive_timed_mutex; }
+void* XPlatCreateMutex() {
+  return new std::recursive_timed_mutex;
+}
 
 void XPlatLockMutex(void* mutex, unsigned long timeoutMs) {
   if (mutex == nullptr) return;
@@ -26,4 +30,6 @@ void XPlatUnlockMutex(void* mutex) {
   if (mutex != nullptr) lockOf(mutex)->unlock();
 }
 
-void XPlatDeleteMutex(void* mutex) { delete lockOf(mutex); }
+void XPlatDeleteMutex(void* mutex) {
+  delete lockOf(mutex);
+}

@@ -151,13 +151,14 @@ TEST_F(TrelvanTest, HasVersionsAndACategory) {
 }
 
 TEST_F(TrelvanTest, CanDoFourThings) {
-  for (const char* question : {"offline", "plugAsChannelInsert", "1in2out", "2in2out"}) EXPECT_EQ(canDo(question), 1) << question;
+  for (const char* question : {"offline", "plugAsChannelInsert", "1in2out", "2in2out"})
+    EXPECT_EQ(canDo(question), 1) << question;
 }
 
 TEST_F(TrelvanTest, CanDoNothingElseAndNeverSaysMinusOne) {
-  for (const char* question : {"bypass", "receiveVstMidiEvent", "receiveVstEvents", "sendVstEvents", "plugAsSend", "mixDryWet",
-                           "midiProgramNames", "supportsViewDpiScaling", "", "Offline", "OFFLINE", "offline ", " offline",
-                           "2in2ou", "1in2out2", "PlugAsChannelInsert"}) {
+  for (const char* question : {"bypass", "receiveVstMidiEvent", "receiveVstEvents", "sendVstEvents", "plugAsSend",
+                               "mixDryWet", "midiProgramNames", "supportsViewDpiScaling", "", "Offline", "OFFLINE",
+                               "offline ", " offline", "2in2ou", "1in2out2", "PlugAsChannelInsert"}) {
     EXPECT_EQ(canDo(question), 0) << question;
   }
 }
@@ -264,13 +265,33 @@ TEST_F(TrelvanTest, HasAPeakOfZero) {
 }
 
 TEST_F(TrelvanTest, KeepsTheInterfacesOtherDefaults) {
-  for (const VstInt32 opcode :
-       {effString2Parameter, effSetBypass, effGetTailSize, effGetSpeakerArrangement, effSetProcessPrecision,
-        effVendorSpecific, effGetMidiProgramName, effGetCurrentMidiProgram, effGetMidiProgramCategory,
-        effHasMidiProgramsChanged, effGetMidiKeyName, effStartProcess, effStopProcess, effBeginSetProgram, effEndSetProgram,
-        effBeginLoadBank, effBeginLoadProgram, effOfflineNotify, effOfflinePrepare, effOfflineRun, effShellGetNextPlugin,
-        effProcessEvents, effGetNumMidiInputChannels, effGetNumMidiOutputChannels, effProcessVarIo, effSetPanLaw,
-        effSetTotalSampleToProcess}) {
+  for (const VstInt32 opcode : {effString2Parameter,
+                                effSetBypass,
+                                effGetTailSize,
+                                effGetSpeakerArrangement,
+                                effSetProcessPrecision,
+                                effVendorSpecific,
+                                effGetMidiProgramName,
+                                effGetCurrentMidiProgram,
+                                effGetMidiProgramCategory,
+                                effHasMidiProgramsChanged,
+                                effGetMidiKeyName,
+                                effStartProcess,
+                                effStopProcess,
+                                effBeginSetProgram,
+                                effEndSetProgram,
+                                effBeginLoadBank,
+                                effBeginLoadProgram,
+                                effOfflineNotify,
+                                effOfflinePrepare,
+                                effOfflineRun,
+                                effShellGetNextPlugin,
+                                effProcessEvents,
+                                effGetNumMidiInputChannels,
+                                effGetNumMidiOutputChannels,
+                                effProcessVarIo,
+                                effSetPanLaw,
+                                effSetTotalSampleToProcess}) {
     EXPECT_EQ(send(opcode, 0, 0, text), 0) << opcode;
   }
   EXPECT_STREQ(text, "untouched");

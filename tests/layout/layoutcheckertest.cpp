@@ -163,9 +163,9 @@ TEST_F(LayoutChecker, SeesAFileThatDoesNotOpenWithASentence) {
   whole("plugin/bare.h", "//\n#pragma once\n");
   whole("plugin/words.mm", "// a title without an end\n");
   whole("plugin/point.h", "// .\n");
-  EXPECT_THAT(violations(),
-              UnorderedElementsAre("plugin/none.h" + expected, "plugin/late.h" + expected, "plugin/empty.h" + expected,
-                                   "plugin/bare.h" + expected, "plugin/words.mm" + expected, "plugin/point.h" + expected));
+  EXPECT_THAT(violations(), UnorderedElementsAre("plugin/none.h" + expected, "plugin/late.h" + expected,
+                                                 "plugin/empty.h" + expected, "plugin/bare.h" + expected,
+                                                 "plugin/words.mm" + expected, "plugin/point.h" + expected));
 }
 
 TEST_F(LayoutChecker, TakesASentenceOverSeveralLines) {
@@ -174,8 +174,9 @@ TEST_F(LayoutChecker, TakesASentenceOverSeveralLines) {
 }
 
 TEST_F(LayoutChecker, SeesConditionsOnTheSystem) {
-  const char* const conditions[] = {"#ifdef __APPLE__", "#ifndef __linux__", "#if defined(__APPLE__) && 1",
-                                    "  #  elif defined(__linux__)", "#if TARGET_OS_OSX", "#ifdef _WIN32"};
+  const char* const conditions[] = {
+      "#ifdef __APPLE__",  "#ifndef __linux__", "#if defined(__APPLE__) && 1", "  #  elif defined(__linux__)",
+      "#if TARGET_OS_OSX", "#ifdef _WIN32"};
   for (const char* condition : conditions) {
     whole("editor/a.cpp", std::string("// A file.\n") + condition + "\n");
     EXPECT_THAT(violations(), ElementsAre("editor/a.cpp:2: asks for the operating system")) << condition;

@@ -22,8 +22,8 @@ constexpr Rule kRules[] = {
     {"effect/*", "plugin/*"},
     {"effect/*", "platform/*"},
     {"effect/*", "presetsystem/cpresetsystemeffect.h"},
-    {"effect/trelvan.cpp", "editor/adeditor.h"},                   // creates the editor
-    {"effect/trelvanparameters.cpp", "editor/aeffguieditor.h"},    // tells it of changes
+    {"effect/trelvan.cpp", "editor/adeditor.h"},                 // creates the editor
+    {"effect/trelvanparameters.cpp", "editor/aeffguieditor.h"},  // tells it of changes
 
     {"presetsystem/*", "presetsystem/*"},
     {"presetsystem/*", "plugin/*"},

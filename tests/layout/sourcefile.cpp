@@ -24,7 +24,8 @@ SourceFile readSource(const std::filesystem::path& root, const std::string& path
     if (opening) source.openingComment += (number > 1 ? " " : "") + line.substr(std::min<std::size_t>(3, line.size()));
     std::smatch match;
     if (std::regex_search(line, match, include)) source.includes.push_back({number, match[1]});
-    if (std::regex_search(line, condition) && std::regex_search(line, system)) source.systemConditions.push_back(number);
+    if (std::regex_search(line, condition) && std::regex_search(line, system))
+      source.systemConditions.push_back(number);
   }
   return source;
 }

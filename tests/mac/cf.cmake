@@ -17,7 +17,8 @@ mac_test(maccftest
     ${PROJECT_SOURCE_DIR}/editor/mac/pacingmac.cpp
   LIBRARIES mac_doubles)
 # The toolkit's headers only: the test stands in for the two functions that are called.
-target_include_directories(maccftest SYSTEM PRIVATE $<TARGET_PROPERTY:trelvan_toolkit,INTERFACE_SYSTEM_INCLUDE_DIRECTORIES>)
+target_include_directories(maccftest SYSTEM PRIVATE
+  $<TARGET_PROPERTY:trelvan_toolkit,INTERFACE_SYSTEM_INCLUDE_DIRECTORIES>)
 
 # Two bundles with the lookup in them, loaded side by side as a host does.
 set(bundles ${CMAKE_CURRENT_BINARY_DIR}/bundles)

@@ -17,6 +17,7 @@ add_executable(maccocoatest
   cocoa/xplatalerttest.mm
   cocoa/idletimertest.mm
   cocoa/textentrymactest.mm
+  cocoa/textentrywindowtest.mm
   ${PROJECT_SOURCE_DIR}/tests/window/testdisplay.cpp
   ${PROJECT_SOURCE_DIR}/tests/window/picture.cpp
   ${PROJECT_SOURCE_DIR}/platform/mac/xplatalert.mm

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""mutants.py [WORD...]: plants faults in the macOS sources, one at a time, and shows that the tests fail.
+"""mutants.py [--folder FOLDER] [WORD...]: plants faults in the macOS sources, one at a time, and shows that the tests fail.
 
 It works on a copy of the sources in a temporary folder and builds that first, which takes some minutes; then a fault takes
-five to twenty seconds. With words it plants only the faults whose description holds one of them. A test of its own comes
-first: without a fault everything passes.
+five to twenty seconds. FOLDER is kept for the next time. With words it plants only the faults of these kinds (cf, path,
+toolkit, cocoa, macho) or with one of them in their description. First comes a run without a fault, which passes.
 """
 import os
 import shutil
@@ -37,8 +37,9 @@ class Copy:
     def __init__(self, folder):
         self.source = os.path.join(folder, "source")
         self.build = os.path.join(folder, "build")
-        os.mkdir(self.source)
-        for name in FOLDERS:
+        shutil.rmtree(self.source, ignore_errors=True)
+        os.makedirs(self.source)
+        for name in FOLDERS:  # with their times, so that a build folder that is there already stays of use
             shutil.copytree(os.path.join(ROOT, name), os.path.join(self.source, name))
         # The rooms that this needs, and no others.
         with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as file:
@@ -102,8 +103,11 @@ def reason(output):
 
 def main():
     words = sys.argv[1:]
-    chosen = [mutant for mutant in MUTANTS if not words or any(word in mutant.what for word in words)]
-    folder = tempfile.mkdtemp(prefix="mutants")
+    kept = words[1] if words[:1] == ["--folder"] else None
+    words = words[2:] if kept else words
+    chosen = [mutant for mutant in MUTANTS
+              if not words or mutant.kind in words or any(word in mutant.what for word in words)]
+    folder = kept or tempfile.mkdtemp(prefix="mutants")
     survivors = []
     try:
         copy = Copy(folder)
@@ -126,7 +130,8 @@ def main():
             seen = "SURVIVES" if passed else "caught    " + reason(output)
             print(f"{time.monotonic() - begin:5.1f} s  {mutant.kind:8} {mutant.what}: {seen}", flush=True)
     finally:
-        shutil.rmtree(folder)
+        if not kept:
+            shutil.rmtree(folder)
     print(f"{len(chosen) - len(survivors)} of {len(chosen)} faults caught; not caught: {survivors}")
     return 1 if survivors else 0
 

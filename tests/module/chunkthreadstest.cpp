@@ -23,8 +23,7 @@ VstIntPtr threadHost(AEffect* effect, VstInt32 opcode, VstInt32, VstIntPtr, void
 // Processes until told to stop; afterwards tells how many blocks, and whether all samples were numbers.
 class AudioThread {
  public:
-  explicit AudioThread(AEffect* processed)
-      : effect(processed), thread([this] { run(); }) {}
+  explicit AudioThread(AEffect* processed) : effect(processed), thread([this] { run(); }) {}
   ~AudioThread() { stop(); }
 
   void stop() {

@@ -38,8 +38,7 @@ TEST_F(Diagnostics, AreAbsentInANormalLife) {
 TEST_F(Diagnostics, NameAValueOutsideTheRangeOnSave) {
   Instance instance(module);
   instance.setParameter(0, 1.25F);
-  EXPECT_EQ(linesOf([&] { instance.chunk(); }),
-            "Invalid parameter 0 value 1.250000 on save of preset 0 init\n");
+  EXPECT_EQ(linesOf([&] { instance.chunk(); }), "Invalid parameter 0 value 1.250000 on save of preset 0 init\n");
   EXPECT_EQ(instance.getParameter(0), 1.25F);
 }
 

@@ -76,8 +76,9 @@ TEST_F(HostCalls, AreHarmlessWithoutAnyBuffer) {
 TEST_F(HostCalls, ThatAreUnknownAnswerZero) {
   Instance instance(module);
   char text[64] = "untouched";
-  for (const VstInt32 opcode : {kLeast, -100289, -1, 9, 16, 17, 18, 20, 21, 28, 30, 31, 32, 36, 37, 46, 53, 54, 55, 57, 67,
-                                68, 75, 76, 80, 81, 255, 100289, 100303, 100304, 2147483647}) {
+  for (const VstInt32 opcode :
+       {kLeast, -100289, -1, 9,  16, 17, 18, 20, 21, 28, 30,  31,     32,     36,     37,        46,
+        53,     54,      55, 57, 67, 68, 75, 76, 80, 81, 255, 100289, 100303, 100304, 2147483647}) {
     EXPECT_EQ(instance.send(opcode, 0, 0, text), 0) << opcode;
   }
   EXPECT_STREQ(text, "untouched");

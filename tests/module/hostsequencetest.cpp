@@ -1,4 +1,5 @@
-// What real hosts were seen to call, in their order: afterwards the effect plays and saves as if it had had one host only.
+// What real hosts were seen to call, in their order: afterwards the effect plays and saves as if it had had one host
+// only.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -169,9 +170,9 @@ TEST_F(HostSequence, QtractorsScan) {
   EXPECT_EQ(instance.send(effGetPlugCategory), 4);
   instance.send(effOpen);
   instance.text(effGetEffectName);
-  canDoAll(instance, {"sendVstEvents", "sendVstMidiEvent", "sendVstTimeInfo", "receiveVstEvents", "receiveVstMidiEvent",
-                      "receiveVstTimeInfo", "offline", "plugAsChannelInsert", "plugAsSend", "mixDryWet",
-                      "midiProgramNames"});
+  canDoAll(instance,
+           {"sendVstEvents", "sendVstMidiEvent", "sendVstTimeInfo", "receiveVstEvents", "receiveVstMidiEvent",
+            "receiveVstTimeInfo", "offline", "plugAsChannelInsert", "plugAsSend", "mixDryWet", "midiProgramNames"});
   EXPECT_EQ(instance.close(), 1);
   Instance second(module);
   EXPECT_EQ(second.send(effGetPlugCategory), 4);

@@ -126,11 +126,12 @@ class Instance {
   }
 
   // Processes `input` in blocks of these sizes, one after the other and again from the first.
-  Audio render(const Audio& input, Buffers buffers = Buffers::separate, std::initializer_list<VstInt32> blocks = {512}) {
+  Audio render(const Audio& input, Buffers buffers = Buffers::separate,
+               std::initializer_list<VstInt32> blocks = {512}) {
     Audio in = input;
-    Audio out = buffers == Buffers::separate ? Audio{std::vector<float>(input.left.size(), 99.0F),
-                                                     std::vector<float>(input.left.size(), 99.0F)}
-                                             : Audio{};
+    Audio out = buffers == Buffers::separate
+                    ? Audio{std::vector<float>(input.left.size(), 99.0F), std::vector<float>(input.left.size(), 99.0F)}
+                    : Audio{};
     Audio& to = buffers == Buffers::separate ? out : in;
     auto block = blocks.begin();
     for (std::size_t at = 0; at < input.left.size();) {

@@ -39,7 +39,8 @@ TEST_F(ModuleOldChunk, Of1440BytesLoadsInBothByteOrders) {
 TEST_F(ModuleOldChunk, OfEveryStrideUpToFiveFloatsKeepsTheDefaultsBehindThem) {
   for (const bool other : {false, true}) {
     for (int floats = 0; floats <= 5; ++floats) {
-      EXPECT_EQ(after(imagebytes::oldChunk(distinctBank(), 32, floats, 2, other)), imagebytes::chunk(withDefaults(floats), 2))
+      EXPECT_EQ(after(imagebytes::oldChunk(distinctBank(), 32, floats, 2, other)),
+                imagebytes::chunk(withDefaults(floats), 2))
           << floats;
     }
   }

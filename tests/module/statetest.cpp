@@ -28,7 +28,8 @@ TEST_F(State, KeepsEveryParameterExactly) {
 
 TEST_F(State, HasNoValueForAnIndexThatItHasNot) {
   Instance instance(module);
-  for (const VstInt32 index : {-1, 5, 7, 1000, 2147483647, -2147483647 - 1}) EXPECT_EQ(instance.getParameter(index), 0.0F);
+  for (const VstInt32 index : {-1, 5, 7, 1000, 2147483647, -2147483647 - 1})
+    EXPECT_EQ(instance.getParameter(index), 0.0F);
 }
 
 TEST_F(State, DoesNotChangeWhenParametersAreSetToWhatTheyAreInAnyOrder) {

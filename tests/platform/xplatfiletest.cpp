@@ -24,7 +24,9 @@ class XPlatFile : public testing::Test {
   }
   void TearDown() override { fs::remove_all(dir); }
 
-  void write(const std::string& name, const std::string& content) { std::ofstream(dir + name, std::ios::binary) << content; }
+  void write(const std::string& name, const std::string& content) {
+    std::ofstream(dir + name, std::ios::binary) << content;
+  }
   std::string read(const std::string& name) {
     std::ifstream in(dir + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};

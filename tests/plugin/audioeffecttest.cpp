@@ -332,7 +332,9 @@ TEST(AudioEffect, WorksWithoutAnyHost) {
 TEST(AudioEffect, AnswersNothingByDefault) {
   PlainEffect effect;
   AEffect* record = effect.getAeffect();
-  const auto send = [record](VstInt32 opcode, void* ptr) { return record->dispatcher(record, opcode, 0, 0, ptr, 0.0F); };
+  const auto send = [record](VstInt32 opcode, void* ptr) {
+    return record->dispatcher(record, opcode, 0, 0, ptr, 0.0F);
+  };
   for (const VstInt32 opcode : {effGetProgramName, effGetParamLabel, effGetParamDisplay, effGetParamName}) {
     char text[8] = "before";
     EXPECT_EQ(send(opcode, text), 0);

@@ -161,8 +161,9 @@ TEST_F(AudioEffectXTest, HandsTheRestToTheirOperations) {
 }
 
 TEST_F(AudioEffectXTest, AsksNothingOfTheEffectWhereTheHostGivesNoBuffer) {
-  for (const VstInt32 opcode : {effGetProgramNameIndexed, effGetInputProperties, effGetOutputProperties, effGetEffectName,
-                                effGetVendorString, effGetProductString, effCanDo, effGetParameterProperties}) {
+  for (const VstInt32 opcode :
+       {effGetProgramNameIndexed, effGetInputProperties, effGetOutputProperties, effGetEffectName, effGetVendorString,
+        effGetProductString, effCanDo, effGetParameterProperties}) {
     EXPECT_EQ(effect.send(opcode), 0) << opcode;
   }
 }
@@ -211,7 +212,8 @@ TEST(AudioEffectX, KeepsTheInterfacesDefaultAnswers) {
   VstPinProperties pin{};
   for (VstInt32 opcode = effProcessEvents; opcode <= effGetNumMidiOutputChannels; ++opcode) {
     if (opcode == effCanBeAutomated || opcode == effGetVstVersion || opcode == effSetBlockSizeAndSampleRate) continue;
-    EXPECT_EQ(effect.send(opcode, 0, 0, opcode == effGetInputProperties ? static_cast<void*>(&pin) : text), 0) << opcode;
+    EXPECT_EQ(effect.send(opcode, 0, 0, opcode == effGetInputProperties ? static_cast<void*>(&pin) : text), 0)
+        << opcode;
   }
   EXPECT_EQ(effect.send(effCanBeAutomated), 1);
   EXPECT_EQ(effect.send(effGetVstVersion), 2400);
@@ -222,8 +224,8 @@ TEST(AudioEffectX, KeepsTheInterfacesDefaultAnswers) {
 TEST(AudioEffectX, AnswersZeroToOpcodesThatAreNotInTheInterface) {
   RecordingHost host;
   PlainEffectX effect;
-  for (const VstInt32 opcode : {-2147483647 - 1, -1, 28, 30, 31, 32, 36, 37, 46, 53, 54, 55, 57, 80, 100289, 100303,
-                                100304, 2147483647}) {
+  for (const VstInt32 opcode :
+       {-2147483647 - 1, -1, 28, 30, 31, 32, 36, 37, 46, 53, 54, 55, 57, 80, 100289, 100303, 100304, 2147483647}) {
     EXPECT_EQ(effect.send(opcode), 0) << opcode;
   }
 }

@@ -18,8 +18,9 @@ TEST(Vst24, TakesCharactersAbove127AsUnsignedBytes) {
 }
 
 TEST(Vst24, NumbersTheBasicOpcodesAsPublished) {
-  const VstInt32 inOrder[] = {effOpen,         effClose,           effSetProgram,   effGetProgram,  effSetProgramName,
-                              effGetProgramName, effGetParamLabel, effGetParamDisplay, effGetParamName};
+  const VstInt32 inOrder[] = {effOpen,          effClose,           effSetProgram,
+                              effGetProgram,    effSetProgramName,  effGetProgramName,
+                              effGetParamLabel, effGetParamDisplay, effGetParamName};
   VstInt32 number = 0;
   for (const VstInt32 opcode : inOrder) EXPECT_EQ(opcode, number++);
   EXPECT_EQ(effSetSampleRate, 10);

@@ -15,7 +15,8 @@ TEST(ByteWriter, LaysThingsOneBehindTheOther) {
   out.zeros(3);
   out.bytes("ab", 2);
   EXPECT_EQ(out.size(), 14U);
-  const imagebytes::Bytes expected = imagebytes::Writer().byte(7).number(-2).real(0.5F).zeros(3).byte('a').byte('b').bytes;
+  const imagebytes::Bytes expected =
+      imagebytes::Writer().byte(7).number(-2).real(0.5F).zeros(3).byte('a').byte('b').bytes;
   EXPECT_EQ(out.take(), expected);
 }
 

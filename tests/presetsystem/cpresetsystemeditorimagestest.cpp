@@ -45,7 +45,9 @@ class Images : public testing::Test {
     (editor->*reader)(reinterpret_cast<char*>(image.data() + 41), &header, swapped);
   }
   void readBank(const Bytes& image, bool swapped = false) { read(&CPresetSystemEditor::BufferToBank, image, swapped); }
-  void readPreset(const Bytes& image, bool swapped = false) { read(&CPresetSystemEditor::BufferToPreset, image, swapped); }
+  void readPreset(const Bytes& image, bool swapped = false) {
+    read(&CPresetSystemEditor::BufferToPreset, image, swapped);
+  }
   void readMidi(const Bytes& image, bool swapped = false) { read(&CPresetSystemEditor::BufferToMidi, image, swapped); }
 
   Bytes writtenBank() { return written(&CPresetSystemEditor::BankToBuffer); }
@@ -263,8 +265,12 @@ TEST_F(Images, HandAMidiMapToTheParametersBehindTheFive) {
 }
 
 TEST_F(Images, SkipWhatIsNoMidiAssignment) {
-  const Bytes entries =
-      Writer().parameterEntry(0, 0, 0.5F).valueEntry(2, 0, -5, 0.5F).valueEntry(2, 0, 1, 1.5F).valueEntry(2, 0, 1, 0.5F).bytes;
+  const Bytes entries = Writer()
+                            .parameterEntry(0, 0, 0.5F)
+                            .valueEntry(2, 0, -5, 0.5F)
+                            .valueEntry(2, 0, 1, 1.5F)
+                            .valueEntry(2, 0, 1, 0.5F)
+                            .bytes;
   readMidi(image(imagebytes::kMidiMapKind, 4, 0, entries));
   EXPECT_THAT(editor->parameters, ElementsAre(Pair(6, 0.5F)));
 }

@@ -50,8 +50,7 @@ class Chunk : public testing::Test {
 TEST_F(Chunk, Has10545BytesWithTagIdAndABankHeaderOf192Entries) {
   const Bytes data = chunk();
   ASSERT_EQ(data.size(), 10545U);
-  const Bytes start =
-      Writer().word(0x02000000).word(kTrelvan).header(imagebytes::kBankKind, 192, 0, 10496).bytes;
+  const Bytes start = Writer().word(0x02000000).word(kTrelvan).header(imagebytes::kBankKind, 192, 0, 10496).bytes;
   EXPECT_EQ(Bytes(data.begin(), data.begin() + 49), start);
 }
 

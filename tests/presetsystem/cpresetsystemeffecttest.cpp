@@ -232,7 +232,8 @@ TEST_F(PresetStore, DoesNothingWhenTheHostSelectsAProgram) {
   effect.setParameter(0, 0.125F);
   host.calls.clear();
   AEffect* record = effect.getAeffect();
-  for (const VstIntPtr program : {0, 1, 5, -1, 31}) record->dispatcher(record, effSetProgram, 0, program, nullptr, 0.0F);
+  for (const VstIntPtr program : {0, 1, 5, -1, 31})
+    record->dispatcher(record, effSetProgram, 0, program, nullptr, 0.0F);
   EXPECT_EQ(effect.getPresetNo(), 7);
   EXPECT_EQ(effect.getParameter(0), 0.125F);
   EXPECT_TRUE(host.calls.empty());

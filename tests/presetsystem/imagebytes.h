@@ -150,7 +150,9 @@ inline Bytes oldChunk(const Bank& bank, int count, int floats, std::int32_t curr
 
 // Reverses every word of a whole bank, preset or MIDI-map image as the tables lay them out; names are bytes.
 inline void turnImage(Bytes& image, std::size_t start) {
-  const auto turn = [&image](std::size_t at) { std::reverse(image.begin() + static_cast<long>(at), image.begin() + static_cast<long>(at) + 4); };
+  const auto turn = [&image](std::size_t at) {
+    std::reverse(image.begin() + static_cast<long>(at), image.begin() + static_cast<long>(at) + 4);
+  };
   const auto wordAt = [&image](std::size_t at) {
     std::uint32_t value;
     std::memcpy(&value, image.data() + at, 4);

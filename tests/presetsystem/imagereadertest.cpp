@@ -115,8 +115,12 @@ TEST_F(ReadBank, ChangesOneValueWhereThereIsNoName) {
 
 // The name entry resets the preset: a value in front of it is lost.
 TEST_F(ReadBank, TakesEntriesInTheirOrder) {
-  const Bytes entries =
-      Writer().parameterEntry(7, 2, 0.625F).nameEntry(7, "seven").parameterEntry(7, 0, 0.1F).parameterEntry(7, 0, 0.2F).bytes;
+  const Bytes entries = Writer()
+                            .parameterEntry(7, 2, 0.625F)
+                            .nameEntry(7, "seven")
+                            .parameterEntry(7, 0, 0.1F)
+                            .parameterEntry(7, 0, 0.2F)
+                            .bytes;
   EXPECT_EQ(read(entries, 4), Reading::done);
   before[7] = {"seven", kDefault.values};
   before[7].values[0] = 0.2F;
@@ -288,7 +292,8 @@ TEST_F(ReadBank, TakesTheWholeEntriesOfTruncatedData) {
     for (std::size_t i = 0; i < 3 && at + 168 <= length; ++i) {
       expected[i] = {otherBank()[i].name, kDefault.values};
       at += 168;
-      for (std::size_t j = 0; j < 5 && at + 32 <= length; ++j, at += 32) expected[i].values[j] = otherBank()[i].values[j];
+      for (std::size_t j = 0; j < 5 && at + 32 <= length; ++j, at += 32)
+        expected[i].values[j] = otherBank()[i].values[j];
     }
     ASSERT_TRUE(sameBank(bank, recordsOf(expected))) << length << " bytes";
   }
@@ -343,7 +348,8 @@ TEST_F(ReadPreset, RefusesEveryValueOutsideTheRange) {
 }
 
 TEST_F(ReadPreset, IgnoresAnyValueOfAParameterThatItHasNot) {
-  const Bytes entries = Writer().parameterEntry(0, 5, 1.25F).parameterEntry(0, -1, kNaN).parameterEntry(0, 0, 0.5F).bytes;
+  const Bytes entries =
+      Writer().parameterEntry(0, 5, 1.25F).parameterEntry(0, -1, kNaN).parameterEntry(0, 0, 0.5F).bytes;
   EXPECT_EQ(read(entries, 3), Reading::done);
   EXPECT_EQ(preset.width, 0.5F);
 }

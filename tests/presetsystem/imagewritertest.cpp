@@ -71,7 +71,8 @@ TEST(WriteBank, WritesANaNAsItIsWithoutANote) {
 
 TEST(WriteBank, LeavesPlaceholdersOut) {
   InvalidParameters repaired;
-  const auto image = presetimage::writeBank(recordsOf(distinctBank()), kID, 4, {true, false, false, true, false}, repaired);
+  const auto image =
+      presetimage::writeBank(recordsOf(distinctBank()), kID, 4, {true, false, false, true, false}, repaired);
   imagebytes::Writer entries;
   for (std::int32_t preset = 0; preset < 32; ++preset) {
     const imagebytes::Preset from = distinctBank()[static_cast<std::size_t>(preset)];
@@ -133,7 +134,8 @@ TEST(DiagnosticLine, NamesParameterValueOperationAndPreset) {
 
 TEST(DiagnosticLine, ShowsAnyFloat) {
   EXPECT_EQ(line("n", std::numeric_limits<float>::infinity()), "Invalid parameter 2 value inf on save of preset 3 n\n");
-  EXPECT_EQ(line("n", -std::numeric_limits<float>::infinity()), "Invalid parameter 2 value -inf on save of preset 3 n\n");
+  EXPECT_EQ(line("n", -std::numeric_limits<float>::infinity()),
+            "Invalid parameter 2 value -inf on save of preset 3 n\n");
   EXPECT_EQ(line("n", 1e-10F + 1.0F), "Invalid parameter 2 value 1.000000 on save of preset 3 n\n");
   EXPECT_EQ(line("n", -std::numeric_limits<float>::max()),
             "Invalid parameter 2 value -340282346638528859811704183484516925440.000000 on save of preset 3 n\n");

@@ -59,7 +59,8 @@ TEST(OldPreset, RefusesEveryValueOutsideTheRange) {
     imagebytes::Preset damaged = kOther;
     damaged.values[2] = value;
     ACombProgram preset = recordOf(kDefault);
-    EXPECT_EQ(presetimage::readOldPreset(imagebytes::oldPresetData(damaged, 5), false, 5, {}, preset), Reading::refused);
+    EXPECT_EQ(presetimage::readOldPreset(imagebytes::oldPresetData(damaged, 5), false, 5, {}, preset),
+              Reading::refused);
   }
 }
 
@@ -127,7 +128,8 @@ TEST_F(OldBank, StopsAtTheEndOfTheData) {
     EXPECT_EQ(read(cut, 32, 5), Reading::done);
     for (std::size_t i = 0; i < 32; ++i) {
       const bool there = (i + 1) * 44 <= length;
-      ASSERT_TRUE(sameRecord(bank[i], there ? recordOf(distinctBank()[i]) : ACombProgram())) << length << " bytes, " << i;
+      ASSERT_TRUE(sameRecord(bank[i], there ? recordOf(distinctBank()[i]) : ACombProgram()))
+          << length << " bytes, " << i;
     }
   }
 }
@@ -150,7 +152,8 @@ TEST_F(OldBank, ReadsNothingForANegativeNumberOfFloatsOrRecords) {
 
 using Assignments = std::vector<std::pair<int, float>>;
 
-Assignments oldMidiMap(const Bytes& data, int floats, bool swapped = false, const presetimage::DummySlots& dummies = {}) {
+Assignments oldMidiMap(const Bytes& data, int floats, bool swapped = false,
+                       const presetimage::DummySlots& dummies = {}) {
   Assignments list;
   for (const auto& read : presetimage::readOldMidiMap(data, swapped, floats, dummies)) {
     list.emplace_back(read.parameter, read.value);

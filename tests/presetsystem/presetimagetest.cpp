@@ -109,7 +109,8 @@ TEST_F(PresetImage, OfGarbageIsRefusedOrGivesAValidBank) {
     const bool swapped = below(2) == 1;
     if (swapped) imagebytes::turnImage(image, 0);
     const int damage = below(40);
-    for (int i = 0; i < damage; ++i) image[static_cast<std::size_t>(below(2000))] = static_cast<unsigned char>(below(256));
+    for (int i = 0; i < damage; ++i)
+      image[static_cast<std::size_t>(below(2000))] = static_cast<unsigned char>(below(256));
     image.resize(static_cast<std::size_t>(below(static_cast<int>(image.size())) + 1));
     newpresetheader header = newpresetheader::read(image);
     if (swapped) byteSwapHeader(&header);
@@ -135,14 +136,15 @@ TEST_F(PresetImage, OfOldGarbageIsRefusedOrGivesAValidBank) {
     Bytes data = imagebytes::oldChunk(imagebytes::randomBank(random), below(40), below(9), below(64));
     const int damage = below(6);
     for (int i = 0; i < damage && data.size() > 8; ++i) {
-      data[8 + static_cast<std::size_t>(below(static_cast<int>(data.size()) - 8))] = static_cast<unsigned char>(below(256));
+      data[8 + static_cast<std::size_t>(below(static_cast<int>(data.size()) - 8))] =
+          static_cast<unsigned char>(below(256));
     }
     const auto size = static_cast<std::int64_t>(data.size());
     data.resize(chunkimage::kOldSize);
     Bank bank = recordsOf(imagebytes::randomBank(random));
-    const auto reading = chunkimage::readOldChunk(
-        std::span<const unsigned char, chunkimage::kOldSize>(data.data(), data.size()), size + below(3) - 1,
-        below(2) == 1, {}, ACombProgram(), bank);
+    const auto reading =
+        chunkimage::readOldChunk(std::span<const unsigned char, chunkimage::kOldSize>(data.data(), data.size()),
+                                 size + below(3) - 1, below(2) == 1, {}, ACombProgram(), bank);
     EXPECT_TRUE(isValid(bank));
     if (reading.complete) {
       EXPECT_GE(reading.presetToSelect, 0);

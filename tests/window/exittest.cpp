@@ -18,8 +18,12 @@ namespace {
 class LeakAllowed {
  public:
 #ifdef TRELVAN_SANITIZED
-  LeakAllowed() { __lsan_disable(); }
-  ~LeakAllowed() { __lsan_enable(); }
+  LeakAllowed() {
+    __lsan_disable();
+  }
+  ~LeakAllowed() {
+    __lsan_enable();
+  }
 #else
   LeakAllowed() {}
 #endif
@@ -162,7 +166,7 @@ TEST_F(Unloading, RoundsOfLoadingOpeningClosingAndUnloadingAreSafe) {
   constexpr int kRounds = 60;
   for (int round = 0; round < kRounds; ++round) {
     if (round == kRounds / 4) {
-      memory = resident();
+      memory = residentMemory();
       files = openFiles();
     }
     void* module = loadModule();
@@ -183,7 +187,7 @@ TEST_F(Unloading, RoundsOfLoadingOpeningClosingAndUnloadingAreSafe) {
 #ifdef TRELVAN_SANITIZED
   (void)memory;  // what is freed stays in quarantine
 #else
-  EXPECT_LE(resident() - memory, 1024) << "kB";
+  EXPECT_LE(residentMemory() - memory, 1024) << "kB";
 #endif
   display.destroyWindow(window);
 }

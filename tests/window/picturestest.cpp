@@ -1,6 +1,7 @@
 // The window's looks, compared with the pictures beside this file. refresh-pictures.sh takes them anew.
 #include <cstdlib>
 #include <functional>
+#include <numeric>
 
 #include "picturematch.h"
 #include "windowtest.h"
@@ -55,7 +56,8 @@ std::vector<State> states() {
          host.hover(places::listEntry(21));
        },
        whole, listEntries()},
-      {"about", [](WindowHost& host) { host.click(places::kAbout); }, whole, [] {
+      {"about", [](WindowHost& host) { host.click(places::kAbout); }, whole,
+       [] {
          std::vector<Area> areas = displays();
          areas.push_back(places::kAboutPanel);
          return areas;
@@ -66,9 +68,12 @@ std::vector<State> states() {
          host.click(places::kName);
          host.type("Wide piano");
        },
-       around(places::kName), {places::kName}},
-      {"longest-name", [](WindowHost& host) { host.setProgramName("WWWWWWWWWWWWWWWWWWWWWWWW"); },
-       around({places::kName.left, places::kName.top, places::kMenu.right, places::kName.bottom}), {places::kName}},
+       around(places::kName),
+       {places::kName}},
+      {"longest-name",
+       [](WindowHost& host) { host.setProgramName("WWWWWWWWWWWWWWWWWWWWWWWW"); },
+       around({places::kName.left, places::kName.top, places::kMenu.right, places::kName.bottom}),
+       {places::kName}},
       {"switches",
        [](WindowHost& host) {
          host.setParameter(3, 0.0F);
@@ -90,32 +95,40 @@ std::vector<State> states() {
          host.setParameter(0, 0.0F);
          host.play(0.5F, 0.5F, 88200);
        },
-       around(places::kMeter), {}},
+       around(places::kMeter),
+       {}},
       {"meter-wide",
        [](WindowHost& host) {
          host.setParameter(0, 1.0F);
          host.setParameter(2, 0.0F);
          host.play(0.5F, 0.5F, 88200);
        },
-       around(places::kMeter), {}},
+       around(places::kMeter),
+       {}},
   };
   struct Button {
     const char* name;
     Area place;
   };
   const Button buttons[] = {
-      {"save-preset", places::kSavePreset}, {"default-preset", places::kDefaultPreset},
-      {"load-preset", places::kLoadPreset}, {"save-bank", places::kSaveBank},
-      {"default-bank", places::kDefaultBank}, {"load-bank", places::kLoadBank},
-      {"store-a", places::kStoreA}, {"recall-a", places::kRecallA},
-      {"store-b", places::kStoreB}, {"recall-b", places::kRecallB},
-      {"manual", places::kManual}, {"rocker-left", places::kRockerLeft},
+      {"save-preset", places::kSavePreset},
+      {"default-preset", places::kDefaultPreset},
+      {"load-preset", places::kLoadPreset},
+      {"save-bank", places::kSaveBank},
+      {"default-bank", places::kDefaultBank},
+      {"load-bank", places::kLoadBank},
+      {"store-a", places::kStoreA},
+      {"recall-a", places::kRecallA},
+      {"store-b", places::kStoreB},
+      {"recall-b", places::kRecallB},
+      {"manual", places::kManual},
+      {"rocker-left", places::kRockerLeft},
       {"rocker-right", places::kRockerRight},
   };
   for (const Button& button : buttons) {
     const std::string name = button.name;
-    all.push_back({name + "-hover", [place = button.place](WindowHost& host) { host.hover(place); },
-                   around(button.place), {}});
+    all.push_back(
+        {name + "-hover", [place = button.place](WindowHost& host) { host.hover(place); }, around(button.place), {}});
     // Those that show a press at all; the dialog buttons and the manual's act and are at rest again.
     const bool shows = name.find("store") == 0 || name.find("recall") == 0 || name.find("rocker") == 0;
     const bool twice = name.find("default") == 0;
@@ -126,7 +139,8 @@ std::vector<State> states() {
                      host.hover(place);
                      host.press();
                    },
-                   around(button.place), {}});
+                   around(button.place),
+                   {}});
   }
   return all;
 }
@@ -147,6 +161,23 @@ std::string nameOf(const ::testing::TestParamInfo<State>& info) {
   return name;
 }
 
+// The caret blinks: the darkest picture shows it.
+Picture withCaret(WindowHost& host) {
+  const auto brightness = [](const Picture& picture) {
+    return std::accumulate(picture.pixels.begin(), picture.pixels.end(), std::uint64_t{0},
+                           [](std::uint64_t sum, std::uint32_t pixel) { return sum + (pixel & 0xFFU); });
+  };
+  constexpr int kSamples = 30;
+  constexpr int kInterval = 40;  // ms: together more than a blink
+  Picture darkest = host.picture();
+  for (int sample = 0; sample < kSamples; ++sample) {
+    host.idleFor(kInterval, 5);
+    Picture now = host.pictureNow();
+    if (brightness(now) < brightness(darkest)) darkest = std::move(now);
+  }
+  return darkest;
+}
+
 Picture pictureOf(WindowHost& host, const State& state, std::vector<Area>& texts) {
   host.click(places::kMenu);
   host.click(places::listEntry(kMixPreset));
@@ -156,7 +187,7 @@ Picture pictureOf(WindowHost& host, const State& state, std::vector<Area>& texts
   const bool pointerMatters = state.name.find("hover") != std::string::npos ||
                               state.name.find("pressed") != std::string::npos || state.name == "list";
   if (!pointerMatters) host.moveAway();
-  Picture picture = host.picture();
+  Picture picture = state.name.find("text-entry") == 0 ? withCaret(host) : host.picture();
   const Area area = state.part == Area{} ? picture.whole() : state.part;
   texts = state.texts;
   for (Area& text : texts) {

@@ -37,11 +37,19 @@ constexpr Area kCaptions[] = {
 };
 
 // index: 0 depth, 1 frequency, 2 emphasis.
-constexpr Area slider(int index) { return {63, 51 + 32 * index, 239, 74 + 32 * index}; }
-constexpr Area valueDisplay(int index) { return {258, 54 + 32 * index, kWidth, 71 + 32 * index}; }
+constexpr Area slider(int index) {
+  return {63, 51 + 32 * index, 239, 74 + 32 * index};
+}
+constexpr Area valueDisplay(int index) {
+  return {258, 54 + 32 * index, kWidth, 71 + 32 * index};
+}
 // The middle of the handle at a value; 1 is at the left.
-constexpr int handleX(float value) { return 71 + static_cast<int>((1.0F - value) * kSliderTravel + 0.5F); }
-constexpr int handleY(int index) { return slider(index).centreY(); }
+constexpr int handleX(float value) {
+  return 71 + static_cast<int>((1.0F - value) * kSliderTravel + 0.5F);
+}
+constexpr int handleY(int index) {
+  return slider(index).centreY();
+}
 
 // The list: two columns of 16 entries, rows of 14 in columns of 145, in the middle of the window.
 constexpr Area kList{2, 10, 300, 240};

@@ -1,24 +1,22 @@
-// What this process and its X server hold: memory and open files.
+// What this process holds: memory, open files, threads.
 #pragma once
 
+#include <malloc.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
 
-// kB of a process that are in memory.
-inline long residentOf(const std::string& process) {
+// kB in memory.
+inline long residentMemory() {
   long total = 0, resident = 0;  // pages
-  std::ifstream("/proc/" + process + "/statm") >> total >> resident;
+  std::ifstream("/proc/self/statm") >> total >> resident;
   return resident * (sysconf(_SC_PAGESIZE) / 1024);
 }
-inline long resident() { return residentOf("self"); }
-inline long residentOfServer() {
-  const char* server = std::getenv("XVFB_PID");
-  return server != nullptr ? residentOf(server) : 0;
+// Bytes that are allocated and not freed.
+inline long heapInUse() {
+  return static_cast<long>(mallinfo2().uordblks + mallinfo2().hblkhd);
 }
 
 inline long openFiles() {

@@ -1,6 +1,7 @@
 // Windows, fake input by the server's test extension, and pictures of the root window.
 #include "testdisplay.h"
 
+#include <xcb/res.h>
 #include <xcb/xtest.h>
 #include <xkbcommon/xkbcommon.h>
 
@@ -69,6 +70,24 @@ int TestDisplay::childrenOf(xcb_window_t window) {
   return count;
 }
 
+long TestDisplay::resources() {
+  long total = 0;
+  xcb_res_query_clients_reply_t* clients =
+      xcb_res_query_clients_reply(connection, xcb_res_query_clients(connection), nullptr);
+  if (clients == nullptr) throw std::runtime_error("the server does not tell its resources");
+  for (auto client = xcb_res_query_clients_clients_iterator(clients); client.rem > 0; xcb_res_client_next(&client)) {
+    xcb_res_query_client_resources_reply_t* kinds = xcb_res_query_client_resources_reply(
+        connection, xcb_res_query_client_resources(connection, client.data->resource_base), nullptr);
+    if (kinds == nullptr) continue;  // the client has gone meanwhile
+    for (auto kind = xcb_res_query_client_resources_types_iterator(kinds); kind.rem > 0; xcb_res_type_next(&kind)) {
+      total += kind.data->count;
+    }
+    std::free(kinds);
+  }
+  std::free(clients);
+  return total;
+}
+
 bool TestDisplay::exists(xcb_window_t window) {
   xcb_query_tree_reply_t* tree = xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr);
   std::free(tree);
@@ -135,8 +154,7 @@ void TestDisplay::focus(xcb_window_t window) {
 }
 
 xcb_window_t TestDisplay::focused() {
-  xcb_get_input_focus_reply_t* reply =
-      xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr);
+  xcb_get_input_focus_reply_t* reply = xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr);
   const xcb_window_t window = reply == nullptr ? 0 : reply->focus;
   std::free(reply);
   return window;

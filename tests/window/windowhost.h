@@ -39,15 +39,15 @@ class WindowHost {
   bool openOnly();    // without any idling
   void closeEditor();
   bool isEditorOpen() const { return editorOpen; }
-  void forgetInstance();                         // the test has closed it
-  void destroyParent();                          // the host's window goes first
+  void forgetInstance();  // the test has closed it
+  void destroyParent();   // the host's window goes first
   void resizeParent(int width, int height);
   xcb_window_t parent() const { return window; }
   // Of the host's window. The editor's connection to the server is another than ours, so both may need a moment.
   bool hasChildWindows(int count);
 
-  void idle(int times = 1);                      // effEditIdle
-  void settle();                                 // idles until the window's picture stays as it is
+  void idle(int times = 1);  // effEditIdle
+  void settle();             // idles until the window's picture stays as it is
   bool idleUntil(const std::function<bool()>& condition, int milliseconds = 3000);  // false: the time is up
   void idleFor(int milliseconds, int interval = 16);
 
@@ -59,19 +59,19 @@ class WindowHost {
   void click(const Area& area, int button = 1) { click(area.centreX(), area.centreY(), button); }
   void hover(const Area& area) { moveTo(area.centreX(), area.centreY()); }
   void doubleClick(const Area& area);
-  void wheel(int steps);                         // up above 0, where the pointer is
+  void wheel(int steps);  // up above 0, where the pointer is
   void wheel(const Area& area, int steps);
-  void moveAway();                               // to a place outside the window
+  void moveAway();  // to a place outside the window
   void key(std::uint32_t keysym);
   void keyDown(std::uint32_t keysym);
   void keyUp(std::uint32_t keysym);
-  void type(const std::string& text);            // letters, digits, blanks
-  void focusOther();                             // another program's window gets the keyboard
-  void focusParent();                            // the host's own window gets it
+  void type(const std::string& text);  // letters, digits, blanks
+  void focusOther();                   // another program's window gets the keyboard
+  void focusParent();                  // the host's own window gets it
 
-  Picture picture();      // settled
-  Picture pictureNow();   // as it stands
-  Area screenArea();      // the editor's, on the screen
+  Picture picture();     // settled
+  Picture pictureNow();  // as it stands
+  Area screenArea();     // the editor's, on the screen
 
   // Calls so far; cleared by forgetCalls. onCall runs inside the plug-in's call.
   std::vector<HostCall> calls(VstInt32 opcode) const;

@@ -18,8 +18,7 @@
 class FakeProgram {
  public:
   FakeProgram(std::string binFolder, const std::string& name) : base(std::move(binFolder) + "/" + name) {
-    writeProgram(base,
-                 "base=" + base + R"(
+    writeProgram(base, "base=" + base + R"(
 echo $$ >"$base.pid"
 for argument; do printf '%s\n' "$argument"; done >"$base.asking.$$"
 mv "$base.asking.$$" "$base.asked"

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # Runs a program on an X server of its own with a fixed screen, and ends both when the time is up.
 # Usage: with-xvfb.sh SECONDS PROGRAM [ARGUMENT...]     Several may run at once.
-# The program gets DISPLAY and, for measuring the server, XVFB_PID.
 set -uo pipefail
 seconds=$1
 shift
@@ -29,7 +28,7 @@ if ! read -r -t 20 -u 4 number || [ -z "$number" ]; then
   exit 1
 fi
 exec 4>&-
-export DISPLAY=:$number XVFB_PID=$server
+export DISPLAY=:$number
 unset XAUTHORITY WAYLAND_DISPLAY
 timeout --kill-after=5 "$seconds" "$@" &
 program=$!

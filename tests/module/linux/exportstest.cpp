@@ -36,8 +36,10 @@ Symbols dynamicSymbols(const char* path) {
     const Elf64_Shdr names = section(table.sh_link);
     for (std::size_t n = 1; n < table.sh_size / sizeof(Elf64_Sym); ++n) {
       const auto symbol = at<Elf64_Sym>(file, table.sh_offset + n * sizeof(Elf64_Sym));
-      const bool seen = ELF64_ST_BIND(symbol.st_info) != STB_LOCAL && ELF64_ST_VISIBILITY(symbol.st_other) != STV_HIDDEN;
-      if (seen && symbol.st_shndx != SHN_UNDEF) symbols.defined.emplace_back(file.data() + names.sh_offset + symbol.st_name);
+      const bool seen =
+          ELF64_ST_BIND(symbol.st_info) != STB_LOCAL && ELF64_ST_VISIBILITY(symbol.st_other) != STV_HIDDEN;
+      if (seen && symbol.st_shndx != SHN_UNDEF)
+        symbols.defined.emplace_back(file.data() + names.sh_offset + symbol.st_name);
     }
   }
   return symbols;

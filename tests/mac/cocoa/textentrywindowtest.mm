@@ -1,0 +1,195 @@
+// Where the text entry's window shows, how it looks, and how long it lives.
+#import <objc/runtime.h>
+
+#include "textentrytest.h"
+
+namespace {
+
+using VSTGUI::CColor;
+
+constexpr double kScreenHeight = 800;  // pixels, as the display was started
+
+NSColor* color(double red, double green, double blue, double alpha) {
+  return [NSColor colorWithCalibratedRed:red green:green blue:blue alpha:alpha];
+}
+
+bool same(id one, NSColor* other) { return [one isEqual:other]; }
+
+// The window's messages that a test counts in the place of the real ones.
+int confirmations = 0;
+void countConfirmation(id, SEL, id) { ++confirmations; }
+
+// ---- where and how it shows ----
+
+TEST_F(TextEntryMac, CoversTheFirstScreen) {
+  open();
+  const NSRect screen = [[[NSScreen screens] objectAtIndex:0] frame];
+  EXPECT_EQ(screen.size.height, kScreenHeight);
+  EXPECT_TRUE(NSEqualRects([window() frame], screen));
+  EXPECT_FALSE([window() isOpaque]);
+  EXPECT_FALSE([window() ignoresMouseEvents]);
+  EXPECT_TRUE(same([window() backgroundColor], [NSColor clearColor]));
+  EXPECT_EQ([window() level], CGWindowLevelForKey(kCGStatusWindowLevelKey));
+  EXPECT_TRUE([window() isReleasedWhenClosed]);
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, LiesOverTheLabel) {
+  open();
+  // The label is 240 by 24 at 100, 200; the field 2 higher than the font, and (24 - 14 - 1) / 2 below the label's top.
+  EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(100, kScreenHeight - 204.5 - 16, 240, 16)));
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, CountsTheFramesPlaceFromTheTopOfTheScreen) {
+  auto entry = openTextEntry(label, {.x = 10, .y = 20, .width = 30, .height = 12, .globalX = 400.5, .globalY = 300.25});
+  ASSERT_NE(entry, nullptr);
+  // 800 - 300.25, truncated, is 499.
+  EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(410.5, 499 - 20 - 12, 30, 12)));
+}
+
+TEST_F(TextEntryMac, LooksLikeTheLabel) {
+  open();
+  NSTextField* shown = field();
+  EXPECT_FALSE([shown isBezeled]);
+  EXPECT_FALSE([shown drawsBackground]);
+  EXPECT_TRUE([shown isEditable]);
+  EXPECT_TRUE([shown isSelectable]);
+  EXPECT_TRUE([shown isEnabled]);
+  EXPECT_EQ([shown alignment], NSTextAlignmentCenter);
+  EXPECT_FALSE([[shown cell] wraps]);
+  EXPECT_STREQ([[[shown font] fontName] UTF8String], "DejaVuSans");
+  EXPECT_EQ([[shown font] pointSize], 14);
+  EXPECT_TRUE(same([shown textColor], color(1, 1, 0, 1)));
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, KeepsTheFieldsFontWhereTheLabelsIsMissing) {
+  label->setFont(VSTGUI::makeOwned<VSTGUI::CFontDesc>("No Such Font", 14));
+  open();
+  EXPECT_NE([field() font], nil);
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, SelectsAllTextAtFirst) {
+  open();
+  EXPECT_EQ([fieldEditor() selectedRange].location, 0U);
+  EXPECT_EQ([fieldEditor() selectedRange].length, 7U);
+  label->endEntry(false);
+}
+
+// ---- colours ----
+
+TEST_F(TextEntryMac, TakesTheEditionColorForItsText) {
+  label->setCustomFontEditionColor(CColor(51, 102, 255, 204));
+  open();
+  EXPECT_TRUE(same([field() textColor], color(51 / 255., 102 / 255., 1, 204 / 255.)));
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, TakesTheCaretColor) {
+  label->setCustomCaretColor(CColor(0, 255, 0, 255));
+  open();
+  EXPECT_TRUE(same([fieldEditor() insertionPointColor], color(0, 1, 0, 1)));
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, LeavesTheSelectionsColorsAloneWithoutOwnOnes) {
+  // Those of a field editor that nobody has set up.
+  NSTextView* plain = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 10, 10)] autorelease];
+  open();
+  EXPECT_TRUE([fieldEditor() selectedTextAttributes] == [plain selectedTextAttributes] ||
+              [[fieldEditor() selectedTextAttributes] isEqual:[plain selectedTextAttributes]]);
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, SetsTheSelectionsBackgroundAlone) {
+  label->setCustomHighlightColor(CColor(0, 0, 255, 255));
+  open();
+  NSDictionary* attributes = [fieldEditor() selectedTextAttributes];
+  EXPECT_TRUE(same([attributes objectForKey:NSBackgroundColorAttributeName], color(0, 0, 1, 1)));
+  EXPECT_FALSE(same([attributes objectForKey:NSForegroundColorAttributeName], color(0, 0, 1, 1)));
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, SetsTheSelectionsTextAlone) {
+  label->setCustomFontHighlightedColor(CColor(0, 255, 255, 255));
+  open();
+  NSDictionary* attributes = [fieldEditor() selectedTextAttributes];
+  EXPECT_TRUE(same([attributes objectForKey:NSForegroundColorAttributeName], color(0, 1, 1, 1)));
+  EXPECT_FALSE(same([attributes objectForKey:NSBackgroundColorAttributeName], color(0, 1, 1, 1)));
+  label->endEntry(false);
+}
+
+TEST_F(TextEntryMac, SetsBothOfTheSelectionsColors) {
+  label->setCustomHighlightColor(CColor(0, 0, 255, 255));
+  label->setCustomFontHighlightedColor(CColor(0, 255, 255, 255));
+  open();
+  NSDictionary* attributes = [fieldEditor() selectedTextAttributes];
+  EXPECT_EQ([attributes count], 2U);
+  EXPECT_TRUE(same([attributes objectForKey:NSBackgroundColorAttributeName], color(0, 0, 1, 1)));
+  EXPECT_TRUE(same([attributes objectForKey:NSForegroundColorAttributeName], color(0, 1, 1, 1)));
+  label->endEntry(false);
+}
+
+// ---- lives ----
+
+TEST_F(TextEntryMac, GoesWithoutAWordWhenTheLabelIsRemoved) {
+  open();
+  type({'q'});
+  const VSTGUI::SharedPointer<COrvTextEdit> kept(label);
+  removeLabel();
+  EXPECT_EQ(listener.calls, "");
+  EXPECT_EQ(kept->getText().getString(), "Init 01");
+  expectGone();
+}
+
+TEST_F(TextEntryMac, MayLoseItsLabelInsideTheListener) {
+  open();
+  listener.onChange = [this] { frame->removeView(label); };
+  type({'q', textentry::kReturn});
+  EXPECT_TRUE(pump([this] { return listener.calls == "begin value end "; }));
+  EXPECT_EQ(listener.text, "q");
+  expectGone();
+}
+
+TEST_F(TextEntryMac, MayBeAskedToEndInsideTheListener) {
+  open();
+  OrvMCSystemBoxWindow* running = window();
+  listener.onChange = [&] {
+    [running cancelEditing:nil];
+    [running close];
+  };
+  type({'q', textentry::kReturn});
+  expectConfirmed("q");
+}
+
+// The system still uses the window and the field in the callback that ends them.
+TEST_F(TextEntryMac, StaysAliveUntilThePoolGoes) {
+  open();
+  pumpFor(0.2);
+  NSAutoreleasePool* inner = [[NSAutoreleasePool alloc] init];
+  [window() confirmEditing:nil];
+  EXPECT_EQ(alive("OrvMCSystemBoxWindow"), 1);
+  EXPECT_EQ(alive("OrvMCMyTextField"), 1);
+  [inner release];
+  expectGone();
+}
+
+TEST_F(TextEntryMac, ListensForResigningTwiceAndNotAnyMoreWhenItHasEnded) {
+  open();
+  OrvMCSystemBoxWindow* running = [window() retain];
+  Method method = class_getInstanceMethod([OrvMCSystemBoxWindow class], @selector(confirmEditing:));
+  const IMP real = method_setImplementation(method, reinterpret_cast<IMP>(countConfirmation));
+  confirmations = 0;
+  [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification object:running];
+  EXPECT_EQ(confirmations, 2);
+  label->endEntry(false);
+  confirmations = 0;
+  [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification object:running];
+  EXPECT_EQ(confirmations, 0);
+  method_setImplementation(method, real);
+  [running release];
+}
+
+}  // namespace
