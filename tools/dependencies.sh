@@ -16,7 +16,7 @@ build_packages=(
 test_packages=(
   clang-14 clang clang-format clang-tidy libclang-rt-14-dev llvm-14       # fuzzers, sanitizers, format, lint
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb libxcb-xtest0-dev libxcb-damage0-dev                               # the window, with real events
+  xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-res0-dev               # the window, with real events
   lld-14 libc++-14-dev musl-dev                                           # the macOS sources: Mach-O bundle
   gobjc++ libgnustep-gui-dev gnustep-back0.29-cairo                       # the macOS sources: run on GNUstep
   git binutils procps

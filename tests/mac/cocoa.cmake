@@ -8,8 +8,7 @@ set(CMAKE_OBJCXX_STANDARD 20)
 set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
 set(CMAKE_OBJCXX_EXTENSIONS OFF)
 find_package(GNUstep REQUIRED)
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(MAC_EVENTS REQUIRED IMPORTED_TARGET xcb xcb-xtest xkbcommon)
+include(${PROJECT_SOURCE_DIR}/tests/window/windowhost.cmake)  # the user's keys and mouse
 
 add_executable(maccocoatest
   cocoa/cocoatest.mm
@@ -18,8 +17,6 @@ add_executable(maccocoatest
   cocoa/idletimertest.mm
   cocoa/textentrymactest.mm
   cocoa/textentrywindowtest.mm
-  ${PROJECT_SOURCE_DIR}/tests/window/testdisplay.cpp
-  ${PROJECT_SOURCE_DIR}/tests/window/picture.cpp
   ${PROJECT_SOURCE_DIR}/platform/mac/xplatalert.mm
   ${PROJECT_SOURCE_DIR}/platform/mac/xplatmutex.mm
   ${PROJECT_SOURCE_DIR}/editor/mac/idletimer.mm
@@ -27,7 +24,7 @@ add_executable(maccocoatest
   ${PROJECT_SOURCE_DIR}/editor/mac/textentrywindow.mm)
 target_include_directories(maccocoatest PRIVATE cocoa ${PROJECT_SOURCE_DIR}/tests/window)
 # The library brings the label and the editor's base; its own text entry and lock stay out, as ours come first.
-target_link_libraries(maccocoatest PRIVATE trelvan GNUstep::Gui PkgConfig::MAC_EVENTS GTest::gtest)
+target_link_libraries(maccocoatest PRIVATE trelvan GNUstep::Gui windowhost GTest::gtest)
 target_compile_options(maccocoatest PRIVATE
   "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-Wno-unknown-warning-option -Wobjc-method-access>"  # some warnings are g++'s
   "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-include ${compat}/gnustep/cocoacompat.h>")
@@ -37,11 +34,11 @@ set_source_files_properties(cocoa/cocoatest.mm PROPERTIES COMPILE_OPTIONS -UNDEB
 # One test a suite, but for the alerts: here the second one of a process gets no keys. RESOURCE_LOCK: what they do takes
 # its time, and more of it while others do the same.
 foreach(filter
-    XplatMutexMac.* IdleTimerMac.* TextEntryMac.*
+    XplatMutexMac.* IdleTimerMac.* TextEntryOnMac.*
     XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape XplatAlertMac.IsDismissedByAClickOnOk
     XplatAlertMac.ShowsBytesAbove127AsRomanCharacters XplatAlertMac.TakesNoMessage)
   string(REPLACE ".*" "" name ${filter})
-  add_test(NAME ${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/withdisplay.sh $<TARGET_FILE:maccocoatest>)
+  add_test(NAME ${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/withgnustep.sh $<TARGET_FILE:maccocoatest>)
   set_tests_properties(${name} PROPERTIES LABELS mac-cocoa TIMEOUT 120 RESOURCE_LOCK mac-display
     ENVIRONMENT "GTEST_FILTER=${filter}")
 endforeach()

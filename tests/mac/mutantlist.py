@@ -12,7 +12,7 @@ class Mutant(NamedTuple):
 
 
 def entry(what, old, new, file="editor/mac/textentrywindow.mm"):
-    return Mutant(what, file, old, new, "cocoa", "TextEntryMac.*")
+    return Mutant(what, file, old, new, "cocoa", "TextEntryOnMac.*")
 
 
 def timer(what, old, new):

@@ -83,7 +83,7 @@ class Copy:
             return False, "it does not compile\n" + output
         binary = os.path.join(self.build, "tests/mac/bin", program)
         if kind == "cocoa":
-            command = [os.path.join(self.source, "tests/mac/withdisplay.sh"), binary]
+            command = [os.path.join(self.source, "tests/mac/withgnustep.sh"), binary]
             code, output = run(command, self.build, TIME, GTEST_FILTER=chosen)
         else:
             folder = os.path.join(self.build, "tests/mac/work", program)

@@ -7,31 +7,31 @@ using namespace textentry;
 
 // ---- what ends it ----
 
-TEST_F(TextEntryMac, ReturnConfirms) {
+TEST_F(TextEntryOnMac, ReturnConfirms) {
   open();
   type({'a', 'b', kReturn});
   expectConfirmed("ab");
 }
 
-TEST_F(TextEntryMac, KeypadEnterConfirms) {
+TEST_F(TextEntryOnMac, KeypadEnterConfirms) {
   open();
   type({'a', 'b', kKeypadEnter});
   expectConfirmed("ab");
 }
 
-TEST_F(TextEntryMac, EscapeCancels) {
+TEST_F(TextEntryOnMac, EscapeCancels) {
   open();
   type({'a', 'b', kEscape});
   expectCancelled();
 }
 
-TEST_F(TextEntryMac, AClickElsewhereConfirms) {
+TEST_F(TextEntryOnMac, AClickElsewhereConfirms) {
   open();
   click(900, 600);
   expectConfirmed("Init 01");
 }
 
-TEST_F(TextEntryMac, AClickInTheFieldMovesTheCaret) {
+TEST_F(TextEntryOnMac, AClickInTheFieldMovesTheCaret) {
   open();
   click(330, 212);
   type({'x', kReturn});
@@ -42,25 +42,25 @@ TEST_F(TextEntryMac, AClickInTheFieldMovesTheCaret) {
   EXPECT_NE(text.find('x'), std::string::npos);
 }
 
-TEST_F(TextEntryMac, AKeyWithCommandConfirms) {
+TEST_F(TextEntryOnMac, AKeyWithCommandConfirms) {
   open();
   typeWith(kAlt, 'c');
   expectConfirmed("Init 01");
 }
 
-TEST_F(TextEntryMac, AKeyWithControlDoesNotEndIt) {
+TEST_F(TextEntryOnMac, AKeyWithControlDoesNotEndIt) {
   open();
   typeWith(kControl, 'c');
   expectStaysOpen();
 }
 
-TEST_F(TextEntryMac, TabDoesNotEndIt) {
+TEST_F(TextEntryOnMac, TabDoesNotEndIt) {
   open();
   type({kTab});
   expectStaysOpen();
 }
 
-TEST_F(TextEntryMac, AnotherWindowThatBecomesMainConfirms) {
+TEST_F(TextEntryOnMac, AnotherWindowThatBecomesMainConfirms) {
   open();
   NSWindow* other = [[NSWindow alloc] initWithContentRect:NSMakeRect(50, 50, 200, 100)
                                                 styleMask:NSTitledWindowMask
@@ -74,33 +74,33 @@ TEST_F(TextEntryMac, AnotherWindowThatBecomesMainConfirms) {
   [other release];
 }
 
-TEST_F(TextEntryMac, AnotherApplicationConfirms) {
+TEST_F(TextEntryOnMac, AnotherApplicationConfirms) {
   open();
   [NSApp deactivate];
   expectConfirmed("Init 01");
 }
 
-TEST_F(TextEntryMac, HidingTheApplicationConfirms) {
+TEST_F(TextEntryOnMac, HidingTheApplicationConfirms) {
   open();
   [NSApp hide:nil];
   expectConfirmed("Init 01");
 }
 
-TEST_F(TextEntryMac, AnotherProgramsWindowConfirms) {
+TEST_F(TextEntryOnMac, AnotherProgramsWindowConfirms) {
   open();
-  const xcb_window_t other = display.makeWindow({1000, 700, 1200, 780});
+  const xcb_window_t other = display.makeWindow({800, 700, 1000, 760});
   display.focus(other);
   expectConfirmed("Init 01");
   display.destroyWindow(other);
 }
 
-TEST_F(TextEntryMac, WhoeverClosesTheWindowConfirms) {
+TEST_F(TextEntryOnMac, WhoeverClosesTheWindowConfirms) {
   open();
   [window() close];
   expectConfirmed("Init 01");
 }
 
-TEST_F(TextEntryMac, EndsFromTheLabelsSideToo) {
+TEST_F(TextEntryOnMac, EndsFromTheLabelsSideToo) {
   open();
   type({'q'});
   label->endEntry(true);
@@ -113,7 +113,7 @@ TEST_F(TextEntryMac, EndsFromTheLabelsSideToo) {
   expectCancelled();
 }
 
-TEST_F(TextEntryMac, EndsOnce) {
+TEST_F(TextEntryOnMac, EndsOnce) {
   open();
   OrvMCSystemBoxWindow* running = window();
   [running confirmEditing:nil];
@@ -124,13 +124,13 @@ TEST_F(TextEntryMac, EndsOnce) {
 
 // ---- the press that opens it ----
 
-TEST_F(TextEntryMac, ARightClickOpensItToo) {
+TEST_F(TextEntryOnMac, ARightClickOpensItToo) {
   press(VSTGUI::kRButton);
   EXPECT_TRUE(label->isBeingEdited());
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, ASecondPressIsSwallowed) {
+TEST_F(TextEntryOnMac, ASecondPressIsSwallowed) {
   open();
   OrvMCSystemBoxWindow* first = window();
   EXPECT_EQ(press(VSTGUI::kRButton), VSTGUI::kMouseEventHandled);
@@ -140,7 +140,7 @@ TEST_F(TextEntryMac, ASecondPressIsSwallowed) {
   expectConfirmed("q");
 }
 
-TEST_F(TextEntryMac, OpensAgain) {
+TEST_F(TextEntryOnMac, OpensAgain) {
   open();
   type({'a', kReturn});
   expectConfirmed("a");
@@ -152,7 +152,7 @@ TEST_F(TextEntryMac, OpensAgain) {
 
 // ---- the text ----
 
-TEST_F(TextEntryMac, KeepsCharactersOfEveryLanguage) {
+TEST_F(TextEntryOnMac, KeepsCharactersOfEveryLanguage) {
   const std::string text = "h\xC3\xA9\xC3\x9F \xE4\xB8\x96";
   makeLabel(text.c_str());
   open();
@@ -160,7 +160,7 @@ TEST_F(TextEntryMac, KeepsCharactersOfEveryLanguage) {
   expectConfirmed(text + "x");
 }
 
-TEST_F(TextEntryMac, LeavesOutACharacterThatWasCut) {
+TEST_F(TextEntryOnMac, LeavesOutACharacterThatWasCut) {
   makeLabel("Hall \xC3");
   open();
   EXPECT_STREQ([[field() stringValue] UTF8String], "Hall ");

@@ -38,7 +38,7 @@ struct Listener : VSTGUI::IControlListener {
 
 }  // namespace textentry
 
-class TextEntryMac : public CocoaTest {
+class TextEntryOnMac : public CocoaTest {
  protected:
   static void SetUpTestSuite() { VSTGUI::init(nullptr); }
   static void TearDownTestSuite() { VSTGUI::exit(); }

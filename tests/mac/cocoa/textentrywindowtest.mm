@@ -7,7 +7,7 @@ namespace {
 
 using VSTGUI::CColor;
 
-constexpr double kScreenHeight = 800;  // pixels, as the display was started
+constexpr double kScreenHeight = 768;  // pixels, as the display was started
 
 NSColor* color(double red, double green, double blue, double alpha) {
   return [NSColor colorWithCalibratedRed:red green:green blue:blue alpha:alpha];
@@ -21,7 +21,7 @@ void countConfirmation(id, SEL, id) { ++confirmations; }
 
 // ---- where and how it shows ----
 
-TEST_F(TextEntryMac, CoversTheFirstScreen) {
+TEST_F(TextEntryOnMac, CoversTheFirstScreen) {
   open();
   const NSRect screen = [[[NSScreen screens] objectAtIndex:0] frame];
   EXPECT_EQ(screen.size.height, kScreenHeight);
@@ -34,21 +34,21 @@ TEST_F(TextEntryMac, CoversTheFirstScreen) {
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, LiesOverTheLabel) {
+TEST_F(TextEntryOnMac, LiesOverTheLabel) {
   open();
   // The label is 240 by 24 at 100, 200; the field 2 higher than the font, and (24 - 14 - 1) / 2 below the label's top.
   EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(100, kScreenHeight - 204.5 - 16, 240, 16)));
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, CountsTheFramesPlaceFromTheTopOfTheScreen) {
+TEST_F(TextEntryOnMac, CountsTheFramesPlaceFromTheTopOfTheScreen) {
   auto entry = openTextEntry(label, {.x = 10, .y = 20, .width = 30, .height = 12, .globalX = 400.5, .globalY = 300.25});
   ASSERT_NE(entry, nullptr);
-  // 800 - 300.25, truncated, is 499.
-  EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(410.5, 499 - 20 - 12, 30, 12)));
+  // 768 - 300.25, truncated, is 467.
+  EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(410.5, 467 - 20 - 12, 30, 12)));
 }
 
-TEST_F(TextEntryMac, LooksLikeTheLabel) {
+TEST_F(TextEntryOnMac, LooksLikeTheLabel) {
   open();
   NSTextField* shown = field();
   EXPECT_FALSE([shown isBezeled]);
@@ -64,14 +64,14 @@ TEST_F(TextEntryMac, LooksLikeTheLabel) {
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, KeepsTheFieldsFontWhereTheLabelsIsMissing) {
+TEST_F(TextEntryOnMac, KeepsTheFieldsFontWhereTheLabelsIsMissing) {
   label->setFont(VSTGUI::makeOwned<VSTGUI::CFontDesc>("No Such Font", 14));
   open();
   EXPECT_NE([field() font], nil);
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, SelectsAllTextAtFirst) {
+TEST_F(TextEntryOnMac, SelectsAllTextAtFirst) {
   open();
   EXPECT_EQ([fieldEditor() selectedRange].location, 0U);
   EXPECT_EQ([fieldEditor() selectedRange].length, 7U);
@@ -80,21 +80,21 @@ TEST_F(TextEntryMac, SelectsAllTextAtFirst) {
 
 // ---- colours ----
 
-TEST_F(TextEntryMac, TakesTheEditionColorForItsText) {
+TEST_F(TextEntryOnMac, TakesTheEditionColorForItsText) {
   label->setCustomFontEditionColor(CColor(51, 102, 255, 204));
   open();
   EXPECT_TRUE(same([field() textColor], color(51 / 255., 102 / 255., 1, 204 / 255.)));
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, TakesTheCaretColor) {
+TEST_F(TextEntryOnMac, TakesTheCaretColor) {
   label->setCustomCaretColor(CColor(0, 255, 0, 255));
   open();
   EXPECT_TRUE(same([fieldEditor() insertionPointColor], color(0, 1, 0, 1)));
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, LeavesTheSelectionsColorsAloneWithoutOwnOnes) {
+TEST_F(TextEntryOnMac, LeavesTheSelectionsColorsAloneWithoutOwnOnes) {
   // Those of a field editor that nobody has set up.
   NSTextView* plain = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 10, 10)] autorelease];
   open();
@@ -103,7 +103,7 @@ TEST_F(TextEntryMac, LeavesTheSelectionsColorsAloneWithoutOwnOnes) {
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, SetsTheSelectionsBackgroundAlone) {
+TEST_F(TextEntryOnMac, SetsTheSelectionsBackgroundAlone) {
   label->setCustomHighlightColor(CColor(0, 0, 255, 255));
   open();
   NSDictionary* attributes = [fieldEditor() selectedTextAttributes];
@@ -112,7 +112,7 @@ TEST_F(TextEntryMac, SetsTheSelectionsBackgroundAlone) {
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, SetsTheSelectionsTextAlone) {
+TEST_F(TextEntryOnMac, SetsTheSelectionsTextAlone) {
   label->setCustomFontHighlightedColor(CColor(0, 255, 255, 255));
   open();
   NSDictionary* attributes = [fieldEditor() selectedTextAttributes];
@@ -121,7 +121,7 @@ TEST_F(TextEntryMac, SetsTheSelectionsTextAlone) {
   label->endEntry(false);
 }
 
-TEST_F(TextEntryMac, SetsBothOfTheSelectionsColors) {
+TEST_F(TextEntryOnMac, SetsBothOfTheSelectionsColors) {
   label->setCustomHighlightColor(CColor(0, 0, 255, 255));
   label->setCustomFontHighlightedColor(CColor(0, 255, 255, 255));
   open();
@@ -134,7 +134,7 @@ TEST_F(TextEntryMac, SetsBothOfTheSelectionsColors) {
 
 // ---- lives ----
 
-TEST_F(TextEntryMac, GoesWithoutAWordWhenTheLabelIsRemoved) {
+TEST_F(TextEntryOnMac, GoesWithoutAWordWhenTheLabelIsRemoved) {
   open();
   type({'q'});
   const VSTGUI::SharedPointer<COrvTextEdit> kept(label);
@@ -144,7 +144,7 @@ TEST_F(TextEntryMac, GoesWithoutAWordWhenTheLabelIsRemoved) {
   expectGone();
 }
 
-TEST_F(TextEntryMac, MayLoseItsLabelInsideTheListener) {
+TEST_F(TextEntryOnMac, MayLoseItsLabelInsideTheListener) {
   open();
   listener.onChange = [this] { frame->removeView(label); };
   type({'q', textentry::kReturn});
@@ -153,7 +153,7 @@ TEST_F(TextEntryMac, MayLoseItsLabelInsideTheListener) {
   expectGone();
 }
 
-TEST_F(TextEntryMac, MayBeAskedToEndInsideTheListener) {
+TEST_F(TextEntryOnMac, MayBeAskedToEndInsideTheListener) {
   open();
   OrvMCSystemBoxWindow* running = window();
   listener.onChange = [&] {
@@ -165,7 +165,7 @@ TEST_F(TextEntryMac, MayBeAskedToEndInsideTheListener) {
 }
 
 // The system still uses the window and the field in the callback that ends them.
-TEST_F(TextEntryMac, StaysAliveUntilThePoolGoes) {
+TEST_F(TextEntryOnMac, StaysAliveUntilThePoolGoes) {
   open();
   pumpFor(0.2);
   NSAutoreleasePool* inner = [[NSAutoreleasePool alloc] init];
@@ -176,7 +176,7 @@ TEST_F(TextEntryMac, StaysAliveUntilThePoolGoes) {
   expectGone();
 }
 
-TEST_F(TextEntryMac, ListensForResigningTwiceAndNotAnyMoreWhenItHasEnded) {
+TEST_F(TextEntryOnMac, ListensForResigningTwiceAndNotAnyMoreWhenItHasEnded) {
   open();
   OrvMCSystemBoxWindow* running = [window() retain];
   Method method = class_getInstanceMethod([OrvMCSystemBoxWindow class], @selector(confirmEditing:));
