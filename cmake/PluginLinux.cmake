@@ -1,5 +1,6 @@
 # Linux: Trelvan.vst/Contents/<architecture>-linux/Trelvan.so with Contents/Resources/ beside it.
 target_sources(trelvan PRIVATE
+  editor/linux/forgottenreplies.cpp
   editor/linux/framewindowlinux.cpp
   editor/linux/idlerunloop.cpp
   editor/linux/pacinglinux.cpp

@@ -5,6 +5,9 @@
 #include <chrono>
 #include <utility>
 
+#include "editor/linux/forgottenreplies.h"
+#include "lib/platform/linux/x11platform.h"
+
 namespace {
 
 std::uint64_t now() {
@@ -16,10 +19,13 @@ std::uint64_t now() {
 
 void IdleRunLoop::pump() {
   ++depth;
-  // Always asked, without a look at the socket: events may wait in the connection's memory. By index, since both lists
-  // grow meanwhile.
-  for (std::size_t i = 0; i < handlers.size(); ++i) {
-    if (handlers[i] != nullptr) handlers[i]->onEvent();
+  {
+    const ForgottenReplies replies(VSTGUI::X11::RunLoop::instance().getXcbConnection());
+    // Always asked, without a look at the socket: events may wait in the connection's memory. By index, since both
+    // lists grow meanwhile.
+    for (std::size_t i = 0; i < handlers.size(); ++i) {
+      if (handlers[i] != nullptr) handlers[i]->onEvent();
+    }
   }
   const std::uint64_t time = now();
   const std::size_t known = timers.size();  // one started by another waits for the next pump

@@ -41,6 +41,8 @@ class Copy:
         os.makedirs(self.source)
         for name in FOLDERS:  # with their times, so that a build folder that is there already stays of use
             shutil.copytree(os.path.join(ROOT, name), os.path.join(self.source, name))
+        for mutant in MUTANTS:  # built anew: what lies there may be from a fault of the last time
+            os.utime(os.path.join(self.source, mutant.file))
         # The rooms that this needs, and no others.
         with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as file:
             lines = file.read().replace("add_subdirectory(host)", "").replace("add_subdirectory(bench)", "")
@@ -71,7 +73,7 @@ class Copy:
         return run(["cmake", "--build", self.build, "--parallel", "2", "--target", *targets], self.source, 1800)
 
     def passes(self, kind, chosen):
-        """What the tests of one kind say: (passed, last lines)."""
+        """What the tests of one kind say: (passed, output). None: the fault does not compile."""
         if kind == "macho":
             folder = os.path.join(self.build, "tests/mac/macho")
             code, output = run([os.path.join(self.source, "tests/mac/macho/machocheck.sh"), self.source, folder,
@@ -80,7 +82,7 @@ class Copy:
         program = PROGRAMS.get(kind, "maccocoatest")
         code, output = self.compile(program, *(["macbundle_One", "macbundle_Two_u"] if kind == "path" else []))
         if code != 0:
-            return False, "it does not compile\n" + output
+            return None, output  # which shows nothing
         binary = os.path.join(self.build, "tests/mac/bin", program)
         if kind == "cocoa":
             command = [os.path.join(self.source, "tests/mac/withgnustep.sh"), binary]
@@ -94,7 +96,7 @@ class Copy:
 def reason(output):
     """One line that says what was seen."""
     lines = output.splitlines()
-    for word in ("[  FAILED  ]", "WRONG", "error:", "double:", "does not compile"):
+    for word in ("[  FAILED  ]", "WRONG", "error:", "double:"):
         found = [line.strip() for line in lines if word in line]
         if found:
             return found[0][:100]
@@ -109,6 +111,7 @@ def main():
               if not words or mutant.kind in words or any(word in mutant.what for word in words)]
     folder = kept or tempfile.mkdtemp(prefix="mutants")
     survivors = []
+    caught = 0
     try:
         copy = Copy(folder)
         copy.configure()
@@ -125,14 +128,18 @@ def main():
             copy.write(mutant.file, whole.replace(mutant.old, mutant.new))
             passed, output = copy.passes(mutant.kind, mutant.tests)
             copy.write(mutant.file, whole)
-            if passed:
+            if passed and not mutant.hidden:
                 survivors.append(mutant.what)
-            seen = "SURVIVES" if passed else "caught    " + reason(output)
+            seen = (mutant.hidden or "SURVIVES") if passed else "caught    " + reason(output)
+            if passed is None:
+                seen = "DOES NOT COMPILE  " + reason(output)
+                survivors.append(mutant.what)
+            caught += passed is False
             print(f"{time.monotonic() - begin:5.1f} s  {mutant.kind:8} {mutant.what}: {seen}", flush=True)
     finally:
         if not kept:
             shutil.rmtree(folder)
-    print(f"{len(chosen) - len(survivors)} of {len(chosen)} faults caught; not caught: {survivors}")
+    print(f"{caught} of {len(chosen)} faults caught; not caught, without a reason: {survivors}")
     return 1 if survivors else 0
 
 

@@ -82,6 +82,8 @@ TEST(XPlatValues, FloorStepOfAValue) {
 TEST(XPlatValues, FloorStepOfANegativeValue) {
   EXPECT_EQ(float2long(-0.05F, 10), 0);
   EXPECT_EQ(float2long(-0.15F, 10), -1);
+  EXPECT_EQ(float2long(-0.25F, 4), 0) << "-1 and a half, toward zero";
+  EXPECT_EQ(float2long(-0.5F, 4), -1);
 }
 
 TEST(XPlatValues, EveryFloatHasAStep) {

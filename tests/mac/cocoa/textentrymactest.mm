@@ -96,6 +96,7 @@ TEST_F(TextEntryOnMac, AnotherProgramsWindowConfirms) {
 
 TEST_F(TextEntryOnMac, WhoeverClosesTheWindowConfirms) {
   open();
+  [[NSNotificationCenter defaultCenter] removeObserver:window()];  // as where it is not the main window
   [window() close];
   expectConfirmed("Init 01");
 }

@@ -7,6 +7,7 @@ build=$2
 toolkit=$3
 shift 3
 mkdir -p "$build"
+rm -rf "$build/Trelvan.vst"
 log=$build/build.log
 quietly() {
   "$@" >"$log" 2>&1 || { grep -E -A8 'error|FAILED' "$log" | tail -n 100 || tail -n 100 "$log"; exit 1; }
