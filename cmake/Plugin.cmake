@@ -42,7 +42,8 @@ add_library(trelvan STATIC
   editor/cvumeter1.cpp
   editor/cabout.cpp
   editor/csplashscreenmyview.cpp
-  editor/validtext.cpp
+  platform/validtext.cpp
+  platform/modulepath.cpp
   platform/xplatfile.cpp
   platform/xplatvalues.cpp)
 target_link_libraries(trelvan PUBLIC trelvan_images trelvan_toolkit trelvan_options)

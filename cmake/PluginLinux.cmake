@@ -1,5 +1,6 @@
 # Linux: Trelvan.vst/Contents/<architecture>-linux/Trelvan.so with Contents/Resources/ beside it.
 target_sources(trelvan PRIVATE
+  editor/linux/bitmapslinux.cpp
   editor/linux/forgottenreplies.cpp
   editor/linux/framewindowlinux.cpp
   editor/linux/idlerunloop.cpp
@@ -12,7 +13,7 @@ target_sources(trelvan PRIVATE
   platform/linux/childprogram.cpp
   platform/linux/desktopdialog.cpp
   platform/linux/filedialog.cpp
-  platform/linux/modulepath.cpp
+  platform/linux/modulefile.cpp
   platform/linux/openmanual.cpp
   platform/linux/prefskeyfile.cpp
   platform/linux/sharedfile.cpp

@@ -7,6 +7,7 @@ set(CMAKE_OBJCXX_VISIBILITY_PRESET hidden)
 set(CMAKE_XCODE_ATTRIBUTE_CLANG_ENABLE_OBJC_ARC NO)  # the sources count their references themselves
 
 target_sources(trelvan PRIVATE
+  editor/mac/bitmapsmac.cpp
   editor/mac/bundlelookup.cpp
   editor/mac/filedialogmac.cpp
   editor/mac/framewindowmac.cpp
@@ -16,7 +17,7 @@ target_sources(trelvan PRIVATE
   editor/mac/textentrymac.mm
   editor/mac/textentrywindow.mm
   editor/mac/toolkitmac.cpp
-  platform/mac/modulepath.cpp
+  platform/mac/modulefile.cpp
   platform/mac/openmanual.cpp
   platform/mac/prefscf.cpp
   platform/mac/xplatalert.mm

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "lib/platform/iplatformframe.h"
+#include "platform/validtext.h"
 
 using VSTGUI::CPoint;
 using VSTGUI::CRect;
@@ -25,7 +26,10 @@ char* COrvTextEdit::getText(char* buffer) const {
 
 void COrvTextEdit::draw(VSTGUI::CDrawContext* context) {
   if (getDrawBackground() != nullptr) drawBack(context);
-  if (!beingEdited) drawPlatformText(context, getText().getPlatformString());
+  if (!beingEdited) {
+    const VSTGUI::UTF8String shown(validText(getText().getString()));
+    drawPlatformText(context, shown.getPlatformString());
+  }
   setDirty(false);
 }
 

@@ -3,9 +3,11 @@
 
 #include <string>
 
-// Any thread. Paths are full, without links, and end in "/"; empty where they cannot be found.
+// Any thread. Paths are full and without links, folders end in "/"; empty where they cannot be found.
 
-// The folder of the image that holds this code: the module, or the program that it is linked into.
+// The file of the image that holds this code: the module, or the program that it is linked into.
+std::string moduleFile();
+// That file's folder.
 std::string moduleFolder();
 // The bundle's Resources folder beside the image's folder.
 std::string resourcesFolder();

@@ -12,6 +12,8 @@ if [ "${1:-}" = --tests ]; then
   options=(-DTRELVAN_TESTS=ON)
   [ "$preset" != release ] || options+=(-DTRELVAN_BENCHMARKS=ON)
   packages=test
+  # Apple's clang has no libFuzzer, and the window's benchmark needs an X server.
+  [ "$(uname -s)" != Darwin ] || options+=(-DTRELVAN_FUZZERS=OFF -DTRELVAN_BENCHMARKS=OFF)
 fi
 tools/dependencies.sh "$packages"
 

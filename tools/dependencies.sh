@@ -3,6 +3,7 @@
 # Silent and quick when all is there. Usage: tools/dependencies.sh [build|test]   (test adds the tests' tools)
 set -euo pipefail
 cd "$(dirname "$0")/.."
+if [ "$(uname -s)" = Darwin ]; then exec tools/dependencies-mac.sh "$@"; fi
 
 build_packages=(
   g++ cmake ninja-build pkg-config

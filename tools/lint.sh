@@ -3,4 +3,4 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 git ls-files -z '*.cpp' | grep -zE '^(plugin|effect|presetsystem|editor|platform|host)/' | grep -zv '/mac/' |
-  xargs -0 -P "$(nproc)" -n 4 clang-tidy -p "$1" --quiet 2>/dev/null
+  xargs -0 -P "$(getconf _NPROCESSORS_ONLN)" -n 4 clang-tidy -p "$1" --quiet 2>/dev/null

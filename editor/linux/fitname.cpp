@@ -1,7 +1,7 @@
 // Tries smaller fonts, then cuts between characters.
 #include "editor/linux/fitname.h"
 
-#include "editor/validtext.h"
+#include "platform/validtext.h"
 
 FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, double width) {
   const VSTGUI::UTF8String name(validText(bytes));

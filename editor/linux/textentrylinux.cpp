@@ -7,6 +7,7 @@
 #include "lib/platform/common/genericoptionmenu.h"
 #include "lib/platform/iplatformframe.h"
 #include "lib/platform/iplatformtextedit.h"
+#include "platform/validtext.h"
 
 using VSTGUI::CFrame;
 using VSTGUI::CRect;
@@ -52,7 +53,8 @@ class FieldOwner final : public VSTGUI::CView, public VSTGUI::IPlatformTextEditC
         label(edited),
         frame(edited->getFrame()),
         oldFocusColor(frame->getFocusColor()),
-        guard(edited, [this] { end(true); }) {}
+        guard(edited, [this] { end(true); }),
+        textAtFirst(validText(edited->getText().getString())) {}
 
   bool open() {
     if (frame->getPlatformFrame() == nullptr) return false;
@@ -85,7 +87,7 @@ class FieldOwner final : public VSTGUI::CView, public VSTGUI::IPlatformTextEditC
   }
   VSTGUI::CFontRef platformGetFont() const override { return label->getFont(); }
   VSTGUI::CHoriTxtAlign platformGetHoriTxtAlign() const override { return VSTGUI::kCenterText; }
-  const VSTGUI::UTF8String& platformGetText() const override { return label->getText(); }
+  const VSTGUI::UTF8String& platformGetText() const override { return textAtFirst; }
   const VSTGUI::UTF8String& platformGetPlaceholderText() const override { return nothing; }
   CRect platformGetSize() const override { return translateToGlobal(getViewSize()); }
   CRect platformGetVisibleSize() const override { return translateToGlobal(getViewSize()); }
@@ -133,7 +135,7 @@ class FieldOwner final : public VSTGUI::CView, public VSTGUI::IPlatformTextEditC
   CFrame* frame;
   VSTGUI::CColor oldFocusColor;
   EntryGuard guard;
-  VSTGUI::UTF8String nothing;
+  VSTGUI::UTF8String textAtFirst, nothing;
   VSTGUI::SharedPointer<VSTGUI::IPlatformTextEdit> field;
   bool running = false;
 };

@@ -1,7 +1,7 @@
 // The file dialog as the toolkit's own selector, which shows the system's panel.
 #include "platform/filedialog.h"
 
-#include "editor/validtext.h"
+#include "platform/validtext.h"
 #include "lib/cfileselector.h"
 #include "lib/cvstguitimer.h"
 #include "vstgui.h"

@@ -5,7 +5,7 @@
 
 #include "editor/corvtextedit.h"
 #include "editor/mac/textentrymac.h"
-#include "editor/validtext.h"
+#include "platform/validtext.h"
 #include "platform/mac/manualreferences.h"
 
 namespace {

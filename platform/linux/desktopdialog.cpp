@@ -1,7 +1,6 @@
 // The command lines of zenity, kdialog and xmessage.
 #include "platform/linux/desktopdialog.h"
 
-#include <glib.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -11,6 +10,7 @@
 #include <string_view>
 
 #include "platform/linux/childprogram.h"
+#include "platform/validtext.h"
 
 namespace desktopdialog {
 
@@ -36,14 +36,6 @@ void addIfFound(std::vector<Program>& programs, Kind kind, const char* name) {
   if (!path.empty()) programs.push_back({kind, path});
 }
 
-// The programs refuse texts that are not UTF-8.
-std::string validText(const std::string& text) {
-  char* valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-  const std::string copy = valid;
-  g_free(valid);
-  return copy;
-}
-
 std::string replaced(std::string text, const std::string& what, const std::string& by) {
   for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
     text.replace(at, what.size(), by);
@@ -51,8 +43,8 @@ std::string replaced(std::string text, const std::string& what, const std::strin
   return text;
 }
 
-// kdialog takes backslash escapes, and takes a text with a tag in it for markup, which is then shown as it stands only
-// when it is markup throughout.
+// The programs refuse texts that are not UTF-8; and kdialog takes backslash escapes, and takes a text with a tag in it
+// for markup, which is then shown as it stands only when it is markup throughout.
 std::string kdialogText(const std::string& text) {
   std::string data = replaced(validText(text), "\\", "\\\\");
   if (data.find('<') == std::string::npos) return data;

@@ -14,6 +14,5 @@ trelvan_add_test(controlstest editor
     fitnametest.cpp
     presetpopuplayouttest.cpp
     presetpopuplinuxtest.cpp
-    validtexttest.cpp
     wheelstepstest.cpp
   LIBRARIES trelvan)

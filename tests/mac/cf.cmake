@@ -25,7 +25,8 @@ set(bundles ${CMAKE_CURRENT_BINARY_DIR}/bundles)
 foreach(name One "Two u")
   string(MAKE_C_IDENTIFIER "macbundle_${name}" target)
   add_library(${target} MODULE cf/bundleprobe.cpp
-    ${PROJECT_SOURCE_DIR}/editor/mac/bundlelookup.cpp ${PROJECT_SOURCE_DIR}/platform/mac/modulepath.cpp)
+    ${PROJECT_SOURCE_DIR}/editor/mac/bundlelookup.cpp
+    ${PROJECT_SOURCE_DIR}/platform/mac/modulefile.cpp ${PROJECT_SOURCE_DIR}/platform/modulepath.cpp)
   target_link_libraries(${target} PRIVATE mac_doubles)
   set_target_properties(${target} PROPERTIES PREFIX "" SUFFIX "" OUTPUT_NAME ${name}
     LIBRARY_OUTPUT_DIRECTORY "${bundles}/${name}.vst/Contents/MacOS")
@@ -35,7 +36,8 @@ endforeach()
 mac_test(macpathtest
   SOURCES
     cf/modulepathtest.cpp cf/openmanualtest.cpp
-    ${PROJECT_SOURCE_DIR}/platform/mac/modulepath.cpp
+    ${PROJECT_SOURCE_DIR}/platform/mac/modulefile.cpp
+    ${PROJECT_SOURCE_DIR}/platform/modulepath.cpp
     ${PROJECT_SOURCE_DIR}/platform/mac/openmanual.cpp
   LIBRARIES ${CMAKE_DL_LIBS})
 target_compile_definitions(macpathtest PRIVATE MAC_BUNDLES="${bundles}")
@@ -47,5 +49,11 @@ mac_test(mactoolkittest
     toolkit/framewindowmactest.cpp toolkit/filedialogmactest.cpp compat/doubles/toolkitfactory.cpp
     ${PROJECT_SOURCE_DIR}/editor/mac/framewindowmac.cpp
     ${PROJECT_SOURCE_DIR}/editor/mac/filedialogmac.cpp
-    ${PROJECT_SOURCE_DIR}/editor/validtext.cpp
+    ${PROJECT_SOURCE_DIR}/platform/validtext.cpp
   LIBRARIES trelvan_toolkit)
+
+mac_test(macbitmapstest
+  SOURCES toolkit/bitmapsmactest.cpp ${PROJECT_SOURCE_DIR}/editor/mac/bitmapsmac.cpp
+  LIBRARIES trelvan_toolkit)
+target_compile_definitions(macbitmapstest PRIVATE MAC_RESOURCES="${TRELVAN_RESOURCES}/")
+add_dependencies(macbitmapstest Trelvan)

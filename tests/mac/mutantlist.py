@@ -161,7 +161,7 @@ MUTANTS = [
     Mutant("the manual's path is not quoted", "platform/mac/openmanual.cpp", '"~/\\"" + relative + "\\""', '"~/" + relative',
            "path"),
     Mutant("the bundle's manual is not tried", "platform/mac/openmanual.cpp", "!resources.empty() &&", "false &&", "path"),
-    Mutant("the folder's slash is lost", "platform/mac/modulepath.cpp", "path.size() - 2) + 1)", "path.size() - 2))", "path"),
+    Mutant("the folder's slash is lost", "platform/modulepath.cpp", "path.size() - 2) + 1)", "path.size() - 2))", "path"),
     # ---- the toolkit's frame and selector ----
     window("closing does not wait for the event's end",
            "if (!closing->doAfterEventProcessing([closing] { closing->close(); })) closing->close();", "closing->close();"),

@@ -279,3 +279,25 @@ TEST_F(Name, AHostsNameMeanwhileGivesWayToTheConfirmedOne) {
   host.key(XKB_KEY_Return);
   EXPECT_EQ(host.programName(), "mine");
 }
+
+// A name from a file may hold any bytes.
+TEST_F(Name, ThatIsNoTextIsShownWithReplacementCharactersAndWithoutAWarning) {
+  testing::internal::CaptureStderr();
+  host.dispatch(effSetProgramName, 0, 0,
+                const_cast<char*>("a\xFF"
+                                  "b"));
+  host.settle();
+  const Picture shown = host.picture();
+  startEntry();
+  host.key(XKB_KEY_Escape);
+  host.settle();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(host.programName(),
+            "a\xFF"
+            "b");
+  host.dispatch(effSetProgramName, 0, 0,
+                const_cast<char*>("a\xEF\xBF\xBD"
+                                  "b"));
+  host.settle();
+  EXPECT_EQ(host.picture(), shown);
+}

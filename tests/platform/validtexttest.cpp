@@ -1,5 +1,5 @@
 // Bytes that become a text.
-#include "editor/validtext.h"
+#include "platform/validtext.h"
 
 #include <gtest/gtest.h>
 

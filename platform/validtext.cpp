@@ -1,5 +1,5 @@
 // Reads UTF-8 character by character.
-#include "editor/validtext.h"
+#include "platform/validtext.h"
 
 #include <cstddef>
 #include <cstdint>

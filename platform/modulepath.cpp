@@ -1,21 +1,9 @@
-// The plug-in's own image by the dynamic loader.
+// The folders around the plug-in's own image.
 #include "platform/modulepath.h"
 
-#include <dlfcn.h>
 #include <sys/stat.h>
 
-#include <climits>
-#include <cstdlib>
-
 namespace {
-
-std::string imagePath() {
-  Dl_info info{};
-  const auto* own = reinterpret_cast<const void*>(&imagePath);  // an address inside the image
-  if (dladdr(own, &info) == 0 || info.dli_fname == nullptr) return {};
-  char path[PATH_MAX];
-  return realpath(info.dli_fname, path) != nullptr ? path : std::string();
-}
 
 // "/a/b/c" -> "/a/b/", "/a/b/" -> "/a/"; empty above the root.
 std::string folderOf(const std::string& path) {
@@ -26,7 +14,7 @@ std::string folderOf(const std::string& path) {
 }  // namespace
 
 std::string moduleFolder() {
-  return folderOf(imagePath());
+  return folderOf(moduleFile());
 }
 
 std::string resourcesFolder() {
