@@ -57,8 +57,8 @@ fetch_toolkit() {
   mkdir -p .deps
   if [ ! -f "$archive" ]; then
     apt-get indextargets --format '$(REPO_URI)' | grep -q . || as_root apt-get update -qq
+    echo "fetching the toolkit's source"
     for mirror in $(apt-get indextargets --format '$(REPO_URI)' | sort -u); do
-      echo "fetching the toolkit's source"
       /usr/lib/apt/apt-helper download-file "${mirror%/}/pool/main/v/vst3sdk/$toolkit_file" "$archive" \
         "SHA256:$toolkit_sha256" >/dev/null 2>&1 && break
       rm -f "$archive"

@@ -1,9 +1,9 @@
 // The file dialog as the toolkit's own selector, which shows the system's panel.
 #include "platform/filedialog.h"
 
-#include "platform/validtext.h"
 #include "lib/cfileselector.h"
 #include "lib/cvstguitimer.h"
+#include "platform/validtext.h"
 #include "vstgui.h"
 
 namespace {

@@ -5,8 +5,8 @@
 
 #include "editor/corvtextedit.h"
 #include "editor/mac/textentrymac.h"
-#include "platform/validtext.h"
 #include "platform/mac/manualreferences.h"
+#include "platform/validtext.h"
 
 namespace {
 
