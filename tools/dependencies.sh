@@ -19,7 +19,7 @@ test_packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-res0-dev               # the window, with real events
   lld-14 libc++-14-dev musl-dev                                           # the macOS sources: Mach-O bundle
-  gobjc++ libgnustep-gui-dev gnustep-back0.29-cairo                       # the macOS sources: run on GNUstep
+  gobjc++ libgnustep-gui-dev gnustep-back0.29-cairo fonts-dejavu-core     # the macOS sources: run on GNUstep
   git binutils procps
 )
 

@@ -11,12 +11,12 @@ namespace {
 
 using imagebytes::Bytes;
 using imagebytes::distinctBank;
+using imagebytes::kDefault;
 using imagebytes::kTrelvan;
 using imagebytes::Writer;
 using presetimage::Bank;
 
 constexpr auto kID = static_cast<std::int32_t>(kTrelvan);
-const imagebytes::Preset kDefault{"the default", {0.11F, 0.22F, 0.33F, 0.44F, 0.55F}};
 
 chunkimage::Prefix prefixOf(const Bytes& data) {
   return chunkimage::readPrefix(std::span<const unsigned char, chunkimage::kPrefixSize>(data.data(), 8), kID);

@@ -27,6 +27,9 @@ struct Preset {
 };
 using Bank = std::array<Preset, 32>;
 
+// What a reader is given for values that the data lacks.
+inline const Preset kDefault{"the default", {0.11F, 0.22F, 0.33F, 0.44F, 0.55F}};
+
 // The words of one writer: in this machine's byte order, or in the other.
 class Writer {
  public:

@@ -10,12 +10,12 @@ namespace {
 
 using imagebytes::Bytes;
 using imagebytes::distinctBank;
+using imagebytes::kDefault;
 using imagebytes::Writer;
 using presetimage::Bank;
 using presetimage::Reading;
 
 constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-const imagebytes::Preset kDefault{"the default", {0.11F, 0.22F, 0.33F, 0.44F, 0.55F}};
 const imagebytes::Preset kOther{"other", {0.9F, 0.8F, 0.7F, 0.6F, 0.5F}};
 
 // The first `floats` values of one, the rest of the default's.

@@ -27,6 +27,14 @@ inline presetimage::Bank recordsOf(const imagebytes::Bank& bank) {
   return records;
 }
 
+// The header of that many entries.
+inline newpresetheader headerFor(const imagebytes::Bytes& entries, std::int32_t entryCount) {
+  newpresetheader header;
+  header.entryCount = entryCount;
+  header.dataSize = static_cast<std::int32_t>(entries.size());
+  return header;
+}
+
 // Same 24 name bytes and same bits of every value.
 inline bool isSame(const ACombProgram& a, const ACombProgram& b) {
   if (nameBytes(a) != nameBytes(b)) return false;
