@@ -4,8 +4,10 @@ target_sources(trelvan PRIVATE
   editor/linux/forgottenreplies.cpp
   editor/linux/framewindowlinux.cpp
   editor/linux/idlerunloop.cpp
+  editor/linux/editedtext.cpp
   editor/linux/pacinglinux.cpp
   editor/linux/textentrylinux.cpp
+  editor/linux/textfield.cpp
   editor/linux/toolkitlinux.cpp
   editor/linux/presetpopuplinux.cpp
   editor/linux/presetpopuplayout.cpp

@@ -40,6 +40,20 @@ CMouseEventResult MyFrame::onMouseMoved(CPoint& where, const CButtonState& butto
   return modalView != nullptr ? modalView->onMouseMoved(where, buttons) : CViewContainer::onMouseMoved(where, buttons);
 }
 
+// The toolkit's container offers its children what the operations above have not handled. With a modal view they get
+// nothing.
+void MyFrame::onMouseDownEvent(VSTGUI::MouseDownEvent& event) {
+  modalView != nullptr ? CView::onMouseDownEvent(event) : CViewContainer::onMouseDownEvent(event);
+}
+
+void MyFrame::onMouseUpEvent(VSTGUI::MouseUpEvent& event) {
+  modalView != nullptr ? CView::onMouseUpEvent(event) : CViewContainer::onMouseUpEvent(event);
+}
+
+void MyFrame::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event) {
+  modalView != nullptr ? CView::onMouseMoveEvent(event) : CViewContainer::onMouseMoveEvent(event);
+}
+
 void MyFrame::onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) {
   if (modalView != nullptr) {
     modalView->onMouseWheelEvent(event);

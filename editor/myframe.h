@@ -19,6 +19,9 @@ class MyFrame : public VSTGUI::CViewContainer {
   VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
   VSTGUI::CMouseEventResult onMouseUp(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
   VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
+  void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
+  void onMouseUpEvent(VSTGUI::MouseUpEvent& event) override;
+  void onMouseMoveEvent(VSTGUI::MouseMoveEvent& event) override;
   void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
 
   CLASS_METHODS_NOCOPY(MyFrame, CViewContainer)

@@ -11,8 +11,13 @@ trelvan_add_test(controlstest editor
     csplashscreenmyviewtest.cpp
     cvumeter1test.cpp
     doubleclicktest.cpp
+    editedtexttest.cpp
     fitnametest.cpp
+    myframetest.cpp
     presetpopuplayouttest.cpp
     presetpopuplinuxtest.cpp
     wheelstepstest.cpp
   LIBRARIES trelvan)
+
+# A program of its own, since it brings a clock of its own.
+trelvan_add_test(editorbasetest editor SOURCES aeffguieditortest.cpp LIBRARIES trelvan)

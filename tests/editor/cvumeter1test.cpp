@@ -67,15 +67,16 @@ TEST_F(Meter, TheBoundaryMovesInStepsOfTheBitmapsWidth) {
 }
 
 TEST_F(Meter, RisesAtOnceAndFallsOneDecreaseStepPerRedraw) {
-  CVuMeter1* meter = make(91, true, 0.1F);  // two pixels each
+  CVuMeter1* meter = make(182, true, 0.1F);
+  meter->setValue(1);
+  EXPECT_EQ(litColumns(), 182);
   meter->setValue(0);
-  meter->setOldValue(1);
-  for (const float expected : {0.9F, 0.8F, 0.7F, 0.6F}) {
-    litColumns();
-    EXPECT_NEAR(meter->getOldValue(), expected, 1e-6F);
+  for (const int tenths : {9, 8, 7, 6, 5, 4, 3, 2, 1, 0}) {
+    EXPECT_EQ(litColumns(), (182 * tenths + 5) / 10) << "the nearest step to " << tenths << " tenths";
+    EXPECT_NEAR(meter->getOldValue(), static_cast<float>(tenths) / 10.0F, 1e-6F);
   }
   meter->setValue(0.95F);
-  litColumns();
+  EXPECT_EQ(litColumns(), 173);  // 172.9 steps
   EXPECT_EQ(meter->getOldValue(), 0.95F);
 }
 

@@ -108,6 +108,7 @@ MUTANTS = [
     entry("the window's level is not set", "  [self setLevel:CGWindowLevelForKey(kCGStatusWindowLevelKey)];\n", ""),
     # ---- timer ----
     timer("the timer runs on", "    [timer invalidate];\n", ""),
+    timer("a late tick reaches the editor", "    [listener setListenerEditor:nullptr];", "    //"),
     timer("the timer is leaked", "    [timer release];\n", ""),
     timer("the timer is released twice", "    [timer release];\n", "    [timer release];\n    [timer release];\n"),
     timer("the listener is leaked", "    [listener release];\n", ""),

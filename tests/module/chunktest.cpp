@@ -10,9 +10,20 @@ namespace {
 
 using imagebytes::Bytes;
 using imagebytes::distinctBank;
+using imagebytes::Writer;
 
 class ModuleChunk : public ModuleTest {
  protected:
+  // A chunk with these entries alone, preset 9 being the current one.
+  static Bytes chunkOf(std::int32_t count, const Bytes& entries) {
+    return Writer()
+        .word(0x02000000)
+        .word(imagebytes::kTrelvan)
+        .header(imagebytes::kBankKind, count, 9, static_cast<std::int32_t>(entries.size()))
+        .append(entries)
+        .bytes;
+  }
+
   const Bytes state = imagebytes::chunk(distinctBank(), 9);
 };
 
@@ -81,6 +92,41 @@ TEST_F(ModuleChunk, WithANaNChangesNothingAndAnswersZero) {
   damaged[20].values[1] = std::numeric_limits<float>::quiet_NaN();
   EXPECT_EQ(instance.setChunk(imagebytes::chunk(damaged, 3)), 0);
   EXPECT_EQ(instance.chunk(), state);
+}
+
+TEST_F(ModuleChunk, WithAnEntryCountOfZeroOnlySelects) {
+  Instance instance(module);
+  instance.setChunk(state);
+  Bytes other = imagebytes::chunk({}, 14);
+  std::memset(other.data() + 8 + 13, 0, 4);
+  EXPECT_EQ(instance.setChunk(other), 0);
+  EXPECT_EQ(instance.chunk(), imagebytes::chunk(distinctBank(), 14));
+}
+
+TEST_F(ModuleChunk, WithAnEntryOfAnUnknownKindReadsTheOneBehindIt) {
+  Instance instance(module);
+  instance.setChunk(state);
+  const Bytes entries = Writer().entryHead(99, 40, 3).zeros(40).parameterEntry(3, 2, 0.875F).bytes;
+  EXPECT_EQ(instance.setChunk(chunkOf(2, entries)), 0);
+  imagebytes::Bank expected = distinctBank();
+  expected[3].values[2] = 0.875F;
+  EXPECT_EQ(instance.chunk(), imagebytes::chunk(expected, 9));
+}
+
+TEST_F(ModuleChunk, WithoutEntriesForAPresetLeavesItAndWithoutAValueTakesTheDefaultOne) {
+  Instance instance(module);
+  instance.setChunk(state);
+  const Bytes entries = Writer()
+                            .nameEntry(7, "seven")
+                            .parameterEntry(7, 0, 0.5F)
+                            .parameterEntry(7, 1, 0.25F)
+                            .parameterEntry(7, 2, 0.5F)
+                            .parameterEntry(7, 3, 0.5F)
+                            .bytes;
+  EXPECT_EQ(instance.setChunk(chunkOf(5, entries)), 0);
+  imagebytes::Bank expected = distinctBank();
+  expected[7] = {"seven", {0.5F, 0.25F, 0.5F, 0.5F, 0.0F}};  // the first factory preset's phase
+  EXPECT_EQ(instance.chunk(), imagebytes::chunk(expected, 9));
 }
 
 TEST_F(ModuleChunk, OfRandomBanksComesBackByteForByte) {

@@ -72,6 +72,69 @@ TEST_F(Record, HasTheSameNamesForEverybody) {
   EXPECT_EQ(instance.send(effIdentify), 0x4E764566);
 }
 
+TEST_F(Record, CanDoFourThingsAndNothingElse) {
+  Instance instance(module);
+  const auto canDo = [&](std::string question) { return instance.send(effCanDo, 0, 0, question.data()); };
+  for (const char* question : {"offline", "plugAsChannelInsert", "1in2out", "2in2out"}) {
+    EXPECT_EQ(canDo(question), 1) << question;
+  }
+  for (const char* question : {"bypass", "receiveVstMidiEvent", "receiveVstEvents", "Offline", "2in2outs", ""}) {
+    EXPECT_EQ(canDo(question), 0) << question;
+  }
+}
+
+TEST_F(Record, TakesOneOrTwoInputsToTwoOutputsAndNoOtherArrangement) {
+  Instance instance(module);
+  instance.setSampleRate(44100.0F);
+  instance.setParameter(0, 0.5F);
+  const auto arrange = [&](VstInt32 ins, VstInt32 outs) {
+    VstSpeakerArrangement in{}, out{};
+    in.numChannels = ins;
+    out.numChannels = outs;
+    return instance.send(effSetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&in), &out);
+  };
+  // Both flags of the effect, by what it does with the second buffers: mid of 1 and 3 is 2, of 1 alone 1.
+  const auto isStereo = [&] {
+    instance.mainsChanged(true);
+    const Audio out = instance.render({{1.0F}, {3.0F}});
+    return out.left[0] == 2.0F && out.right[0] == 2.0F;
+  };
+  EXPECT_EQ(arrange(1, 2), 1);
+  EXPECT_FALSE(isStereo());
+  EXPECT_EQ(arrange(1, 1), 0);
+  EXPECT_TRUE(isStereo()) << "refused, and both are read and written again";
+  EXPECT_EQ(arrange(2, 2), 1);
+  EXPECT_TRUE(isStereo());
+  EXPECT_EQ(arrange(6, 6), 0);
+}
+
+TEST_F(Record, HasPinsUpToTheSecondAndBelowTheFirst) {
+  Instance instance(module);
+  struct {
+    VstPinProperties pin;
+    char behind[64];  // for hosts' records that are longer than ours
+  } room{};
+  EXPECT_EQ(instance.send(effGetOutputProperties, 1, 0, &room.pin), 1);
+  EXPECT_STREQ(room.pin.label, "My 2 Out");
+  EXPECT_EQ(room.pin.flags, 1 | 2) << "active and stereo";
+  EXPECT_EQ(instance.send(effGetOutputProperties, -1, 0, &room.pin), 1);
+  EXPECT_STREQ(room.pin.label, "My 0 Out");
+  EXPECT_EQ(instance.send(effGetInputProperties, -1, 0, &room.pin), 1);
+  EXPECT_STREQ(room.pin.label, "My 0 In");
+  EXPECT_EQ(instance.send(effGetOutputProperties, 2, 0, &room.pin), 0);
+  EXPECT_EQ(instance.send(effGetInputProperties, 2, 0, &room.pin), 0);
+  EXPECT_STREQ(room.pin.label, "My 0 In") << "untouched";
+}
+
+TEST_F(Record, HasPropertiesOfItsFiveParametersOnly) {
+  Instance instance(module);
+  VstParameterProperties properties{};
+  EXPECT_EQ(instance.send(effGetParameterProperties, 4, 0, &properties), 1);
+  EXPECT_STREQ(properties.label, "phase");
+  for (const VstInt32 index : {5, -1}) EXPECT_EQ(instance.send(effGetParameterProperties, index, 0, &properties), 0);
+  EXPECT_STREQ(properties.label, "phase") << "untouched";
+}
+
 // Names are keys in hosts' presets: unique and not empty.
 TEST_F(Record, HasUniqueParameterNames) {
   Instance instance(module);

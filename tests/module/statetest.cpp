@@ -125,6 +125,21 @@ TEST_F(State, IsNotChangedByTheHostsProgramCalls) {
   EXPECT_EQ(instance.text(effGetProgramName), "preset number 9");
 }
 
+TEST_F(State, KeepsTwentyThreeCharactersOfAName) {
+  Instance instance(module);
+  std::string name = "abcdefghijklmnopqrstuvwxyz1234";
+  instance.send(effSetProgramName, 0, 0, name.data());
+  EXPECT_EQ(instance.text(effGetProgramName), "abcdefghijklmnopqrstuvw");
+  EXPECT_EQ(instance.text(effGetProgramNameIndexed, 0), "abcdefghijklmnopqrstuvw");
+}
+
+TEST_F(State, IsNotChangedByAParameterThatIsNotThere) {
+  Instance instance(module);
+  instance.setChunk(state);
+  for (const VstInt32 index : {5, -1, 7}) instance.setParameter(index, 0.75F);
+  EXPECT_EQ(instance.chunk(), state);
+}
+
 TEST_F(State, NamesTheThirtyTwoPresets) {
   Instance instance(module);
   instance.setChunk(state);
@@ -151,6 +166,16 @@ TEST_F(State, ShowsTextsInThePublishedBuffers) {
   Instance instance(module);
   instance.setParameter(0, 0.5F);
   EXPECT_EQ(instance.text(effGetParamDisplay, 0), "50.0");
+  instance.setParameter(1, 0.0F);
+  EXPECT_EQ(instance.text(effGetParamDisplay, 1), "20.0");
+  instance.setParameter(1, 1.0F);
+  EXPECT_EQ(instance.text(effGetParamDisplay, 1), "1000.0");
+  for (const VstInt32 index : {3, 4}) {
+    instance.setParameter(index, 0.49F);
+    EXPECT_EQ(instance.text(effGetParamDisplay, index), "Off");
+    instance.setParameter(index, 0.5F);
+    EXPECT_EQ(instance.text(effGetParamDisplay, index), "On");
+  }
   EXPECT_EQ(instance.text(effGetParamLabel, 0), "    %   ");
   EXPECT_EQ(instance.text(effGetParamLabel, 1), "    Hz   ");
   EXPECT_EQ(instance.text(effGetParamLabel, 4), "         ");

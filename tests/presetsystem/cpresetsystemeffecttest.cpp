@@ -259,9 +259,11 @@ TEST_F(PresetStore, NamesTheThirtyTwoPresetsByIndex) {
     EXPECT_EQ(text[25], '#');
   }
   effect.preset(31).rename("the last one");
+  std::memset(text, '#', sizeof text);
   EXPECT_TRUE(effect.getProgramNameIndexed(0, 31, text));
   EXPECT_STREQ(text, "the last one");
   EXPECT_EQ(text[24], 0);
+  EXPECT_EQ(text[25], '#');
 }
 
 TEST_F(PresetStore, HasNoNameOutsideTheThirtyTwo) {

@@ -4,3 +4,8 @@ trelvan_add_test(fileoperationstest presetsystem
     cpresetsystemeditormanualtest.cpp
     ${PROJECT_SOURCE_DIR}/tests/platform/tsansuppressions.cpp
   LIBRARIES trelvan)
+
+# The preset bar in a frame without a display.
+trelvan_add_test(presetbartest presetsystem
+  SOURCES cpresetsystemeditordispatchtest.cpp ${PROJECT_SOURCE_DIR}/tests/platform/tsansuppressions.cpp
+  LIBRARIES trelvan)

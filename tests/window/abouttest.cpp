@@ -32,6 +32,14 @@ TEST_F(About, OpensOnAClickAndClosesOnAnother) {
   EXPECT_EQ(host.picture(), closed);
 }
 
+// It is no parameter of the host's.
+TEST_F(About, TheHostHearsNothingOfIt) {
+  host.forgetCalls();
+  open();
+  host.click(places::kAboutPanel);
+  EXPECT_TRUE(host.gestureCalls().empty());
+}
+
 TEST_F(About, OpensAgain) {
   const Picture panel = open();
   for (int round = 0; round < 5; ++round) {

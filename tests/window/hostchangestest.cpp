@@ -44,12 +44,19 @@ TEST_F(HostChanges, ParametersFromTheHostMakeNoGesture) {
 }
 
 TEST_F(HostChanges, TheSwitchesAreOnFromOneHalf) {
-  host.setParameter(4, 1.0F);
-  const Picture on = host.picture();
-  host.setParameter(4, 0.5F);
-  EXPECT_EQ(host.picture(), on);
-  host.setParameter(4, 0.49F);
-  EXPECT_FALSE(sameIn(places::kPhaseSwitch, on, host.picture()));
+  for (const auto& [index, place] :
+       {std::pair{VstInt32{3}, places::kProcessSwitch}, std::pair{VstInt32{4}, places::kPhaseSwitch}}) {
+    SCOPED_TRACE(index);
+    host.setParameter(index, 1.0F);
+    const Picture on = host.picture();
+    host.setParameter(index, 0.0F);
+    const Picture off = host.picture();
+    EXPECT_FALSE(sameIn(place, on, off));
+    host.setParameter(index, 0.5F);
+    EXPECT_EQ(host.picture(), on);
+    host.setParameter(index, 0.49F);
+    EXPECT_EQ(host.picture(), off);
+  }
 }
 
 TEST_F(HostChanges, AForeignParameterNumberChangesNothing) {

@@ -220,18 +220,27 @@ TEST_F(Name, TheHostsWindowThatGivesTheKeyboardBackLeavesTheEntryOpen) {
   expectConfirmed("abc");
 }
 
-// The field, the list and the host's name hold 24 characters; one of them is the end in the bank.
+// The field and the list hold 24 characters; one of the bank's is the end.
 TEST_F(Name, OnlyTheFirst24CharactersAreTaken) {
-  startEntry();
-  host.type("123456789012345678901234");
-  host.key(XKB_KEY_Return);
+  const auto enter = [this](const std::string& name) {
+    startEntry();
+    host.type(name);
+    host.key(XKB_KEY_Return);
+    host.moveAway();
+    EXPECT_EQ(host.programName(), name.substr(0, 23));
+  };
+  const std::string name = "iiiiiiiiiiiiiiiiiiiiiiil";  // 24, narrow enough to be shown whole
+  enter(name.substr(0, 23));
+  const Picture shorter = host.picture();
+  const Picture shorterList = list();
+  enter(name);
   const Picture cut = host.picture();
-  EXPECT_EQ(host.programName(), "12345678901234567890123");
-  startEntry();
-  host.type("1234567890123456789012345678");
-  host.key(XKB_KEY_Return);
-  EXPECT_EQ(host.programName(), "12345678901234567890123");
+  const Picture cutList = list();
+  EXPECT_FALSE(cut == shorter);
+  EXPECT_FALSE(cutList == shorterList);
+  enter(name + "more");
   EXPECT_EQ(host.picture(), cut);
+  EXPECT_EQ(list(), cutList);
 }
 
 TEST_F(Name, AnEmptyNameIsAName) {
@@ -278,6 +287,53 @@ TEST_F(Name, AHostsNameMeanwhileGivesWayToTheConfirmedOne) {
   host.settle();
   host.key(XKB_KEY_Return);
   EXPECT_EQ(host.programName(), "mine");
+}
+
+// Characters of two to four bytes each.
+TEST_F(Name, InAnyLanguageIsEditedCharacterByCharacter) {
+  const std::string umlaut = "\xC3\xA4", kanji = "\xE9\x9F\xB3", note = "\xF0\x9D\x84\x9E";
+  host.setProgramName(umlaut + kanji + note + "x");
+  startEntry();
+  host.moveAway();  // drawn with all of it selected
+  host.settle();
+  host.click(places::kName.right - 5, places::kName.centreY());  // behind the text
+  host.key(XKB_KEY_BackSpace);
+  host.key(XKB_KEY_BackSpace);
+  host.type("y");
+  host.key(XKB_KEY_Home);
+  host.key(XKB_KEY_Right);
+  host.key(XKB_KEY_Delete);
+  host.type("z");
+  host.click(places::kName.left + 5, places::kName.centreY());  // in front of it
+  host.type("a");
+  host.key(XKB_KEY_Return);
+  expectConfirmed("a" + umlaut + "zy");
+}
+
+TEST_F(Name, TypingReplacesASelectionMadeByMouseOrKeys) {
+  startEntry();
+  host.type("abc");
+  host.moveTo(places::kName.right - 5, places::kName.centreY());
+  host.press();
+  host.moveTo(places::kName.left + 5, places::kName.centreY());
+  host.release();
+  host.type("defg");
+  host.keyDown(XKB_KEY_Shift_L);
+  host.key(XKB_KEY_Left);
+  host.key(XKB_KEY_Left);
+  host.keyUp(XKB_KEY_Shift_L);
+  host.type("h");
+  host.key(XKB_KEY_Return);
+  expectConfirmed("deh");
+}
+
+TEST_F(Name, ADoubleClickIntoTheFieldSelectsAllOfIt) {
+  startEntry();
+  host.type("abc");
+  host.doubleClick(places::kName);
+  host.type("d");
+  host.key(XKB_KEY_Return);
+  expectConfirmed("d");
 }
 
 // A name from a file may hold any bytes.

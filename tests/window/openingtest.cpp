@@ -128,11 +128,16 @@ TEST_F(Opening, AWindowOfOnePixelThatGrowsLaterShowsTheSame) {
 }
 
 TEST_F(Opening, ReopeningShowsTheSameValues) {
+  host.openEditor();
+  const Picture fresh = host.picture();
   host.setParameter(0, 0.9F);
   host.setParameter(1, 0.1F);
   host.setParameter(4, 1.0F);
-  host.openEditor();
+  host.click(places::kProcessSwitch);
+  host.moveAway();
   const Picture first = host.picture();
+  for (int index = 0; index < 2; ++index) EXPECT_FALSE(sameIn(places::slider(index), fresh, first)) << index;
+  for (const Area& place : {places::kProcessSwitch, places::kPhaseSwitch}) EXPECT_FALSE(sameIn(place, fresh, first));
   host.closeEditor();
   host.openEditor();
   EXPECT_EQ(host.picture(), first);

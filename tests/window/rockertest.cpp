@@ -49,6 +49,12 @@ TEST_F(Rocker, StopsAtTheFirst) {
 TEST_F(Rocker, StopsAtTheLast) {
   for (int step = 0; step < 40; ++step) host.click(places::kRockerRight);
   EXPECT_EQ(host.currentPreset(), 31);
+  const Picture last = host.picture();
+  host.forgetCalls();
+  host.click(places::kRockerRight);
+  EXPECT_EQ(host.currentPreset(), 31);
+  EXPECT_EQ(host.picture(), last);
+  EXPECT_EQ(host.calls(audioMasterBeginEdit).size(), 1U);  // applied once more
   host.click(places::kRockerLeft);
   EXPECT_EQ(host.currentPreset(), 30);
 }

@@ -3,6 +3,8 @@
 
 #include "editor/aeffguieditor.h"
 
+#import <objc/runtime.h>
+
 #import "cocoatest.h"
 
 namespace {
@@ -51,6 +53,20 @@ TEST_F(IdleTimerMac, StopsWhenItIsDestroyed) {
   const int before = editor.count;
   runFor(0.1);
   EXPECT_EQ(editor.count, before);
+}
+
+// The system's timer, which another thing may still hold, or a tick that is under way.
+TEST_F(IdleTimerMac, ATickThatComesAfterItsEndDoesNothing) {
+  id owner = static_cast<id>(createTimer(&editor, 60000));
+  id listener = object_getIvar(owner, class_getInstanceVariable(object_getClass(owner), "listener"));
+  ASSERT_NE(listener, nil);
+  [listener retain];
+  [listener performSelector:@selector(timerProc:) withObject:nil];
+  EXPECT_EQ(editor.count, 1);
+  destroyTimer(owner);
+  [listener performSelector:@selector(timerProc:) withObject:nil];
+  EXPECT_EQ(editor.count, 1);
+  [listener release];
 }
 
 TEST_F(IdleTimerMac, MayBeDestroyedInsideItsOwnTick) {

@@ -15,6 +15,9 @@ NSColor* color(double red, double green, double blue, double alpha) {
 
 bool same(id one, NSColor* other) { return [one isEqual:other]; }
 
+double screenHeight = 0;  // what the screens say while a test has put this in the place of theirs
+NSRect frameOfOtherHeight(id, SEL) { return NSMakeRect(0, 0, 1024, screenHeight); }
+
 // The window's messages that a test counts in the place of the real ones.
 int confirmations = 0;
 void countConfirmation(id, SEL, id) { ++confirmations; }
@@ -46,6 +49,23 @@ TEST_F(TextEntryOnMac, CountsTheFramesPlaceFromTheTopOfTheScreen) {
   ASSERT_NE(entry, nullptr);
   // 768 - 300.25, truncated, is 467.
   EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(410.5, 467 - 20 - 12, 30, 12)));
+}
+
+TEST_F(TextEntryOnMac, CountsFromTheBottomOfAFirstScreenOfAnyHeight) {
+  Method frameMethod = class_getInstanceMethod([NSScreen class], @selector(frame));
+  // Height, and the frame's top from the bottom: the height without its fraction, less 300.25, without its fraction.
+  const std::pair<double, double> screens[] = {{600, 299}, {1080, 779}, {1440.75, 1139}};
+  for (const auto& [height, top] : screens) {
+    screenHeight = height;
+    const IMP own = method_setImplementation(frameMethod, reinterpret_cast<IMP>(frameOfOtherHeight));
+    auto entry =
+        openTextEntry(label, {.x = 10, .y = 20, .width = 30, .height = 12, .globalX = 400.5, .globalY = 300.25});
+    method_setImplementation(frameMethod, own);
+    ASSERT_NE(entry, nullptr);
+    EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(410.5, top - 20 - 12, 30, 12))) << height;
+    entry.reset();
+    drainPool();
+  }
 }
 
 TEST_F(TextEntryOnMac, LooksLikeTheLabel) {

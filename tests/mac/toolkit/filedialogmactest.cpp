@@ -39,6 +39,8 @@ TEST_F(FileDialogMac, DoesNotRunInsideStart) {
   dialog->start(request);
   EXPECT_EQ(dialog->poll(), State::running);
   EXPECT_EQ(toolkit.record.selectorsRun, 0);
+  dialog->cancel();
+  toolkit.fireTimers();
 }
 
 TEST_F(FileDialogMac, AsksForOneFileOfTheKindModally) {
