@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Edits an Ardour 7 session file: puts a sound on its track, and takes the effect's chunk out or puts one in."""
+"""Edits an Ardour 7 session file: puts a sound on its track, takes the effect's chunk out or puts one in, and has the
+effect's window opened."""
 import re
 import sys
 
@@ -53,6 +54,15 @@ def with_chunk(text, chunk):
                    lambda match: match[1] + re.sub(r' value="[^"]*"', ' value="0.125"', match[2]) + match[3])
 
 
+def with_window(text):
+    """The effect's window comes up with the session, and the session takes any sound server."""
+    route = re.search(r'<Route [^>]*id="(\d+)" name="Sound"', text)[1]
+    effect = re.search(r'<Processor id="(\d+)" name="Orv Trelvan"', text)[1]
+    text = replace(text, r"<EngineHints[^>]*/>", lambda _: "")
+    window = f'<Window name="P-{route}-{effect}" visible="1" x-off="300" y-off="200" custom-ui="1"/>'
+    return replace(text, r"</Session>", lambda match: f"<Extra><UI>{window}</UI></Extra>{match[0]}")
+
+
 def main(words):
     session = words[1]
     with open(session, encoding="utf-8") as file:
@@ -64,8 +74,11 @@ def main(words):
         return
     elif words[0] == "with-chunk":  # base64 on the standard input
         text, session = with_chunk(text, sys.stdin.read().strip()), words[2]
+    elif words[0] == "with-window":
+        text = with_window(text)
     else:
-        sys.exit("usage: ardoursession.py place FILE SOUND FRAMES RATE CHANNELS | chunk FILE | with-chunk FILE OUT")
+        sys.exit("usage: ardoursession.py place FILE SOUND FRAMES RATE CHANNELS | chunk FILE | with-chunk FILE OUT | "
+                 "with-window FILE")
     with open(session, "w", encoding="utf-8") as file:
         file.write(text)
 

@@ -20,15 +20,16 @@ fail() {
   failures=$((failures + 1))
 }
 
-# check STATEMENT COMMAND...: what the command says is shown only where it fails.
+# check STATEMENT COMMAND...: what the command says is shown only where it fails. The command runs in this shell: what
+# it starts is known at the end.
 check() {
-  local statement=$1 said
+  local statement=$1
   shift
-  if said=$("$@" 2>&1); then
+  if "$@" >"$work/said" 2>&1; then
     pass "$statement"
   else
     fail "$statement"
-    [ -z "$said" ] || printf '%s\n' "$said" | tail -n 20 | sed 's/^/  /'
+    tail -n 20 "$work/said" | sed 's/^/  /'
     return 1
   fi
 }
@@ -46,18 +47,25 @@ needs() {
   done
 }
 
-end_everything() {
-  local status=$? process
-  trap - EXIT
-  for process in "${started[@]}"; do kill "$process" 2>/dev/null; done
-  for process in "${started[@]}"; do
-    for _ in 1 2 3 4 5 6 7 8 9 10; do
-      kill -0 "$process" 2>/dev/null || break
-      sleep 0.2
-    done
-    kill -KILL "$process" 2>/dev/null
-    wait "$process" 2>/dev/null
+# end_process ID: ends a process of the list, by force where it does not end within two seconds.
+end_process() {
+  local process left=()
+  kill "$1" 2>/dev/null
+  for _ in 1 2 3 4 5 6 7 8 9 10; do
+    kill -0 "$1" 2>/dev/null || break
+    sleep 0.2
   done
+  kill -KILL "$1" 2>/dev/null
+  wait "$1" 2>/dev/null
+  for process in "${started[@]}"; do [ "$process" = "$1" ] || left+=("$process"); done
+  started=("${left[@]}")
+}
+
+end_everything() {
+  local status=$? at
+  trap - EXIT
+  # The last one first: a host before the screen that it draws on.
+  for ((at = ${#started[@]} - 1; at >= 0; at--)); do end_process "${started[at]}"; done
   if [ -n "${KEEP_WORK:-}" ]; then echo "kept: $work"; else rm -rf "$work"; fi
   [ "$status" = 0 ] && [ "$failures" = 0 ]
   exit $?
@@ -104,7 +112,7 @@ widen_render() {
 # Sets DISPLAY to a screen that nobody else has.
 start_screen() {
   needs Xvfb xwininfo
-  timeout 600 Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
+  timeout -k 5 600 Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
   started+=($!)
   for _ in $(seq 50); do
     [ -s "$work/display" ] && break
@@ -114,6 +122,9 @@ start_screen() {
   DISPLAY=:$(cat "$work/display")
   export DISPLAY
 }
+
+# To be taken whole before it is searched: a pipe that closes early is a failure here.
+all_windows() { timeout 5 xwininfo -root -tree; }
 
 # wait_for SECONDS COMMAND...: until it succeeds.
 wait_for() {

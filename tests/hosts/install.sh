@@ -5,10 +5,10 @@ set -euo pipefail
 
 packages=(
   ardour audacity qtractor muse           # the hosts
-  jackd2 alsa-utils                       # sound servers without a sound card
+  jackd2                                  # a sound server without a sound card
   xvfb openbox xdotool wmctrl x11-utils   # a screen without a display, windows to look at and to click
   imagemagick                             # pictures of that screen
-  python3 gcc libc6-dev                   # the tests' own arithmetic, and the answer to the sequencer's calls
+  python3 gcc libc6-dev                   # the tests' own arithmetic
 )
 
 as_root() {

@@ -55,6 +55,18 @@ def duplicate(path, out):
     write(out, rate, 2, b"".join(2 * frames[at:at + 4] for at in range(0, len(frames), 4)))
 
 
+def left_only(path, out):
+    """A stereo file with a mono file's channel at the left and silence at the right."""
+    rate, _, frames = read(path)
+    write(out, rate, 2, b"".join(frames[at:at + 4] + bytes(4) for at in range(0, len(frames), 4)))
+
+
+def left(path, out):
+    """A mono file of a stereo file's left channel."""
+    rate, _, frames = read(path)
+    write(out, rate, 1, b"".join(frames[at:at + 4] for at in range(0, len(frames), 8)))
+
+
 def compare(path, other_path):
     """Exits with what differs, unless nothing does."""
     (rate, channels, a), (other_rate, other_channels, b) = read(path), read(other_path)
@@ -82,10 +94,15 @@ def main(words):
         write(words[2], int(words[1]), 2, sys.stdin.buffer.read())
     elif len(words) == 3 and words[0] == "both-sides":
         duplicate(words[1], words[2])
+    elif len(words) == 3 and words[0] == "left-only":
+        left_only(words[1], words[2])
+    elif len(words) == 3 and words[0] == "left":
+        left(words[1], words[2])
     elif len(words) == 3 and words[0] == "same":
         compare(words[1], words[2])
     else:
-        sys.exit("usage: sound.py make OUT RATE SECONDS CHANNELS | raw IN | wav RATE OUT | both-sides MONO STEREO | same A B")
+        sys.exit("usage: sound.py make OUT RATE SECONDS CHANNELS | raw IN | wav RATE OUT | both-sides MONO STEREO | "
+                 "left-only MONO STEREO | left STEREO MONO | same A B")
 
 
 if __name__ == "__main__":

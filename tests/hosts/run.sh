@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Runs the plug-in in real hosts, one script after the other: a PASS or FAIL line a statement, and a summary. The status
+# is 0 where all is well.
+# Usage: tests/hosts/run.sh BUILD-FOLDER [HOST...], where a HOST is a script's name without .sh; default: all
+set -uo pipefail
+
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+all=(qtractor-scan muse-scan muse-window ardour ardour-window audacity audacity-window)
+limit=300  # seconds a script; the longest takes half a minute on an idle machine with two processors
+
+if [ $# -lt 1 ] || [ ! -d "$1" ]; then
+  echo "usage: $0 BUILD-FOLDER [HOST...]; hosts: ${all[*]}" >&2
+  exit 2
+fi
+build=$1
+shift
+[ $# -gt 0 ] || set -- "${all[@]}"
+for name in "$@"; do
+  [[ " ${all[*]} " == *" $name "* ]] || { echo "$0: no host is called $name; there are: ${all[*]}" >&2; exit 2; }
+done
+
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+failed=()
+for name in "$@"; do
+  timeout -k 30 "$limit" "$here/$name.sh" "$build" | tee -a "$log"
+  status=${PIPESTATUS[0]}
+  [ "$status" = 0 ] && continue
+  failed+=("$name")
+  case $status in
+    124 | 137) echo "FAIL $name: ends within $limit seconds" | tee -a "$log" ;;
+    1) ;;  # has named what failed
+    *) echo "FAIL $name: ended with status $status" | tee -a "$log" ;;
+  esac
+done
+
+echo "$(grep -c '^PASS ' "$log") passed, $(grep -c '^FAIL ' "$log") failed, in $# host tests"
+[ ${#failed[@]} = 0 ] || { echo "failed: ${failed[*]}"; exit 1; }
