@@ -52,7 +52,9 @@ double levelAt(const std::vector<double>& power, double bin) {
 
 std::vector<PlotPoint> pointsOf(const std::vector<double>& power, const Axes& axes) {
   std::vector<PlotPoint> points;
-  for (double x = axes.area.left; x <= axes.area.right(); x += 1.0) {
+  const int pixels = static_cast<int>(axes.area.width);
+  for (int pixel = 0; pixel <= pixels; ++pixel) {
+    const double x = axes.area.left + pixel;
     points.push_back({x, axes.yOf(levelAt(power, axes.frequencyAt(x) / axes.binWidth))});
   }
   return points;
@@ -67,7 +69,8 @@ double loudest(const std::vector<SpectrumCurve>& curves) {
 
 void drawGrid(PlotCanvas& canvas, const Axes& axes) {
   const PlotArea& area = axes.area;
-  for (double level = axes.top; level >= axes.top - kRange; level -= 10.0) {
+  for (int decibelsDown = 0; decibelsDown <= kRange; decibelsDown += 10) {
+    const double level = axes.top - decibelsDown;
     const double y = axes.yOf(level);
     canvas.line({area.left, y}, {area.right(), y}, kGrid);
     canvas.text(formatted("%.0f", level), {area.left - 10, y}, {kTickSize, kMuted, 1.0, 0.5});

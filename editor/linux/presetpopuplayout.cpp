@@ -29,8 +29,10 @@ PresetPopupLayout::PresetPopupLayout(const VSTGUI::CRect& window, std::int32_t e
 }
 
 VSTGUI::CRect PresetPopupLayout::entry(std::int32_t index) const {
-  const double left = panelRect.left + kInset + index / rows * (columnWidth + kGap);
-  const double top = panelRect.top + kInset + index % rows * rowHeight;
+  const std::int32_t column = index / rows;
+  const std::int32_t row = index % rows;
+  const double left = panelRect.left + kInset + column * (columnWidth + kGap);
+  const double top = panelRect.top + kInset + row * rowHeight;
   return {left, top, left + columnWidth, top + rowHeight};
 }
 

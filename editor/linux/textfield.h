@@ -26,6 +26,10 @@ class TextField final : public VSTGUI::CView, public VSTGUI::IKeyboardHook, publ
   void draw(VSTGUI::CDrawContext* context) override;
   bool attached(VSTGUI::CView* parent) override;
   bool removed(VSTGUI::CView* parent) override;
+  // The window's, beside the view's own of the same names.
+  using CView::onKeyboardEvent;
+  using CView::onMouseEntered;
+  using CView::onMouseExited;
   void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* frame) override;
   void onMouseEvent(VSTGUI::MouseEvent& event, VSTGUI::CFrame* frame) override;
   void onMouseEntered(VSTGUI::CView* view, VSTGUI::CFrame* frame) override;

@@ -66,6 +66,7 @@ bool isHostsOwn(std::string_view entry) {
 // The form that the system takes: pointers into the strings, which must outlive it, and a null behind them.
 std::vector<char*> pointersTo(std::vector<std::string>& strings) {
   std::vector<char*> pointers;
+  pointers.reserve(strings.size() + 1);
   for (std::string& string : strings) pointers.push_back(string.data());
   pointers.push_back(nullptr);
   return pointers;
@@ -116,7 +117,7 @@ std::string findProgram(const char* name) {
     const std::string_view folder = rest.substr(0, length);
     rest.remove_prefix(length < rest.size() ? length + 1 : length);
     if (folder.empty() || folder[0] != '/') continue;  // never from the working folder
-    const std::string program = std::string(folder) + "/" + name;
+    std::string program = std::string(folder) + "/" + name;
     struct stat file {};
     if (stat(program.c_str(), &file) == 0 && S_ISREG(file.st_mode) && access(program.c_str(), X_OK) == 0) {
       return program;
