@@ -29,6 +29,7 @@ if ! read -r -t 20 -u 4 number || [ -z "$number" ]; then
 fi
 exec 4>&-
 export DISPLAY=:$number
+export TMPDIR=$folder  # what a program that is ended in the middle leaves behind goes with it
 unset XAUTHORITY WAYLAND_DISPLAY
 timeout --kill-after=5 "$seconds" "$@" &
 program=$!
