@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over all of our code but the tests. Usage: tools/lint.sh BUILD_FOLDER   (configured with clang)
+# Runs clang-tidy over all of our code but the tests.
+# Usage: tools/lint.sh BUILD_FOLDER [OPTION...]   (a folder configured with clang; options for clang-tidy)
 set -euo pipefail
 cd "$(dirname "$0")/.."
+build=$1
+shift
 git ls-files -z '*.cpp' | grep -zE '^(plugin|effect|presetsystem|editor|platform|host)/' | grep -zv '/mac/' |
-  xargs -0 -P "$(getconf _NPROCESSORS_ONLN)" -n 4 clang-tidy -p "$1" --quiet 2>/dev/null
+  xargs -0 -P "$(getconf _NPROCESSORS_ONLN)" -n 4 clang-tidy -p "$build" --quiet "$@" 2>/dev/null
