@@ -59,6 +59,16 @@ void idleUnchanged(benchmark::State& loop) {
   for (auto _ : loop) timed(loop, [&] { host.dispatch(effEditIdle); });
 }
 
+// Now and then a pass asks the X server although nothing has happened, and waits for its answer.
+void idleAsks(benchmark::State& loop) {
+  WindowHost host;
+  host.openEditor();
+  for (auto _ : loop) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    timed(loop, [&] { host.dispatch(effEditIdle); });
+  }
+}
+
 // change: called once before each pass.
 void idleAfter(benchmark::State& loop, const std::function<void(WindowHost&, int)>& change) {
   WindowHost host;
@@ -97,6 +107,11 @@ BENCHMARK(idleUnchanged)
     ->Name("editor/idle, nothing changed")
     ->UseManualTime()
     ->Iterations(5000)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(idleAsks)
+    ->Name("editor/idle, nothing changed, X server asked")
+    ->UseManualTime()
+    ->Iterations(20)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(idleMeter)->Name("editor/idle, meter drawn")->UseManualTime()->Iterations(60)->Unit(benchmark::kMicrosecond);
 BENCHMARK(idleSlider)

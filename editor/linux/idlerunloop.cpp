@@ -1,6 +1,8 @@
 // Pumps the toolkit's handlers and timers.
 #include "editor/linux/idlerunloop.h"
 
+#include <poll.h>
+
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -17,21 +19,37 @@ std::uint64_t now() {
 
 }  // namespace
 
+bool IdleRunLoop::isDataThere() const {
+  return std::any_of(handlers.begin(), handlers.end(), [](const Handler& each) {
+    pollfd asked{each.connection, POLLIN, 0};
+    return each.handler != nullptr && poll(&asked, 1, 0) != 0;  // an error is the handler's too
+  });
+}
+
+// The toolkit ends each look with a question to the X server and waits for the answer, so a pass in which nothing goes
+// on does without. An event that came with such an answer waits in the connection's memory, where nobody sees it:
+// another look follows whatever has happened, and one from time to time.
+void IdleRunLoop::handleEvents(std::uint64_t time) {
+  constexpr std::uint64_t kLongest = 200;  // ms without a look
+  const bool dataThere = isDataThere();
+  if (!dataThere && !lively && time - lastLook < kLongest) return;
+  lively = dataThere;
+  lastLook = time;
+  const ForgottenReplies replies(VSTGUI::X11::RunLoop::instance().getXcbConnection());
+  for (std::size_t i = 0; i < handlers.size(); ++i) {  // by index, since the list grows meanwhile
+    if (handlers[i].handler != nullptr) handlers[i].handler->onEvent();
+  }
+}
+
 void IdleRunLoop::pump() {
   ++depth;
-  {
-    const ForgottenReplies replies(VSTGUI::X11::RunLoop::instance().getXcbConnection());
-    // Always asked, without a look at the socket: events may wait in the connection's memory. By index, since both
-    // lists grow meanwhile.
-    for (std::size_t i = 0; i < handlers.size(); ++i) {
-      if (handlers[i] != nullptr) handlers[i]->onEvent();
-    }
-  }
   const std::uint64_t time = now();
+  handleEvents(time);
   const std::size_t known = timers.size();  // one started by another waits for the next pump
   for (std::size_t i = 0; i < known; ++i) {
     if (timers[i].handler == nullptr || timers[i].due > time) continue;
     timers[i].due = time + timers[i].interval;
+    lively = true;
     timers[i].handler->onTimer();
   }
   leave();
@@ -39,6 +57,7 @@ void IdleRunLoop::pump() {
 
 void IdleRunLoop::during(const std::function<void()>& work) {
   ++depth;
+  lively = true;
   work();
   leave();
 }
@@ -57,15 +76,19 @@ void IdleRunLoop::runOutsidePump(std::function<void()> action) {
   }
 }
 
-bool IdleRunLoop::registerEventHandler(int /*fd*/, VSTGUI::X11::IEventHandler* handler) {
-  handlers.push_back(handler);
+bool IdleRunLoop::registerEventHandler(int fd, VSTGUI::X11::IEventHandler* handler) {
+  handlers.push_back({fd, handler});
+  lively = true;
   return true;
 }
 
 // With the last handler the toolkit forgets this loop, and can no longer take its late timers away.
 bool IdleRunLoop::unregisterEventHandler(VSTGUI::X11::IEventHandler* handler) {
-  std::replace(handlers.begin(), handlers.end(), handler, static_cast<VSTGUI::X11::IEventHandler*>(nullptr));
-  const bool none = std::all_of(handlers.begin(), handlers.end(), [](auto* left) { return left == nullptr; });
+  bool none = true;
+  for (Handler& each : handlers) {
+    if (each.handler == handler) each.handler = nullptr;
+    none = none && each.handler == nullptr;
+  }
   if (none) {
     for (Timer& timer : timers) timer.handler = nullptr;
   }
@@ -88,6 +111,6 @@ bool IdleRunLoop::unregisterTimer(VSTGUI::X11::ITimerHandler* handler) {
 
 void IdleRunLoop::compact() {
   if (depth > 0) return;
-  std::erase(handlers, nullptr);
+  std::erase_if(handlers, [](const Handler& each) { return each.handler == nullptr; });
   std::erase_if(timers, [](const Timer& timer) { return timer.handler == nullptr; });
 }

@@ -13,7 +13,7 @@
 // come and go while it pumps. User-interface thread.
 class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
  public:
-  // Lets every handler look for events, then fires each due timer once.
+  // Lets every handler look for events where there may be some, then fires each due timer once.
   void pump();
   // Does the work as a part of a pump.
   void during(const std::function<void()>& work);
@@ -32,6 +32,10 @@ class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
   }
 
  private:
+  struct Handler {
+    int connection;                       // file descriptor
+    VSTGUI::X11::IEventHandler* handler;  // null: taken away while pumping
+  };
   struct Timer {
     VSTGUI::X11::ITimerHandler* handler;  // null: taken away while pumping
     std::uint64_t interval;               // ms
@@ -39,12 +43,16 @@ class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
   };
 
   ~IdleRunLoop() = default;
+  void handleEvents(std::uint64_t time);
+  bool isDataThere() const;
   void leave();
   void compact();
 
-  std::vector<VSTGUI::X11::IEventHandler*> handlers;  // null: taken away while pumping
+  std::vector<Handler> handlers;
   std::vector<Timer> timers;
   std::vector<std::function<void()>> afterwards;
   std::atomic<int> references{1};
-  int depth = 0;  // pumps within pumps, if a host idles from inside a callback
+  std::uint64_t lastLook = 0;  // ms
+  bool lively = true;          // something has happened, of which an event may be left
+  int depth = 0;               // pumps within pumps, if a host idles from inside a callback
 };
