@@ -15,7 +15,7 @@ import time
 from mutantlist import MUTANTS
 
 ROOT = os.path.abspath(os.path.join(os.path.dirname(__file__), "../.."))
-FOLDERS = ("cmake", "docs", "editor", "effect", "platform", "plugin", "presetsystem", "resources", "tests", "tools")
+FOLDERS = ("cmake", "docs", "editor", "effect", "host", "platform", "plugin", "presetsystem", "resources", "tests", "tools")
 TIME = 45  # seconds that a test may take; one that hangs has failed
 
 # Program, arguments and environment for each kind of test.

@@ -75,6 +75,19 @@ TEST_F(ReadPreset, SkipsEntriesOfAnotherKind) {
   EXPECT_EQ(preset.width, 0.5F);
 }
 
+// The name entry's 156 bytes, turned round, are a negative number: a file that lies about its byte order.
+TEST_F(ReadPreset, RefusesEntriesOfTheOtherByteOrderThanItIsTold) {
+  for (const bool swapped : {false, true}) {
+    EXPECT_EQ(read(Writer(swapped).presetEntries(0, other).bytes, 6, !swapped), Reading::refused);
+  }
+}
+
+TEST_F(ReadPreset, RefusesAPayloadOfNegativeSize) {
+  for (const std::int32_t payload : {-1, -12, kLeast}) {
+    EXPECT_EQ(read(Writer().parameterEntry(0, 0, 0.5F).entryHead(0, payload, 0).zeros(156).bytes, 2), Reading::refused);
+  }
+}
+
 TEST_F(ReadPreset, StopsAtTheEndOfTheData) {
   const Bytes whole = Writer().presetEntries(0, other).bytes;
   for (std::size_t length = 0; length <= whole.size(); ++length) {
