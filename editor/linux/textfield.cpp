@@ -1,6 +1,8 @@
 // Draws the text as its label does, with selection and caret, and edits it by keys and mouse.
 #include "editor/linux/textfield.h"
 
+#include <glib.h>
+
 #include <cmath>
 #include <utility>
 
@@ -8,7 +10,6 @@
 #include "lib/cvstguitimer.h"
 #include "lib/events.h"
 #include "lib/platform/iplatformfont.h"
-#include "lib/platform/iplatformframe.h"
 #include "platform/validtext.h"
 
 using VSTGUI::CCoord;
@@ -45,12 +46,11 @@ const char* characterOf(VirtualKey key) {
 }
 
 // What a key types, in UTF-8; empty where it types nothing.
-std::string typedText(const VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* frame) {
+std::string typedText(const VSTGUI::KeyboardEvent& event) {
   if (event.character == 0) return characterOf(event.virt);
-  constexpr char32_t kDelete = 0x7F;
-  if (event.character < U' ' || event.character == kDelete || frame->getPlatformFrame() == nullptr) return {};
-  const auto text = frame->getPlatformFrame()->convertCurrentKeyEventToText();
-  return text ? validText((*text).getString()) : std::string();
+  if (!g_unichar_validate(event.character) || g_unichar_iscntrl(event.character)) return {};
+  char bytes[6];  // as many as the conversion may write
+  return {bytes, static_cast<std::size_t>(g_unichar_to_utf8(event.character, bytes))};
 }
 
 }  // namespace
@@ -179,7 +179,7 @@ void TextField::pressKey(const VSTGUI::KeyboardEvent& event) {
       edit.moveTo(edit.text().size(), extend);
       break;
     default: {
-      const std::string typed = typedText(event, getFrame());
+      const std::string typed = typedText(event);
       if (typed.empty()) return;
       edit.insert(typed);
     }

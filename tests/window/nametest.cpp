@@ -336,6 +336,18 @@ TEST_F(Name, ADoubleClickIntoTheFieldSelectsAllOfIt) {
   expectConfirmed("d");
 }
 
+TEST_F(Name, KeysThatTheHostHandsOnReachTheField) {
+  constexpr int kReturn = 4;  // the interface's number of the key
+  startEntry();
+  host.key(XKB_KEY_x);
+  for (const int character : {'o', 'k'}) {
+    EXPECT_EQ(host.dispatch(effEditKeyDown, character), 1);
+    host.dispatch(effEditKeyUp, character);
+  }
+  EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kReturn), 1);
+  expectConfirmed("xok");
+}
+
 // A name from a file may hold any bytes.
 TEST_F(Name, ThatIsNoTextIsShownWithReplacementCharactersAndWithoutAWarning) {
   testing::internal::CaptureStderr();
