@@ -32,23 +32,6 @@ as_root() {
   if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-missing_packages() {
-  local package
-  for package in "$@"; do
-    [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || echo "$package"
-  done
-}
-
-install_packages() {
-  local missing
-  missing=$(missing_packages "$@")
-  [ -n "$missing" ] || return 0
-  echo "installing:" $missing
-  as_root apt-get update -qq
-  # shellcheck disable=SC2086 # one word a package
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
-}
-
 # The source comes from the mirror that this machine's apt is set to; apt's helper checks the SHA-256.
 fetch_toolkit() {
   [ -f "$toolkit_folder/.complete" ] && return 0
@@ -75,8 +58,8 @@ fetch_toolkit() {
 
 command -v apt-get >/dev/null || { echo "no apt here: see README, Dependencies" >&2; exit 1; }
 if [ "${1:-build}" = test ]; then
-  install_packages "${build_packages[@]}" "${test_packages[@]}"
+  tools/packages.sh "${build_packages[@]}" "${test_packages[@]}"
 else
-  install_packages "${build_packages[@]}"
+  tools/packages.sh "${build_packages[@]}"
 fi
 fetch_toolkit

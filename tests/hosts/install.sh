@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the programs that the host tests drive: Debian's packages of four hosts, and what runs them without a screen.
-# Silent and quick when all is there. "install.sh --list" only names the packages that are missing.
+# Silent and quick when all is there.
 set -euo pipefail
 
 packages=(
@@ -11,20 +11,4 @@ packages=(
   python3 gcc libc6-dev                   # the tests' own arithmetic
 )
 
-as_root() {
-  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
-}
-
-missing=()
-for package in "${packages[@]}"; do
-  [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
-done
-[ ${#missing[@]} = 0 ] && exit 0
-if [ "${1:-}" = --list ]; then
-  printf '%s\n' "${missing[@]}"
-  exit 0
-fi
-
-echo "installing: ${missing[*]}"
-as_root apt-get update -qq
-as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+exec "$(dirname "$0")/../../tools/packages.sh" "${packages[@]}"
