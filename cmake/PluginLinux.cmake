@@ -1,10 +1,10 @@
 # Linux: Trelvan.vst/Contents/<architecture>-linux/Trelvan.so with Contents/Resources/ beside it.
 target_sources(trelvan PRIVATE
   editor/linux/bitmapslinux.cpp
+  editor/linux/editedtext.cpp
   editor/linux/forgottenreplies.cpp
   editor/linux/framewindowlinux.cpp
   editor/linux/idlerunloop.cpp
-  editor/linux/editedtext.cpp
   editor/linux/pacinglinux.cpp
   editor/linux/textentrylinux.cpp
   editor/linux/textfield.cpp

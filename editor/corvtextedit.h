@@ -15,6 +15,8 @@ class COrvTextEdit : public VSTGUI::CTextLabel {
   struct CustomColor {
     bool set = false;
     VSTGUI::CColor color{255, 255, 255, 255};
+
+    VSTGUI::CColor orElse(const VSTGUI::CColor& usual) const { return set ? color : usual; }
   };
 
   COrvTextEdit(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag, const char* text,

@@ -4,12 +4,11 @@
 
 #include "editor/cpresetmenu.h"
 #include "editor/linux/fitname.h"
+#include "editor/linux/pointergrab.h"
 #include "editor/linux/presetpopuplayout.h"
 #include "editor/presetpopup.h"
 #include "editor/wheelsteps.h"
 #include "lib/cgraphicspath.h"
-#include "lib/platform/common/genericoptionmenu.h"
-#include "lib/platform/iplatformframe.h"
 
 using VSTGUI::CButtonState;
 using VSTGUI::CColor;
@@ -51,13 +50,13 @@ class PresetPopupLinux final : public VSTGUI::CView {
   bool attached(CView* parent) override {
     if (!CView::attached(parent)) return false;
     menu->opened();
-    grabPointer(true);
+    grabPointer(getFrame(), true);
     return true;
   }
 
   bool removed(CView* parent) override {
     if (isAttached()) {
-      grabPointer(false);
+      grabPointer(getFrame(), false);
       menu->closed();
     }
     return CView::removed(parent);
@@ -221,17 +220,6 @@ class PresetPopupLinux final : public VSTGUI::CView {
       if (chosen != kNone) self->menu->choose(chosen);
     };
     if (!getFrame()->doAfterEventProcessing(finish)) finish();
-  }
-
-  // So that a click outside the window closes the list as well.
-  void grabPointer(bool grab) {
-    auto* grabber = dynamic_cast<VSTGUI::IGenericOptionMenuListener*>(getFrame()->getPlatformFrame());
-    if (grabber == nullptr) return;
-    if (grab) {
-      grabber->optionMenuPopupStarted();
-    } else {
-      grabber->optionMenuPopupStopped();
-    }
   }
 
   PresetPopupLayout layout;

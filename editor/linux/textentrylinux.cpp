@@ -1,9 +1,8 @@
 // In-place text entry inside the toolkit's frame: a window of its own would need its own keyboard and focus.
 #include "editor/corvtextedit.h"
+#include "editor/linux/pointergrab.h"
 #include "editor/linux/textfield.h"
 #include "editor/textentry.h"
-#include "lib/platform/common/genericoptionmenu.h"
-#include "lib/platform/iplatformframe.h"
 
 using VSTGUI::CRect;
 
@@ -26,7 +25,7 @@ class TextEntryLinux final : public TextEntry {
             VSTGUI::makeOwned<TextField>(edited, besideLabel(edited, place), [this](bool confirm) { end(confirm); })) {
     field->remember();  // the container lets go of it once
     label->getParentView()->asViewContainer()->addView(field);
-    grabPointer(true);
+    grabPointer(label->getFrame(), true);
   }
   ~TextEntryLinux() override { takeDown(); }
   TextEntryLinux(const TextEntryLinux&) = delete;
@@ -44,20 +43,9 @@ class TextEntryLinux final : public TextEntry {
  private:
   void takeDown() {
     if (!field) return;
-    grabPointer(false);
+    grabPointer(label->getFrame(), false);
     if (VSTGUI::CView* container = field->getParentView()) container->asViewContainer()->removeView(field);
     field = nullptr;
-  }
-
-  // So that a click outside the window, in the host's own area, is seen here too.
-  void grabPointer(bool grab) {
-    auto* grabber = dynamic_cast<VSTGUI::IGenericOptionMenuListener*>(label->getFrame()->getPlatformFrame());
-    if (grabber == nullptr) return;
-    if (grab) {
-      grabber->optionMenuPopupStarted();
-    } else {
-      grabber->optionMenuPopupStopped();
-    }
   }
 
   COrvTextEdit* label;

@@ -111,7 +111,7 @@ std::size_t TextField::placeAt(CCoord x) const {
 void TextField::draw(VSTGUI::CDrawContext* context) {
   const CRect& area = getViewSize();
   const double left = textLeft();
-  const VSTGUI::CColor colour = label->fontEditionColor().set ? label->fontEditionColor().color : label->getFontColor();
+  const VSTGUI::CColor colour = label->fontEditionColor().orElse(label->getFontColor());
   const UTF8String text(edit.text());
   const auto write = [&](const VSTGUI::CColor& in) {
     context->setFontColor(in);
@@ -127,12 +127,12 @@ void TextField::draw(VSTGUI::CDrawContext* context) {
     const CRect selection(left + widthOf(edit.selectionBegin()), area.top, left + widthOf(edit.selectionEnd()),
                           area.bottom);
     const VSTGUI::ConcatClip selected(*context, selection);
-    context->setFillColor(label->highlightColor().set ? label->highlightColor().color : getFrame()->getFocusColor());
+    context->setFillColor(label->highlightColor().orElse(getFrame()->getFocusColor()));
     context->drawRect(selection, VSTGUI::kDrawFilled);
-    write(label->fontHighlightedColor().set ? label->fontHighlightedColor().color : colour);
+    write(label->fontHighlightedColor().orElse(colour));
   } else if (caretLit) {
     const double x = std::round(left + widthOf(edit.caret()));
-    context->setFillColor(label->caretColor().set ? label->caretColor().color : colour);
+    context->setFillColor(label->caretColor().orElse(colour));
     context->drawRect(CRect(x, area.top, x + 1., area.bottom), VSTGUI::kDrawFilled);
   }
   setDirty(false);
