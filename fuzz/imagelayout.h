@@ -16,6 +16,9 @@ void reverseWordAt(std::span<unsigned char> data, std::size_t at);
 // Every whole word from data[at] on.
 void reverseWordsFrom(std::span<unsigned char> data, std::size_t at);
 
+// What of the entries the header names. dataSize: as it stands there; negative names nothing.
+std::span<const unsigned char> namedPart(std::span<const unsigned char> entries, std::int32_t dataSize);
+
 struct EntryPlace {
   std::int32_t kind;  // 0 name, 1 parameter value, 2 MIDI assignment
   std::int32_t preset;

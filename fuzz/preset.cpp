@@ -1,5 +1,4 @@
 // Fuzz target: the reader of current preset images.
-#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -67,10 +66,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(reading.result != Reading::stopped || fuzz::identical(reading.preset, before),
           "a stopped reading reads nothing");
 
-  const auto bounded = static_cast<std::size_t>(std::max(header.dataSize, 0));
-  const Bytes named(image.entries.begin(),
-                    image.entries.begin() + static_cast<std::ptrdiff_t>(std::min(bounded, image.entries.size())));
-  require(same(readOver(before, named, header, image.swapped), reading), "nothing behind the data size is looked at");
+  const auto named = fuzz::namedPart(image.entries, header.dataSize);
+  require(same(readOver(before, Bytes(named.begin(), named.end()), header, image.swapped), reading),
+          "nothing behind the data size is looked at");
   Bytes turned = image.entries;
   fuzz::reverseEntries(turned, image.swapped);
   require(same(readOver(before, turned, header, !image.swapped), reading), "the other byte order reads the same");

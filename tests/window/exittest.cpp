@@ -1,6 +1,7 @@
 // The end of the host's process and of the module, with a window open or not.
 #include <dlfcn.h>
 
+#include <functional>
 #include <memory>
 #include <thread>
 
@@ -38,54 +39,35 @@ using ::testing::ExitedWithCode;
 
 constexpr int kFine = 7;  // the status that these processes end with
 
+// The end of a process with an open window, in which something has been done before.
+void exitAfter(const std::function<void(WindowHost&)>& work) {
+  const LeakAllowed leaks;
+  auto* host = new WindowHost;
+  host->openEditor();
+  work(*host);
+  std::exit(kFine);
+}
+
 }  // namespace
 
 TEST_F(Exit, WithAnOpenWindowIsSafe) {
-  EXPECT_EXIT(
-      {
-        const LeakAllowed leaks;
-        auto* host = new WindowHost;
-        host->openEditor();
-        std::exit(kFine);
-      },
-      ExitedWithCode(kFine), "");
+  EXPECT_EXIT(exitAfter([](WindowHost&) {}), ExitedWithCode(kFine), "");
 }
 
 TEST_F(Exit, WithAnOpenListIsSafe) {
-  EXPECT_EXIT(
-      {
-        const LeakAllowed leaks;
-        auto* host = new WindowHost;
-        host->openEditor();
-        host->click(places::kMenu);
-        std::exit(kFine);
-      },
-      ExitedWithCode(kFine), "");
+  EXPECT_EXIT(exitAfter([](WindowHost& host) { host.click(places::kMenu); }), ExitedWithCode(kFine), "");
 }
 
 TEST_F(Exit, WithAnOpenTextEntryIsSafe) {
-  EXPECT_EXIT(
-      {
-        const LeakAllowed leaks;
-        auto* host = new WindowHost;
-        host->openEditor();
-        host->click(places::kName);
-        host->type("abc");
-        std::exit(kFine);
-      },
-      ExitedWithCode(kFine), "");
+  EXPECT_EXIT(exitAfter([](WindowHost& host) {
+                host.click(places::kName);
+                host.type("abc");
+              }),
+              ExitedWithCode(kFine), "");
 }
 
 TEST_F(Exit, WithAnOpenAboutPanelIsSafe) {
-  EXPECT_EXIT(
-      {
-        const LeakAllowed leaks;
-        auto* host = new WindowHost;
-        host->openEditor();
-        host->click(places::kAbout);
-        std::exit(kFine);
-      },
-      ExitedWithCode(kFine), "");
+  EXPECT_EXIT(exitAfter([](WindowHost& host) { host.click(places::kAbout); }), ExitedWithCode(kFine), "");
 }
 
 TEST_F(Exit, WithThreeInstancesOneOfThemClosedIsSafe) {
