@@ -67,16 +67,22 @@ void Trelvan::bypass(const Frames<Sample>& block) {
   }
 }
 
+// A right buffer counts only where the host says that there is one: its arrays may end after the left one's pointer,
+// and a block of no frames may come without arrays.
 template <typename Sample>
 void Trelvan::processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFrames) {
-  const bool hasRightIn = isInputConnected(1) && inputs[1] != nullptr && inputStereo && inputs[1] != inputs[0];
-  const bool hasRightOut = isOutputConnected(1) && outputs[1] != nullptr && outputStereo && outputs[1] != outputs[0];
-  const Frames<Sample> block{inputs[0], inputs[hasRightIn ? 1 : 0], outputs[0], outputs[hasRightOut ? 1 : 0],
-                             sampleFrames};
-  if (processOn >= 0.5F) {
-    widen(block);
-  } else {
-    bypass(block);
+  const bool rightIn = isInputConnected(1) && inputStereo;
+  const bool rightOut = isOutputConnected(1) && outputStereo;
+  if (sampleFrames > 0) {
+    const bool hasRightIn = rightIn && inputs[1] != nullptr && inputs[1] != inputs[0];
+    const bool hasRightOut = rightOut && outputs[1] != nullptr && outputs[1] != outputs[0];
+    const Frames<Sample> block{inputs[0], inputs[hasRightIn ? 1 : 0], outputs[0], outputs[hasRightOut ? 1 : 0],
+                               sampleFrames};
+    if (processOn >= 0.5F) {
+      widen(block);
+    } else {
+      bypass(block);
+    }
   }
   widthMeter = meterReading();
 }

@@ -3,6 +3,7 @@
 
 #include "tests/effect/play.h"
 #include "tests/effect/processpair.h"
+#include "tests/platform/guardedmemory.h"
 
 namespace {
 
@@ -119,5 +120,49 @@ TYPED_TEST(ProcessChannels, LeaveTheRightChannelInASingleOutput) {
       EXPECT_EQ(single, right) << "process " << on << ", way " << way;
       EXPECT_EQ(untouched, std::vector<TypeParam>(500, TypeParam(7)));
     }
+  }
+}
+
+// Hosts that know of one channel hand over an array of one pointer.
+TYPED_TEST(ProcessChannels, ReadNoSecondPointerWhereThereIsNoSecondChannel) {
+  const auto signal = makeSignal<TypeParam>(Signal::kNoise, 500);
+  using Pointers = std::vector<TypeParam*>;
+  for (const bool arranged : {true, false}) {  // as 1 in 2 out, or both right pins not connected
+    Stereo<TypeParam> in = signal;
+    Stereo<TypeParam> out = silence<TypeParam>(500);
+    GuardedMemory inputEnd(sizeof(TypeParam*)), outputEnd(sizeof(TypeParam*));
+    TypeParam** ins = inputEnd.holding(Pointers{in.left.data()}, 1);
+    Pointers both{out.left.data(), out.right.data()};
+    TypeParam** outs = arranged ? both.data() : outputEnd.holding(both, 1);
+    Pins pins{arranged, arranged};
+    Trelvan plugin(processHost);
+    plugin.getAeffect()->user = &pins;
+    if (arranged) {
+      VstSpeakerArrangement mono{}, stereo{};
+      mono.numChannels = 1;
+      stereo.numChannels = 2;
+      ASSERT_TRUE(plugin.setSpeakerArrangement(&mono, &stereo));
+    }
+    plugin.setParameter(0, 0.0F);  // no side: every output is the input
+    plugin.resume();
+    processBlock(plugin, ins, outs, 500);
+    EXPECT_EQ(out.left, signal.left) << "arranged " << arranged;
+    EXPECT_EQ(out.right, arranged ? signal.left : silence<TypeParam>(500).right);
+  }
+}
+
+TYPED_TEST(ProcessChannels, TouchNoArrayInABlockOfNoFrames) {
+  TypeParam** const none = nullptr;
+  for (const float on : {1.0F, 0.0F}) {
+    Player plugin;
+    Player untouched;
+    for (Player* player : {&plugin, &untouched}) {
+      player->setParameter(3, on);
+      play(*player, steady(TypeParam(0.5), 1000));
+    }
+    processBlock(plugin, none, none, 0);
+    EXPECT_EQ(plugin.getWidthMeter(), untouched.getWidthMeter());
+    const auto signal = makeSignal<TypeParam>(Signal::kNoise, 1000);
+    EXPECT_EQ(play(plugin, signal).left, play(untouched, signal).left) << "process " << on;
   }
 }

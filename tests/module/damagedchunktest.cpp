@@ -1,44 +1,15 @@
 // Chunks cut at every length and filled with garbage, in memory that ends where the data ends.
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <random>
 
 #include "tests/module/instance.h"
+#include "tests/platform/guardedmemory.h"
 
 namespace {
 
 using imagebytes::Bytes;
 using imagebytes::distinctBank;
-
-// Memory whose last byte is the last of its pages; behind it the process may not even read.
-class GuardedMemory {
- public:
-  explicit GuardedMemory(std::size_t size) {
-    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    room = (size + page - 1) / page * page;
-    length = room + page;
-    base =
-        static_cast<unsigned char*>(mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-    EXPECT_EQ(mprotect(base + room, page, PROT_NONE), 0);
-  }
-  ~GuardedMemory() { munmap(base, length); }
-  GuardedMemory(const GuardedMemory&) = delete;
-  GuardedMemory& operator=(const GuardedMemory&) = delete;
-
-  // The first `size` bytes of `data`, up against the end.
-  unsigned char* holding(const Bytes& data, std::size_t size) {
-    unsigned char* start = base + room - size;
-    std::copy_n(data.begin(), size, start);
-    return start;
-  }
-
- private:
-  unsigned char* base;
-  std::size_t room;
-  std::size_t length;
-};
 
 class DamagedChunk : public ModuleTest {
  protected:
