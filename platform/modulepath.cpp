@@ -3,7 +3,17 @@
 
 #include <sys/stat.h>
 
+#include "platform/modulefile.h"
+
 namespace {
+
+// Found while the module loads: a host may name it relative to a folder that it leaves afterwards. Plain memory, which
+// needs no end.
+struct OwnFile {
+  OwnFile() noexcept { findModuleFile(path); }
+  char path[PATH_MAX] = {};
+};
+const OwnFile ownFile;
 
 // "/a/b/c" -> "/a/b/", "/a/b/" -> "/a/"; empty above the root.
 std::string folderOf(const std::string& path) {
@@ -12,6 +22,10 @@ std::string folderOf(const std::string& path) {
 }
 
 }  // namespace
+
+std::string moduleFile() {
+  return ownFile.path;
+}
 
 std::string moduleFolder() {
   return folderOf(moduleFile());

@@ -1,15 +1,13 @@
 // The plug-in's own image by the dynamic loader.
+#include "platform/modulefile.h"
+
 #include <dlfcn.h>
 
-#include <climits>
 #include <cstdlib>
 
-#include "platform/modulepath.h"
-
-std::string moduleFile() {
+void findModuleFile(char (&path)[PATH_MAX]) noexcept {
   Dl_info info{};
-  const auto* own = reinterpret_cast<const void*>(&moduleFile);  // an address inside the image
-  if (dladdr(own, &info) == 0 || info.dli_fname == nullptr) return {};
-  char path[PATH_MAX];
-  return realpath(info.dli_fname, path) != nullptr ? path : std::string();
+  const auto* own = reinterpret_cast<const void*>(&findModuleFile);  // an address inside the image
+  if (dladdr(own, &info) == 0 || info.dli_fname == nullptr) return;
+  if (realpath(info.dli_fname, path) == nullptr) path[0] = 0;
 }

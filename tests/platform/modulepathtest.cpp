@@ -15,12 +15,14 @@ struct Place {
   std::string resources;
 };
 
-// Loads a copy of the probe by that name; the copy stays loaded, as hosts' plug-ins do.
-Place placeOf(const std::string& name) {
+// Loads a copy of the probe by that name; the copy stays loaded, as hosts' plug-ins do. It is asked in `later`, where the
+// process goes once it is loaded.
+Place placeOf(const std::string& name, const fs::path& later = fs::current_path()) {
   void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
   EXPECT_NE(module, nullptr) << dlerror();
   if (module == nullptr) return {};
   auto* whereAmI = reinterpret_cast<void (*)(char*, char*)>(dlsym(module, "whereAmI"));
+  fs::current_path(later);
   char folder[4096], resources[4096];
   whereAmI(folder, resources);
   return {folder, resources};
@@ -66,6 +68,13 @@ TEST_F(Module, FindsItsBundleThroughARelativeName) {
   fs::current_path(folder / "X.vst");
   EXPECT_EQ(placeOf("./Contents/../Contents/x86_64-linux/X.so").resources, folder / "X.vst/Contents/Resources/");
   fs::current_path(before);
+}
+
+TEST_F(Module, FindsItsBundleThroughARelativeNameInAProcessThatHasGoneElsewhere) {
+  fs::create_directory(folder / "X.vst/Contents/Resources");
+  const fs::path before = fs::current_path();
+  fs::current_path(folder / "X.vst");
+  EXPECT_EQ(placeOf("./Contents/x86_64-linux/X.so", before).resources, folder / "X.vst/Contents/Resources/");
 }
 
 TEST_F(Module, FindsABundleWithOddCharactersInItsName) {

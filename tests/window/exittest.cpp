@@ -134,6 +134,27 @@ VstIntPtr dispatch(AEffect* effect, VstInt32 opcode, void* ptr = nullptr) {
 
 }  // namespace
 
+// A program that starts in the plug-in's folder and goes elsewhere, as hosts do that save files.
+TEST_F(Exit, AfterARelativeLoadAndAChangeOfFolderTheWindowHasBeenOpen) {
+  EXPECT_EXIT(
+      {
+        const std::filesystem::path path = std::getenv("TRELVAN_MODULE");
+        std::filesystem::current_path(path.parent_path());
+        void* module = dlopen(("./" + path.filename().string()).c_str(), RTLD_NOW | RTLD_LOCAL);
+        std::filesystem::current_path("/");
+        TestDisplay display;
+        const xcb_window_t window = display.makeWindow({20, 40, 340, 320});
+        AEffect* effect = makeFrom(module);
+        const bool opened = dispatch(effect, effEditOpen, reinterpret_cast<void*>(std::uintptr_t{window})) == 1;
+        ERect* rect = nullptr;
+        dispatch(effect, effEditGetRect, &rect);
+        const bool sized = rect->right == places::kWidth;
+        dispatch(effect, effClose);
+        std::exit(opened && sized ? kFine : 1);
+      },
+      ExitedWithCode(kFine), "");
+}
+
 using Unloading = WindowTest;
 
 TEST_F(Unloading, RoundsOfLoadingOpeningClosingAndUnloadingAreSafe) {
