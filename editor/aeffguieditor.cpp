@@ -2,6 +2,7 @@
 #include "editor/aeffguieditor.h"
 
 #include <algorithm>
+#include <new>
 
 #include "editor/myframe.h"
 #include "editor/pacing.h"
@@ -29,13 +30,19 @@ AEffGUIEditor::AEffGUIEditor(AudioEffect* owner) : AEffEditor(owner), nextIdleTi
 
 AEffGUIEditor::~AEffGUIEditor() = default;
 
+// The toolkit ends the process where memory runs out in its factory, which is noexcept: there has to be enough before.
+// A size that could not be found out (its picture did not load: the process may have no file left to open) is asked for
+// again.
 void AEffGUIEditor::needToolkit() {
-  if (toolkit) return;
-  toolkit.emplace();
-  rect = windowSize();
+  constexpr std::size_t kEnough = 4U << 20U;  // bytes; a window with its pictures takes about one million
+  void* volatile memory = ::operator new(kEnough);  // volatile, or the compiler leaves both out
+  ::operator delete(memory);
+  if (!toolkit) toolkit.emplace();
+  if (rect.right == 0) rect = windowSize();
 }
 
 bool AEffGUIEditor::getRect(ERect** out) {
+  *out = nullptr;  // should the toolkit fail
   needToolkit();
   *out = &rect;
   return true;
@@ -49,16 +56,16 @@ bool AEffGUIEditor::open(void* window) {
 bool AEffGUIEditor::openFrame(void* window) {
   needToolkit();
   const VSTGUI::CRect size(rect.left, rect.top, rect.right, rect.bottom);
-  frame = new VSTGUI::CFrame(size, this);
-  view = new MyFrame(size);
-  frame->addView(view);
-  frameWindow = FrameWindow::create();
-  if (frameWindow->open(frame, window)) return true;
-  frameWindow.reset();
-  frame->forget();
-  frame = nullptr;
-  view = nullptr;
-  return false;
+  const auto made = VSTGUI::makeOwned<VSTGUI::CFrame>(size, this);
+  auto* root = new MyFrame(size);
+  made->addView(root);
+  auto opening = FrameWindow::create();
+  if (!opening->open(made, window)) return false;
+  made->remember();  // the frame's own, which its close gives back
+  frame = made;
+  view = root;
+  frameWindow = std::move(opening);
+  return true;
 }
 
 void AEffGUIEditor::closeFrame() {

@@ -43,12 +43,13 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   static void wait(std::uint32_t ms);
 
  protected:
-  // Opens a frame of the editor's size with an empty root view in the host's window. False: no usable display.
+  // Opens a frame of the editor's size with an empty root view in the host's window. False, or an exception: no usable
+  // display, or no memory; all is as before.
   bool openFrame(void* window);
   // Ends the frame with all views. Safe from inside a control's callback.
   void closeFrame();
   virtual void keyboardLeft() {}   // the window has lost the keyboard
-  virtual ERect windowSize() = 0;  // asked once, with the toolkit set up
+  virtual ERect windowSize() = 0;  // pixels; asked with the toolkit set up until it is not empty
 
   MyFrame* view = nullptr;  // the frame's root, null while closed; the frame owns it
 

@@ -4,7 +4,9 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <optional>
+#include <utility>
 
 #include "editor/framewindow.h"
 #include "editor/linux/sharedrunloop.h"
@@ -14,50 +16,46 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A connection apart from the toolkit's, so that what we ask for on it does not mix with its events.
+// A window in the host's, on a connection apart from the toolkit's, so that what we ask for on it does not mix with its
+// events.
 class OwnWindow {
  public:
   // The window has the root's depth and visual: in a host's window with an alpha channel the toolkit's own would
   // inherit the depth and stay blank. It also takes the toolkit's window with it when it goes, which the toolkit leaves
   // behind.
-  static std::optional<OwnWindow> create(xcb_window_t parent, std::uint16_t width, std::uint16_t height) {
-    int screenNumber = 0;
-    xcb_connection_t* connection = xcb_connect(nullptr, &screenNumber);
-    if (xcb_connection_has_error(connection) != 0) {
-      xcb_disconnect(connection);
-      return std::nullopt;
-    }
+  OwnWindow(xcb_window_t parent, std::uint16_t width, std::uint16_t height)
+      : connection(xcb_connect(nullptr, &screenNumber)) {
+    if (xcb_connection_has_error(connection) != 0) return;
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
     for (; screenNumber > 0 && screens.rem > 1; --screenNumber) xcb_screen_next(&screens);
     const xcb_screen_t& screen = *screens.data;
-    const xcb_window_t window = xcb_generate_id(connection);
+    window = xcb_generate_id(connection);
     const std::uint32_t values[] = {0, screen.default_colormap};  // border pixel, colour map
-    const xcb_void_cookie_t created = xcb_create_window_checked(
+    const xcb_void_cookie_t asked = xcb_create_window_checked(
         connection, screen.root_depth, window, parent, 0, 0, width, height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
         screen.root_visual, XCB_CW_BORDER_PIXEL | XCB_CW_COLORMAP, values);
     xcb_map_window(connection, window);
-    if (xcb_generic_error_t* error = xcb_request_check(connection, created)) {  // the host's window is no window
-      std::free(error);
-      xcb_disconnect(connection);
-      return std::nullopt;
-    }
-    return OwnWindow(connection, window);
+    xcb_generic_error_t* refused = xcb_request_check(connection, asked);
+    there = refused == nullptr && xcb_connection_has_error(connection) == 0;
+    std::free(refused);
   }
-
-  xcb_window_t id() const { return window; }
-  xcb_connection_t* link() const { return connection; }
-
-  void destroy() const {
-    xcb_destroy_window(connection, window);
+  ~OwnWindow() {
+    if (there) xcb_destroy_window(connection, window);
     xcb_flush(connection);
     xcb_disconnect(connection);
   }
+  OwnWindow(const OwnWindow&) = delete;
+  OwnWindow& operator=(const OwnWindow&) = delete;
+
+  bool isThere() const { return there; }  // false: no display, or the host's window is none
+  xcb_window_t id() const { return window; }
+  xcb_connection_t* link() const { return connection; }
 
  private:
-  OwnWindow(xcb_connection_t* made, xcb_window_t id) : connection(made), window(id) {}
-
+  int screenNumber = 0;
   xcb_connection_t* connection;
-  xcb_window_t window;
+  xcb_window_t window = 0;
+  bool there = false;
 };
 
 // Watches where the keyboard goes: the toolkit does not.
@@ -103,32 +101,27 @@ class FrameWindowLinux final : public FrameWindow {
     const auto parent = static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>(hostWindow));
     const auto width = static_cast<std::uint16_t>(opened->getWidth());
     const auto height = static_cast<std::uint16_t>(opened->getHeight());
-    own = OwnWindow::create(parent, width, height);
-    if (!own) return false;
+    const auto made = std::make_shared<OwnWindow>(parent, width, height);
+    if (!made->isThere()) return false;
     VSTGUI::X11::FrameConfig config;
     config.runLoop = openSharedRunLoop();
-    auto* handle = reinterpret_cast<void*>(static_cast<std::uintptr_t>(own->id()));
-    if (!opened->open(handle, VSTGUI::PlatformType::kX11EmbedWindowID, &config)) {
-      own->destroy();
-      own.reset();
-      return false;
-    }
+    if (!config.runLoop) return false;
+    auto* handle = reinterpret_cast<void*>(static_cast<std::uintptr_t>(made->id()));
+    if (!opened->open(handle, VSTGUI::PlatformType::kX11EmbedWindowID, &config)) return false;
     keepDrawingDevice();
     frame = opened;
+    own = made;
     if (auto* platform = dynamic_cast<VSTGUI::X11::IX11Frame*>(frame->getPlatformFrame())) {
       focus.watch(own->link(), platform->getX11WindowID());
     }
     return true;
   }
 
+  // Our window ends after the frame in it.
   void close() override {
     if (frame == nullptr) return;
-    sharedRunLoop()->runOutsidePump([closing = frame, window = *own] {
-      closing->close();
-      window.destroy();
-    });
+    sharedRunLoop()->runOutsidePump([closing = frame, window = std::move(own)] { closing->close(); });
     frame = nullptr;
-    own.reset();
   }
 
   void pump() override { sharedRunLoop()->pump(); }
@@ -139,7 +132,7 @@ class FrameWindowLinux final : public FrameWindow {
 
  private:
   VSTGUI::CFrame* frame = nullptr;
-  std::optional<OwnWindow> own;
+  std::shared_ptr<OwnWindow> own;
   FocusWatch focus;
 };
 

@@ -19,6 +19,12 @@ std::uint64_t now() {
 
 }  // namespace
 
+IdleRunLoop::IdleRunLoop() {
+  constexpr std::size_t kRoom = 16;  // one handler, and a few timers a window
+  handlers.reserve(kRoom);
+  timers.reserve(kRoom);
+}
+
 bool IdleRunLoop::isDataThere() const {
   return std::any_of(handlers.begin(), handlers.end(), [](const Handler& each) {
     pollfd asked{each.connection, POLLIN, 0};

@@ -13,6 +13,9 @@
 // come and go while it pumps. User-interface thread.
 class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
  public:
+  // With room for what the toolkit registers, which cannot take back half of it where memory runs out.
+  IdleRunLoop();
+
   // Lets every handler look for events where there may be some, then fires each due timer once.
   void pump();
   // Does the work as a part of a pump.

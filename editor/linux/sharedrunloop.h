@@ -7,6 +7,7 @@
 // drawing library aborts the process when a connection is closed and another one comes to lie at its address.
 // User-interface thread.
 VSTGUI::SharedPointer<IdleRunLoop> sharedRunLoop();  // null before the first opening
+// Null where the X server takes no more connections, or the toolkit's has broken since.
 VSTGUI::SharedPointer<IdleRunLoop> openSharedRunLoop();
 // After a window has been opened: ties the drawing device to the kept connection.
 void keepDrawingDevice();
