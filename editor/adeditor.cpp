@@ -37,6 +37,15 @@ ERect ADEditor::windowSize() {
 
 bool ADEditor::open(void* window) {
   if (frame != nullptr) close();  // opening twice would leave the first frame behind
+  try {
+    return openWindow(window);
+  } catch (...) {
+    ADEditor::close();  // memory ran out: half a window is none
+    return false;
+  }
+}
+
+bool ADEditor::openWindow(void* window) {
   AEffGUIEditor::open(window);
   if (!openFrame(window)) {
     AEffGUIEditor::close();

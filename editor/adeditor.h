@@ -29,6 +29,7 @@ class ADEditor : public CPresetSystemEditor {
   ERect windowSize() override;
 
  private:
+  bool openWindow(void* window);
   void addDisplays();
   void addParameterControls();
   void addAbout();

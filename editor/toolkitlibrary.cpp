@@ -23,9 +23,11 @@ bool resetsToDefault(VSTGUI::CControl* control, VSTGUI::MouseDownEvent& event) {
 
 ToolkitLibrary::ToolkitLibrary() {
   const std::lock_guard<std::mutex> lock(usersMutex);
-  if (users++ > 0) return;
-  setUpToolkit();
-  VSTGUI::CControl::CheckDefaultValueEventFunc = resetsToDefault;
+  if (users == 0) {
+    setUpToolkit();
+    VSTGUI::CControl::CheckDefaultValueEventFunc = resetsToDefault;
+  }
+  ++users;  // only now: after a set-up that failed the next user tries again
 }
 
 ToolkitLibrary::~ToolkitLibrary() {

@@ -9,11 +9,31 @@ AudioEffect* objectOf(AEffect* effect) {
   return static_cast<AudioEffect*>(effect->object);
 }
 
+// Every entry of the record goes through here: hosts are not compiled to be unwound, so what is thrown (memory has run
+// out) ends as the answer that the request could not be met.
+template <typename Answer, typename Work>
+Answer guarded(Answer cannot, Work&& work) noexcept {
+  try {
+    return work();
+  } catch (...) {
+    return cannot;
+  }
+}
+
+template <typename Work>
+void guarded(Work&& work) noexcept {
+  guarded(false, [&work] {
+    work();
+    return true;
+  });
+}
+
 // The object is gone when effClose returns; the host must not touch the record afterwards.
 VstIntPtr dispatch(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
   AudioEffect* object = objectOf(effect);
-  if (opcode != effClose) return object->dispatcher(opcode, index, value, ptr, opt);
-  object->dispatcher(opcode, index, value, ptr, opt);
+  const VstIntPtr cannot = opcode == effSetChunk ? AudioEffect::kChunkRefused : 0;
+  const VstIntPtr answer = guarded(cannot, [&] { return object->dispatcher(opcode, index, value, ptr, opt); });
+  if (opcode != effClose) return answer;
   delete object;
   return 1;
 }
@@ -21,19 +41,19 @@ VstIntPtr dispatch(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr v
 void accumulateNothing(AEffect*, float**, float**, VstInt32) {}
 
 void setParameterOf(AEffect* effect, VstInt32 index, float value) {
-  objectOf(effect)->setParameter(index, value);
+  guarded([&] { objectOf(effect)->setParameter(index, value); });
 }
 
 float parameterOf(AEffect* effect, VstInt32 index) {
-  return objectOf(effect)->getParameter(index);
+  return guarded(0.0F, [&] { return objectOf(effect)->getParameter(index); });
 }
 
 void processFloat(AEffect* effect, float** inputs, float** outputs, VstInt32 sampleFrames) {
-  objectOf(effect)->processReplacing(inputs, outputs, sampleFrames);
+  guarded([&] { objectOf(effect)->processReplacing(inputs, outputs, sampleFrames); });
 }
 
 void processDouble(AEffect* effect, double** inputs, double** outputs, VstInt32 sampleFrames) {
-  objectOf(effect)->processDoubleReplacing(inputs, outputs, sampleFrames);
+  guarded([&] { objectOf(effect)->processDoubleReplacing(inputs, outputs, sampleFrames); });
 }
 
 }  // namespace

@@ -12,6 +12,8 @@
 // thread, and may set parameters from any thread. Nothing here locks.
 class AudioEffect {
  public:
+  static constexpr VstInt32 kChunkRefused = -1;  // setChunk's answer to what it does not take; 0: taken
+
   AudioEffect(audioMasterCallback host, VstInt32 programs, VstInt32 parameters);
   virtual ~AudioEffect();  // deletes the editor
   AudioEffect(const AudioEffect&) = delete;
@@ -41,7 +43,7 @@ class AudioEffect {
   virtual void getParameterLabel(VstInt32 index, char* label);
   virtual void getParameterDisplay(VstInt32 index, char* text);
   virtual void getParameterName(VstInt32 index, char* text);
-  // The block stays this effect's, valid until the next call. Answers its size in bytes, 0 where there is none.
+  // The block stays this effect's, valid until the next call. Returns its size in bytes, 0 where there is none.
   virtual VstInt32 getChunk(void** data, bool isPreset);
   virtual VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset);
 

@@ -2,6 +2,7 @@
 #include "presetsystem/cpresetsystemeditor.h"
 
 #include <cstring>
+#include <new>
 
 #include "editor/corvtextedit.h"
 #include "editor/myframe.h"
@@ -30,7 +31,7 @@ void CPresetSystemEditor::close() {
 void CPresetSystemEditor::idle() {
   completeFileOperation();
   watchManual();
-  if (refreshWanted.exchange(false)) bar.refresh(*presetEffect);
+  if (refreshWanted.exchange(false)) presetsChanged();
   AEffGUIEditor::idle();
 }
 
@@ -42,12 +43,13 @@ bool CPresetSystemEditor::onWindowThread() const {
   return windowThread.load() == std::this_thread::get_id();
 }
 
+// What has been taken over is not given back because the bar has no memory to show it.
 void CPresetSystemEditor::presetsChanged() {
-  if (onWindowThread()) {
-    bar.refresh(*presetEffect);
-  } else {
-    refreshWanted = true;
+  try {
+    if (onWindowThread()) return bar.refresh(*presetEffect);
+  } catch (const std::bad_alloc&) {
   }
+  refreshWanted = true;
 }
 
 void CPresetSystemEditor::nameChangedInternal(const char* name) {

@@ -8,12 +8,6 @@
 #include "presetsystem/cpresetsystemeditor.h"
 #include "presetsystem/cpresetsystemeffect.h"
 
-namespace {
-
-constexpr VstInt32 kRefused = -1;
-
-}  // namespace
-
 VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
   CPresetSystemEditor* images = presetEditor();
   if (images == nullptr) return 0;
@@ -37,17 +31,17 @@ VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
 // chunk of ours is longer than kSize.
 VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool isPreset) {
   CPresetSystemEditor* images = presetEditor();
-  if (data == nullptr || images == nullptr) return kRefused;
+  if (data == nullptr || images == nullptr) return kChunkRefused;
   const auto size = byteSize > 0 ? static_cast<std::size_t>(byteSize) : chunkimage::kSize;
-  if (size < chunkimage::kPrefixSize) return kRefused;
+  if (size < chunkimage::kPrefixSize) return kChunkRefused;
 
   auto* bytes = static_cast<unsigned char*>(data);
   const chunkimage::Prefix prefix = chunkimage::readPrefix(
       std::span<const unsigned char, chunkimage::kPrefixSize>(bytes, chunkimage::kPrefixSize), getUniqueID());
-  if (prefix.order == ByteOrder::foreign) return kRefused;
+  if (prefix.order == ByteOrder::foreign) return kChunkRefused;
   const bool swapped = prefix.order == ByteOrder::swapped;
   if (prefix.formatTag == chunkimage::kOldFormatTag) return setChunkOld(data, byteSize, isPreset, swapped);
-  if (prefix.formatTag != chunkimage::kFormatTag || size < chunkimage::kEntriesOffset) return kRefused;
+  if (prefix.formatTag != chunkimage::kFormatTag || size < chunkimage::kEntriesOffset) return kChunkRefused;
 
   unsigned char* headerBytes = bytes + chunkimage::kPrefixSize;
   newpresetheader header = newpresetheader::read({headerBytes, newpresetheader::kSize});
@@ -68,13 +62,13 @@ VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool isPre
 }
 
 VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool /*isPreset*/, bool swapped) {
-  if (data == nullptr) return kRefused;
+  if (data == nullptr) return kChunkRefused;
   oldChunkBuffer.fill(0);
   const std::size_t given = byteSize > 0 ? static_cast<std::size_t>(byteSize) : 0;
   std::memcpy(oldChunkBuffer.data(), data, std::min(given, oldChunkBuffer.size()));
   const chunkimage::OldReading reading =
       chunkimage::readOldChunk(oldChunkBuffer, byteSize, swapped, oldDummySlots(), defaultPreset, *presets);
-  if (!reading.complete) return kRefused;
+  if (!reading.complete) return kChunkRefused;
   setPresetNo(reading.presetToSelect);
   return 0;
 }

@@ -3,59 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
-#include <new>
 
 #include "plugin/audioeffect.h"
+#include "tests/plugin/failingmemory.h"
 #include "tests/plugin/recordinghost.h"
-
-namespace {
-
-long allocationsLeft = -1;  // until all fail; below 0: none does
-bool oneFailed = false;
-
-void* allocated(std::size_t size) {
-  if (allocationsLeft == 0) {
-    oneFailed = true;
-    return nullptr;
-  }
-  if (allocationsLeft > 0) --allocationsLeft;
-  return std::malloc(size != 0 ? size : 1);
-}
-
-void* allocatedOrThrown(std::size_t size) {
-  void* memory = allocated(size);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  return allocatedOrThrown(size);
-}
-void* operator new[](std::size_t size) {
-  return allocatedOrThrown(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return allocated(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return allocated(size);
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
 
 namespace {
 
@@ -107,10 +59,13 @@ TEST(CreateEffectInstance, ServesEveryVersionButZero) {
 TEST(CreateEffectInstance, IsNullWhenMemoryRunsOut) {
   int refused = 0;
   for (long succeeding = 0;; ++succeeding) {
-    oneFailed = false;
-    allocationsLeft = succeeding;
-    AEffect* effect = createEffectRecord(silentHost);
-    allocationsLeft = -1;
+    AEffect* effect = nullptr;
+    bool oneFailed = false;
+    {
+      const FailingMemory memory(succeeding, FailingMemory::Fails::allFromThere);
+      effect = createEffectRecord(silentHost);
+      oneFailed = memory.hasFailed();
+    }
     if (effect != nullptr) close(effect);
     if (!oneFailed) {
       EXPECT_NE(effect, nullptr);
