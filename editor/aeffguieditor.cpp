@@ -34,7 +34,7 @@ AEffGUIEditor::~AEffGUIEditor() = default;
 // A size that could not be found out (its picture did not load: the process may have no file left to open) is asked for
 // again.
 void AEffGUIEditor::needToolkit() {
-  constexpr std::size_t kEnough = 4U << 20U;  // bytes; a window with its pictures takes about one million
+  constexpr std::size_t kEnough = 4U << 20U;        // bytes; a window with its pictures takes about one million
   void* volatile memory = ::operator new(kEnough);  // volatile, or the compiler leaves both out
   ::operator delete(memory);
   if (!toolkit) toolkit.emplace();

@@ -15,8 +15,8 @@ struct Place {
   std::string resources;
 };
 
-// Loads a copy of the probe by that name; the copy stays loaded, as hosts' plug-ins do. It is asked in `later`, where the
-// process goes once it is loaded.
+// Loads a copy of the probe by that name; the copy stays loaded, as hosts' plug-ins do. It is asked in `later`, where
+// the process goes once it is loaded.
 Place placeOf(const std::string& name, const fs::path& later = fs::current_path()) {
   void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
   EXPECT_NE(module, nullptr) << dlerror();
