@@ -1,9 +1,4 @@
 # macOS: the universal bundle Trelvan.vst with Info.plist, PkgInfo and resources, signed ad hoc.
-enable_language(OBJCXX)
-set(CMAKE_OBJCXX_STANDARD 20)
-set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
-set(CMAKE_OBJCXX_EXTENSIONS OFF)
-set(CMAKE_OBJCXX_VISIBILITY_PRESET hidden)
 set(CMAKE_XCODE_ATTRIBUTE_CLANG_ENABLE_OBJC_ARC NO)  # the sources count their references themselves
 
 target_sources(trelvan PRIVATE

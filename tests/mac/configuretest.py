@@ -1,0 +1,72 @@
+#!/usr/bin/env python3
+"""configuretest.py SOURCE BUILD TOOLKIT [OPTION...]: CMake's branch for a Mac, configured and generated here as a whole, with
+widen and its tests, with the toolkit's own CMakeLists.txt.
+
+Nothing is compiled. The libraries that CMake finds are this machine's.
+"""
+import glob
+import json
+import os
+import shlex
+import shutil
+import subprocess
+import sys
+
+failures = []
+
+
+def expect(condition, what):
+    print(("ok    " if condition else "WRONG ") + what)
+    if not condition:
+        failures.append(what)
+
+
+def run(*command):
+    """Runs it; shows what it printed where it fails, and ends there."""
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
+    if done.returncode != 0:
+        sys.exit(done.stdout + "WRONG " + " ".join(command[:4]) + f" ... ends with {done.returncode}")
+
+
+def configure(source, build, toolkit, options):
+    shutil.rmtree(build, ignore_errors=True)
+    run("cmake", "-S", source, "-B", build, "-G", "Ninja",
+        "--toolchain", os.path.join(source, "cmake/toolchain-macho-check.cmake"),
+        "-DCMAKE_HOST_APPLE=1",  # the toolkit's list of sources follows it
+        "-DCMAKE_HAVE_LIBC_PTHREAD=1",  # so it is on a Mac, and here nothing is linked to find out
+        "-DTRELVAN_CODESIGN=" + shutil.which("true"), "-DTRELVAN_TOOLKIT_SOURCE=" + toolkit,
+        "-DCMAKE_BUILD_TYPE=Release", "-DTRELVAN_TESTS=ON", "-DTRELVAN_BENCHMARKS=OFF", *options)
+
+
+def commands(build):
+    """How each source is compiled, by its path."""
+    with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
+        return {entry["file"]: shlex.split(entry["command"]) for entry in json.load(file)}
+
+
+def objective(sources, folder):
+    return [words for path, words in sources.items() if path.startswith(folder + os.sep) and path.endswith(".mm")]
+
+
+def main():
+    source, build, toolkit = sys.argv[1:4]
+    configure(source, build, toolkit, sys.argv[4:])
+    sources = commands(build)
+    ours = [words for room in ("editor", "platform") for words in objective(sources, os.path.join(source, room))]
+    theirs = objective(sources, os.path.join(toolkit, "vstgui"))
+    expect(len(theirs) > 10 and all("objective-c++" in words for words in theirs),
+           f"{len(theirs)} sources of the toolkit are compiled as Objective-C++")
+    expect(all("-std=c++17" in words for words in theirs), "the toolkit keeps its own language level")
+    there = [path for room in ("editor", "platform") for path in glob.glob(os.path.join(source, room, "mac/*.mm"))]
+    expect(0 < len(there) == len(ours) and all("objective-c++" in words for words in ours),
+           f"all {len(there)} of ours are compiled as Objective-C++")
+    for option in ("-std=c++20", "-fno-objc-arc", "-fvisibility=hidden"):
+        expect(all(option in words for words in ours), f"all of ours with {option}")
+
+    words = sources[os.path.join(source, "host/widen.cpp")]
+    expect(words.count("-arch") == 1, "widen is compiled for the machine's own processor")
+    print(f"{len(failures)} wrong")
+    return 1 if failures else 0
+
+
+sys.exit(main())
