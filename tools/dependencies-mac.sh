@@ -5,8 +5,8 @@ set -euo pipefail
 
 build_packages=(
   cmake ninja pkg-config
-  libsndfile cli11 kissfft cairo  # widen
-  librsvg                         # the window's pictures
+  libsndfile cli11 cairo  # widen; the source of its transform is fetched by CMake, as no formula has it
+  librsvg                 # the window's pictures
 )
 test_packages=(googletest google-benchmark clang-format)
 
