@@ -4,6 +4,13 @@ add_test(NAME MacBuild.IsConfiguredAndGeneratedAsAWhole COMMAND python3 ${CMAKE_
   -DCMAKE_LIBRARY_ARCHITECTURE=${CMAKE_LIBRARY_ARCHITECTURE})  # where this machine has GoogleTest
 set_tests_properties(MacBuild.IsConfiguredAndGeneratedAsAWhole PROPERTIES LABELS mac-macho TIMEOUT 60)
 
+# Works on what the Mach-O check leaves.
+add_test(NAME MacBuild.SignsAgainWhenInfoPlistChanges COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/signature.sh
+  ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR}/macho)
+set_tests_properties(MachO PROPERTIES FIXTURES_SETUP mac-macho-build)
+set_tests_properties(MacBuild.SignsAgainWhenInfoPlistChanges PROPERTIES LABELS mac-macho TIMEOUT 120
+  FIXTURES_REQUIRED mac-macho-build)
+
 add_test(NAME MacBuild.AsksHomebrewForItsFormulasOnly COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/homebrew.sh
   ${PROJECT_SOURCE_DIR})
 set_tests_properties(MacBuild.AsksHomebrewForItsFormulasOnly PROPERTIES LABELS mac-macho TIMEOUT 60)

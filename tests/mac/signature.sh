@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# signature.sh SOURCE BUILD: what the Mach-O check built is signed again when its Info.plist changes, and only then. The
+# signing is a stand-in that notes what it sealed. BUILD is left configured as the Mach-O check does it.
+set -euo pipefail
+source=$1
+build=$2
+bundle=$build/Trelvan.vst
+work=$build/signature
+log=$work/log
+mkdir -p "$work"
+trap 'cmake -S "$source" -B "$build" -U TRELVAN_CODESIGN -U CMAKE_PROJECT_Trelvan_INCLUDE >/dev/null 2>&1 || true' EXIT
+
+# Called as codesign is, with the bundle as its last argument.
+printf '#!/usr/bin/env bash\ncksum "${!#}/Contents/Info.plist" "${!#}/Contents/MacOS/Trelvan" >"%s/seal"\n' "$work" \
+  >"$work/codesign"
+chmod +x "$work/codesign"
+quietly() { "$@" >"$log" 2>&1 || { tail -n 100 "$log"; exit 1; }; }
+configure() {
+  echo "set(PROJECT_VERSION $1)" >"$work/version.cmake"
+  quietly cmake -S "$source" -B "$build" -D TRELVAN_CODESIGN="$work/codesign" \
+    -D CMAKE_PROJECT_Trelvan_INCLUDE="$work/version.cmake"
+}
+build() { quietly cmake --build "$build" --target Trelvan; }
+expect() {
+  local what=$1
+  shift
+  if "$@"; then echo "ok    $what"; else echo "WRONG $what"; exit 1; fi
+}
+sealed() { cksum "$bundle/Contents/Info.plist" "$bundle/Contents/MacOS/Trelvan" | cmp -s - "$work/seal"; }
+version() { grep -q "<string>$1</string>" "$bundle/Contents/Info.plist"; }
+
+rm -f "$work/seal"
+configure 1.2.3
+build
+expect "Info.plist has the version" version 1.2.3
+expect "the bundle is signed" sealed
+rm "$work/seal"
+configure 1.2.3
+build
+expect "nothing has changed: there is nothing to do" grep -q 'no work to do' "$log"
+expect "and nothing is signed" test ! -e "$work/seal"
+configure 1.2.4
+build
+expect "Info.plist has the new version" version 1.2.4
+expect "the bundle is signed again" sealed
