@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """mutants.py [--folder FOLDER] [WORD...]: plants faults in the macOS sources, one at a time, and shows that the tests fail.
+mutants.py --check BUILD: only looks whether it could, with the programs of a build folder; takes a second.
 
 It works on a copy of the sources in a temporary folder and builds that first, which takes some minutes; then a fault takes
 five to twenty seconds. FOLDER is kept for the next time. With words it plants only the faults of these kinds (cf, path,
@@ -18,8 +19,9 @@ ROOT = os.path.abspath(os.path.join(os.path.dirname(__file__), "../.."))
 FOLDERS = ("cmake", "docs", "editor", "effect", "host", "platform", "plugin", "presetsystem", "resources", "tests", "tools")
 TIME = 45  # seconds that a test may take; one that hangs has failed
 
-# Program, arguments and environment for each kind of test.
-PROGRAMS = {"cf": "maccftest", "path": "macpathtest", "toolkit": "mactoolkittest"}
+# Program for each kind of test, and what it loads.
+PROGRAMS = {"cf": "maccftest", "path": "macpathtest", "toolkit": "mactoolkittest", "cocoa": "maccocoatest"}
+LOADED = {"path": ["macbundle_One", "macbundle_Two_u"]}
 
 
 def run(command, cwd, seconds, **environment):
@@ -29,6 +31,16 @@ def run(command, cwd, seconds, **environment):
         return done.returncode, done.stdout
     except subprocess.TimeoutExpired:
         return "too late", ""
+
+
+def programs(kind, source, build):
+    """What runs one kind of tests, in the order of the command line, and the folder it works in."""
+    if kind == "macho":
+        return [os.path.join(source, "tests/mac/macho/machocheck.sh")], source
+    binary = os.path.join(build, "tests/mac/bin", PROGRAMS[kind])
+    if kind == "cocoa":
+        return [os.path.join(source, "tests/mac/withgnustep.sh"), binary], build
+    return [binary], os.path.join(build, "tests/mac/runs", PROGRAMS[kind])
 
 
 class Copy:
@@ -44,8 +56,12 @@ class Copy:
         for mutant in MUTANTS:  # built anew: what lies there may be from a fault of the last time
             os.utime(os.path.join(self.source, mutant.file))
         # The rooms that this needs, and no others.
-        with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as file:
-            lines = file.read().replace("add_subdirectory(host)", "").replace("add_subdirectory(bench)", "")
+        shutil.copy(os.path.join(ROOT, "CMakeLists.txt"), self.source)
+        lines = self.read("CMakeLists.txt")
+        for room in ("host", "bench"):
+            if f"add_subdirectory({room})" not in lines:
+                sys.exit(f"CMakeLists.txt: no room {room} to leave out")
+            lines = lines.replace(f"add_subdirectory({room})", "")
         self.write("CMakeLists.txt", lines)
         rooms = self.read("tests/CMakeLists.txt")
         begin = rooms.index("foreach(room")
@@ -74,22 +90,15 @@ class Copy:
 
     def passes(self, kind, chosen):
         """What the tests of one kind say: (passed, output). None: the fault does not compile."""
+        command, folder = programs(kind, self.source, self.build)
         if kind == "macho":
-            folder = os.path.join(self.build, "tests/mac/macho")
-            code, output = run([os.path.join(self.source, "tests/mac/macho/machocheck.sh"), self.source, folder,
-                                self.toolkit], self.source, 1800)
+            build = os.path.join(self.build, "tests/mac/macho")
+            code, output = run([*command, self.source, build, self.toolkit], folder, 1800)
             return code == 0, output
-        program = PROGRAMS.get(kind, "maccocoatest")
-        code, output = self.compile(program, *(["macbundle_One", "macbundle_Two_u"] if kind == "path" else []))
+        code, output = self.compile(PROGRAMS[kind], *LOADED.get(kind, []))
         if code != 0:
             return None, output  # which shows nothing
-        binary = os.path.join(self.build, "tests/mac/bin", program)
-        if kind == "cocoa":
-            command = [os.path.join(self.source, "tests/mac/withgnustep.sh"), binary]
-            code, output = run(command, self.build, TIME, GTEST_FILTER=chosen)
-        else:
-            folder = os.path.join(self.build, "tests/mac/work", program)
-            code, output = run([binary], folder, TIME, GTEST_FILTER=chosen)
+        code, output = run(command, folder, TIME, GTEST_FILTER=chosen)
         return code == 0, output
 
 
@@ -103,8 +112,33 @@ def reason(output):
     return lines[-1][:100] if lines else "it hung"
 
 
+def places(mutant, text):
+    """What is wrong with the place of a fault; nothing where it is found once."""
+    count = text.count(mutant.old)
+    return "" if count == 1 else f"{mutant.what}: {count} places in {mutant.file} for {mutant.old!r}"
+
+
+def check(build):
+    """Whether every fault has its place, and every program that looks for one is in the build folder."""
+    with tempfile.TemporaryDirectory(prefix="mutants") as folder:
+        copy = Copy(folder)  # as it would be built
+        wrong = [places(mutant, copy.read(mutant.file)) for mutant in MUTANTS]
+    targets = run(["cmake", "--build", build, "--target", "help"], build, 60)[1].replace(":", " ").split()
+    for kind in sorted({mutant.kind for mutant in MUTANTS}):
+        command, work = programs(kind, ROOT, build)
+        wrong += [f"{kind}: {path} cannot be run" for path in command if not os.access(path, os.X_OK)]
+        wrong += [] if os.path.isdir(work) else [f"{kind}: no folder {work} to work in"]
+        names = [PROGRAMS[kind], *LOADED.get(kind, [])] if kind in PROGRAMS else []
+        wrong += [f"{kind}: no target {name}" for name in names if name not in targets]
+    wrong = [line for line in wrong if line]
+    print("\n".join([*wrong, f"{len(MUTANTS)} faults looked at, {len(wrong)} wrong"]))
+    return 1 if wrong else 0
+
+
 def main():
     words = sys.argv[1:]
+    if words[:1] == ["--check"] and len(words) == 2:
+        return check(os.path.abspath(words[1]))
     kept = words[1] if words[:1] == ["--folder"] else None
     words = words[2:] if kept else words
     chosen = [mutant for mutant in MUTANTS
@@ -123,8 +157,8 @@ def main():
         for mutant in chosen:
             begin = time.monotonic()
             whole = copy.read(mutant.file)
-            if whole.count(mutant.old) != 1:
-                sys.exit(f"{mutant.what}: {whole.count(mutant.old)} places in {mutant.file} for {mutant.old!r}")
+            if places(mutant, whole):
+                sys.exit(places(mutant, whole))
             copy.write(mutant.file, whole.replace(mutant.old, mutant.new))
             passed, output = copy.passes(mutant.kind, mutant.tests)
             copy.write(mutant.file, whole)
