@@ -13,6 +13,14 @@ namespace {
 
 int knobMode = 0;  // one for all editors, as the host sets it; 0 circular
 
+// The toolkit ends the process where memory runs out in its factory, which is noexcept: there has to be enough before.
+// Throws where there is not.
+void needMemory() {
+  constexpr std::size_t kEnough = 4U << 20U;        // bytes; a window with its pictures was seen to take one million
+  void* volatile memory = ::operator new(kEnough);  // volatile, or the compiler leaves both out
+  ::operator delete(memory);
+}
+
 VSTGUI::KeyboardEvent keyboardEvent(VSTGUI::EventType type, const VstKeyCode& key) {
   VSTGUI::KeyboardEvent event(type);
   event.character = static_cast<char32_t>(key.character);
@@ -30,15 +38,13 @@ AEffGUIEditor::AEffGUIEditor(AudioEffect* owner) : AEffEditor(owner), nextIdleTi
 
 AEffGUIEditor::~AEffGUIEditor() = default;
 
-// The toolkit ends the process where memory runs out in its factory, which is noexcept: there has to be enough before.
 // A size that could not be found out (its picture did not load: the process may have no file left to open) is asked for
 // again.
 void AEffGUIEditor::needToolkit() {
-  constexpr std::size_t kEnough = 4U << 20U;        // bytes; a window with its pictures takes about one million
-  void* volatile memory = ::operator new(kEnough);  // volatile, or the compiler leaves both out
-  ::operator delete(memory);
+  if (rect.right != 0) return;
+  needMemory();
   if (!toolkit) toolkit.emplace();
-  if (rect.right == 0) rect = windowSize();
+  rect = windowSize();
 }
 
 bool AEffGUIEditor::getRect(ERect** out) {
@@ -55,6 +61,7 @@ bool AEffGUIEditor::open(void* window) {
 
 bool AEffGUIEditor::openFrame(void* window) {
   needToolkit();
+  needMemory();
   const VSTGUI::CRect size(rect.left, rect.top, rect.right, rect.bottom);
   const auto made = VSTGUI::makeOwned<VSTGUI::CFrame>(size, this);
   auto* root = new MyFrame(size);
