@@ -10,7 +10,7 @@ class PluginModule {
  public:
   using EntryPoint = AEffect* (*)(audioMasterCallback);
 
-  // Throws Failure: cannot be loaded, or exports no VSTPluginMain.
+  // Throws Failure: cannot be loaded, or exports no entry point.
   explicit PluginModule(const std::filesystem::path& binary);
   ~PluginModule();
   PluginModule(const PluginModule&) = delete;

@@ -148,6 +148,14 @@ TEST_F(Conversions, TakeTheLatencyOfAnEffectAway) {
   }
 }
 
+TEST_F(Conversions, RunEffectsWithTheEntryPointsOlderName) {
+  const Sound sound = noise(2000, 2, 8);
+  writeSound(in("in.wav"), sound, kFloatWav);
+  const Sound out = result({"in.wav", "--plugin", plugin("oldmain")});
+  ASSERT_EQ(out.frames(), sound.frames());
+  for (std::size_t i = 0; i < sound.samples.size(); ++i) ASSERT_EQ(out.samples[i], sound.samples[i] / 2) << i;
+}
+
 TEST_F(Conversions, LetTheDelayLineRingOut) {
   writeSound(in("in.wav"), impulse(100, 1, 99), kFloatWav);
   const std::vector<std::string> setting = {"in.wav", "--width", "50%", "--base-freq", "1000Hz", "--emphasis", "0.25"};

@@ -125,7 +125,8 @@ TEST_F(Effects, AreStoppedWhenTheyEndEarly) {
 TEST_F(Effects, AreRefusedWhenTheyAnswerNonsense) {
   EXPECT_THAT(refusalOf("nulleffect"), HasSubstr("nulleffect.so: no effect was made"));
   EXPECT_THAT(refusalOf("wrongmagic"), HasSubstr("not a VST effect"));
-  EXPECT_THAT(refusalOf("noentry"), HasSubstr("exports no VSTPluginMain"));
+  EXPECT_THAT(refusalOf("noentry"), HasSubstr("exports neither VSTPluginMain nor main"));
+  EXPECT_THAT(refusalOf("borrowedmain"), HasSubstr("exports neither VSTPluginMain nor main"));
   EXPECT_THAT(refusalOf("absurdchannels"), HasSubstr("1000000 outputs"));
   EXPECT_THAT(refusalOf("negativecounts"), HasSubstr("-3 parameters"));
   EXPECT_THAT(refusalOf("negativelatency"), HasSubstr("-64 frames of latency"));
@@ -133,6 +134,7 @@ TEST_F(Effects, AreRefusedWhenTheyAnswerNonsense) {
   EXPECT_THAT(refusalOf("oneoutput"), HasSubstr("has 1 outputs"));
   EXPECT_THAT(refusalOf("noinput"), HasSubstr("takes no sound in"));
   EXPECT_EQ(refusalOf("latency"), "accepted");
+  EXPECT_EQ(refusalOf("oldmain"), "accepted") << "with the entry point's older name";
 }
 
 TEST_F(Effects, CannotBeLoadedFromJustAnyFile) {

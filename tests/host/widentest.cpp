@@ -117,7 +117,8 @@ TEST_F(Program, RefusesPluginsThatAnswerNonsense) {
   const std::pair<const char*, const char*> cases[] = {
       {"nulleffect", "no effect was made"},
       {"wrongmagic", "not a VST effect"},
-      {"noentry", "exports no VSTPluginMain"},
+      {"noentry", "exports neither VSTPluginMain nor main"},
+      {"borrowedmain", "exports neither VSTPluginMain nor main"},
       {"absurdchannels", "1000000 outputs"},
       {"negativecounts", "-3 parameters"},
       {"negativelatency", "-64 frames of latency"},
