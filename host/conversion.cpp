@@ -36,7 +36,8 @@ TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
 class Run {
  public:
   Run(Effect& runs, SoundReader& from, SoundWriter& to, const Arguments& arguments, const Job& files, Console& shows)
-      : reader(from),
+      : effect(runs),
+        reader(from),
         writer(to),
         gain(arguments.gain),
         job(files),
@@ -76,6 +77,7 @@ class Run {
  private:
   void process(int frames) {
     runner->run(left.data(), right.data(), outLeft.data(), outRight.data(), frames);
+    stage.setLatency(effect.latency());  // many effects know it only now
     stage.accept(outLeft.data(), outRight.data(), frames);
   }
 
@@ -105,6 +107,7 @@ class Run {
     unshown = 0;
   }
 
+  Effect& effect;
   SoundReader& reader;
   SoundWriter& writer;
   double gain;

@@ -16,6 +16,10 @@ constexpr VstInt32 kTrelvanPresets = presetimage::kPresetCount;  // named by ind
 constexpr std::size_t kTextRoom = 1024;  // bytes; effects have been seen to exceed the published sizes
 constexpr VstIntPtr kAnyCategory = -1;
 
+std::string pinText(VstInt32 inputs, VstInt32 outputs) {
+  return std::to_string(inputs) + " inputs and " + std::to_string(outputs) + " outputs";
+}
+
 std::string cleaned(const char* text) {
   std::string clean;
   for (; *text != 0; ++text) clean += static_cast<unsigned char>(*text) < ' ' || *text == 127 ? ' ' : *text;
@@ -172,6 +176,8 @@ void Effect::start(bool doublePrecision) {
   call(effStartProcess, 0, 0, nullptr, 0.0F);
   host.setProcessing(true);
   checkEffectShape(*effect, name);
+  inputPins = effect->numInputs;
+  outputPins = effect->numOutputs;
 }
 
 void Effect::stop() {
@@ -186,6 +192,15 @@ void Effect::stop() {
 void Effect::moveOn(int frames) {
   position += frames;
   host.setPosition(position);
+  checkShape();
+}
+
+// Effects change it with and without a word to the host.
+void Effect::checkShape() const {
+  checkEffectShape(*effect, name);
+  if (effect->numInputs == inputPins && effect->numOutputs == outputPins) return;
+  throw Failure(name + ": the effect changed from " + pinText(inputPins, outputPins) + " to " +
+                pinText(effect->numInputs, effect->numOutputs) + " while it was processing");
 }
 
 void Effect::process(float** inputs, float** outputs, int frames) {

@@ -53,9 +53,10 @@ class Effect {
   void setUp(int sampleRate, int blockSize);
   void start(bool doublePrecision);
   void stop();
-  int latency() const { return effect->initialDelay; }  // frames; may change on start
+  int latency() const { return effect->initialDelay; }  // frames; may change on start and with every block
 
-  // As many pointers as the effect has pins. Without the life lock.
+  // As many pointers as the effect has pins. Without the life lock. Throws Failure where the effect has come out with
+  // other pins than it was started with, or with a latency that cannot be.
   void process(float** inputs, float** outputs, int frames);
   void process(double** inputs, double** outputs, int frames);
 
@@ -63,11 +64,14 @@ class Effect {
   VstIntPtr call(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
   std::string textUnlocked(VstInt32 opcode, VstInt32 index, VstIntPtr value);
   void moveOn(int frames);
+  void checkShape() const;
 
   PluginModule& module;
   HostCallback& host;
   std::string name;
   AEffect* effect = nullptr;
   bool running = false;
+  VstInt32 inputPins = 0;  // when it was started
+  VstInt32 outputPins = 0;
   std::int64_t position = 0;  // frames processed since start
 };

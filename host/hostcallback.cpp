@@ -75,9 +75,6 @@ VstIntPtr HostCallback::answer(VstInt32 opcode, VstInt32, VstIntPtr, void* ptr, 
       return 0;  // connected, every pin
     case audioMasterGetTime:
       return time.sampleRate > 0.0 ? reinterpret_cast<VstIntPtr>(timeInfo()) : 0;
-    case audioMasterIOChanged:
-      ioChanged = true;
-      return 1;
     case audioMasterGetSampleRate:
       return static_cast<VstIntPtr>(time.sampleRate);
     case audioMasterGetBlockSize:
@@ -96,6 +93,7 @@ VstIntPtr HostCallback::answer(VstInt32 opcode, VstInt32, VstIntPtr, void* ptr, 
       return canDo(ptr);
     case audioMasterGetLanguage:
       return kLanguageEnglish;
+    case audioMasterIOChanged:  // the shape is looked at behind every block anyway
     case audioMasterBeginEdit:
     case audioMasterEndEdit:
     case audioMasterUpdateDisplay:

@@ -38,9 +38,6 @@ class HostCallback {
   void setProcessing(bool on) { processing = on; }
   void setPosition(std::int64_t frame);
 
-  // The effect announced another shape (channels, latency) since this was last asked.
-  bool takeIOChanged() { return ioChanged.exchange(false); }
-
   // A host with a window answers more: overrides see each call first and hand on what they do not know.
   virtual VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
 
@@ -51,5 +48,4 @@ class HostCallback {
   std::atomic<int> blockSize = 0;      // frames; 0: not known yet
   std::atomic<VstInt32> uniqueID = 0;  // 0: the effect is still being made
   std::atomic<bool> processing = false;
-  std::atomic<bool> ioChanged = false;
 };

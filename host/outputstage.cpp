@@ -2,11 +2,28 @@
 #include "host/outputstage.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
-OutputStage::OutputStage(Sink to, std::int64_t latency, const TailPlan& tail)
-    : sink(std::move(to)), plan(tail), latencyLeft(latency), tailLeft(tail.frames) {}
+OutputStage::OutputStage(Sink to, std::int64_t late, const TailPlan& tail)
+    : sink(std::move(to)), plan(tail), latency(late), latencyLeft(late), tailLeft(tail.frames) {}
+
+void OutputStage::setLatency(std::int64_t late) {
+  latencyLeft += late - latency;
+  latency = late;
+  const std::int64_t leaptOver = std::max<std::int64_t>(-latencyLeft, 0);
+  latencyLeft += leaptOver;
+  acceptSilence(leaptOver);
+}
+
+void OutputStage::acceptSilence(std::int64_t frames) {
+  static constexpr int kPiece = 1024;  // frames
+  static constexpr std::array<double, kPiece> kSilent{};
+  for (; frames > 0; frames -= kPiece) {
+    accept(kSilent.data(), kSilent.data(), static_cast<int>(std::min<std::int64_t>(frames, kPiece)));
+  }
+}
 
 void OutputStage::endOfInput(std::int64_t inputFrames) {
   ended = true;

@@ -12,7 +12,8 @@ struct TailPlan {
 };
 
 // Gets what the effect puts out, in blocks of any size, and hands on exactly the frames that belong into the file: as
-// many as there was input, beginning behind the latency, and then the tail. The result does not depend on the blocks.
+// many as there was input, beginning behind the latency, and then the tail. The result does not depend on the blocks,
+// but for a latency that changes: it counts from the first frame of the block in which the effect told it.
 class OutputStage {
  public:
   using Sink = std::function<void(const double* left, const double* right, int frames)>;
@@ -23,6 +24,9 @@ class OutputStage {
   // latency: frames by which the effect is late.
   OutputStage(Sink sink, std::int64_t latency, const TailPlan& tail);
 
+  // In front of the block from which the effect is late by so many frames. More than before: so many frames repeat what
+  // was handed on and are dropped. Fewer: what the effect has leapt over stays silent.
+  void setLatency(std::int64_t latency);
   void accept(const double* left, const double* right, int frames);
   // No more input comes; from now on the effect is fed silence until complete().
   void endOfInput(std::int64_t inputFrames);
@@ -31,11 +35,13 @@ class OutputStage {
   std::int64_t framesWanted() const;
 
  private:
+  void acceptSilence(std::int64_t frames);
   void acceptTail(const double* left, const double* right, std::int64_t frames);
 
   Sink sink;
   TailPlan plan;
-  std::int64_t latencyLeft;
+  std::int64_t latency;
+  std::int64_t latencyLeft;   // frames to be dropped
   std::int64_t handedOn = 0;  // frames of the body
   std::int64_t bodyLeft = 0;  // frames, once the input has ended
   std::int64_t tailLeft;      // frames at most

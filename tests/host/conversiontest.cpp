@@ -148,6 +148,71 @@ TEST_F(Conversions, TakeTheLatencyOfAnEffectAway) {
   }
 }
 
+// Many effects do so: they know it when the first block comes.
+TEST_F(Conversions, TakeALatencyAwayThatIsToldWhileProcessing) {
+  const Sound sound = noise(20000, 2, 8);
+  writeSound(in("in.wav"), sound, kFloatWav);
+  const std::map<std::string, std::string> plans[] = {
+      {{"WIDEN_TEST_LATENCY", "0:480"}},
+      {{"WIDEN_TEST_LATENCY", "0:480"}, {"WIDEN_TEST_SILENT", "1"}},
+      {{"WIDEN_TEST_LATENCY", "0:480"}, {"WIDEN_TEST_FIRST", "5000"}},
+      {{"WIDEN_TEST_LATENCY", "0:30000"}},
+      {{"WIDEN_TEST_LATENCY", "0:0 8192:480"}},
+      {{"WIDEN_TEST_LATENCY", "0:64 5000:480 9000:4000 9001:4001"}},
+      {{"WIDEN_TEST_LATENCY", "0:64 19999:480"}},
+  };
+  for (const auto& plan : plans) {
+    for (const char* block : {"1", "64", "1024", "4096", "1048576"}) {
+      for (const char* tail : {"0s", "auto"}) {
+        const Outcome outcome =
+            widen({"in.wav", "-o", "out.wav", "-f", "--plugin", plugin("lateness"), "--block", block, "--tail", tail},
+                  {plan});
+        EXPECT_EQ(outcome.error, "");
+        EXPECT_EQ(readSound(in("out.wav")).samples, sound.samples)
+            << plan.begin()->second << " " << block << " " << tail;
+      }
+    }
+  }
+  const Outcome ringing = widen({"in.wav", "-o", "out.wav", "-f", "--plugin", plugin("lateness"), "--tail", "10ms"},
+                                {{{"WIDEN_TEST_LATENCY", "0:480"}}});
+  EXPECT_EQ(readSound(in("out.wav")).frames(), 20000U + 441U) << ringing.error;
+}
+
+// From frame 8192 on it is late by 64 instead of 480: 416 frames, from 8192 - 480 on, have no sound of theirs.
+TEST_F(Conversions, LineUpBehindALatencyThatIsLowered) {
+  const Sound sound = noise(20000, 2, 8);
+  writeSound(in("in.wav"), sound, kFloatWav);
+  std::vector<double> expected = sound.samples;
+  std::fill_n(expected.begin() + 2 * (8192 - 480), 2 * (480 - 64), 0.0);
+  for (const char* block : {"1", "64", "4096"}) {
+    const Outcome outcome = widen({"in.wav", "-o", "out.wav", "-f", "--plugin", plugin("lateness"), "--block", block},
+                                  {{{"WIDEN_TEST_LATENCY", "0:480 8192:64"}}});
+    EXPECT_EQ(outcome.error, "");
+    EXPECT_EQ(readSound(in("out.wav")).samples, expected) << block;
+  }
+}
+
+TEST_F(Conversions, RefuseAnEffectThatChangesItsShapeWhileProcessing) {
+  writeSound(in("in.wav"), noise(5000, 2, 8), kFloatWav);
+  const std::pair<const char*, const char*> cases[] = {
+      {"2000:i3", "changed from 2 inputs and 2 outputs to 3 inputs and 2 outputs"},
+      {"2000:o64", "changed from 2 inputs and 2 outputs to 2 inputs and 64 outputs"},
+      {"0:i1", "to 1 inputs and 2 outputs"},
+      {"2000:o0", "to 2 inputs and 0 outputs"},
+      {"2000:o-1", "names -1 outputs, which cannot be"},
+      {"2000:-5", "names -5 frames of latency, which cannot be"},
+      {"2000:2000000000", "names 2000000000 frames of latency, which cannot be"},
+  };
+  for (const auto& [plan, text] : cases) {
+    for (const char* silent : {"", "1"}) {
+      std::map<std::string, std::string> environment = {{"WIDEN_TEST_LATENCY", plan}};
+      if (*silent != 0) environment["WIDEN_TEST_SILENT"] = silent;
+      expectRefusal(widen({"in.wav", "-o", "out.wav", "--plugin", plugin("lateness")}, {environment}), 1, text);
+      EXPECT_THAT(names(), ElementsAre("in.wav"));
+    }
+  }
+}
+
 TEST_F(Conversions, RunEffectsWithTheEntryPointsOlderName) {
   const Sound sound = noise(2000, 2, 8);
   writeSound(in("in.wav"), sound, kFloatWav);

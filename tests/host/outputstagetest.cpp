@@ -18,6 +18,9 @@ class Stage {
   std::vector<double> run(const std::vector<double>& signal, std::int64_t inputFrames, int block) {
     std::int64_t position = 0;
     const auto feed = [&](std::int64_t frames) {
+      for (const Change& change : changes) {
+        if (change.at >= position && change.at < position + frames) stage.setLatency(change.latency);
+      }
       std::vector<double> piece(static_cast<std::size_t>(frames));
       for (std::size_t i = 0; i < piece.size(); ++i) {
         const auto from = static_cast<std::size_t>(position) + i;
@@ -31,6 +34,13 @@ class Stage {
     while (!stage.complete()) feed(std::min<std::int64_t>(block, stage.framesWanted()));
     return out;
   }
+
+  // Told in the block that holds the frame `at`.
+  struct Change {
+    std::int64_t at;
+    std::int64_t latency;
+  };
+  std::vector<Change> changes;
 
  private:
   void take(const double* l, const double* r, int frames) {
@@ -105,5 +115,66 @@ TEST(OutputStage, EndsATailThatNeverFallsSilent) {
   const std::vector<double> hum(5000, 0.1);
   for (const int block : kBlocks) {
     EXPECT_EQ(Stage(0, {true, 300, 60}).run(hum, 100, block).size(), 400U) << block;
+  }
+}
+
+TEST(OutputStage, TakesALatencyAwayThatIsToldWithTheFirstBlock) {
+  for (const int block : kBlocks) {
+    Stage late(0, {});
+    late.changes = {{0, 30}};
+    EXPECT_EQ(late.run(ramp(1, 1000), 100, block), ramp(31, 100)) << block;
+    Stage earlier(300, {});
+    earlier.changes = {{0, 30}};
+    EXPECT_EQ(earlier.run(ramp(1, 1000), 100, block), ramp(31, 100)) << "less than it named before, " << block;
+  }
+}
+
+// The effect repeats frames 31 to 40 as frames 41 to 50, because it is late by 10 more from there on.
+TEST(OutputStage, DropsWhatAnEffectRepeatsThatBecomesLater) {
+  std::vector<double> signal = ramp(1, 40);
+  const std::vector<double> rest = ramp(31, 500);
+  signal.insert(signal.end(), rest.begin(), rest.end());
+  for (const int block : {1, 8, 40}) {
+    Stage stage(0, {});
+    stage.changes = {{40, 10}};
+    EXPECT_EQ(stage.run(signal, 100, block), ramp(1, 100)) << block;
+    Stage withTail(0, {false, 50, 0});
+    withTail.changes = {{40, 10}};
+    EXPECT_EQ(withTail.run(signal, 100, block), ramp(1, 150)) << block;
+  }
+}
+
+// Late by 10 frames, and then by none: frames 31 to 40 never come.
+TEST(OutputStage, KeepsThePlaceOfWhatAnEffectLeapsOver) {
+  std::vector<double> signal(10, 0.0);
+  for (const std::vector<double>& part : {ramp(1, 30), ramp(41, 500)}) {
+    signal.insert(signal.end(), part.begin(), part.end());
+  }
+  std::vector<double> expected = ramp(1, 100);
+  std::fill(expected.begin() + 30, expected.begin() + 40, 0.0);
+  for (const int block : {1, 8, 40}) {
+    Stage stage(10, {});
+    stage.changes = {{40, 0}};
+    EXPECT_EQ(stage.run(signal, 100, block), expected) << block;
+  }
+}
+
+TEST(OutputStage, CountsSeveralChangesTogether) {
+  for (const int block : kBlocks) {
+    Stage stage(5, {});
+    stage.changes = {{0, 50}, {0, 20}, {0, 30}};
+    EXPECT_EQ(stage.run(ramp(1, 1000), 100, block), ramp(31, 100)) << block;
+  }
+}
+
+// Told while the effect is fed silence: what it still owes comes all the same, and no frame too many.
+TEST(OutputStage, KeepsTheLengthWhenTheLatencyChangesBehindTheInput) {
+  for (const std::int64_t later : {0, 90}) {
+    Stage stage(50, {});
+    stage.changes = {{120, later}};
+    EXPECT_EQ(stage.run(ramp(1, 1000), 100, 10).size(), 100U) << later;
+    Stage automatic(50, {true, 1000, 60});
+    automatic.changes = {{120, later}};
+    EXPECT_EQ(automatic.run({}, 100, 10).size(), 100U) << later;
   }
 }
