@@ -67,10 +67,13 @@ class Reporter {
   Console& console;
 };
 
-// For the progress alone; a file that cannot be opened counts nothing and fails in its turn.
+// For the progress alone; a file that cannot be opened counts nothing and fails in its turn. A pipe is left alone: it
+// can be read once.
 std::int64_t framesOf(const Jobs& jobs) {
   std::int64_t frames = 0;
   for (const Job& job : jobs.list) {
+    std::error_code error;
+    if (!fs::is_regular_file(job.input, error)) continue;
     try {
       frames += SoundReader(job.input).frames();
     } catch (const Failure&) {

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "host/failure.h"
+#include "host/inputfile.h"
 
 namespace {
 
@@ -34,15 +35,22 @@ std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
 
 }  // namespace
 
-SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
-  checkIsThere(path);
-  file.reset(sf_open(path.c_str(), SFM_READ, &info));
+// A file that is opened by its name may also be of a type that only the name tells.
+void SoundReader::openFile() {
+  InputFile input(path);
+  file.reset(input.isPipe() ? sf_open_fd(input.release(), SFM_READ, &info, SF_TRUE)
+                            : sf_open(path.c_str(), SFM_READ, &info));
   if (!file) {
     const int error = sf_error(nullptr);
     const std::string text = sf_strerror(nullptr);
     if (error == SF_ERR_SYSTEM) throw Failure(path.string() + ": cannot be read (" + text + ")");
     throw Failure(path.string() + ": not a sound file (" + text + ")");
   }
+}
+
+SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
+  checkIsThere(path);
+  openFile();
   if (info.channels < 1 || info.channels > 2) {
     throw Failure(path.string() + ": has " + std::to_string(info.channels) +
                   " channels; only mono and stereo can be widened");

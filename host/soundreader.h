@@ -36,6 +36,7 @@ class SoundReader {
     void operator()(SNDFILE* open) const { sf_close(open); }
   };
 
+  void openFile();
   bool refill();
 
   std::filesystem::path path;

@@ -37,13 +37,21 @@ int startProgram(const std::filesystem::path& folder, const std::vector<std::str
   const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   const int errorFile = open(error.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   if (dup2(outFile, STDOUT_FILENO) < 0 || dup2(errorFile, STDERR_FILENO) < 0) _exit(101);
+  if (surroundings.standardInput >= 0 && dup2(surroundings.standardInput, STDIN_FILENO) < 0) _exit(103);
+  if (surroundings.standardOutput == "closed") {
+    close(STDOUT_FILENO);
+    close(outFile);
+    close(errorFile);
+  } else if (!surroundings.standardOutput.empty()) {
+    if (dup2(open(surroundings.standardOutput.c_str(), O_WRONLY), STDOUT_FILENO) < 0) _exit(104);
+  }
   for (const auto& [name, value] : surroundings.environment) setenv(name.c_str(), value.c_str(), 1);
   if (surroundings.fileSizeLimit != 0) {
     const auto limit = static_cast<rlim_t>(surroundings.fileSizeLimit);
     const rlimit both{limit, limit};
     setrlimit(RLIMIT_FSIZE, &both);
   }
-  setenv("LSAN_OPTIONS", "suppressions=" WIDEN_LEAKS, 1);
+  setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" WIDEN_LEAKS, 1);
   alarm(kLongest);
   execv(WIDEN_PROGRAM, pointers.data());
   _exit(102);
@@ -68,6 +76,31 @@ Outcome runProgram(const std::filesystem::path& folder, const std::vector<std::s
 // The effect keeps preferences: the tests' own, empty at first.
 ProgramTest::ProgramTest() {
   setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
+}
+
+ProgramTest::~ProgramTest() {
+  for (const int end : pipes) close(end);
+}
+
+int ProgramTest::pipeFrom(const std::filesystem::path& file) {
+  int ends[2] = {-1, -1};
+  EXPECT_EQ(pipe(ends), 0);
+  fcntl(ends[0], F_SETFD, FD_CLOEXEC);
+  pipes.push_back(ends[0]);
+  const std::string bytes = contentOf(file);
+  if (fork() == 0) {
+    close(ends[0]);
+    alarm(kLongest);
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+      const ssize_t count = write(ends[1], bytes.data() + done, bytes.size() - done);
+      if (count <= 0) _exit(1);
+      done += static_cast<std::size_t>(count);
+    }
+    _exit(0);
+  }
+  close(ends[1]);
+  return ends[0];
 }
 
 void ProgramTest::expectRefusal(const Outcome& outcome, int status, const std::string& text) {

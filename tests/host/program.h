@@ -18,6 +18,8 @@ struct Outcome {
 struct Surroundings {
   std::map<std::string, std::string> environment = {};  // on top of the test's own
   long fileSizeLimit = 0;                               // bytes that the program may write into one file; 0: any
+  int standardInput = -1;                               // descriptor; -1: the test's own
+  std::string standardOutput = "";                      // file; empty: as below; "closed": none
 };
 
 // In the working folder `folder`. Ends the program after 30 s.
@@ -32,6 +34,7 @@ Outcome waitForProgram(int process, const std::filesystem::path& folder);
 class ProgramTest : public TempFolder {
  protected:
   ProgramTest();
+  ~ProgramTest() override;
 
   Outcome widen(const std::vector<std::string>& words, const Surroundings& surroundings = {}) {
     return runProgram(folder, words, surroundings);
@@ -39,5 +42,11 @@ class ProgramTest : public TempFolder {
   // It failed with the status, said exactly one line on the error stream, which contains the text, and nothing else.
   static void expectRefusal(const Outcome& outcome, int status, const std::string& text);
 
+  // A pipe that brings the file's bytes, from a process of its own.
+  int pipeFrom(const std::filesystem::path& file);
+
   static std::string plugin(const std::string& name) { return std::string(WIDEN_TEST_PLUGINS) + "/" + name + ".so"; }
+
+ private:
+  std::vector<int> pipes;
 };

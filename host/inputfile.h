@@ -1,0 +1,24 @@
+// An input opened for reading; what comes through a pipe becomes a file first.
+#pragma once
+
+#include <filesystem>
+#include <utility>
+
+// Sound files are read with steps back, which a pipe does not allow: its contents go into a temporary file without a
+// name, so that memory stays bounded and nothing is left behind whatever happens.
+class InputFile {
+ public:
+  // Waits for a pipe's end. Throws Failure: cannot be read, or nowhere to keep what a pipe brings.
+  explicit InputFile(const std::filesystem::path& path);
+  ~InputFile();
+  InputFile(const InputFile&) = delete;
+  InputFile& operator=(const InputFile&) = delete;
+
+  int descriptor() const { return handle; }            // at the file's begin; stays this object's
+  int release() { return std::exchange(handle, -1); }  // becomes the caller's
+  bool isPipe() const { return pipe; }
+
+ private:
+  bool pipe = false;
+  int handle = -1;
+};

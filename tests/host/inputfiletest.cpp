@@ -1,0 +1,132 @@
+// An input opened for reading: pipes of every kind, through the built program.
+#include "host/inputfile.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sndfile.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "tests/host/program.h"
+#include "tests/host/sounds.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class InputFiles : public ProgramTest {
+ protected:
+  Outcome widenStandardInput(const std::string& from, std::vector<std::string> words,
+                             const std::string& folderForPipes = "") {
+    Surroundings fed;
+    fed.standardInput = pipeFrom(in(from));
+    if (!folderForPipes.empty()) fed.environment["TMPDIR"] = folderForPipes;
+    words.insert(words.begin(), "/dev/stdin");
+    return widen(words, fed);
+  }
+
+  // A named pipe, and a process that puts the file's bytes into it when somebody reads.
+  void makeFifo(const std::string& name, const std::string& from) const {
+    ASSERT_EQ(mkfifo(in(name).c_str(), 0600), 0);
+    const std::string bytes = textOf(in(from));
+    if (fork() != 0) return;
+    alarm(30);  // s
+    const int end = open(in(name).c_str(), O_WRONLY);
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+      const ssize_t count = write(end, bytes.data() + done, bytes.size() - done);
+      if (count <= 0) _exit(1);
+      done += static_cast<std::size_t>(count);
+    }
+    _exit(0);
+  }
+};
+
+// Longer than a pipe holds (64 kB) in every type.
+constexpr std::size_t kFrames = 200000;
+
+}  // namespace
+
+TEST_F(InputFiles, ReadStandardInputAsTheFileThatFeedsIt) {
+  const std::pair<const char*, int> types[] = {{"a.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16},
+                                               {"a.aiff", SF_FORMAT_AIFF | SF_FORMAT_PCM_24},
+                                               {"a.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16},
+                                               {"a.ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS},
+                                               {"a.caf", SF_FORMAT_CAF | SF_FORMAT_FLOAT}};
+  for (const auto& [name, format] : types) {
+    writeSound(in(name), noise(kFrames, 2, 1), format);
+    ASSERT_EQ(widen({name, "-o", "expected.wav", "-f", "--gain", "-12dB"}).status, 0) << name;
+    const Outcome outcome = widenStandardInput(name, {"-o", "out.wav", "-f", "--gain", "-12dB"});
+    EXPECT_EQ(outcome.status, 0) << name << outcome.error;
+    EXPECT_EQ(outcome.error, "") << name;
+    EXPECT_THAT(outcome.out, HasSubstr("/dev/stdin: stereo, 44100 Hz, 200000 frames")) << name;
+    EXPECT_EQ(textOf(in("out.wav")), textOf(in("expected.wav"))) << name;
+  }
+}
+
+TEST_F(InputFiles, ReadNamedPipesAmongFiles) {
+  writeSound(in("a.wav"), noise(kFrames, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  writeSound(in("b.flac"), noise(kFrames, 1, 2), SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
+  makeFifo("first", "a.wav");
+  makeFifo("second", "b.flac");
+  ASSERT_EQ(widen({"a.wav", "b.flac", "-o", "expected"}).status, 0);
+  const Outcome outcome = widen({"first", "a.wav", "second", "-o", "out", "--plot", "pictures"});
+  EXPECT_EQ(outcome.status, 0) << outcome.error;
+  EXPECT_EQ(outcome.error, "");
+  EXPECT_EQ(textOf(in("out/first.wav")), textOf(in("expected/a.wav")));
+  EXPECT_EQ(textOf(in("out/a.wav")), textOf(in("expected/a.wav")));
+  EXPECT_EQ(readIntegers(in("out/second.wav")), readIntegers(in("expected/b.flac")));
+  while (wait(nullptr) > 0) continue;
+}
+
+// The size that a writer into a pipe leaves in the header.
+TEST_F(InputFiles, ReadAStreamOfUnknownLength) {
+  writeSound(in("a.wav"), noise(kFrames, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  ASSERT_EQ(widen({"a.wav", "-o", "expected.wav"}).status, 0);
+  std::string bytes = textOf(in("a.wav"));
+  bytes.replace(4, 4, "\xFF\xFF\xFF\xFF");
+  bytes.replace(40, 4, "\xFF\xFF\xFF\xFF");
+  writeText(in("open.wav"), bytes);
+  EXPECT_EQ(widenStandardInput("open.wav", {"-o", "out.wav"}).error, "");
+  EXPECT_EQ(textOf(in("out.wav")), textOf(in("expected.wav")));
+}
+
+TEST_F(InputFiles, RefusePipesThatBringNoWholeSound) {
+  writeSound(in("a.wav"), noise(1000, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  writeText(in("empty"), "");
+  writeText(in("text"), "Dear diary,\n");
+  const auto before = names();
+  expectRefusal(widenStandardInput("empty", {"-o", "out.wav"}), 1, "/dev/stdin: is empty");
+  expectRefusal(widenStandardInput("text", {"-o", "out.wav"}), 1, "/dev/stdin: not a sound file");
+  expectRefusal(widenStandardInput("a.wav", {"-o", "out.wav"}, in("missing").string()), 1,
+                "/dev/stdin: cannot be kept while it is read (");
+  EXPECT_EQ(names(), before);
+}
+
+TEST_F(InputFiles, KeepNoMemoryAndNoFileOfWhatAPipeBrings) {
+  writeSound(in("short.wav"), noise(1000, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  const Outcome brief = widenStandardInput("short.wav", {"-o", "a.wav"});
+  // Written and fed in pieces: the memory of this process counts, for the program starts as its copy. 20 MB.
+  SF_INFO info{0, 44100, 2, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0, 0};
+  SNDFILE* file = sf_open(in("long.wav").c_str(), SFM_WRITE, &info);
+  ASSERT_NE(file, nullptr);
+  const std::vector<short> piece(100000);
+  for (int i = 0; i < 100; ++i) sf_write_short(file, piece.data(), static_cast<sf_count_t>(piece.size()));
+  sf_close(file);
+  std::filesystem::create_directory(in("kept"));
+  Surroundings fed{{{"TMPDIR", in("kept").string()}}};
+  ASSERT_EQ(mkfifo(in("fifo").c_str(), 0600), 0);
+  const std::string command = "cat '" + in("long.wav").string() + "' > '" + in("fifo").string() + "' &";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  const Outcome lengthy = widen({"fifo", "-o", "b.wav"}, fed);
+  ASSERT_EQ(lengthy.status, 0) << lengthy.error;
+  EXPECT_EQ(std::filesystem::file_size(in("b.wav")), 44U + 20000000U);
+  EXPECT_LT(lengthy.mostMemory - brief.mostMemory, 8 * 1024) << "kB";
+  EXPECT_TRUE(std::filesystem::is_empty(in("kept")));
+}
