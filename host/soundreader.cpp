@@ -1,8 +1,10 @@
 // Reads a mono or stereo sound file.
 #include "host/soundreader.h"
 
+#include <algorithm>
 #include <system_error>
 
+#include "host/completeness.h"
 #include "host/failure.h"
 #include "host/inputfile.h"
 
@@ -23,6 +25,13 @@ void checkIsThere(const std::filesystem::path& file) {
   }
 }
 
+// Whether the named number of frames is to be there: MP3 has an estimate, and of two old types the library itself loses
+// the last frames.
+bool countsFrames(const SF_INFO& info) {
+  const int type = info.format & SF_FORMAT_TYPEMASK;
+  return info.frames != SF_COUNT_MAX && type != SF_FORMAT_MPEG && type != SF_FORMAT_SDS && type != SF_FORMAT_PAF;
+}
+
 std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
   std::vector<std::pair<int, std::string>> texts;
   for (const int type : {SF_STR_TITLE, SF_STR_COPYRIGHT, SF_STR_ARTIST, SF_STR_COMMENT, SF_STR_DATE, SF_STR_ALBUM,
@@ -38,6 +47,8 @@ std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
 // A file that is opened by its name may also be of a type that only the name tells.
 void SoundReader::openFile() {
   InputFile input(path);
+  const std::string damage = damageOf(input.descriptor());
+  if (!damage.empty()) throw Failure(path.string() + ": " + damage);
   file.reset(input.isPipe() ? sf_open_fd(input.release(), SFM_READ, &info, SF_TRUE)
                             : sf_open(path.c_str(), SFM_READ, &info));
   if (!file) {
@@ -61,12 +72,27 @@ SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
   buffer.resize(kBufferFrames * static_cast<std::size_t>(info.channels));
 }
 
+// The library answers what it has before a damage as if the file ended there, with an error that the next call
+// forgets. Behind the last frame an error says nothing: a decoder stumbles over tags that follow the sound.
+void SoundReader::checkDamage(sf_count_t frames) const {
+  const std::int64_t reached = framesRead + std::max<sf_count_t>(frames, 0);
+  const bool failed = sf_error(file.get()) != SF_ERR_NO_ERROR;
+  const bool ended = frames < static_cast<sf_count_t>(kBufferFrames);
+  const bool endsKnown = countsFrames(info);
+  const bool whole = endsKnown ? reached >= info.frames : !failed;
+  if (whole || !(failed || ended)) return;
+  std::string text = path.string() + ": is damaged: only " + std::to_string(reached);
+  if (endsKnown) text += " of " + std::to_string(info.frames);
+  text += " frames can be read";
+  if (failed) text += std::string(" (") + sf_strerror(file.get()) + ")";
+  throw Failure(text);
+}
+
 bool SoundReader::refill() {
   const sf_count_t frames = sf_readf_double(file.get(), buffer.data(), kBufferFrames);
-  if (frames <= 0 && sf_error(file.get()) != SF_ERR_NO_ERROR) {
-    throw Failure(path.string() + ": cannot be read on (" + sf_strerror(file.get()) + ")");
-  }
+  checkDamage(frames);
   position = 0;
+  framesRead += std::max<sf_count_t>(frames, 0);
   filled = frames > 0 ? static_cast<std::size_t>(frames) * static_cast<std::size_t>(info.channels) : 0;
   return filled != 0;
 }

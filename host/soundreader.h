@@ -16,16 +16,18 @@
 // Any thread, one thread a reader. Memory does not grow with the file.
 class SoundReader {
  public:
-  // Throws Failure: no such file, not a sound file, no frames, more than two channels.
+  // Throws Failure: no such file, not a sound file, shorter than it says, no frames, more than two channels.
   explicit SoundReader(const std::filesystem::path& file);
 
   int channels() const { return static_cast<int>(info.channels); }
-  int sampleRate() const { return info.samplerate; }   // Hz
-  std::int64_t frames() const { return info.frames; }  // as the file's header says
+  int sampleRate() const { return info.samplerate; }  // Hz
+  // As the file's header says, an estimate in MP3; 0 where a writer into a pipe could not know.
+  std::int64_t frames() const { return info.frames == SF_COUNT_MAX ? 0 : info.frames; }
   SampleFormat format() const { return sampleFormatOf(info.format); }
 
   // Fills left and right (the same for mono) with up to `count` frames and answers how many; fewer only at the end.
-  // Integer formats are scaled so that full scale is 1, without a rounding error. Throws Failure where reading fails.
+  // Integer formats are scaled so that full scale is 1, without a rounding error. Throws Failure where reading fails
+  // and where the file ends before the last frame that its header names.
   int read(double* left, double* right, int count);
 
   // Title, artist and the like: libsndfile's string types with their texts.
@@ -38,11 +40,13 @@ class SoundReader {
 
   void openFile();
   bool refill();
+  void checkDamage(sf_count_t frames) const;
 
   std::filesystem::path path;
   SF_INFO info{};
   std::unique_ptr<SNDFILE, Close> file;
   std::vector<std::pair<int, std::string>> tags;
+  std::int64_t framesRead = 0;
   std::vector<double> buffer;  // interleaved
   std::size_t position = 0;    // next sample to hand out
   std::size_t filled = 0;      // samples there are

@@ -99,9 +99,12 @@ TEST_F(InputFiles, ReadAStreamOfUnknownLength) {
 
 TEST_F(InputFiles, RefusePipesThatBringNoWholeSound) {
   writeSound(in("a.wav"), noise(1000, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  writeText(in("cut.wav"), textOf(in("a.wav")).substr(0, 2444));
   writeText(in("empty"), "");
   writeText(in("text"), "Dear diary,\n");
   const auto before = names();
+  expectRefusal(widenStandardInput("cut.wav", {"-o", "out.wav"}), 1,
+                "/dev/stdin: is cut short: its header names 4000 bytes of sound, 2400 are there");
   expectRefusal(widenStandardInput("empty", {"-o", "out.wav"}), 1, "/dev/stdin: is empty");
   expectRefusal(widenStandardInput("text", {"-o", "out.wav"}), 1, "/dev/stdin: not a sound file");
   expectRefusal(widenStandardInput("a.wav", {"-o", "out.wav"}, in("missing").string()), 1,

@@ -53,6 +53,45 @@ TEST_F(Program, RefusesInputsThatHoldNoNumbers) {
   refuses({"nan.wav", "-o", "out.wav"}, 1, "nan.wav: holds a value that is not a number at 0:00.100");
 }
 
+TEST_F(Program, RefusesInputsThatWereCut) {
+  const std::pair<const char*, int> types[] = {{"cut.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16},
+                                               {"cut.aiff", SF_FORMAT_AIFF | SF_FORMAT_PCM_24},
+                                               {"cut.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16},
+                                               {"cut.ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS}};
+  for (const auto& [name, format] : types) {
+    writeSound(in(name), noise(100000, 2, 1), format);
+    std::filesystem::resize_file(in(name), std::filesystem::file_size(in(name)) * 2 / 3);
+    refuses({name, "-o", "out.wav", "--plot", "p.png"}, 1, name);
+    refuses({name, "-o", "out.flac", "--tail", "auto"}, 1, name);
+  }
+}
+
+// Wherever the bit is: the result is whole and the same, or there is none.
+TEST_F(Program, NeverTakesADamagedFlacForAShorterOne) {
+  constexpr std::size_t kFiles = 80;
+  const Sound sound = noise(60000, 2, 3);
+  writeSound(in("whole.flac"), sound, SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
+  const std::string whole = textOf(in("whole.flac"));
+  const auto before = names();
+  std::size_t refused = 0;
+  for (std::size_t file = 0; file < kFiles; ++file) {
+    std::string damaged = whole;
+    damaged[file * whole.size() / kFiles] ^= static_cast<char>(1 << file % 8);
+    writeText(in("whole.flac"), damaged);
+    const Outcome outcome = widen({"whole.flac", "-o", "out.wav", "--process", "off"});
+    if (outcome.status == 0) {
+      EXPECT_EQ(outcome.error, "") << file;
+      EXPECT_EQ(readSound(in("out.wav")).samples, sound.samples) << file;
+      std::filesystem::remove(in("out.wav"));
+      continue;
+    }
+    expectRefusal(outcome, 1, "whole.flac: ");
+    EXPECT_EQ(names(), before) << file;
+    ++refused;
+  }
+  EXPECT_GT(refused, 70U) << "all but what is in no frame";
+}
+
 TEST_F(Program, RefusesTargetsThatCannotBeWritten) {
   refuses({"in.wav", "-o", "no/such/folder/out.wav"}, 1, "no/such/folder/out.wav: cannot be written");
   refuses({"in.wav", "-o", "in.wav/out.wav"}, 1, "in.wav/out.wav: cannot be written");
