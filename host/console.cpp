@@ -4,8 +4,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
+#include "host/failure.h"
 #include "host/text.h"
 
 namespace {
@@ -14,10 +17,14 @@ constexpr std::chrono::milliseconds kBeforeFirst{500};  // short runs show none
 constexpr std::chrono::milliseconds kBetween{100};
 constexpr int kBarWidth = 30;  // characters
 
-void put(std::FILE* stream, const std::string& text) {
+// Answers 0, or the system's error.
+int put(std::FILE* stream, const std::string& text) {
+  errno = 0;
   std::fwrite(text.data(), 1, text.size(), stream);
   if (text.empty() || text.back() != '\n') std::fputc('\n', stream);
   std::fflush(stream);
+  if (std::ferror(stream) == 0) return 0;
+  return errno != 0 ? errno : EIO;
 }
 
 }  // namespace
@@ -36,7 +43,14 @@ void Console::say(const std::string& text) {
 void Console::print(const std::string& text) {
   const std::lock_guard guard(lock);
   clearProgress();
-  put(stdout, text);
+  const int error = put(stdout, text);
+  if (printError == 0) printError = error;
+}
+
+void Console::checkPrinted() {
+  const std::lock_guard guard(lock);
+  if (printError == 0) return;
+  throw Failure(std::string("the standard output cannot be written (") + std::strerror(printError) + ")");
 }
 
 void Console::warn(const std::string& text) {

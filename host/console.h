@@ -17,6 +17,8 @@ class Console {
   void say(const std::string& text);    // results; not if quiet. Ends with a newline or gets one
   void print(const std::string& text);  // what was asked for, quiet or not
   void warn(const std::string& text);   // errors and warnings, "widen: <text>"
+  // Throws Failure where something of the results did not reach the standard output.
+  void checkPrinted();
 
   // Progress over everything, shown from the first half second on, on a terminal, if not quiet.
   void expect(std::int64_t frames, int files);
@@ -32,6 +34,7 @@ class Console {
   const bool quiet;
   const bool showsProgress;
   std::mutex lock;
+  int printError = 0;  // the system's, of the first text that was lost
   bool progressShown = false;
   Clock::time_point start;
   Clock::time_point lastShown;

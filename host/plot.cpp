@@ -112,6 +112,6 @@ std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const Co
   curves.push_back({"side after", after.sidePower(), kSide, 2.0, true});
   curves.push_back({"mid after", after.midPower(), kMid, 1.5, false});
   drawSpectra(canvas, kSpectra, curves, analysis.sampleRate());
-  canvas.writePng(file->descriptor());
+  canvas.writePng(file->descriptor(), *job.plot);
   return file;
 }

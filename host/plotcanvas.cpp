@@ -39,6 +39,7 @@ std::string validText(const std::string& bytes) {
 cairo_status_t writeBytes(void* closure, const unsigned char* bytes, unsigned int length) {
   const int descriptor = *static_cast<const int*>(closure);
   while (length > 0) {
+    errno = ENOSPC;  // in case nothing is written without an error
     const ssize_t written = write(descriptor, bytes, length);
     if (written < 0 && errno == EINTR) continue;
     if (written <= 0) return CAIRO_STATUS_WRITE_ERROR;
@@ -170,11 +171,14 @@ void PlotCanvas::image(const PlotArea& area, const std::vector<std::uint32_t>& p
   use({0, 0, 0});  // lets go of the source
 }
 
-void PlotCanvas::writePng(int descriptor) const {
+void PlotCanvas::writePng(int descriptor, const std::filesystem::path& file) const {
   const auto status = cairo_status(context.get()) != CAIRO_STATUS_SUCCESS
                           ? cairo_status(context.get())
                           : cairo_surface_write_to_png_stream(surface.get(), writeBytes, &descriptor);
-  if (status != CAIRO_STATUS_SUCCESS) throw Failure(std::string("the picture: ") + cairo_status_to_string(status));
+  if (status == CAIRO_STATUS_SUCCESS) return;
+  const bool systems = status == CAIRO_STATUS_WRITE_ERROR;
+  const char* reason = systems ? std::strerror(errno) : cairo_status_to_string(status);
+  throw Failure(file.string() + ": cannot be written (" + reason + ")");
 }
 
 PlotCanvas::Clip::Clip(PlotCanvas& canvas, const PlotArea& area) : context(canvas.context.get()) {

@@ -3,6 +3,7 @@
 
 #include <cairo.h>
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -56,7 +57,8 @@ class PlotCanvas {
 
   class Clip;  // limits drawing to an area while it lives
 
-  void writePng(int descriptor) const;  // throws Failure
+  // file: its name, for messages. Throws Failure.
+  void writePng(int descriptor, const std::filesystem::path& file) const;
 
  private:
   void select(const PlotText& look);

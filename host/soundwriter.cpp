@@ -1,8 +1,13 @@
 // Writes a stereo sound file.
 #include "host/soundwriter.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 
 #include "host/failure.h"
 
@@ -13,7 +18,10 @@ constexpr std::size_t kBufferSamples = 32768;  // interleaved, before they go to
 }  // namespace
 
 SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterOptions& options)
-    : path(target), bits(integerBits(options.format)), temporary(target, options.replace) {
+    : path(target),
+      bits(integerBits(options.format)),
+      temporary(target, options.replace),
+      sink{temporary.descriptor()} {
   const auto libFormat = libFormatFor(options.type, options.format, options.frames);
   if (!libFormat) fail("too long for " + textOf(options.type));
   SF_INFO info{};
@@ -24,7 +32,8 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
     fail(textOf(options.type) + " cannot hold " + textOf(options.format) + " samples at " +
          std::to_string(options.sampleRate) + " Hz");
   }
-  file.reset(sf_open_fd(temporary.descriptor(), SFM_WRITE, &info, SF_FALSE));
+  SF_VIRTUAL_IO io = writingTo();
+  file.reset(sf_open_virtual(&io, SFM_WRITE, &info, &sink));
   if (!file) fail(sf_strerror(nullptr));
   // Its time stamp would make every run's file another.
   sf_command(file.get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
@@ -36,8 +45,38 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
   samples.reserve(kBufferSamples);
 }
 
+SF_VIRTUAL_IO SoundWriter::writingTo() {
+  SF_VIRTUAL_IO io{};
+  io.get_filelen = [](void* to) -> sf_count_t {
+    struct stat status {};
+    return fstat(static_cast<Sink*>(to)->descriptor, &status) == 0 ? status.st_size : -1;
+  };
+  io.seek = [](sf_count_t offset, int whence, void* to) -> sf_count_t {
+    return lseek(static_cast<Sink*>(to)->descriptor, offset, whence);
+  };
+  io.read = [](void* bytes, sf_count_t count, void* to) -> sf_count_t {
+    return read(static_cast<Sink*>(to)->descriptor, bytes, static_cast<std::size_t>(count));
+  };
+  io.write = [](const void* bytes, sf_count_t count, void* to) -> sf_count_t {
+    Sink& output = *static_cast<Sink*>(to);
+    const auto* from = static_cast<const char*>(bytes);
+    sf_count_t done = 0;
+    while (done < count && output.error == 0) {
+      const ssize_t now = ::write(output.descriptor, from + done, static_cast<std::size_t>(count - done));
+      if (now > 0) {
+        done += now;
+      } else if (now == 0 || errno != EINTR) {
+        output.error = now == 0 ? ENOSPC : errno;
+      }
+    }
+    return done;
+  };
+  io.tell = [](void* to) -> sf_count_t { return lseek(static_cast<Sink*>(to)->descriptor, 0, SEEK_CUR); };
+  return io;
+}
+
 void SoundWriter::fail(const std::string& reason) const {
-  throw Failure(path.string() + ": cannot be written (" + reason + ")");
+  throw Failure(path.string() + ": cannot be written (" + (sink.error != 0 ? std::strerror(sink.error) : reason) + ")");
 }
 
 void SoundWriter::write(const double* left, const double* right, int frames) {
@@ -77,6 +116,6 @@ void SoundWriter::flush() {
 void SoundWriter::finish() {
   if (!samples.empty()) flush();
   const int error = sf_close(file.release());
-  if (error != SF_ERR_NO_ERROR) fail(sf_error_number(error));
+  if (error != SF_ERR_NO_ERROR || sink.error != 0) fail(sf_error_number(error));
   temporary.keep();
 }

@@ -42,6 +42,14 @@ class SoundWriter {
     void operator()(SNDFILE* open) const { sf_close(open); }
   };
 
+  // Where the library's bytes go. It keeps the errors of its last steps to itself (what an encoder holds back and the
+  // header's lengths are written when it closes), so each one is remembered here.
+  struct Sink {
+    int descriptor;
+    int error = 0;  // the system's, of the first write that failed
+  };
+  static SF_VIRTUAL_IO writingTo();
+
   void flush();
   std::int32_t toInteger(double sample);
   [[noreturn]] void fail(const std::string& reason) const;
@@ -49,6 +57,7 @@ class SoundWriter {
   std::filesystem::path path;
   int bits;  // 0: floating point
   TemporaryFile temporary;
+  Sink sink;
   std::unique_ptr<SNDFILE, Close> file;
   std::vector<double> samples;         // interleaved
   std::vector<std::int32_t> integers;  // the same, left-aligned in the word

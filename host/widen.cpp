@@ -57,10 +57,13 @@ ExitStatus parseAndAct(const std::vector<std::string>& words) {
     const ParsedArguments parsed = parseArguments(words);
     if (!parsed.arguments) {
       plain.print(parsed.text);
+      plain.checkPrinted();
       return ExitStatus::done;
     }
     Console console(parsed.arguments->quiet);
-    return act(*parsed.arguments, console);
+    const ExitStatus status = act(*parsed.arguments, console);
+    console.checkPrinted();
+    return status;
   } catch (const UsageFailure& failure) {
     plain.warn(std::string(failure.what()) + " (widen --help)");
     return failure.status();

@@ -60,6 +60,19 @@ TEST_F(Interruptions, LeaveNoneOfSeveralFiles) {
   EXPECT_TRUE(std::filesystem::is_empty(in("out")));
 }
 
+// Else the next file that is opened would take the stream's place, and get the reports of other files.
+TEST_F(Interruptions, FindNoSoundFileInPlaceOfAClosedStream) {
+  if (!std::filesystem::exists("/proc/self/fd")) GTEST_SKIP() << "looks at the open files of a process there";
+  const std::filesystem::path started = root / "started";
+  Surroundings closed{{{"WIDEN_TEST_FILE", started.string()}}};
+  closed.standardOutput = "closed";
+  const int process = startProgram(folder, {"a.wav", "-o", "out.wav", "--plugin", plugin("waits")}, closed);
+  for (int i = 0; i < 1000 && !std::filesystem::exists(started); ++i) usleep(10000);
+  EXPECT_EQ(std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/fd/1"), "/dev/null");
+  kill(process, SIGTERM);
+  waitForProgram(process, folder);
+}
+
 TEST_F(Interruptions, KeepAnExistingFileAsItWas) {
   writeText(in("out.wav"), "old");
   interrupted(SIGINT, {"a.wav", "-o", "out.wav", "--force", "--plugin", plugin("waits")});

@@ -80,7 +80,7 @@ TEST_F(Plots, ShowTextsThatAreNotText) {
     const PlotText look{12, {1, 1, 1}};
     canvas.text(canvas.fitted(name, look, 30), {0, 20}, look);
     const TemporaryFile file(in("p.png"), true);
-    EXPECT_NO_THROW(canvas.writePng(file.descriptor())) << name;
+    EXPECT_NO_THROW(canvas.writePng(file.descriptor(), name)) << name;
   }
 }
 

@@ -116,6 +116,51 @@ TEST_F(Program, SaysWhenTheDiskIsFull) {
   }
 }
 
+// Short files are written in the end only, or by what an encoder still holds then.
+TEST_F(Program, SaysWhenTheDiskIsFullAtTheVeryEnd) {
+  for (const std::string output : {"out.wav", "out.flac", "out.aiff"}) {
+    ASSERT_EQ(widen({"in.wav", "-o", output, "--preset", "3"}).status, 0);
+    const auto size = static_cast<long>(std::filesystem::file_size(in(output)));
+    const std::string whole = textOf(in(output));
+    std::filesystem::remove(in(output));
+    // Not so few bytes that the error stream's file could not take the line.
+    for (const long limit : {200L, 1000L, size / 2, size - 1}) {
+      refuses({"in.wav", "-o", output, "--preset", "3"}, 1, output + ": cannot be written (File too large)",
+              {{}, limit});
+    }
+    EXPECT_EQ(widen({"in.wav", "-o", output, "--preset", "3"}, {{}, size}).status, 0) << "it just fits";
+    EXPECT_EQ(textOf(in(output)), whole);
+    std::filesystem::remove(in(output));
+  }
+}
+
+TEST_F(Program, SaysWhenTheDiskIsFullForThePictureAndTheState) {
+  writeSound(in("short.wav"), noise(100, 1, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);  // 444 bytes when widened
+  refuses({"short.wav", "-o", "out.wav", "--plot", "p.png"}, 1, "p.png: cannot be written (File too large)",
+          {{}, 5000});
+  refuses({"--save-state", "s"}, 1, "s: cannot be written (File too large)", {{}, 1000});
+  refuses({"short.wav", "-o", "out.wav", "--save-state", "s"}, 1, "s: cannot be written (File too large)", {{}, 1000});
+}
+
+TEST_F(Program, SaysWhenItsOutputGoesNowhere) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "needs the device that is always full";
+  Surroundings full;
+  full.standardOutput = "/dev/full";
+  const std::string text = "the standard output cannot be written (No space left on device)";
+  for (const char* question : {"--list-presets", "--list-params", "--info", "--help", "--version"}) {
+    refuses({question}, 1, text, full);
+  }
+  expectRefusal(widen({"in.wav", "-o", "out.wav"}, full), 1, text);
+  EXPECT_EQ(readSound(in("out.wav")).frames(), 5000U) << "the sound is there, only nobody was told";
+  expectRefusal(widen({"in.wav", "in.wav", "missing.wav", "-o", "x"}, full), 2, "for both");
+  EXPECT_EQ(widen({"in.wav", "-o", "quiet.wav", "-q"}, full).error, "") << "where nothing is said, nothing is lost";
+  Surroundings closed;
+  closed.standardOutput = "closed";
+  refuses({"--list-presets"}, 1, "the standard output cannot be written", closed);
+  expectRefusal(widen({"in.wav", "-o", "closed.wav"}, closed), 1, "the standard output cannot be written");
+  EXPECT_EQ(textOf(in("closed.wav")), textOf(in("quiet.wav"))) << "the report did not get into the file";
+}
+
 TEST_F(Program, RefusesToDestroyItsInput) {
   refuses({"in.wav", "-o", "in.wav", "--force"}, 2, "in.wav: is an input");
   refuses({"in.wav", "-o", "./in.wav", "--force"}, 2, "./in.wav: is an input");
