@@ -63,3 +63,4 @@ else
   tools/packages.sh "${build_packages[@]}"
 fi
 fetch_toolkit
+cmake -DTOOLKIT="$toolkit_folder" -P cmake/MendToolkit.cmake  # each time: it may have been unpacked before
