@@ -15,7 +15,7 @@ include(FindPackageHandleStandardArgs)
 find_package_handle_standard_args(GNUstep
   REQUIRED_VARS GNUstep_INCLUDE_DIR GNUstep_GUI_LIBRARY GNUstep_BASE_LIBRARY GNUstep_OBJC_INCLUDE_DIR
     GNUstep_OBJC_LIBRARY
-  REASON_FAILURE_MESSAGE "Debian: apt-get install libgnustep-gui-dev libobjc-12-dev gnustep-back0.29-cairo.")
+  REASON_FAILURE_MESSAGE "Debian: tools/dependencies.sh test installs it.")
 
 if(GNUstep_FOUND AND NOT TARGET GNUstep::Gui)
   add_library(GNUstep::Gui INTERFACE IMPORTED)

@@ -4,7 +4,11 @@
 # The system's headers are declarations of this project's own (tests/mac/compat), libc++'s and musl's.
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_VERSION 18)
-set(MACHO_LLVM 14 CACHE STRING "Version in the tools' names")
+if(NOT MACHO_LLVM)
+  execute_process(COMMAND clang -dumpversion OUTPUT_VARIABLE macho_version COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX MATCH "^[0-9]+" macho_version ${macho_version})
+  set(MACHO_LLVM ${macho_version} CACHE STRING "Version in the tools' names")
+endif()
 set(MACHO_LIBCXX /usr/lib/llvm-${MACHO_LLVM}/include/c++/v1 CACHE PATH "Headers of libc++")
 set(MACHO_LIBC /usr/include/x86_64-linux-musl CACHE PATH "Headers of musl")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES MACHO_LLVM MACHO_LIBCXX MACHO_LIBC)

@@ -15,11 +15,11 @@ build_packages=(
   sonic-pi-samples                                                        # the demonstration's recording
 )
 test_packages=(
-  clang-14 clang clang-format clang-tidy libclang-rt-14-dev llvm-14       # fuzzers, sanitizers, format, lint
+  clang-LLVM clang clang-format clang-tidy libclang-rt-LLVM-dev llvm-LLVM # fuzzers, sanitizers, format, lint
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-res0-dev               # the window, with real events
-  lld-14 libc++-14-dev musl-dev                                           # the macOS sources: Mach-O bundle
-  gobjc++ libgnustep-gui-dev gnustep-back0.29-cairo fonts-dejavu-core     # the macOS sources: run on GNUstep
+  lld-LLVM libc++-LLVM-dev musl-dev                                       # the macOS sources: Mach-O bundle
+  gobjc++ libgnustep-gui-dev gnustep-backGNUSTEP-cairo fonts-dejavu-core  # the macOS sources: run on GNUstep
   git binutils procps
 )
 
@@ -30,6 +30,15 @@ toolkit_folder=".deps/vstgui-${toolkit_version}"
 
 as_root() {
   if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# LLVM and GNUSTEP stand for versions that each Debian has one of: its packages without a version in their names need them.
+read_versions() {
+  local needs
+  needs=$(apt-cache depends --important clang libgnustep-gui-dev 2>/dev/null) || return 1
+  llvm=$(sed -n 's/.*Depends: clang-//p' <<<"$needs")
+  gnustep=$(sed -n 's/.*Depends: libgnustep-gui//p' <<<"$needs")
+  [ -n "$llvm" ] && [ -n "$gnustep" ]
 }
 
 # The source comes from the mirror that this machine's apt is set to; apt's helper checks the SHA-256.
@@ -58,7 +67,10 @@ fetch_toolkit() {
 
 command -v apt-get >/dev/null || { echo "no apt here: see README, Dependencies" >&2; exit 1; }
 if [ "${1:-build}" = test ]; then
-  tools/packages.sh "${build_packages[@]}" "${test_packages[@]}"
+  read_versions || { as_root apt-get update -qq && read_versions; } ||
+    { echo "apt knows no clang or no libgnustep-gui-dev: see README, Dependencies" >&2; exit 1; }
+  test_packages=("${test_packages[@]//LLVM/$llvm}")
+  tools/packages.sh "${build_packages[@]}" "${test_packages[@]//GNUSTEP/$gnustep}"
 else
   tools/packages.sh "${build_packages[@]}"
 fi

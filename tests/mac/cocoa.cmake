@@ -1,5 +1,5 @@
 # Label mac-cocoa: the .mm files of the plug-in on GNUstep, in a real application with real keys and clicks under Xvfb.
-find_program(MAC_CLANGXX NAMES clang++-14 clang++ REQUIRED)  # gcc does not compile these files rightly
+find_program(MAC_CLANGXX clang++ REQUIRED)  # gcc does not compile these files rightly
 if(NOT CMAKE_OBJCXX_COMPILER)
   set(CMAKE_OBJCXX_COMPILER ${MAC_CLANGXX})
 endif()

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""check.py BUILD: looks at what the Mach-O build made: the bundle, its exports, and what it and the libraries import."""
+"""check.py BUILD LLVM: looks at what the Mach-O build made: the bundle, its exports, and what it and the libraries import."""
 import os
 import plistlib
 import subprocess
@@ -7,7 +7,6 @@ import sys
 
 import imports
 
-LLVM = "-14"
 PROCESSORS = ("x86_64", "arm64")
 OLDEST = {"x86_64": "10.14", "arm64": "11.0"}  # the first system that runs on arm64
 BUNDLE = "Trelvan.vst/Contents"
@@ -24,7 +23,7 @@ def expect(condition, what):
 
 
 def tool(name, *arguments):
-    return subprocess.run([name + LLVM, *arguments], check=True, capture_output=True, text=True).stdout
+    return subprocess.run([f"{name}-{sys.argv[2]}", *arguments], check=True, capture_output=True, text=True).stdout
 
 
 def symbols(file, processor, *options):

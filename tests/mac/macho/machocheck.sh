@@ -18,4 +18,4 @@ quietly cmake -S "$source" -B "$build" -G Ninja --toolchain "$source/cmake/toolc
   -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="-O1 -DNDEBUG" -DCMAKE_OBJCXX_FLAGS_RELEASE="-O1 -DNDEBUG" \
   -DTRELVAN_WIDEN=OFF -DTRELVAN_TESTS=OFF -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_MANUAL=OFF "$@"
 quietly cmake --build "$build" --target Trelvan macho_widen --parallel 2
-exec python3 "$source/tests/mac/macho/check.py" "$build"
+exec python3 "$source/tests/mac/macho/check.py" "$build" "$(sed -n 's/^MACHO_LLVM:.*=//p' "$build/CMakeCache.txt")"
