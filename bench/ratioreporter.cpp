@@ -18,6 +18,16 @@ std::vector<std::string> partsOf(const std::string& name) {
   return parts;
 }
 
+// Google Benchmark has renamed what says so.
+template <typename Run>
+bool gaveUp(const Run& run) {
+  if constexpr (requires { run.error_occurred; }) {
+    return run.error_occurred;
+  } else {
+    return run.skipped != 0;
+  }
+}
+
 }  // namespace
 
 bool RatioReporter::ReportContext(const Context& context) {
@@ -27,7 +37,7 @@ bool RatioReporter::ReportContext(const Context& context) {
 
 void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
-    if (run.error_occurred || run.run_type == Run::RT_Aggregate || run.iterations == 0) continue;
+    if (gaveUp(run) || run.run_type == Run::RT_Aggregate || run.iterations == 0) continue;
     const std::string& name = run.run_name.function_name;
     if (!times.contains(name)) order.push_back(name);
     times[name].push_back(run.cpu_accumulated_time * 1e9 / static_cast<double>(run.iterations));

@@ -1,6 +1,8 @@
 // The layout of this source tree.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/layout/layoutchecker.h"
 
 namespace {

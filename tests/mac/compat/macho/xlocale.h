@@ -9,7 +9,11 @@
 #include <time.h>
 #include <wchar.h>
 
+#if __has_include(<__support/musl/xlocale.h>)
 #include <__support/musl/xlocale.h>
+#else
+#include <__locale_dir/locale_base_api/musl.h>  // from libc++ 19 on
+#endif
 
 typedef uint32_t __uint32_t;
 #define _CTYPE_A 0x00000100L
