@@ -35,6 +35,7 @@ class XplatAlertMac : public CocoaTest {
       if (panel == nil) return false;
       const auto window = static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>([panel windowRef]));
       if (display.focused() != window) display.focus(window);
+      if (![panel isKeyWindow]) [panel makeKeyWindow];  // GNUstep 0.32 does not take that from the focus
       if ([panel isKeyWindow] && ++ticks % kHalfSecond == 5) user(panel);
       return false;
     });
