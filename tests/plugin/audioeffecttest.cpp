@@ -4,10 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <new>
-#include <stdexcept>
 #include <vector>
 
+#include "tests/plugin/mockeffect.h"
 #include "tests/plugin/recordinghost.h"
 
 namespace {
@@ -17,46 +16,6 @@ using testing::DoAll;
 using testing::ElementsAre;
 using testing::Return;
 using testing::StrictMock;
-
-class MockEffect : public AudioEffect {
- public:
-  explicit MockEffect(audioMasterCallback host = RecordingHost::callback) : AudioEffect(host, 3, 7) {}
-  ~MockEffect() override { died(); }
-
-  MOCK_METHOD(void, died, ());
-  MOCK_METHOD(void, open, (), (override));
-  MOCK_METHOD(void, close, (), (override));
-  MOCK_METHOD(void, suspend, (), (override));
-  MOCK_METHOD(void, resume, (), (override));
-  MOCK_METHOD(void, processReplacing, (float**, float**, VstInt32), (override));
-  MOCK_METHOD(void, processDoubleReplacing, (double**, double**, VstInt32), (override));
-  MOCK_METHOD(void, setParameter, (VstInt32, float), (override));
-  MOCK_METHOD(float, getParameter, (VstInt32), (override));
-  MOCK_METHOD(VstInt32, getProgram, (), (override));
-  MOCK_METHOD(void, setProgram, (VstInt32), (override));
-  MOCK_METHOD(void, setProgramName, (char*), (override));
-  MOCK_METHOD(void, getProgramName, (char*), (override));
-  MOCK_METHOD(void, getParameterLabel, (VstInt32, char*), (override));
-  MOCK_METHOD(void, getParameterDisplay, (VstInt32, char*), (override));
-  MOCK_METHOD(void, getParameterName, (VstInt32, char*), (override));
-  MOCK_METHOD(VstInt32, getChunk, (void**, bool), (override));
-  MOCK_METHOD(VstInt32, setChunk, (void*, VstInt32, bool), (override));
-
-  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F) {
-    return getAeffect()->dispatcher(getAeffect(), opcode, index, value, ptr, opt);
-  }
-};
-
-class MockEditor : public AEffEditor {
- public:
-  using AEffEditor::AEffEditor;
-  ~MockEditor() override { died(); }
-  MOCK_METHOD(void, died, ());
-  MOCK_METHOD(bool, getRect, (ERect**), (override));
-  MOCK_METHOD(bool, open, (void*), (override));
-  MOCK_METHOD(void, close, (), (override));
-  MOCK_METHOD(void, idle, (), (override));
-};
 
 // An effect that keeps every operation of the base.
 class PlainEffect : public AudioEffect {
@@ -132,59 +91,6 @@ TEST(AudioEffect, ClosesThenDeletesTheObjectAndAnswers1) {
   auto* effect = new StrictMock<MockEffect>;
   testing::InSequence order;
   EXPECT_CALL(*effect, close());
-  EXPECT_CALL(*effect, died());
-  EXPECT_EQ(effect->send(effClose), 1);
-}
-
-// Hosts are not compiled to be unwound, so nothing that an operation throws may reach them.
-TEST_F(AudioEffectTest, AnswersThatItCannotWhereAnOperationThrows) {
-  const auto noMemory = testing::Throw(std::bad_alloc());
-  void* data = nullptr;
-  ERect* rect = nullptr;
-  auto* editor = new StrictMock<MockEditor>(&effect);
-  effect.setEditor(editor);
-  EXPECT_CALL(effect, open()).WillOnce(noMemory);
-  EXPECT_CALL(effect, getProgram()).WillOnce(noMemory);
-  EXPECT_CALL(effect, setProgramName(text)).WillOnce(noMemory);
-  EXPECT_CALL(effect, getParameterDisplay(1, text)).WillOnce(noMemory);
-  EXPECT_CALL(effect, resume()).WillOnce(testing::Throw(std::runtime_error("of another kind")));
-  EXPECT_CALL(effect, getChunk(&data, false)).WillOnce(noMemory);
-  EXPECT_CALL(effect, setChunk(text, 21, false)).WillOnce(noMemory);
-  EXPECT_CALL(*editor, getRect(&rect)).WillOnce(noMemory);
-  EXPECT_CALL(*editor, open(text)).WillOnce(testing::Throw(7));
-  EXPECT_CALL(*editor, close()).WillOnce(noMemory);
-  EXPECT_CALL(*editor, idle()).WillOnce(noMemory);
-  EXPECT_CALL(*editor, died());
-  EXPECT_EQ(effect.send(effOpen), 0);
-  EXPECT_EQ(effect.send(effGetProgram), 0);
-  EXPECT_EQ(effect.send(effSetProgramName, 0, 0, text), 0);
-  EXPECT_EQ(effect.send(effGetParamDisplay, 1, 0, text), 0);
-  EXPECT_EQ(effect.send(effMainsChanged, 0, 1), 0);
-  EXPECT_EQ(effect.send(effGetChunk, 0, 0, &data), 0);
-  EXPECT_EQ(effect.send(effSetChunk, 0, 21, text), -1);
-  EXPECT_EQ(effect.send(effEditGetRect, 0, 0, &rect), 0);
-  EXPECT_EQ(effect.send(effEditOpen, 0, 0, text), 0);
-  EXPECT_EQ(effect.send(effEditClose), 0);
-  EXPECT_EQ(effect.send(effEditIdle), 0);
-}
-
-TEST_F(AudioEffectTest, ThrowsNothingOutOfTheRecordsOtherEntries) {
-  const auto noMemory = testing::Throw(std::bad_alloc());
-  EXPECT_CALL(effect, setParameter(2, 0.5F)).WillOnce(noMemory);
-  EXPECT_CALL(effect, getParameter(3)).WillOnce(noMemory);
-  EXPECT_CALL(effect, processReplacing(nullptr, nullptr, 64)).WillOnce(noMemory);
-  EXPECT_CALL(effect, processDoubleReplacing(nullptr, nullptr, 64)).WillOnce(noMemory);
-  AEffect* record = effect.getAeffect();
-  record->setParameter(record, 2, 0.5F);
-  EXPECT_EQ(record->getParameter(record, 3), 0.0F);
-  record->processReplacing(record, nullptr, nullptr, 64);
-  record->processDoubleReplacing(record, nullptr, nullptr, 64);
-}
-
-TEST(AudioEffect, IsDeletedAndAnswers1WhereItsCloseThrows) {
-  RecordingHost host;
-  auto* effect = new StrictMock<MockEffect>;
-  EXPECT_CALL(*effect, close()).WillOnce(testing::Throw(std::bad_alloc()));
   EXPECT_CALL(*effect, died());
   EXPECT_EQ(effect->send(effClose), 1);
 }
