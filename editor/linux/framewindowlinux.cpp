@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -109,6 +110,7 @@ class FrameWindowLinux final : public FrameWindow {
     auto* handle = reinterpret_cast<void*>(static_cast<std::uintptr_t>(made->id()));
     if (!opened->open(handle, VSTGUI::PlatformType::kX11EmbedWindowID, &config)) return false;
     keepDrawingDevice();
+    ending = [closing = opened, window = made] { closing->close(); };
     frame = opened;
     own = made;
     if (auto* platform = dynamic_cast<VSTGUI::X11::IX11Frame*>(frame->getPlatformFrame())) {
@@ -117,11 +119,11 @@ class FrameWindowLinux final : public FrameWindow {
     return true;
   }
 
-  // Our window ends after the frame in it.
   void close() override {
     if (frame == nullptr) return;
-    sharedRunLoop()->runOutsidePump([closing = frame, window = std::move(own)] { closing->close(); });
     frame = nullptr;
+    own.reset();
+    sharedRunLoop()->runOutsidePump(std::move(ending));
   }
 
   void pump() override { sharedRunLoop()->pump(); }
@@ -133,6 +135,7 @@ class FrameWindowLinux final : public FrameWindow {
  private:
   VSTGUI::CFrame* frame = nullptr;
   std::shared_ptr<OwnWindow> own;
+  std::function<void()> ending;  // of the frame and then our window; made while there is memory, as an end may not fail
   FocusWatch focus;
 };
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <new>
 #include <utility>
 
 #include "editor/linux/forgottenreplies.h"
@@ -20,9 +21,10 @@ std::uint64_t now() {
 }  // namespace
 
 IdleRunLoop::IdleRunLoop() {
-  constexpr std::size_t kRoom = 16;  // one handler, and a few timers a window
+  constexpr std::size_t kRoom = 16;  // one handler, a few timers a window, one end a window
   handlers.reserve(kRoom);
   timers.reserve(kRoom);
+  afterwards.reserve(kRoom);
 }
 
 bool IdleRunLoop::isDataThere() const {
@@ -48,7 +50,7 @@ void IdleRunLoop::handleEvents(std::uint64_t time) {
 }
 
 void IdleRunLoop::pump() {
-  ++depth;
+  const Pumping pumping(*this);
   const std::uint64_t time = now();
   handleEvents(time);
   const std::size_t known = timers.size();  // one started by another waits for the next pump
@@ -58,20 +60,26 @@ void IdleRunLoop::pump() {
     lively = true;
     timers[i].handler->onTimer();
   }
-  leave();
 }
 
 void IdleRunLoop::during(const std::function<void()>& work) {
-  ++depth;
+  const Pumping pumping(*this);
   lively = true;
   work();
-  leave();
 }
 
-void IdleRunLoop::leave() {
+// Each action has left the list before it runs: it may pump again. One that fails does not keep the others from it.
+void IdleRunLoop::leave() noexcept {
   if (--depth > 0) return;
   compact();
-  for (const auto& action : std::exchange(afterwards, {})) action();
+  while (!afterwards.empty()) {
+    const std::function<void()> action = std::move(afterwards.front());
+    afterwards.erase(afterwards.begin());
+    try {
+      action();
+    } catch (const std::bad_alloc&) {
+    }
+  }
 }
 
 void IdleRunLoop::runOutsidePump(std::function<void()> action) {

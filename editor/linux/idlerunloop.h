@@ -13,7 +13,8 @@
 // come and go while it pumps. User-interface thread.
 class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
  public:
-  // With room for what the toolkit registers, which cannot take back half of it where memory runs out.
+  // With room for what the toolkit registers, which cannot take back half of it where memory runs out, and for what
+  // waits for a pump's end.
   IdleRunLoop();
 
   // Lets every handler look for events where there may be some, then fires each due timer once.
@@ -45,10 +46,22 @@ class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
     std::uint64_t due;                    // ms
   };
 
+  // A pump on its way; what waits for its end is done whatever ended it.
+  class Pumping {
+   public:
+    explicit Pumping(IdleRunLoop& pumped) : loop(pumped) { ++loop.depth; }
+    ~Pumping() { loop.leave(); }
+    Pumping(const Pumping&) = delete;
+    Pumping& operator=(const Pumping&) = delete;
+
+   private:
+    IdleRunLoop& loop;
+  };
+
   ~IdleRunLoop() = default;
   void handleEvents(std::uint64_t time);
   bool isDataThere() const;
-  void leave();
+  void leave() noexcept;
   void compact();
 
   std::vector<Handler> handlers;

@@ -65,7 +65,8 @@ TEST_F(OutOfMemory, GetChunkReturnsNothing) {
            });
 }
 
-// A failing call either leaves all as it was and says so, or has taken the chunk all the same.
+// A failing call leaves all as it was and says so, or has taken the chunk all the same. The one answer of "taken" that
+// takes nothing is the rule's own: the copy of the bank that is read into cannot be made.
 TEST_F(OutOfMemory, SetChunkRefusesAndKeepsTheBank) {
   Bytes before = chunk();
   imagebytes::Bank bank = imagebytes::distinctBank();
