@@ -35,7 +35,7 @@ as_root() {
 # LLVM and GNUSTEP stand for versions that each Debian has one of: its packages without a version in their names need them.
 read_versions() {
   local needs
-  needs=$(apt-cache depends --important clang libgnustep-gui-dev 2>/dev/null) || return 1
+  needs=$(LC_ALL=C apt-cache depends --important clang libgnustep-gui-dev 2>/dev/null) || return 1
   llvm=$(sed -n 's/.*Depends: clang-//p' <<<"$needs")
   gnustep=$(sed -n 's/.*Depends: libgnustep-gui//p' <<<"$needs")
   [ -n "$llvm" ] && [ -n "$gnustep" ]

@@ -29,6 +29,7 @@ double apt-get <<<'[ "$1" = update ] && touch "$PACKAGES_WORK/updated"'
 # As on a system of versions that no Debian has: clang 97, GNUstep 0.98. What it needs besides stands there too.
 double apt-cache <<'EOF'
 [ -e "$PACKAGES_WORK/known" ] || [ -e "$PACKAGES_WORK/updated" ] || { echo "E: No packages found" >&2; exit 100; }
+[ "${LC_ALL:-}" = C ] || { printf '%s\n' clang '  Braucht: clang-97'; exit; }
 printf '%s\n' clang '  Depends: clang-97' libgnustep-gui-dev '  Depends: gnustep-gui-runtime' \
   '  Depends: libgnustep-base-dev' '  Depends: libgnustep-gui0.98' '  Depends: <gnustep-layout-multiarch>' \
   '    gnustep-multiarch'
