@@ -19,53 +19,83 @@ std::string replaced(std::string text, const std::string& what, const std::strin
   return text;
 }
 
-// Every line of the document with which a folder of the plug-in is copied.
-std::vector<std::string> copyingLines(const std::string& document) {
+// Every command of the document that copies the plug-in, "sh -c '...'" over one line or several.
+std::vector<std::string> copyingCommands(const std::string& document) {
   std::ifstream text(std::string(TRELVAN_SOURCES) + "/" + document);
-  std::vector<std::string> lines;
+  std::vector<std::string> commands;
+  bool inside = false;
   for (std::string line; std::getline(text, line);) {
-    if (line.find("cp -r") != std::string::npos) lines.push_back(line);
+    if (line.find("sh -c '") != std::string::npos) {
+      commands.emplace_back();
+      inside = true;
+    }
+    if (inside) commands.back() += line + "\n";
+    EXPECT_TRUE(inside || line.find("cp -r") == std::string::npos) << document << ": " << line;
+    if (line.ends_with("'")) inside = false;
   }
-  return lines;
+  return commands;
 }
 
 class InstallLine : public testing::TestWithParam<const char*> {
  protected:
+  // Where the documents have it: where it was built, or where it was unpacked.
   void build(const std::string& content) {
-    const std::string file = folder / ("build/release/" + kBinary);
-    std::filesystem::create_directories(std::filesystem::path(file).parent_path());
-    writeFile(file, content);
+    for (const char* where : {"from/build/release/", "from/"}) {
+      const std::string file = folder / (where + kBinary);
+      std::filesystem::create_directories(std::filesystem::path(file).parent_path());
+      writeFile(file, content);
+    }
+  }
+  // Of a run that was broken off.
+  void writeLeftover() {
+    std::filesystem::create_directory(folder / "place/Trelvan.new");
+    writeFile(folder / "place/Trelvan.new/leftover", "");
   }
   // As it stands, but for who types it and where the plug-ins are.
-  bool type(std::string line) {
-    line = replaced(line, "sudo ", "");
-    line = replaced(replaced(line, "/usr/local/lib/vst", folder / "place"), "~/.vst", folder / "place");
-    return std::system(("cd '" + folder.path + "' && " + line).c_str()) == 0;
+  bool type(std::string command) {
+    command = replaced(command, "sudo ", "");
+    command = replaced(replaced(command, "/usr/local/lib/vst", folder / "place"), "~/.vst", folder / "place");
+    return std::system(("cd '" + folder.path + "/from' && " + command).c_str()) == 0;
   }
+  std::string installed() const { return contentOf(folder / ("place/" + kBinary)); }
 
   TemporaryFolder folder;
 };
 
 TEST_P(InstallLine, PutsThePlugInThereAndLeavesTheFileAloneThatAHostHasOpen) {
-  const std::vector<std::string> lines = copyingLines(GetParam());
-  ASSERT_FALSE(lines.empty());
-  for (const std::string& line : lines) {
+  const std::vector<std::string> commands = copyingCommands(GetParam());
+  ASSERT_FALSE(commands.empty());
+  for (const std::string& command : commands) {
     std::filesystem::remove_all(folder / "place");
     build("the old one");
-    ASSERT_TRUE(type(line)) << line;
-    EXPECT_EQ(contentOf(folder / ("place/" + kBinary)), "the old one") << line;
+    ASSERT_TRUE(type(command)) << command;
+    EXPECT_EQ(installed(), "the old one") << command;
     std::ifstream openInTheHost(folder / ("place/" + kBinary));
     build("the newer one");
-    ASSERT_TRUE(type(line)) << line;
-    EXPECT_EQ(contentOf(folder / ("place/" + kBinary)), "the newer one") << line;
+    writeLeftover();
+    ASSERT_TRUE(type(command)) << command;
+    EXPECT_EQ(installed(), "the newer one") << command;
     std::string seen;
     std::getline(openInTheHost, seen);
-    EXPECT_EQ(seen, "the old one") << line;
+    EXPECT_EQ(seen, "the old one") << command;
     using Entries = std::filesystem::directory_iterator;
     EXPECT_EQ(std::distance(Entries(folder / "place"), Entries()), 1) << "nothing else is left there";
+    EXPECT_EQ(std::distance(Entries(folder / "place/Trelvan.vst"), Entries()), 1) << "nor in it";
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Documents, InstallLine, testing::Values("README.md", "docs/hosts.md"));
+TEST_P(InstallLine, LeavesTheOldOneWhereThereIsNoNewOne) {
+  for (const std::string& command : copyingCommands(GetParam())) {
+    build("the old one");
+    ASSERT_TRUE(type(command)) << command;
+    std::filesystem::remove_all(folder / "from");
+    std::filesystem::create_directory(folder / "from");
+    EXPECT_FALSE(type("{ " + command + "} 2>/dev/null")) << command;
+    EXPECT_EQ(installed(), "the old one") << command;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Documents, InstallLine,
+                         testing::Values("README.md", "docs/hosts.md", "docs/manual/manual.rst"));
 
 }  // namespace
