@@ -31,7 +31,7 @@ void CPresetSystemEditor::close() {
 void CPresetSystemEditor::idle() {
   completeFileOperation();
   watchManual();
-  if (refreshWanted.exchange(false)) presetsChanged();
+  if (refreshWanted.exchange(false)) refreshBar();
   AEffGUIEditor::idle();
 }
 
@@ -43,13 +43,21 @@ bool CPresetSystemEditor::onWindowThread() const {
   return windowThread.load() == std::this_thread::get_id();
 }
 
-// What has been taken over is not given back because the bar has no memory to show it.
 void CPresetSystemEditor::presetsChanged() {
-  try {
-    if (onWindowThread()) return bar.refresh(*presetEffect);
-  } catch (const std::bad_alloc&) {
+  if (onWindowThread()) {
+    refreshBar();
+  } else {
+    refreshWanted = true;
   }
-  refreshWanted = true;
+}
+
+// What has been taken over is not given back because the bar has no memory to show it: a later pass does.
+void CPresetSystemEditor::refreshBar() {
+  try {
+    bar.refresh(*presetEffect);
+  } catch (const std::bad_alloc&) {
+    refreshWanted = true;
+  }
 }
 
 void CPresetSystemEditor::nameChangedInternal(const char* name) {

@@ -106,6 +106,8 @@ class CPresetSystemEditor : public AEffGUIEditor, public VSTGUI::IControlListene
   CPresetSystemEffect* presetEffect;
 
  private:
+  void refreshBar();  // the window's thread
+
   enum class FileOperation { none, loadBank, saveBank, loadPreset, savePreset };
 
   void startFileOperation(FileOperation operation, bool endianReversed);
