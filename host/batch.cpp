@@ -75,7 +75,7 @@ std::int64_t framesOf(const Jobs& jobs) {
     std::error_code error;
     if (!fs::is_regular_file(job.input, error)) continue;
     try {
-      frames += SoundReader(job.input).frames();
+      frames += SoundReader(job.input).frames().value_or(0);
     } catch (const Failure&) {
       continue;
     }
@@ -116,7 +116,7 @@ std::size_t threadCount(const Arguments& arguments, std::size_t files) {
 
 bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jobs, Console& console) {
   const MadeFolders folders(jobs.foldersToBeMade);
-  console.expect(framesOf(jobs), static_cast<int>(jobs.list.size()));
+  if (console.showsProgress()) console.expect(framesOf(jobs), static_cast<int>(jobs.list.size()));
   Reporter reporter(jobs.list.size(), console);
   std::atomic<std::size_t> next = 0;
   const auto work = [&] {

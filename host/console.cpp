@@ -30,7 +30,7 @@ int put(std::FILE* stream, const std::string& text) {
 }  // namespace
 
 Console::Console(bool beQuiet)
-    : quiet(beQuiet), showsProgress(!beQuiet && isatty(STDERR_FILENO) != 0), start(Clock::now()), lastShown(start) {}
+    : quiet(beQuiet), progressWanted(!beQuiet && isatty(STDERR_FILENO) != 0), start(Clock::now()), lastShown(start) {}
 
 Console::~Console() {
   clearProgress();
@@ -70,7 +70,7 @@ void Console::advance(std::int64_t frames) {
   const std::lock_guard guard(lock);
   doneFrames += frames;
   const auto now = Clock::now();
-  if (showsProgress && now - start >= kBeforeFirst && now - lastShown >= kBetween) showProgress(now);
+  if (progressWanted && now - start >= kBeforeFirst && now - lastShown >= kBetween) showProgress(now);
 }
 
 void Console::fileDone() {

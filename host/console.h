@@ -21,6 +21,7 @@ class Console {
   void checkPrinted();
 
   // Progress over everything, shown from the first half second on, on a terminal, if not quiet.
+  bool showsProgress() const { return progressWanted; }
   void expect(std::int64_t frames, int files);
   void advance(std::int64_t frames);
   void fileDone();
@@ -32,7 +33,7 @@ class Console {
   void showProgress(Clock::time_point now);
 
   const bool quiet;
-  const bool showsProgress;
+  const bool progressWanted;
   std::mutex lock;
   int printError = 0;  // the system's, of the first text that was lost
   bool progressShown = false;
