@@ -93,9 +93,9 @@ std::string lackInChunks(const Bytes& file, const Chunks& type) {
       const std::string_view sizes = file.at(offset, 16, room);  // of the whole, of the sound
       if (!sizes.empty()) wide = number(sizes.substr(8), false);
     }
-    if (size > static_cast<std::uint64_t>(file.size)) return {};
+    if (offset > file.size || size > static_cast<std::uint64_t>(file.size - offset)) return {};
     const auto bytes = static_cast<std::int64_t>(size);
-    offset += (bytes + type.padded - 1) / type.padded * type.padded;
+    offset += bytes + (type.padded - bytes % type.padded) % type.padded;
   }
   return {};
 }
@@ -136,7 +136,7 @@ std::string damagedAt(std::int64_t byte) {
 std::string damageInOgg(const Bytes& file) {
   constexpr std::size_t kHead = 27;               // bytes, the last of which counts the segments
   constexpr unsigned char kEndOfStream = 1 << 2;  // in the sixth byte
-  static constexpr const char* kCut = "is cut short: its last page is missing";
+  static constexpr const char* kCut = "has no last page: it is cut short, or a piece of a stream";
   std::vector<char> room;
   bool ended = false;
   for (std::int64_t at = 0; at < file.size;) {

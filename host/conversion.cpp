@@ -130,7 +130,7 @@ SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arg
   options.format = arguments.format.value_or(keptFormat(reader.format(), type));
   options.sampleRate = reader.sampleRate();
   const double tail = arguments.tail.automatic ? kLongestAutomaticTail : arguments.tail.seconds;
-  options.frames = reader.frames() + std::llround(tail * reader.sampleRate());
+  if (reader.frames()) options.frames = *reader.frames() + std::llround(tail * reader.sampleRate());
   options.replace = arguments.force;
   options.texts = reader.texts();
   return options;

@@ -76,7 +76,7 @@ InputFile::InputFile(const std::filesystem::path& path) : handle(open(path.c_str
     handle = -1;
     handle = namelessFile(path);
     copyAll(source, handle, path);
-  } catch (const Failure&) {
+  } catch (...) {
     if (handle >= 0) close(handle);
     close(source);
     throw;

@@ -36,13 +36,21 @@ std::string validText(const std::string& bytes) {
   return valid;
 }
 
+// Where the picture goes. The library's own status does not say why a write failed.
+struct PictureSink {
+  int descriptor;
+  int error = 0;  // the system's
+};
+
 cairo_status_t writeBytes(void* closure, const unsigned char* bytes, unsigned int length) {
-  const int descriptor = *static_cast<const int*>(closure);
+  auto& sink = *static_cast<PictureSink*>(closure);
   while (length > 0) {
-    errno = ENOSPC;  // in case nothing is written without an error
-    const ssize_t written = write(descriptor, bytes, length);
+    const ssize_t written = write(sink.descriptor, bytes, length);
     if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return CAIRO_STATUS_WRITE_ERROR;
+    if (written <= 0) {
+      sink.error = written < 0 ? errno : ENOSPC;
+      return CAIRO_STATUS_WRITE_ERROR;
+    }
     bytes += written;
     length -= static_cast<unsigned int>(written);
   }
@@ -172,12 +180,12 @@ void PlotCanvas::image(const PlotArea& area, const std::vector<std::uint32_t>& p
 }
 
 void PlotCanvas::writePng(int descriptor, const std::filesystem::path& file) const {
+  PictureSink sink{descriptor};
   const auto status = cairo_status(context.get()) != CAIRO_STATUS_SUCCESS
                           ? cairo_status(context.get())
-                          : cairo_surface_write_to_png_stream(surface.get(), writeBytes, &descriptor);
+                          : cairo_surface_write_to_png_stream(surface.get(), writeBytes, &sink);
   if (status == CAIRO_STATUS_SUCCESS) return;
-  const bool systems = status == CAIRO_STATUS_WRITE_ERROR;
-  const char* reason = systems ? std::strerror(errno) : cairo_status_to_string(status);
+  const char* reason = sink.error != 0 ? std::strerror(sink.error) : cairo_status_to_string(status);
   throw Failure(file.string() + ": cannot be written (" + reason + ")");
 }
 

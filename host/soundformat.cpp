@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <limits>
 
 namespace {
 
@@ -96,17 +97,23 @@ SampleFormat keptFormat(SampleFormat input, FileType type) {
   return canHold(type, input) ? input : SampleFormat::pcm24;
 }
 
-std::optional<int> libFormatFor(FileType type, SampleFormat format, std::int64_t frames) {
+std::int64_t mostFrames(int libFormat, SampleFormat format) {
   constexpr std::int64_t kLargestForm = 0xFFFFFFFF - 0x10000;  // bytes that a 32-bit size counts, less room for headers
-  const bool large = frames > kLargestForm / 2 / bytesPerSample(format);
+  const int type = libFormat & SF_FORMAT_TYPEMASK;
+  if (type != SF_FORMAT_WAV && type != SF_FORMAT_AIFF) return std::numeric_limits<std::int64_t>::max();
+  return kLargestForm / 2 / bytesPerSample(format);
+}
+
+std::optional<int> libFormatFor(FileType type, SampleFormat format, std::optional<std::int64_t> frames) {
+  const std::int64_t most = mostFrames(SF_FORMAT_WAV, format);
   const int subtype = rowOf(format).libSubtype;
   switch (type) {
     case FileType::wav:
       // 8 bits are unsigned in this family.
-      return (large ? SF_FORMAT_RF64 : SF_FORMAT_WAV) |
+      return (!frames || *frames > most ? SF_FORMAT_RF64 : SF_FORMAT_WAV) |
              (format == SampleFormat::pcm8 ? static_cast<int>(SF_FORMAT_PCM_U8) : subtype);
     case FileType::aiff:
-      if (large) return std::nullopt;
+      if (frames && *frames > most) return std::nullopt;
       return SF_FORMAT_AIFF | subtype;
     case FileType::flac:
       return SF_FORMAT_FLAC | subtype;

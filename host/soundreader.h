@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,8 +22,10 @@ class SoundReader {
 
   int channels() const { return static_cast<int>(info.channels); }
   int sampleRate() const { return info.samplerate; }  // Hz
-  // As the file's header says, an estimate in MP3; 0 where a writer into a pipe could not know.
-  std::int64_t frames() const { return info.frames == SF_COUNT_MAX ? 0 : info.frames; }
+  // As the file's header says, an estimate in MP3; none where a writer into a pipe could not know.
+  std::optional<std::int64_t> frames() const {
+    return info.frames == SF_COUNT_MAX ? std::nullopt : std::optional<std::int64_t>(info.frames);
+  }
   SampleFormat format() const { return sampleFormatOf(info.format); }
 
   // Fills left and right (the same for mono) with up to `count` frames and answers how many; fewer only at the end.

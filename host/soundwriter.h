@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,7 +18,7 @@ struct SoundWriterOptions {
   FileType type = FileType::wav;
   SampleFormat format = SampleFormat::pcm16;
   int sampleRate = 0;                              // Hz
-  std::int64_t frames = 0;                         // as many as can come, to choose a file type that holds them
+  std::optional<std::int64_t> frames;              // as many as can come, to choose a file type that holds them
   bool replace = false;                            // an existing file
   std::vector<std::pair<int, std::string>> texts;  // libsndfile's string types
 };
@@ -55,7 +56,9 @@ class SoundWriter {
   [[noreturn]] void fail(const std::string& reason) const;
 
   std::filesystem::path path;
-  int bits;  // 0: floating point
+  FileType type;
+  int bits;               // 0: floating point
+  std::int64_t most = 0;  // frames that the type holds
   TemporaryFile temporary;
   Sink sink;
   std::unique_ptr<SNDFILE, Close> file;

@@ -326,6 +326,19 @@ TEST_F(Conversions, DrawThePicture) {
   EXPECT_THAT(names(), ElementsAre("in.wav", "out.wav", "p.png"));
 }
 
+// An encoder that writes into a pipe leaves the number of frames at 0, and the sound may come to any length: the output
+// is begun as the type that holds it, which shows in its header afterwards.
+TEST_F(Conversions, AreReadyForAnyLengthWhereTheInputNamesNone) {
+  const Sound sound = noise(3000, 2, 15);
+  writeSound(in("in.flac"), sound, SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
+  std::string bytes = textOf(in("in.flac"));
+  bytes.replace(22, 4, std::string(4, 0));  // the low 32 bits of the number of frames
+  writeText(in("in.flac"), bytes);
+  EXPECT_EQ(result({"in.flac", "--process", "off"}).samples, sound.samples);
+  EXPECT_EQ(libFormatOf(in("out.wav")), SF_FORMAT_WAVEX | SF_FORMAT_PCM_16);
+  EXPECT_EQ(result({"in.flac", "--process", "off"}, "out.aiff").samples, sound.samples);
+}
+
 // 48 MB of samples: if any of it stayed in memory, the longer file would show.
 TEST_F(Conversions, StreamLongFiles) {
   writeSound(in("short.wav"), noise(1000, 2, 14), SF_FORMAT_WAV | SF_FORMAT_PCM_16);

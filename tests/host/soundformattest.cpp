@@ -45,6 +45,8 @@ TEST(SoundFormat, ChoosesATypeThatHoldsTheLength) {
   EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, kTooMany / 2), SF_FORMAT_WAV | SF_FORMAT_FLOAT);
   EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, kTooMany), SF_FORMAT_RF64 | SF_FORMAT_FLOAT);
   EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::float32, kTooMany), std::nullopt);
+  EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, std::nullopt), SF_FORMAT_RF64 | SF_FORMAT_FLOAT);
+  EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::float32, std::nullopt), SF_FORMAT_AIFF | SF_FORMAT_FLOAT);
   EXPECT_EQ(libFormatFor(FileType::flac, SampleFormat::pcm24, kTooMany * 8), SF_FORMAT_FLAC | SF_FORMAT_PCM_24);
   EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::pcm8, 10), SF_FORMAT_WAV | SF_FORMAT_PCM_U8);
   EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::pcm8, 10), SF_FORMAT_AIFF | SF_FORMAT_PCM_S8);

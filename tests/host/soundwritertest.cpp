@@ -169,6 +169,20 @@ TEST_F(SoundWriterFiles, WritesAnOrdinaryWavWhenTheGuessWasTooLong) {
   EXPECT_THAT(readSound(in("a.wav")).samples, ElementsAre(0.5, 0.5));
 }
 
+// Where the length is not known before, and where it was guessed too short. The frames are refused before they are
+// read.
+TEST_F(SoundWriterFiles, RefusesMoreThanTheTypeHoldsWhenItComes) {
+  const double half = 0.5;
+  constexpr int kBeyond4Gigabytes = 600000000;  // frames of 8 bytes
+  for (const FileType type : {FileType::aiff, FileType::wav}) {
+    auto known = options(SampleFormat::float32, type);
+    known.frames = type == FileType::aiff ? std::nullopt : std::optional<std::int64_t>(10);
+    SoundWriter writer(in("a.out"), known);
+    writer.write(&half, &half, 1);
+    EXPECT_THROW(writer.write(&half, &half, kBeyond4Gigabytes), Failure);
+  }
+}
+
 TEST_F(SoundWriterFiles, WritesTheSameBytesEveryTime) {
   std::string bytes[2];
   for (std::string& written : bytes) {
