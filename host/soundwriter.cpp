@@ -19,12 +19,12 @@ constexpr std::size_t kBufferSamples = 32768;  // interleaved, before they go to
 
 SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterOptions& options)
     : path(target),
-      type(options.type),
+      fileType(options.type),
       bits(integerBits(options.format)),
       temporary(target, options.replace),
       sink{temporary.descriptor()} {
   const auto libFormat = libFormatFor(options.type, options.format, options.frames);
-  if (!libFormat) fail("too long for " + textOf(type));
+  if (!libFormat) fail("too long for " + textOf(fileType));
   most = mostFrames(*libFormat, options.format);
   SF_INFO info{};
   info.samplerate = options.sampleRate;
@@ -82,7 +82,7 @@ void SoundWriter::fail(const std::string& reason) const {
 }
 
 void SoundWriter::write(const double* left, const double* right, int frames) {
-  if (frames > most - written) fail("too long for " + textOf(type));
+  if (frames > most - written) fail("too long for " + textOf(fileType));
   for (int frame = 0; frame < frames; ++frame) {
     highest = std::max({highest, std::abs(left[frame]), std::abs(right[frame])});
     samples.push_back(left[frame]);

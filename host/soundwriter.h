@@ -56,7 +56,7 @@ class SoundWriter {
   [[noreturn]] void fail(const std::string& reason) const;
 
   std::filesystem::path path;
-  FileType type;
+  FileType fileType;
   int bits;               // 0: floating point
   std::int64_t most = 0;  // frames that the type holds
   TemporaryFile temporary;
