@@ -78,6 +78,7 @@ void IdleRunLoop::leave() noexcept {
     try {
       action();
     } catch (const std::bad_alloc&) {
+      lively = true;  // what it had begun may have made events
     }
   }
 }
