@@ -13,6 +13,7 @@
 #include <system_error>
 
 #include "host/failure.h"
+#include "host/writeall.h"
 
 namespace {
 
@@ -36,18 +37,6 @@ int namelessFile(const std::filesystem::path& path) {
   unlink(name.c_str());
   fcntl(handle, F_SETFD, FD_CLOEXEC);
   return handle;
-}
-
-// Answers 0, or the system's error.
-int writeAll(int to, const char* bytes, std::size_t count) {
-  while (count > 0) {
-    const ssize_t written = write(to, bytes, count);
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return written < 0 ? errno : ENOSPC;
-    bytes += written;
-    count -= static_cast<std::size_t>(written);
-  }
-  return 0;
 }
 
 void copyAll(int from, int to, const std::filesystem::path& path) {

@@ -1,13 +1,11 @@
 // A surface to draw a picture on.
 #include "host/plotcanvas.h"
 
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstring>
 #include <numbers>
 
 #include "host/failure.h"
+#include "host/writeall.h"
 
 namespace {
 
@@ -44,17 +42,8 @@ struct PictureSink {
 
 cairo_status_t writeBytes(void* closure, const unsigned char* bytes, unsigned int length) {
   auto& sink = *static_cast<PictureSink*>(closure);
-  while (length > 0) {
-    const ssize_t written = write(sink.descriptor, bytes, length);
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) {
-      sink.error = written < 0 ? errno : ENOSPC;
-      return CAIRO_STATUS_WRITE_ERROR;
-    }
-    bytes += written;
-    length -= static_cast<unsigned int>(written);
-  }
-  return CAIRO_STATUS_SUCCESS;
+  sink.error = writeAll(sink.descriptor, bytes, length);
+  return sink.error == 0 ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <cstring>
 
 #include "host/failure.h"
+#include "host/writeall.h"
 
 namespace {
 
@@ -61,17 +61,8 @@ SF_VIRTUAL_IO SoundWriter::writingTo() {
   };
   io.write = [](const void* bytes, sf_count_t count, void* to) -> sf_count_t {
     Sink& output = *static_cast<Sink*>(to);
-    const auto* from = static_cast<const char*>(bytes);
-    sf_count_t done = 0;
-    while (done < count && output.error == 0) {
-      const ssize_t now = ::write(output.descriptor, from + done, static_cast<std::size_t>(count - done));
-      if (now > 0) {
-        done += now;
-      } else if (now == 0 || errno != EINTR) {
-        output.error = now == 0 ? ENOSPC : errno;
-      }
-    }
-    return done;
+    if (output.error == 0) output.error = writeAll(output.descriptor, bytes, static_cast<std::size_t>(count));
+    return output.error == 0 ? count : 0;
   };
   io.tell = [](void* to) -> sf_count_t { return lseek(static_cast<Sink*>(to)->descriptor, 0, SEEK_CUR); };
   return io;

@@ -1,9 +1,6 @@
 // Small files read and written at once.
 #include "host/wholefile.h"
 
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <system_error>
@@ -11,6 +8,7 @@
 #include "host/effectrecord.h"
 #include "host/failure.h"
 #include "host/temporaryfile.h"
+#include "host/writeall.h"
 
 std::vector<unsigned char> readWholeFile(const std::filesystem::path& file) {
   std::error_code error;
@@ -30,11 +28,7 @@ std::vector<unsigned char> readWholeFile(const std::filesystem::path& file) {
 
 void writeWholeFile(const std::filesystem::path& file, std::span<const unsigned char> bytes, bool replace) {
   TemporaryFile temporary(file, replace);
-  while (!bytes.empty()) {
-    const ssize_t written = write(temporary.descriptor(), bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) throw Failure(file.string() + ": cannot be written (" + std::strerror(errno) + ")");
-    bytes = bytes.subspan(static_cast<std::size_t>(written));
-  }
+  const int error = writeAll(temporary.descriptor(), bytes.data(), bytes.size());
+  if (error != 0) throw Failure(file.string() + ": cannot be written (" + std::strerror(error) + ")");
   temporary.keep();
 }
