@@ -25,14 +25,7 @@ class PlainEffect : public AudioEffect {
   void processDoubleReplacing(double**, double**, VstInt32) override {}
 };
 
-class AudioEffectTest : public testing::Test {
- protected:
-  AudioEffectTest() { EXPECT_CALL(effect, died()).Times(1); }
-
-  RecordingHost host;
-  StrictMock<MockEffect> effect;
-  char text[64] = "host's text";
-};
+using AudioEffectTest = MockEffectTest;
 
 TEST_F(AudioEffectTest, FillsTheRecordThatTheHostSees) {
   const AEffect* record = effect.getAeffect();

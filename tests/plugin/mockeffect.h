@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "plugin/aeffeditor.h"
 #include "plugin/audioeffect.h"
@@ -45,4 +46,14 @@ class MockEditor : public AEffEditor {
   MOCK_METHOD(bool, open, (void*), (override));
   MOCK_METHOD(void, close, (), (override));
   MOCK_METHOD(void, idle, (), (override));
+};
+
+// An effect that does nothing but what is expected, and ends once; and its host.
+class MockEffectTest : public testing::Test {
+ protected:
+  MockEffectTest() { EXPECT_CALL(effect, died()).Times(1); }
+
+  RecordingHost host;
+  testing::StrictMock<MockEffect> effect;
+  char text[64] = "host's text";
 };

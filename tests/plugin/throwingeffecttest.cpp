@@ -12,14 +12,7 @@ namespace {
 using testing::StrictMock;
 using testing::Throw;
 
-class ThrowingEffect : public testing::Test {
- protected:
-  ThrowingEffect() { EXPECT_CALL(effect, died()).Times(1); }
-
-  RecordingHost host;
-  StrictMock<MockEffect> effect;
-  char text[64] = "host's text";
-};
+using ThrowingEffect = MockEffectTest;
 
 // Hosts are not compiled to be unwound, so nothing that an operation throws may reach them.
 TEST_F(ThrowingEffect, AnswersThatItCannot) {
