@@ -1,11 +1,11 @@
 # The plug-in: the pure image library, the library that holds all other code, and the module with its bundle.
 
 add_library(trelvan_images STATIC
-  presetsystem/newpresetheader.cpp
-  presetsystem/imagewriter.cpp
-  presetsystem/imagereader.cpp
-  presetsystem/oldimagereader.cpp
-  presetsystem/chunkimage.cpp)
+  presetsystem/image/newpresetheader.cpp
+  presetsystem/image/imagewriter.cpp
+  presetsystem/image/imagereader.cpp
+  presetsystem/image/oldimagereader.cpp
+  presetsystem/image/chunkimage.cpp)
 target_link_libraries(trelvan_images PUBLIC trelvan_options)
 
 add_library(trelvan STATIC
@@ -17,31 +17,31 @@ add_library(trelvan STATIC
   effect/trelvanprocess.cpp
   effect/numbertext.cpp
   effect/factorypresets.cpp
-  presetsystem/cpresetsystemeffect.cpp
-  presetsystem/cpresetsystemeffectchunk.cpp
-  presetsystem/cpresetsystemeditor.cpp
-  presetsystem/cpresetsystemeditorimages.cpp
-  presetsystem/cpresetsystemeditorfiles.cpp
-  presetsystem/cpresetsystemeditordefaults.cpp
-  presetsystem/cpresetsystemeditormanual.cpp
-  presetsystem/cpresetsystemeditordispatch.cpp
-  presetsystem/presetbar.cpp
-  editor/toolkitlibrary.cpp
-  editor/aeffguieditor.cpp
-  editor/myframe.cpp
-  editor/corvtextedit.cpp
-  editor/adeditor.cpp
-  editor/adeditoropen.cpp
-  editor/stringconvert.cpp
-  editor/ccnames.cpp
-  editor/cpskickbutton.cpp
-  editor/cpsonoffbutton.cpp
-  editor/cpsrockerswitch.cpp
-  editor/csaveloadbutton.cpp
-  editor/cpresetmenu.cpp
-  editor/cvumeter1.cpp
-  editor/cabout.cpp
-  editor/csplashscreenmyview.cpp
+  presetsystem/store/cpresetsystemeffect.cpp
+  presetsystem/store/cpresetsystemeffectchunk.cpp
+  presetsystem/bar/cpresetsystemeditor.cpp
+  presetsystem/bar/cpresetsystemeditorimages.cpp
+  presetsystem/bar/cpresetsystemeditorfiles.cpp
+  presetsystem/bar/cpresetsystemeditordefaults.cpp
+  presetsystem/bar/cpresetsystemeditormanual.cpp
+  presetsystem/bar/cpresetsystemeditordispatch.cpp
+  presetsystem/bar/presetbar.cpp
+  editor/base/toolkitlibrary.cpp
+  editor/base/aeffguieditor.cpp
+  editor/base/myframe.cpp
+  editor/controls/corvtextedit.cpp
+  editor/window/adeditor.cpp
+  editor/window/adeditoropen.cpp
+  editor/controls/stringconvert.cpp
+  editor/controls/ccnames.cpp
+  editor/controls/cpskickbutton.cpp
+  editor/controls/cpsonoffbutton.cpp
+  editor/controls/cpsrockerswitch.cpp
+  editor/controls/csaveloadbutton.cpp
+  editor/controls/cpresetmenu.cpp
+  editor/controls/cvumeter1.cpp
+  editor/controls/cabout.cpp
+  editor/controls/csplashscreenmyview.cpp
   platform/validtext.cpp
   platform/modulepath.cpp
   platform/xplatfile.cpp

@@ -1,23 +1,23 @@
 # Linux: Trelvan.vst/Contents/<architecture>-linux/Trelvan.so with Contents/Resources/ beside it.
 target_sources(trelvan PRIVATE
-  editor/linux/bitmapslinux.cpp
-  editor/linux/editedtext.cpp
-  editor/linux/forgottenreplies.cpp
-  editor/linux/framewindowlinux.cpp
-  editor/linux/idlerunloop.cpp
-  editor/linux/pacinglinux.cpp
-  editor/linux/textentrylinux.cpp
-  editor/linux/textfield.cpp
-  editor/linux/toolkitlinux.cpp
-  editor/linux/presetpopuplinux.cpp
-  editor/linux/presetpopuplayout.cpp
-  editor/linux/fitname.cpp
+  editor/base/linux/bitmaps.cpp
+  editor/controls/linux/editedtext.cpp
+  editor/base/linux/forgottenreplies.cpp
+  editor/base/linux/framewindow.cpp
+  editor/base/linux/idlerunloop.cpp
+  editor/base/linux/pacing.cpp
+  editor/controls/linux/textentry.cpp
+  editor/controls/linux/textfield.cpp
+  editor/base/linux/toolkitlibrary.cpp
+  editor/controls/linux/presetpopup.cpp
+  editor/controls/linux/presetpopuplayout.cpp
+  editor/controls/linux/fitname.cpp
   platform/linux/childprogram.cpp
   platform/linux/desktopdialog.cpp
-  platform/linux/filedialog.cpp
+  editor/base/linux/filedialog.cpp
   platform/linux/modulefile.cpp
   platform/linux/openmanual.cpp
-  platform/linux/prefskeyfile.cpp
+  platform/linux/prefs.cpp
   platform/linux/sharedfile.cpp
   platform/linux/xplatalert.cpp
   platform/linux/xplatmutex.cpp)

@@ -2,19 +2,19 @@
 set(CMAKE_XCODE_ATTRIBUTE_CLANG_ENABLE_OBJC_ARC NO)  # the sources count their references themselves
 
 target_sources(trelvan PRIVATE
-  editor/mac/bitmapsmac.cpp
-  editor/mac/bundlelookup.cpp
-  editor/mac/filedialogmac.cpp
-  editor/mac/framewindowmac.cpp
-  editor/mac/idletimer.mm
-  editor/mac/pacingmac.cpp
-  editor/mac/presetpopupmac.cpp
-  editor/mac/textentrymac.mm
-  editor/mac/textentrywindow.mm
-  editor/mac/toolkitmac.cpp
+  editor/base/mac/bitmaps.cpp
+  editor/base/mac/bundlelookup.cpp
+  editor/base/mac/filedialog.cpp
+  editor/base/mac/framewindow.cpp
+  editor/base/mac/idletimer.mm
+  editor/base/mac/pacing.cpp
+  editor/controls/mac/presetpopup.cpp
+  editor/controls/mac/textentry.mm
+  editor/controls/mac/textentrywindow.mm
+  editor/base/mac/toolkitlibrary.cpp
   platform/mac/modulefile.cpp
   platform/mac/openmanual.cpp
-  platform/mac/prefscf.cpp
+  platform/mac/prefs.cpp
   platform/mac/xplatalert.mm
   platform/mac/xplatmutex.mm)
 target_compile_options(trelvan PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-objc-arc>)

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "editor/adeditor.h"
+#include "editor/window/adeditor.h"
 #include "platform/saturate.h"
 #include "plugin/createeffectinstance.h"
 

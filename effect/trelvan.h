@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "platform/relaxed.h"
-#include "presetsystem/cpresetsystemeffect.h"
+#include "presetsystem/store/cpresetsystemeffect.h"
 
 // Parameter indexes: 0 width, 1 baseFreq, 2 emphasis, 3 process, 4 phase; 6 is an internal value, 5 is nothing.
 // resume and suspend reset; the audio thread processes; setParameter comes from any thread and only moves targets,

@@ -2,7 +2,7 @@
 #include <cstring>
 #include <iterator>
 
-#include "editor/aeffguieditor.h"
+#include "editor/base/aeffguieditor.h"
 #include "effect/numbertext.h"
 #include "effect/trelvan.h"
 #include "platform/saturate.h"

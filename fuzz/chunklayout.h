@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effect/trelvan.h"
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 
 namespace fuzz {
 

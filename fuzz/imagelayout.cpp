@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/chunkimage.h"
 
 namespace fuzz {
 namespace {

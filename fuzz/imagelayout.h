@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 
 namespace fuzz {
 

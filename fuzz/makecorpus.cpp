@@ -6,8 +6,8 @@
 
 #include "fuzz/imagelayout.h"
 #include "fuzz/records.h"
-#include "presetsystem/bytewriter.h"
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/bytewriter.h"
+#include "presetsystem/image/chunkimage.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "fuzz/imagelayout.h"
 #include "fuzz/records.h"
 #include "fuzz/require.h"
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/chunkimage.h"
 
 namespace {
 

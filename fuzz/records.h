@@ -5,7 +5,7 @@
 #include <span>
 
 #include "plugin/vst24.h"
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 
 namespace fuzz {
 

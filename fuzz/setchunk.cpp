@@ -7,7 +7,7 @@
 #include "fuzz/records.h"
 #include "fuzz/require.h"
 #include "fuzz/wholeeffect.h"
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/chunkimage.h"
 
 namespace {
 

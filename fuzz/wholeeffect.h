@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effect/trelvan.h"
-#include "presetsystem/cpresetsystemeditor.h"
+#include "presetsystem/bar/cpresetsystemeditor.h"
 
 namespace fuzz {
 

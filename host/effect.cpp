@@ -7,7 +7,7 @@
 
 #include "host/effectrecord.h"
 #include "host/failure.h"
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 
 namespace {
 

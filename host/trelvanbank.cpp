@@ -4,7 +4,7 @@
 #include <array>
 
 #include "host/failure.h"
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/chunkimage.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 
 // The effect shows hosts one program, so its 32 presets are reached through the chunk. Pure: bytes in, bytes out.
 class TrelvanBank {

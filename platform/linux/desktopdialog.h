@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/filedialog.h"
+#include "editor/base/filedialog.h"
 
 namespace desktopdialog {
 

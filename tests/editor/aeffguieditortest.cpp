@@ -1,5 +1,5 @@
 // The editor base without a window: its clock, its pacing while a control keeps the mouse, and what it answers closed.
-#include "editor/aeffguieditor.h"
+#include "editor/base/aeffguieditor.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "editor/pacing.h"
+#include "editor/base/pacing.h"
 #include "effect/trelvan.h"
 #include "tests/plugin/recordinghost.h"
 

@@ -1,9 +1,9 @@
 // Opening and closing the about panel.
-#include "editor/cabout.h"
+#include "editor/controls/cabout.h"
 
 #include "controltest.h"
-#include "editor/cpskickbutton.h"
-#include "editor/csplashscreenmyview.h"
+#include "editor/controls/cpskickbutton.h"
+#include "editor/controls/csplashscreenmyview.h"
 
 namespace {
 

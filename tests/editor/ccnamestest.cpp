@@ -1,5 +1,5 @@
 // The names of the MIDI controllers.
-#include "editor/ccnames.h"
+#include "editor/controls/ccnames.h"
 
 #include <gtest/gtest.h>
 

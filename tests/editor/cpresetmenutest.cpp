@@ -1,7 +1,7 @@
 // The list of presets: opening, choosing, leaving.
-#include "editor/cpresetmenu.h"
+#include "editor/controls/cpresetmenu.h"
 
-#include "editor/cpskickbutton.h"
+#include "editor/controls/cpskickbutton.h"
 #include "presetlisttest.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // Clicks, keys and pictures of the push button.
-#include "editor/cpskickbutton.h"
+#include "editor/controls/cpskickbutton.h"
 
 #include "controltest.h"
 

@@ -1,5 +1,5 @@
 // Clicks, keys and pictures of the switch with two positions.
-#include "editor/cpsonoffbutton.h"
+#include "editor/controls/cpsonoffbutton.h"
 
 #include "controltest.h"
 

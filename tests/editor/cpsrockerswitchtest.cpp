@@ -1,5 +1,5 @@
 // Clicks, wheel, keys and pictures of the rocker.
-#include "editor/cpsrockerswitch.h"
+#include "editor/controls/cpsrockerswitch.h"
 
 #include "controltest.h"
 

@@ -1,5 +1,5 @@
 // Clicks, keys and pictures of the load and save buttons.
-#include "editor/csaveloadbutton.h"
+#include "editor/controls/csaveloadbutton.h"
 
 #include "controltest.h"
 

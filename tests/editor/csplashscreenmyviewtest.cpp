@@ -1,5 +1,5 @@
 // The about panel's text and kind.
-#include "editor/csplashscreenmyview.h"
+#include "editor/controls/csplashscreenmyview.h"
 
 #include "controltest.h"
 

@@ -1,5 +1,5 @@
 // The level meter's picture, its fall and its redraws.
-#include "editor/cvumeter1.h"
+#include "editor/controls/cvumeter1.h"
 
 #include "controltest.h"
 

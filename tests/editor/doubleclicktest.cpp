@@ -1,5 +1,5 @@
 // Two presses make a double click when they are close in time and place.
-#include "editor/doubleclick.h"
+#include "editor/controls/doubleclick.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Editing a text by characters of one to four bytes.
-#include "editor/linux/editedtext.h"
+#include "editor/controls/linux/editedtext.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Names that are made to fit.
-#include "editor/linux/fitname.h"
+#include "editor/controls/linux/fitname.h"
 
 #include "controltest.h"
 

@@ -1,5 +1,5 @@
 // The root view: its modal view on top, and who gets the mouse.
-#include "editor/myframe.h"
+#include "editor/base/myframe.h"
 
 #include <gmock/gmock.h>
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "controltest.h"
-#include "editor/cpresetmenu.h"
-#include "editor/linux/presetpopuplayout.h"
+#include "editor/controls/cpresetmenu.h"
+#include "editor/controls/linux/presetpopuplayout.h"
 
 namespace controltest {
 

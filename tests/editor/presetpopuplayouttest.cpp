@@ -1,5 +1,5 @@
 // The list's columns in the window.
-#include "editor/linux/presetpopuplayout.h"
+#include "editor/controls/linux/presetpopuplayout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The list of presets: keys, wheel and pictures.
-#include "editor/presetpopup.h"
+#include "editor/controls/presetpopup.h"
 
 #include <string>
 

@@ -1,5 +1,5 @@
 // The displays' texts.
-#include "editor/stringconvert.h"
+#include "editor/controls/stringconvert.h"
 
 #include <gtest/gtest.h>
 

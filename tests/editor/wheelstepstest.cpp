@@ -1,5 +1,5 @@
 // Wheel travel becomes whole steps.
-#include "editor/wheelsteps.h"
+#include "editor/controls/wheelsteps.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // One preset's record.
-#include "effect/acombprogram.h"
+#include "presetsystem/image/acombprogram.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "editor/adeditor.h"
+#include "editor/window/adeditor.h"
 
 // The effect owns it once it is installed with setEditor.
 class RecordingEditor : public ADEditor {

@@ -11,8 +11,8 @@
 
 #include "host/failure.h"
 #include "plugin/vst24.h"
-#include "presetsystem/bytewriter.h"
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/bytewriter.h"
+#include "presetsystem/image/chunkimage.h"
 
 namespace {
 

@@ -11,10 +11,10 @@ target_link_libraries(mac_doubles PUBLIC trelvan_options)
 mac_test(maccftest
   SOURCES
     cf/cfobjecttest.cpp cf/prefscftest.cpp cf/bundlelookuptest.cpp cf/toolkitmactest.cpp cf/pacingmactest.cpp
-    ${PROJECT_SOURCE_DIR}/platform/mac/prefscf.cpp
-    ${PROJECT_SOURCE_DIR}/editor/mac/bundlelookup.cpp
-    ${PROJECT_SOURCE_DIR}/editor/mac/toolkitmac.cpp
-    ${PROJECT_SOURCE_DIR}/editor/mac/pacingmac.cpp
+    ${PROJECT_SOURCE_DIR}/platform/mac/prefs.cpp
+    ${PROJECT_SOURCE_DIR}/editor/base/mac/bundlelookup.cpp
+    ${PROJECT_SOURCE_DIR}/editor/base/mac/toolkitlibrary.cpp
+    ${PROJECT_SOURCE_DIR}/editor/base/mac/pacing.cpp
   LIBRARIES mac_doubles)
 # The toolkit's headers only: the test stands in for the two functions that are called.
 target_include_directories(maccftest SYSTEM PRIVATE
@@ -25,7 +25,7 @@ set(bundles ${CMAKE_CURRENT_BINARY_DIR}/bundles)
 foreach(name One "Two u")
   string(MAKE_C_IDENTIFIER "macbundle_${name}" target)
   add_library(${target} MODULE cf/bundleprobe.cpp
-    ${PROJECT_SOURCE_DIR}/editor/mac/bundlelookup.cpp
+    ${PROJECT_SOURCE_DIR}/editor/base/mac/bundlelookup.cpp
     ${PROJECT_SOURCE_DIR}/platform/mac/modulefile.cpp ${PROJECT_SOURCE_DIR}/platform/modulepath.cpp)
   target_link_libraries(${target} PRIVATE mac_doubles)
   set_target_properties(${target} PROPERTIES PREFIX "" SUFFIX "" OUTPUT_NAME ${name}
@@ -47,13 +47,13 @@ file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/Resources)  # beside the program
 mac_test(mactoolkittest
   SOURCES
     toolkit/framewindowmactest.cpp toolkit/filedialogmactest.cpp compat/doubles/toolkitfactory.cpp
-    ${PROJECT_SOURCE_DIR}/editor/mac/framewindowmac.cpp
-    ${PROJECT_SOURCE_DIR}/editor/mac/filedialogmac.cpp
+    ${PROJECT_SOURCE_DIR}/editor/base/mac/framewindow.cpp
+    ${PROJECT_SOURCE_DIR}/editor/base/mac/filedialog.cpp
     ${PROJECT_SOURCE_DIR}/platform/validtext.cpp
   LIBRARIES trelvan_toolkit)
 
 mac_test(macbitmapstest
-  SOURCES toolkit/bitmapsmactest.cpp ${PROJECT_SOURCE_DIR}/editor/mac/bitmapsmac.cpp
+  SOURCES toolkit/bitmapsmactest.cpp ${PROJECT_SOURCE_DIR}/editor/base/mac/bitmaps.cpp
   LIBRARIES trelvan_toolkit)
 target_compile_definitions(macbitmapstest PRIVATE MAC_RESOURCES="${TRELVAN_RESOURCES}/")
 add_dependencies(macbitmapstest Trelvan)

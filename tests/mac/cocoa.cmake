@@ -19,9 +19,9 @@ add_executable(maccocoatest
   cocoa/textentrywindowtest.mm
   ${PROJECT_SOURCE_DIR}/platform/mac/xplatalert.mm
   ${PROJECT_SOURCE_DIR}/platform/mac/xplatmutex.mm
-  ${PROJECT_SOURCE_DIR}/editor/mac/idletimer.mm
-  ${PROJECT_SOURCE_DIR}/editor/mac/textentrymac.mm
-  ${PROJECT_SOURCE_DIR}/editor/mac/textentrywindow.mm)
+  ${PROJECT_SOURCE_DIR}/editor/base/mac/idletimer.mm
+  ${PROJECT_SOURCE_DIR}/editor/controls/mac/textentry.mm
+  ${PROJECT_SOURCE_DIR}/editor/controls/mac/textentrywindow.mm)
 target_include_directories(maccocoatest PRIVATE cocoa ${PROJECT_SOURCE_DIR}/tests/window)
 # The library brings the label and the editor's base; its own text entry and lock stay out, as ours come first.
 target_link_libraries(maccocoatest PRIVATE trelvan GNUstep::Gui windowhost GTest::gtest)

@@ -12,12 +12,12 @@ class Mutant(NamedTuple):
     hidden: str = ""  # why it cannot be seen on Linux
 
 
-def entry(what, old, new, file="editor/mac/textentrywindow.mm"):
+def entry(what, old, new, file="editor/controls/mac/textentrywindow.mm"):
     return Mutant(what, file, old, new, "cocoa", "TextEntryOnMac.*")
 
 
 def timer(what, old, new):
-    return Mutant(what, "editor/mac/idletimer.mm", old, new, "cocoa", "IdleTimerMac.*")
+    return Mutant(what, "editor/base/mac/idletimer.mm", old, new, "cocoa", "IdleTimerMac.*")
 
 
 def lock(what, old, new):
@@ -28,23 +28,23 @@ def alert(what, old, new, tests):
     return Mutant(what, "platform/mac/xplatalert.mm", old, new, "cocoa", "XplatAlertMac." + tests)
 
 
-def cf(what, old, new, file="platform/mac/prefscf.cpp"):
+def cf(what, old, new, file="platform/mac/prefs.cpp"):
     return Mutant(what, file, old, new, "cf")
 
 
 def bundle(what, old, new):
-    return cf(what, old, new, "editor/mac/bundlelookup.cpp")
+    return cf(what, old, new, "editor/base/mac/bundlelookup.cpp")
 
 
 def dialog(what, old, new):
-    return Mutant(what, "editor/mac/filedialogmac.cpp", old, new, "toolkit")
+    return Mutant(what, "editor/base/mac/filedialog.cpp", old, new, "toolkit")
 
 
 def window(what, old, new):
-    return Mutant(what, "editor/mac/framewindowmac.cpp", old, new, "toolkit")
+    return Mutant(what, "editor/base/mac/framewindow.cpp", old, new, "toolkit")
 
 
-def macho(what, old, new, file="editor/mac/textentrymac.mm"):
+def macho(what, old, new, file="editor/controls/mac/textentry.mm"):
     return Mutant(what, file, old, new, "macho")
 
 
@@ -73,9 +73,9 @@ MUTANTS = [
     entry("confirming does not tell the listener", "control->endEditMode(true);", "control->endEditMode(false);"),
     entry("the text is not handed over", "    control->setText([[textField stringValue] UTF8String]);\n", ""),
     entry("end(false) confirms", "[window cancelEditing:nil];", "[window confirmEditing:nil];",
-          "editor/mac/textentrymac.mm"),
+          "editor/controls/mac/textentry.mm"),
     entry("going away confirms", "[window abandonEditing];", "[window confirmEditing:nil];",
-          "editor/mac/textentrymac.mm"),
+          "editor/controls/mac/textentry.mm"),
     # ---- text entry: lives ----
     entry("the field is leaked", "  [textField autorelease];\n", ""),
     entry("the field is released twice", "  [textField autorelease];\n", "  [textField autorelease];\n  [textField release];\n"),
@@ -95,7 +95,7 @@ MUTANTS = [
     entry("the place is not turned over", "topLeft.y - rect.origin.y", "topLeft.y + rect.origin.y"),
     entry("the height is not subtracted", "topLeft.y - rect.origin.y - rect.size.height", "topLeft.y - rect.origin.y"),
     entry("the place is not truncated", "std::trunc(std::trunc(screen.size.height) - place.globalY)",
-          "screen.size.height - place.globalY", "editor/mac/textentrymac.mm"),
+          "screen.size.height - place.globalY", "editor/controls/mac/textentry.mm"),
     entry("the text is flush right", "NSTextAlignmentCenter", "NSTextAlignmentRight"),
     entry("the text wraps", "setWraps:NO", "setWraps:YES"),
     entry("the label's font is ignored", "[textField setFont:cocoaFont]", "[textField setFont:nil]"),
@@ -157,8 +157,8 @@ MUTANTS = [
     bundle("nothing found is released", "if (gBundleRef != nullptr) CFRelease", "CFRelease"),
     bundle("the bundle is not released", "if (gBundleRef != nullptr) CFRelease(gBundleRef);", ""),
     cf("the bundle goes before the toolkit", "  VSTGUI::exit();\n  ExitMachOLibrary();", "  ExitMachOLibrary();\n  VSTGUI::exit();",
-       "editor/mac/toolkitmac.cpp"),
-    cf("the toolkit gets no bundle", "VSTGUI::init(gBundleRef)", "VSTGUI::init(nullptr)", "editor/mac/toolkitmac.cpp"),
+       "editor/base/mac/toolkitlibrary.cpp"),
+    cf("the toolkit gets no bundle", "VSTGUI::init(gBundleRef)", "VSTGUI::init(nullptr)", "editor/base/mac/toolkitlibrary.cpp"),
     Mutant("the manual's path is not quoted", "platform/mac/openmanual.cpp", '"~/\\"" + relative + "\\""', '"~/" + relative',
            "path"),
     Mutant("the bundle's manual is not tried", "platform/mac/openmanual.cpp", "!resources.empty() &&", "false &&", "path"),
@@ -184,7 +184,7 @@ MUTANTS = [
     macho("a name of GNUstep's", "styleMask:NSWindowStyleMaskBorderless", "styleMask:NSBorderlessWindowMask"),
     macho("what the oldest system has not", "#include <cmath>\n",
           "#include <cmath>\n#include <filesystem>\nbool there() { return std::filesystem::exists(\"/\"); }\n"),
-    macho("a source that is left out", "  editor/mac/textentrywindow.mm\n", "", "cmake/PluginMac.cmake"),
+    macho("a source that is left out", "  editor/controls/mac/textentrywindow.mm\n", "", "cmake/PluginMac.cmake"),
     macho("more than one export", "LINKER:-exported_symbols_list,${PROJECT_SOURCE_DIR}/cmake/exports.txt",
           "LINKER:-exported_symbol,_VSTPluginMain LINKER:-exported_symbol,_main_macho LINKER:-exported_symbol,__Z*",
           "cmake/PluginMac.cmake"),

@@ -4,7 +4,7 @@ pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0)
 
 trelvan_add_test(prefstest platform SOURCES prefstest.cpp prefssharingtest.cpp tsansuppressions.cpp LIBRARIES trelvan)
 trelvan_add_test(dialogtest platform
-  SOURCES childprogramtest.cpp filedialogtest.cpp xplatalerttest.cpp openmanualtest.cpp
+  SOURCES childprogramtest.cpp ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp openmanualtest.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 
 add_library(modulepathprobe MODULE ${CMAKE_CURRENT_LIST_DIR}/modulepathprobe.cpp

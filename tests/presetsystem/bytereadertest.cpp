@@ -1,5 +1,5 @@
 // Words of either byte order out of bounded memory.
-#include "presetsystem/bytereader.h"
+#include "presetsystem/image/bytereader.h"
 
 #include <gtest/gtest.h>
 

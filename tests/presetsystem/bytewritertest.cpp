@@ -1,5 +1,5 @@
 // Collected words and bytes.
-#include "presetsystem/bytewriter.h"
+#include "presetsystem/image/bytewriter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The chunk around the bank image, and the old fixed layout.
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/chunkimage.h"
 
 #include <gtest/gtest.h>
 

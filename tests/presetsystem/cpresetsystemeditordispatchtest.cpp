@@ -2,12 +2,12 @@
 #include <cmath>
 #include <limits>
 
-#include "editor/corvtextedit.h"
-#include "editor/cpresetmenu.h"
-#include "editor/cpskickbutton.h"
-#include "editor/cpsrockerswitch.h"
-#include "editor/csaveloadbutton.h"
-#include "editor/myframe.h"
+#include "editor/base/myframe.h"
+#include "editor/controls/corvtextedit.h"
+#include "editor/controls/cpresetmenu.h"
+#include "editor/controls/cpskickbutton.h"
+#include "editor/controls/cpsrockerswitch.h"
+#include "editor/controls/csaveloadbutton.h"
 #include "tests/plugin/recordinghost.h"
 #include "tests/presetsystem/filesfixture.h"
 

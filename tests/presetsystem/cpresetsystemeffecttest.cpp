@@ -1,5 +1,5 @@
 // The preset store: values, selection, names and the host's program calls.
-#include "presetsystem/cpresetsystemeffect.h"
+#include "presetsystem/store/cpresetsystemeffect.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

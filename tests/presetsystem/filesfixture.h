@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "editor/adeditor.h"
-#include "editor/toolkitlibrary.h"
+#include "editor/base/toolkitlibrary.h"
+#include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
 #include "platform/prefs.h"
 #include "tests/platform/fakedesktop.h"

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 #include "tests/presetsystem/records.h"
 
 namespace {

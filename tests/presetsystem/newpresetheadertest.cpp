@@ -1,9 +1,9 @@
 // The image header's 41 bytes.
-#include "presetsystem/newpresetheader.h"
+#include "presetsystem/image/newpresetheader.h"
 
 #include <gtest/gtest.h>
 
-#include "presetsystem/bytewriter.h"
+#include "presetsystem/image/bytewriter.h"
 #include "tests/presetsystem/imagebytes.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <limits>
 
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 #include "tests/presetsystem/records.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // Properties of the image layer over seeded random banks and random garbage.
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <limits>
 #include <random>
 
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/chunkimage.h"
 #include "tests/presetsystem/records.h"
 
 namespace {

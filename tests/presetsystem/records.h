@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string>
 
-#include "presetsystem/presetimage.h"
+#include "presetsystem/image/presetimage.h"
 #include "tests/presetsystem/imagebytes.h"
 
 // All 24 bytes of the name, as they stand.

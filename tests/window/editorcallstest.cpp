@@ -5,9 +5,9 @@
 #include <thread>
 
 #include "damagewatch.h"
-#include "editor/adeditor.h"
-#include "editor/cabout.h"
-#include "editor/cvumeter1.h"
+#include "editor/controls/cabout.h"
+#include "editor/controls/cvumeter1.h"
+#include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
 #include "tests/plugin/recordinghost.h"
 #include "vstgui.h"

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <thread>
 
-#include "editor/aeffguieditor.h"
-#include "editor/corvtextedit.h"
-#include "editor/myframe.h"
+#include "editor/base/aeffguieditor.h"
+#include "editor/base/myframe.h"
+#include "editor/controls/corvtextedit.h"
 #include "windowtest.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // The bundle lookup on the doubles of the dynamic loader and Core Foundation.
-#include "editor/mac/bundlelookup.h"
+#include "editor/base/mac/bundlelookup.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

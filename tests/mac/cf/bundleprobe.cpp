@@ -2,7 +2,7 @@
 #include <cstring>
 
 #include "cfobject.h"
-#include "editor/mac/bundlelookup.h"
+#include "editor/base/mac/bundlelookup.h"
 #include "platform/modulepath.h"
 
 // Answers the references that are left over.

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "carbon.h"
-#include "editor/pacing.h"
+#include "editor/base/pacing.h"
 
 namespace {
 

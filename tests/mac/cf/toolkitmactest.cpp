@@ -6,8 +6,8 @@
 
 #include "cfobject.h"
 #include "dyld.h"
-#include "editor/mac/bundlelookup.h"
-#include "editor/toolkitlibrary.h"
+#include "editor/base/mac/bundlelookup.h"
+#include "editor/base/toolkitlibrary.h"
 #include "lib/vstguiinit.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The idle timer, on GNUstep.
-#include "editor/idletimer.h"
+#include "editor/base/idletimer.h"
 
-#include "editor/aeffguieditor.h"
+#include "editor/base/aeffguieditor.h"
 
 #import <objc/runtime.h>
 

@@ -9,8 +9,8 @@
 #include <thread>
 
 #import "cocoatest.h"
-#include "editor/corvtextedit.h"
-#import "editor/mac/textentrywindow.h"
+#include "editor/controls/corvtextedit.h"
+#import "editor/controls/mac/textentrywindow.h"
 #include "lib/vstguiinit.h"
 #include "testdisplay.h"
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "editor/bitmaps.h"
+#include "editor/base/bitmaps.h"
 #include "lib/platform/iplatformbitmap.h"
 #include "lib/platform/linux/linuxfactory.h"
 #include "lib/platform/platformfactory.h"

@@ -1,5 +1,5 @@
 // The file dialog, with a selector of the test's own.
-#include "platform/filedialog.h"
+#include "editor/base/filedialog.h"
 
 #include <gtest/gtest.h>
 

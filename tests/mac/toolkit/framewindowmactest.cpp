@@ -1,5 +1,5 @@
 // Opening and closing the frame, on a platform of the test's own.
-#include "editor/framewindow.h"
+#include "editor/base/framewindow.h"
 
 #include <gtest/gtest.h>
 

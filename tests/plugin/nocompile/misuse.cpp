@@ -3,7 +3,7 @@
 #include <span>
 
 #include "plugin/audioeffect.h"
-#include "presetsystem/chunkimage.h"
+#include "presetsystem/image/chunkimage.h"
 
 VstIntPtr host(AEffect*, VstInt32, VstInt32, VstIntPtr, void*, float) {
   return kVstVersion;

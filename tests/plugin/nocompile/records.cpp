@@ -14,8 +14,8 @@
 #define float double
 #endif
 
-#include "effect/acombprogram.h"
 #include "plugin/vst24.h"
+#include "presetsystem/image/acombprogram.h"
 
 #if CASE == 4
 struct FourWords {

@@ -1,0 +1,175 @@
+// Frame, keys, wheel, drawing and pacing of the editor base.
+#include "editor/base/aeffguieditor.h"
+
+#include <algorithm>
+#include <new>
+
+#include "editor/base/myframe.h"
+#include "editor/base/pacing.h"
+#include "lib/events.h"
+#include "plugin/audioeffectx.h"
+
+namespace {
+
+int knobMode = 0;  // one for all editors, as the host sets it; 0 circular
+
+// The toolkit ends the process where memory runs out in its factory, which is noexcept: there has to be enough before.
+// Throws where there is not.
+void needMemory() {
+  constexpr std::size_t kEnough = 4U << 20U;        // bytes; a window with its pictures was seen to take one million
+  void* volatile memory = ::operator new(kEnough);  // volatile, or the compiler leaves both out
+  ::operator delete(memory);
+}
+
+VSTGUI::KeyboardEvent keyboardEvent(VSTGUI::EventType type, const VstKeyCode& key) {
+  VSTGUI::KeyboardEvent event(type);
+  event.character = static_cast<char32_t>(key.character);
+  event.virt = VSTGUI::fromVstVirtualKey(key.virt);
+  if ((key.modifier & MODIFIER_SHIFT) != 0) event.modifiers.add(VSTGUI::ModifierKey::Shift);
+  if ((key.modifier & MODIFIER_ALTERNATE) != 0) event.modifiers.add(VSTGUI::ModifierKey::Alt);
+  if ((key.modifier & MODIFIER_COMMAND) != 0) event.modifiers.add(VSTGUI::ModifierKey::Control);
+  if ((key.modifier & MODIFIER_CONTROL) != 0) event.modifiers.add(VSTGUI::ModifierKey::Super);
+  return event;
+}
+
+}  // namespace
+
+AEffGUIEditor::AEffGUIEditor(AudioEffect* owner) : AEffEditor(owner), nextIdleTicks(getTicks()) {}
+
+AEffGUIEditor::~AEffGUIEditor() = default;
+
+// A size that could not be found out (its picture did not load: the process may have no file left to open) is asked for
+// again.
+void AEffGUIEditor::needToolkit() {
+  if (rect.right != 0) return;
+  needMemory();
+  if (!toolkit) toolkit.emplace();
+  rect = windowSize();
+}
+
+bool AEffGUIEditor::getRect(ERect** out) {
+  *out = nullptr;  // should the toolkit fail
+  needToolkit();
+  *out = &rect;
+  return true;
+}
+
+bool AEffGUIEditor::open(void* window) {
+  needToolkit();
+  return AEffEditor::open(window);
+}
+
+bool AEffGUIEditor::openFrame(void* window) {
+  needToolkit();
+  needMemory();
+  const VSTGUI::CRect size(rect.left, rect.top, rect.right, rect.bottom);
+  const auto made = VSTGUI::makeOwned<VSTGUI::CFrame>(size, this);
+  auto* root = new MyFrame(size);
+  made->addView(root);
+  auto opening = FrameWindow::create();
+  if (!opening->open(made, window)) return false;
+  made->remember();  // the frame's own, which its close gives back
+  frame = made;
+  view = root;
+  frameWindow = std::move(opening);
+  return true;
+}
+
+void AEffGUIEditor::closeFrame() {
+  frame = nullptr;
+  view = nullptr;
+  frameWindow.reset();
+}
+
+// The window may be closed from inside the pump, by a control's callback.
+void AEffGUIEditor::idle() {
+  if (inHostIdle || frame == nullptr) return;
+  frameWindow->pump();
+  if (frame == nullptr) return;
+  if (frameWindow->keyboardLost()) frameWindow->during([this] { keyboardLeft(); });
+  if (view != nullptr) view->idle();
+}
+
+bool AEffGUIEditor::dispatch(VSTGUI::Event& event) {
+  frameWindow->during([target = frame, &event] { target->dispatchEvent(event); });
+  return static_cast<bool>(event.consumed);
+}
+
+bool AEffGUIEditor::onKeyDown(VstKeyCode& key) {
+  if (frame == nullptr) return false;
+  VSTGUI::KeyboardEvent event = keyboardEvent(VSTGUI::EventType::KeyDown, key);
+  return dispatch(event);
+}
+
+bool AEffGUIEditor::onKeyUp(VstKeyCode& key) {
+  if (frame == nullptr) return false;
+  VSTGUI::KeyboardEvent event = keyboardEvent(VSTGUI::EventType::KeyUp, key);
+  return dispatch(event);
+}
+
+bool AEffGUIEditor::onWheel(float distance) {
+  if (frame == nullptr) return false;
+  VSTGUI::MouseWheelEvent event;
+  VSTGUI::CPoint where(0, 0);
+  frame->getCurrentMouseLocation(where);
+  event.mousePosition = where;
+  event.deltaY = static_cast<double>(distance);
+  return dispatch(event);
+}
+
+bool AEffGUIEditor::setKnobMode(int mode) {
+  knobMode = mode;
+  return true;
+}
+
+std::int32_t AEffGUIEditor::getKnobMode() const {
+  return knobMode;
+}
+
+void AEffGUIEditor::draw(ERect* area) {
+  if (frame == nullptr) return;
+  VSTGUI::CRect dirty = frame->getViewSize();
+  if (area != nullptr) {
+    dirty = VSTGUI::CRect(std::min(area->left, area->right), std::min(area->top, area->bottom),
+                          std::max(area->left, area->right), std::max(area->top, area->bottom));
+  }
+  frame->invalidRect(dirty);
+}
+
+// A pass at most every 50 to 100 ms while a control keeps the mouse.
+void AEffGUIEditor::doIdleStuff() {
+  constexpr std::uint32_t kBreath = 4;      // ms given to the event loop before a pass that is not due
+  constexpr std::uint32_t kEarly = 50;      // ms before its time that a pass is let through
+  constexpr std::uint32_t kInterval = 100;  // ms from one pass to the next
+  std::uint32_t now = getTicks();
+  if (now < nextIdleTicks) {
+    wait(kBreath);
+    now += kBreath;
+    if (now < nextIdleTicks - kEarly) return;
+  }
+  idle();
+  nextIdleTicks = now + kInterval;
+  inHostIdle = true;
+  if (effect != nullptr) effect->masterIdle();
+  inHostIdle = false;
+}
+
+bool AEffGUIEditor::isParameter(std::int32_t index) const {
+  return effect != nullptr && index >= 0 && index < effect->getAeffect()->numParams;
+}
+
+void AEffGUIEditor::beginEdit(std::int32_t index) {
+  if (isParameter(index)) static_cast<AudioEffectX*>(effect)->beginEdit(index);
+}
+
+void AEffGUIEditor::endEdit(std::int32_t index) {
+  if (isParameter(index)) static_cast<AudioEffectX*>(effect)->endEdit(index);
+}
+
+std::uint32_t AEffGUIEditor::getTicks() {
+  return ticksToMilliseconds(platformTickCount());
+}
+
+void AEffGUIEditor::wait(std::uint32_t ms) {
+  platformRunEventLoop(ms * 0.001);
+}

@@ -1,0 +1,12 @@
+// Ticks and waiting on macOS: the system's tick count, and the event loop of the host's thread.
+#include <Carbon/Carbon.h>
+
+#include "editor/base/pacing.h"
+
+std::uint32_t platformTickCount() {
+  return TickCount();
+}
+
+void platformRunEventLoop(double seconds) {
+  RunCurrentEventLoop(seconds);
+}

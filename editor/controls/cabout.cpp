@@ -1,0 +1,30 @@
+// Opens the about panel.
+#include "editor/controls/cabout.h"
+
+#include "editor/controls/csplashscreenmyview.h"
+
+CAbout::CAbout(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
+               VSTGUI::CBitmap* background, const VSTGUI::CRect& displayArea, const VSTGUI::CPoint& offset,
+               const VSTGUI::CPoint& origin)
+    : OwnPresses(size, listener, tag, background, displayArea, offset), textOrigin(origin) {}
+
+VSTGUI::CMouseEventResult CAbout::onMouseDown(VSTGUI::CPoint& /*where*/, const VSTGUI::CButtonState& buttons) {
+  VSTGUI::CFrame* frame = getFrame();
+  if (!(buttons & VSTGUI::kLButton) || frame == nullptr) return VSTGUI::kMouseEventNotHandled;
+  // The release goes to the panel.
+  constexpr auto kHandled = VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+  if (value != 0) {
+    value = 0;
+    return kHandled;
+  }
+  auto* panel = new CSplashScreenMyView(toDisplay, this, textOrigin);
+  const auto session = frame->beginModalViewSession(panel);  // the frame owns the panel from here on
+  if (!session) {
+    panel->forget();
+    return kHandled;
+  }
+  panel->setSession(*session);
+  value = 1;
+  invalid();
+  return kHandled;
+}

@@ -1,0 +1,75 @@
+// The label's side of in-place text entry.
+#include "editor/controls/corvtextedit.h"
+
+#include <cstring>
+
+#include "lib/platform/iplatformframe.h"
+#include "platform/validtext.h"
+
+using VSTGUI::CPoint;
+using VSTGUI::CRect;
+
+COrvTextEdit::COrvTextEdit(const CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag, const char* text,
+                           VSTGUI::CBitmap* background, std::int32_t style, bool keptFlag)
+    : CTextLabel(size, text, background, style), flag(keptFlag) {
+  setListener(listener);
+  setTag(tag);
+}
+
+void COrvTextEdit::setText(const char* text) {
+  CTextLabel::setText(VSTGUI::UTF8String(text));
+}
+
+char* COrvTextEdit::getText(char* buffer) const {
+  return buffer != nullptr ? std::strcpy(buffer, getText().data()) : nullptr;
+}
+
+void COrvTextEdit::draw(VSTGUI::CDrawContext* context) {
+  if (getDrawBackground() != nullptr) drawBack(context);
+  if (!beingEdited) {
+    const VSTGUI::UTF8String shown(validText(getText().getString()));
+    drawPlatformText(context, shown.getPlatformString());
+  }
+  setDirty(false);
+}
+
+VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/, const VSTGUI::CButtonState& /*buttons*/) {
+  if (beingEdited || !isAttached()) return VSTGUI::kMouseEventHandled;
+  beingEdited = true;
+  setDirty(true);
+  const double fontSize = getFont()->getSize();
+  CPoint corner = getViewSize().getTopLeft();
+  localToFrame(corner);
+  CPoint origin;
+  if (VSTGUI::IPlatformFrame* platform = getFrame()->getPlatformFrame()) platform->getGlobalPosition(origin);
+  // As wide as the label, two points taller than the font, centred on the label.
+  const TextEntryPlace place{
+      corner.x, corner.y + (getHeight() - fontSize - 1) * 0.5, getWidth(), fontSize + 2, origin.x, origin.y};
+  entry = openTextEntry(this, place);
+  if (!entry) {
+    beingEdited = false;
+    setDirty(true);
+  }
+  return VSTGUI::kMouseEventHandled;
+}
+
+bool COrvTextEdit::removed(VSTGUI::CView* parent) {
+  entry.reset();
+  beingEdited = false;
+  return CTextLabel::removed(parent);
+}
+
+void COrvTextEdit::endEntry(bool confirm) {
+  if (beingEdited && entry) entry->end(confirm);
+}
+
+void COrvTextEdit::endEditMode(bool confirm) {
+  beingEdited = false;
+  setDirty(true);
+  if (confirm) {
+    beginEdit();
+    valueChanged();
+    endEdit();
+  }
+  invalid();
+}

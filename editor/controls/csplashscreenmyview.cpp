@@ -1,0 +1,59 @@
+// The about panel's text, and its closing.
+#include "editor/controls/csplashscreenmyview.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+using VSTGUI::CMouseEventResult;
+using VSTGUI::CPoint;
+using VSTGUI::CRect;
+
+CSplashScreenMyView::CSplashScreenMyView(const CRect& size, VSTGUI::CSplashScreen* opener, const CPoint& origin)
+    : CControl(size, nullptr, 0, opener->getBackground()), owner(opener), textOrigin(origin) {}
+
+bool CSplashScreenMyView::isTypeOf(const char* className) const {
+  constexpr std::array<std::string_view, 4> kNames = {"CSplashScreenMyView", "CControl", "CView", "CBaseObject"};
+  return std::find(kNames.begin(), kNames.end(), className) != kNames.end();
+}
+
+VSTGUI::CBaseObject* CSplashScreenMyView::newCopy() const {
+  return new CSplashScreenMyView(getViewSize(), owner, textOrigin);
+}
+
+void CSplashScreenMyView::draw(VSTGUI::CDrawContext* context) {
+  if (VSTGUI::CBitmap* picture = getDrawBackground()) picture->draw(context, getViewSize(), CPoint(0, 0), 1.0F);
+
+  CRect line;  // 15 pixels high, as wide as the panel
+  line.left = getViewSize().left + textOrigin.x;
+  line.right = line.left + getViewSize().getWidth();
+  line.top = getViewSize().top + textOrigin.y;
+  line.bottom = line.top + 15;
+  const auto write = [&](double down, VSTGUI::CFontRef font, const VSTGUI::CColor& colour, const char* text) {
+    line.offset(0, down);
+    context->setFont(font);
+    context->setFontColor(colour);
+    context->drawString(text, line, VSTGUI::kCenterText, true);
+  };
+  write(0, VSTGUI::kNormalFontSmaller, kDarkBlueCColor, "Orv Trelvan   v.1.9.9");
+  write(17, VSTGUI::kNormalFontSmaller, kDarkBlueCColor, "Made with care by Orv");
+  write(17, VSTGUI::kNormalFontSmaller, kDarkBlueCColor, "https://orv.example");
+  write(37, VSTGUI::kNormalFontVerySmall, kDarkGreyCColor, "VST PlugIn Technology by Steinberg");
+  setDirty(false);
+}
+
+CMouseEventResult CSplashScreenMyView::onMouseDown(CPoint& /*where*/, const VSTGUI::CButtonState& buttons) {
+  if (!(buttons & VSTGUI::kLButton)) return VSTGUI::kMouseEventNotHandled;
+  owner->unSplash();
+  VSTGUI::CFrame* frame = getFrame();
+  if (frame == nullptr || !session) return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+  // After the event: the frame remembers the pressed view, and would remember a deleted one.
+  const auto end = [self = VSTGUI::shared(this)] {
+    VSTGUI::CFrame* closing = self->getFrame();
+    if (closing == nullptr) return;  // closed meanwhile
+    closing->endModalViewSession(*self->session);
+    closing->invalid();
+  };
+  if (!frame->doAfterEventProcessing(end)) end();
+  return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+}

@@ -1,0 +1,183 @@
+// The window of the in-place text entry, on Cocoa. Manual reference counting.
+#import "editor/controls/mac/textentrywindow.h"
+
+#import <objc/runtime.h>
+
+#include "editor/controls/corvtextedit.h"
+#include "editor/controls/mac/textentrymac.h"
+#include "platform/mac/manualreferences.h"
+#include "platform/validtext.h"
+
+namespace {
+
+NSColor* cocoaColor(const VSTGUI::CColor& color) {
+  return [NSColor colorWithCalibratedRed:color.red / 255.0
+                                   green:color.green / 255.0
+                                    blue:color.blue / 255.0
+                                   alpha:color.alpha / 255.0];
+}
+
+// Never nil, which a field does not take: a name that was cut to its 24 bytes may end within a character.
+NSString* cocoaText(const VSTGUI::UTF8String& text) {
+  return [NSString stringWithUTF8String:validText(text.getString()).c_str()];
+}
+
+}  // namespace
+
+@implementation OrvMCMyTextField
+
+- (BOOL)performKeyEquivalent:(NSEvent*)event {
+  if (([event modifierFlags] & NSEventModifierFlagCommand) == 0) return NO;
+  [static_cast<NSWindow*>([self delegate]) mouseDown:nil];
+  return YES;
+}
+
+@end
+
+@implementation OrvMCSystemBoxWindow
+
+- (void)setVstPointer:(COrvTextEdit*)control {
+  vstPointer = control;
+}
+
+- (void)setEntry:(TextEntryMac*)handle {
+  entry = handle;
+}
+
+- (void)setUpTextFieldwithRect:(NSRect)rect andTopLeft:(NSPoint)topLeft {
+  const NSRect frame = NSMakeRect(topLeft.x + rect.origin.x, topLeft.y - rect.origin.y - rect.size.height,
+                                  rect.size.width, rect.size.height);
+  textField = [[OrvMCMyTextField alloc] initWithFrame:frame];
+  [textField setBezeled:NO];
+  [textField setDrawsBackground:NO];
+  [textField setEditable:YES];
+  [textField setSelectable:YES];
+  [textField setEnabled:YES];
+  [textField setDelegate:self];
+  [textField setAlignment:NSTextAlignmentCenter];  // by its name: the numbers of centre and right differ by processor
+  [textField setStringValue:cocoaText(vstPointer->getText())];
+  [[textField cell] setWraps:NO];
+  [[self contentView] addSubview:textField];
+}
+
+- (void)setUpFont {
+  const VSTGUI::CFontRef font = vstPointer->getFont();
+  NSFont* cocoaFont = [NSFont fontWithName:cocoaText(font->getName()) size:font->getSize()];
+  if (cocoaFont != nil) [textField setFont:cocoaFont];  // a font that is missing leaves the field its own
+  const COrvTextEdit::CustomColor& edition = vstPointer->fontEditionColor();
+  [textField setTextColor:cocoaColor(edition.set ? edition.color : vstPointer->getFontColor())];
+}
+
+- (void)setUpWindow {
+  [self setBackgroundColor:[NSColor clearColor]];
+  [self setOpaque:NO];
+  [self setIgnoresMouseEvents:NO];
+  [self setInitialFirstResponder:textField];
+  [self makeKeyAndOrderFront:nil];
+  [self setLevel:CGWindowLevelForKey(kCGStatusWindowLevelKey)];
+  [self setReleasedWhenClosed:YES];
+  // Twice on purpose; one removeObserver: takes both away.
+  for (int i = 0; i < 2; ++i) {
+    [[NSNotificationCenter defaultCenter] addObserver:self
+                                             selector:@selector(confirmEditing:)
+                                                 name:NSWindowDidResignMainNotification
+                                               object:self];
+  }
+}
+
+- (void)setUpColors {
+  NSTextView* editor = static_cast<NSTextView*>([self fieldEditor:YES forObject:textField]);
+  const COrvTextEdit::CustomColor& caret = vstPointer->caretColor();
+  if (caret.set) [editor setInsertionPointColor:cocoaColor(caret.color)];
+  const COrvTextEdit::CustomColor& text = vstPointer->fontHighlightedColor();
+  const COrvTextEdit::CustomColor& back = vstPointer->highlightColor();
+  if (!text.set && !back.set) return;
+  NSDictionary* now = [editor selectedTextAttributes];
+  id foreground = text.set ? cocoaColor(text.color) : [now objectForKey:NSForegroundColorAttributeName];
+  id background = back.set ? cocoaColor(back.color) : [now objectForKey:NSBackgroundColorAttributeName];
+  NSMutableDictionary* attributes = [NSMutableDictionary dictionaryWithCapacity:2];
+  if (foreground != nil) [attributes setObject:foreground forKey:NSForegroundColorAttributeName];
+  if (background != nil) [attributes setObject:background forKey:NSBackgroundColorAttributeName];
+  [editor setSelectedTextAttributes:attributes];
+}
+
+// A borderless window would take no keyboard.
+- (BOOL)canBecomeKeyWindow {
+  return YES;
+}
+
+- (BOOL)canBecomeMainWindow {
+  return YES;
+}
+
+- (void)mouseDown:(NSEvent*)event {
+  [self confirmEditing:event];
+}
+
+- (BOOL)control:(NSControl*)control textView:(NSTextView*)textView doCommandBySelector:(SEL)command {
+  (void)control;
+  (void)textView;
+  if (sel_isEqual(command, @selector(insertNewline:))) {
+    [self confirmEditing:nil];
+    return YES;
+  }
+  if (sel_isEqual(command, @selector(cancelOperation:))) {
+    [self cancelEditing:nil];
+    return YES;
+  }
+  return NO;
+}
+
+// What all endings begin with. Null where it has ended already: closing can make the window resign once more, and the
+// label's listener may do anything. The system still uses the window, its field editor and the field in the callback
+// that ends them, so they stay until the pool goes.
+- (COrvTextEdit*)takeVstPointer {
+  COrvTextEdit* control = vstPointer;
+  if (control == nullptr) return nullptr;
+  vstPointer = nullptr;
+  [[self retain] autorelease];
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  entry->windowEnds();
+  entry = nullptr;
+  return control;
+}
+
+- (void)takeDown {
+  [textField setDelegate:nil];
+  [textField removeFromSuperview];
+  [textField autorelease];
+  textField = nil;
+  [super close];  // releases the window
+}
+
+- (void)confirmEditing:(id)sender {
+  (void)sender;
+  if (const auto control = VSTGUI::shared([self takeVstPointer])) {  // its listener may close the editor
+    control->setText([[textField stringValue] UTF8String]);
+    control->endEditMode(true);
+    [self takeDown];
+  }
+}
+
+- (void)cancelEditing:(id)sender {
+  (void)sender;
+  if (const auto control = VSTGUI::shared([self takeVstPointer])) {
+    control->endEditMode(false);
+    [self takeDown];
+  }
+}
+
+- (void)abandonEditing {
+  if ([self takeVstPointer] != nullptr) [self takeDown];
+}
+
+// Whoever closes the window ends the entry in it.
+- (void)close {
+  if (vstPointer != nullptr) {
+    [self confirmEditing:nil];
+  } else {
+    [super close];
+  }
+}
+
+@end

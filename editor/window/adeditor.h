@@ -1,0 +1,53 @@
+// The effect's own window: sliders, switches, displays, meter and about, above the preset bar.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "presetsystem/bar/cpresetsystemeditor.h"
+
+class CAbout;
+class CVuMeter1;
+class Trelvan;
+
+// Made once by its effect. The frame owns the controls; the pointers are valid while the window is open. Gestures go to
+// the host as automation; changes of the effect's parameters, from any thread, are marked and reach the controls at the
+// next idle pass.
+class ADEditor : public CPresetSystemEditor {
+ public:
+  explicit ADEditor(Trelvan* owner);
+  ~ADEditor() override;
+
+  bool open(void* window) override;
+  void close() override;
+  void idle() override;
+  void valueChanged(VSTGUI::CControl* control) override;
+  void setParameter(VstInt32 index, float value) override;  // any thread; an index outside 0..4 is ignored
+  virtual void suspend();                                   // the meter shows the centre
+
+ protected:
+  ERect windowSize() override;
+
+ private:
+  bool openWindow(void* window);
+  void addDisplays();
+  void addParameterControls();
+  void addAbout();
+  void showParameter(VstInt32 index);
+  void endGestures();
+  void forgetControls();
+
+  Trelvan* trelvan;
+  std::atomic<std::uint32_t> changed{0};  // one bit a parameter that the controls do not show yet
+  VSTGUI::SharedPointer<VSTGUI::CBitmap> background;
+  VSTGUI::CHorizontalSlider* depthSlider = nullptr;
+  VSTGUI::CHorizontalSlider* freqSlider = nullptr;
+  VSTGUI::CHorizontalSlider* emphSlider = nullptr;
+  CVuMeter1* meter = nullptr;
+  VSTGUI::CParamDisplay* depthValueDisplay = nullptr;
+  VSTGUI::CParamDisplay* freqValueDisplay = nullptr;
+  VSTGUI::CParamDisplay* emphValueDisplay = nullptr;
+  VSTGUI::COnOffButton* switch3Button = nullptr;
+  VSTGUI::COnOffButton* switch4Button = nullptr;
+  CAbout* about = nullptr;
+};

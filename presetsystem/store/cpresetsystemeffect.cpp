@@ -1,0 +1,104 @@
+// The bank, the current preset, its name and its values.
+#include "presetsystem/store/cpresetsystemeffect.h"
+
+#include <cstring>
+
+#include "presetsystem/bar/cpresetsystemeditor.h"
+
+namespace {
+
+constexpr VstInt32 kHostPrograms = 1;  // the bank is ours, not the host's
+
+bool isPresetNumber(long n) {
+  return n >= 0 && n < CPresetSystemEffect::kPresetCount;
+}
+
+bool isParameterIndex(VstInt32 index) {
+  return index >= 0 && index < CPresetSystemEffect::kParameterCount;
+}
+
+void copyName(const ACombProgram& preset, char* text) {
+  std::memcpy(text, preset.name, sizeof preset.name);
+  text[sizeof preset.name] = 0;
+}
+
+}  // namespace
+
+CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback host)
+    : AudioEffectX(host, kHostPrograms, kParameterCount), presets(std::make_unique<presetimage::Bank>()) {
+  programsAreChunks();
+  presets->fill(ACombProgram::zeroed());
+  defaultPreset = preset(0);
+}
+
+void CPresetSystemEffect::setParameter(VstInt32 index, float value) {
+  if (isParameterIndex(index)) preset(getPresetNo()).setParameter(index, value);
+}
+
+float CPresetSystemEffect::getParameter(VstInt32 index) {
+  return isParameterIndex(index) ? preset(getPresetNo()).parameter(index) : -1.0F;
+}
+
+void CPresetSystemEffect::setProgramName(char* name) {
+  char copy[ACombProgram::kNameSize + 1] = {};  // the editor is told one character more than is stored
+  std::memcpy(copy, name, strnlen(name, ACombProgram::kNameSize));
+  preset(getPresetNo()).rename(copy);
+  if (CPresetSystemEditor* presetBar = presetEditor()) presetBar->nameChangedExternal(copy);
+}
+
+void CPresetSystemEffect::getProgramName(char* name) {
+  copyName(preset(getPresetNo()), name);
+}
+
+bool CPresetSystemEffect::getProgramNameIndexed(VstInt32 /*category*/, VstInt32 index, char* text) {
+  if (!isPresetNumber(index)) return false;
+  copyName(preset(index), text);
+  return true;
+}
+
+bool CPresetSystemEffect::setPresetNo(long n) {
+  if (!isPresetNumber(n)) return false;
+  presetChangeInProgress = true;
+  curProgram = 0;
+  currentPreset = n;
+  for (int index = 0; index < kParameterCount; ++index) {
+    const float value = preset(n).parameter(index);
+    if (value >= 0.0F && value <= 1.0F) setParameter(index, value);
+  }
+  updateDisplay();
+  beginEdit(0);  // an empty gesture: hosts re-read the parameters after it
+  const bool answer = endEdit(0);
+  presetChangeInProgress = false;
+  return answer;
+}
+
+void CPresetSystemEffect::setPresetName(const char* name) {
+  curProgram = 0;
+  if (name != nullptr) preset(getPresetNo()).rename(name);
+  updateDisplay();
+}
+
+void CPresetSystemEffect::initializePreset(long n) {
+  if (isPresetNumber(n)) preset(n) = defaultPreset;
+}
+
+void CPresetSystemEffect::loadDefaults() {
+  defaultPreset = preset(0);
+  if (CPresetSystemEditor* presetBar = presetEditor()) presetBar->loadDefaults();
+}
+
+presetimage::DummySlots CPresetSystemEffect::dummySlots() {
+  presetimage::DummySlots slots{};
+  for (int index = 0; index < kParameterCount; ++index) slots[static_cast<std::size_t>(index)] = isDummy(index);
+  return slots;
+}
+
+presetimage::DummySlots CPresetSystemEffect::oldDummySlots() {
+  presetimage::DummySlots slots{};
+  for (int index = 0; index < kParameterCount; ++index) slots[static_cast<std::size_t>(index)] = isDummyOld(index);
+  return slots;
+}
+
+CPresetSystemEditor* CPresetSystemEffect::presetEditor() {
+  return static_cast<CPresetSystemEditor*>(editor.get());
+}

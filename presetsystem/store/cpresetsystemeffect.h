@@ -1,0 +1,91 @@
+// The preset store: the effect-side half of the preset system, with the bank, the current preset and the host's chunk.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "platform/relaxed.h"
+#include "plugin/audioeffectx.h"
+#include "presetsystem/image/acombprogram.h"
+#include "presetsystem/image/chunkimage.h"
+#include "presetsystem/image/presetimage.h"
+
+class CPresetSystemEditor;
+
+// Towards the host there is one program, whose number is always 0, and its state is the chunk with the whole bank.
+// setParameter and getParameter may come from any thread; the rest from the host's user-interface thread, chunks in
+// some hosts while the audio thread processes. No lock: values are relaxed words.
+class CPresetSystemEffect : public AudioEffectX {
+ public:
+  static constexpr int kPresetCount = presetimage::kPresetCount;
+  static constexpr int kParameterCount = presetimage::kParameterCount;
+
+  explicit CPresetSystemEffect(audioMasterCallback host);
+
+  void resume() override {}
+  // Stores into the current preset, as given; an index outside 0..4 is ignored.
+  void setParameter(VstInt32 index, float value) override;
+  // -1.0 for an index outside 0..4.
+  float getParameter(VstInt32 index) override;
+  VstInt32 getProgram() override { return 0; }
+  void setProgram(VstInt32) override {}
+  void setProgramName(char* name) override;  // the host renames the current preset; the editor is told
+  void getProgramName(char* name) override;  // writes 25 bytes
+  VstInt32 getChunk(void** data, bool isPreset) override;
+  VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset) override;
+  bool getProgramNameIndexed(VstInt32 category, VstInt32 index, char* text) override;  // writes 25 bytes
+  VstInt32 processEvents(VstEvents*) override { return 0; }
+  VstInt32 canDo(char*) override { return 0; }
+
+  virtual long getPresetNo() { return static_cast<long>(currentPreset.load()); }
+  // n: 0..31, others are ignored. Pushes the preset's values into the effect and makes the host re-read them; answers
+  // what the host answers to the end of that empty gesture.
+  virtual bool setPresetNo(long n);
+  virtual void setPresetName(const char* name);  // the editor renames the current preset; the host is told
+
+  // MIDI learn and the MIDI map, which this effect has not; the editor may call them all the same.
+  virtual void attachMidi(int, int) {}
+  virtual void detachMidiParam(int) {}
+  virtual void detachMidiCC(int) {}
+  virtual int getMidiCC(int) { return 0; }
+  virtual int getMidiParam(int) { return 0; }
+  virtual int getMidiActivity() { return 0; }
+  virtual void beginLearn() {}
+  virtual void endLearn() {}
+  virtual void setLearnParam(int) {}
+  virtual void beginCancel() {}
+  virtual void endCancel() {}
+
+  virtual VstInt32 getUniqueID() { return getAeffect()->uniqueID; }
+  virtual void initializePreset(long n);  // n: 0..31, others are ignored; makes it a copy of the default preset
+  // True for slots that current and old images leave out.
+  virtual bool isDummy(int index) = 0;
+  virtual bool isDummyOld(int index) = 0;
+  virtual void loadDefaults();  // at construction: factory preset 0 is the default record, then the stored defaults
+  virtual void initPresets() {}
+  virtual void initMidi() {}
+  virtual float getVu() { return 0.0F; }
+
+  // For the editor and the image readers, on the user-interface thread.
+  presetimage::Bank& bank() { return *presets; }
+  ACombProgram& preset(long n) { return (*presets)[static_cast<std::size_t>(n)]; }
+  const ACombProgram& getDefaultPreset() const { return defaultPreset; }
+  bool isPresetChangeInProgress() const { return presetChangeInProgress; }
+  presetimage::DummySlots dummySlots();     // of current images
+  presetimage::DummySlots oldDummySlots();  // of old images
+
+ protected:
+  // The editor object as the preset system knows it; null only while the effect is made.
+  CPresetSystemEditor* presetEditor();
+
+ private:
+  VstInt32 setChunkOld(void* data, VstInt32 byteSize, bool isPreset, bool swapped);
+
+  std::unique_ptr<presetimage::Bank> presets;
+  Relaxed<std::int64_t> currentPreset{0};  // 0..31
+  std::array<unsigned char, chunkimage::kOldSize> oldChunkBuffer{};
+  std::array<unsigned char, chunkimage::kSize> chunkBuffer{};  // what getChunk hands out
+  ACombProgram defaultPreset;
+  Relaxed<bool> presetChangeInProgress{false};  // while set, setParameter leaves the bank alone
+};
