@@ -1,31 +1,37 @@
-# The plug-in: the pure image library, the library that holds all other code, and the module with its bundle.
-
+# The plug-in: images, effect and window, each a library of its own, and the module with its bundle.
 add_library(trelvan_images STATIC
   presetsystem/image/newpresetheader.cpp
   presetsystem/image/imagewriter.cpp
   presetsystem/image/imagereader.cpp
   presetsystem/image/oldimagereader.cpp
-  presetsystem/image/chunkimage.cpp)
+  presetsystem/image/image.cpp)
 target_link_libraries(trelvan_images PUBLIC trelvan_options)
 
-add_library(trelvan STATIC
+# Compiles without the toolkit's headers. All that it needs of the window is createEditor: who links this without the
+# window brings one of its own.
+add_library(trelvan_effect STATIC
   plugin/audioeffect.cpp
+  plugin/audioeffectstrings.cpp
   plugin/audioeffectx.cpp
   plugin/createeffectinstance.cpp
+  presetsystem/store/bankimages.cpp
+  presetsystem/store/cpresetsystemeffect.cpp
   effect/trelvan.cpp
   effect/trelvanparameters.cpp
   effect/trelvanprocess.cpp
   effect/numbertext.cpp
-  effect/factorypresets.cpp
-  presetsystem/store/cpresetsystemeffect.cpp
-  presetsystem/store/cpresetsystemeffectchunk.cpp
+  effect/factorypresets.cpp)
+target_link_libraries(trelvan_effect PUBLIC trelvan_images trelvan_options)
+
+# The whole plug-in: the window, the platform, and the two above.
+add_library(trelvan STATIC
+  presetsystem/bar/barclicks.cpp
+  presetsystem/bar/barnames.cpp
   presetsystem/bar/cpresetsystemeditor.cpp
-  presetsystem/bar/cpresetsystemeditorimages.cpp
-  presetsystem/bar/cpresetsystemeditorfiles.cpp
-  presetsystem/bar/cpresetsystemeditordefaults.cpp
-  presetsystem/bar/cpresetsystemeditormanual.cpp
-  presetsystem/bar/cpresetsystemeditordispatch.cpp
+  presetsystem/bar/manual.cpp
   presetsystem/bar/presetbar.cpp
+  presetsystem/bar/presetfiles.cpp
+  presetsystem/bar/storedpresets.cpp
   editor/base/toolkitlibrary.cpp
   editor/base/aeffguieditor.cpp
   editor/base/myframe.cpp
@@ -46,7 +52,8 @@ add_library(trelvan STATIC
   platform/modulepath.cpp
   platform/xplatfile.cpp
   platform/xplatvalues.cpp)
-target_link_libraries(trelvan PUBLIC trelvan_images trelvan_toolkit trelvan_options)
+target_link_libraries(trelvan PUBLIC trelvan_effect trelvan_toolkit)
+target_link_libraries(trelvan_effect INTERFACE $<LINK_ONLY:trelvan>)  # createEditor
 include(Artwork)
 include(Manual)
 if(APPLE)

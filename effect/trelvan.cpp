@@ -7,8 +7,8 @@
 #include <cstring>
 #include <string_view>
 
-#include "editor/window/adeditor.h"
 #include "platform/saturate.h"
+#include "plugin/createeditor.h"
 #include "plugin/createeffectinstance.h"
 
 namespace {
@@ -31,12 +31,15 @@ AudioEffect* createEffectInstance(audioMasterCallback audioMaster) {
 
 Trelvan::Trelvan(audioMasterCallback host)
     : CPresetSystemEffect(host), delayLine(std::make_unique<float[]>(kDelayLength)) {
+  for (VstInt32 index = 0; index < kParameterCount; ++index) {
+    derived[static_cast<std::size_t>(index)] = parameterAt(index).derived(0.0F);
+  }
   setNumInputs(2);
   setNumOutputs(2);
   setUniqueID(kUniqueID);
   canProcessReplacing();
   canDoubleReplacing();
-  setEditor(new ADEditor(this));  // before the first callback: the record says that there is one
+  setEditor(createEditor(this));  // before the first callback: the record says that there is one
   sampleRateInt = truncatedToInt32(getSampleRate());
   getOutputLatency();
   updateBlockSize();
@@ -69,8 +72,8 @@ void Trelvan::resume() {
   updateBlockSize();
   clearSignal();
   delayCurrent = delayTarget;
-  emphasisSmoothed = emphasisTarget;  // no glide after a resume
-  widthGainSmoothed = widthGain;
+  emphasisSmoothed = derived[kEmphasisIndex];  // no glide after a resume
+  widthGainSmoothed = derived[kWidthIndex];
 }
 
 // Coefficients and glides stay as they are.
@@ -95,7 +98,8 @@ void Trelvan::clearSignal() {
 
 // Whole frames: at rest the read offset has no fraction.
 std::int32_t Trelvan::delayTargetNow() const {
-  return truncatedToInt32(static_cast<float>(kDelayLength) - static_cast<float>(sampleRateInt) / baseFreqHz);
+  return truncatedToInt32(static_cast<float>(kDelayLength) -
+                          static_cast<float>(sampleRateInt) / derived[kBaseFreqIndex]);
 }
 
 float Trelvan::getVu() {

@@ -1,19 +1,20 @@
 // The effect: widens by adding a delayed, shaped copy of mid on the left and subtracting it on the right.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 
+#include "effect/parameters.h"
 #include "platform/relaxed.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 
-// Parameter indexes: 0 width, 1 baseFreq, 2 emphasis, 3 process, 4 phase; 6 is an internal value, 5 is nothing.
+// Parameter indexes and what they mean: effect/parameters.h.
 // resume and suspend reset; the audio thread processes; setParameter comes from any thread and only moves targets,
 // toward which the frames glide. What crosses threads is a relaxed word, the rest is the audio thread's.
 class Trelvan : public CPresetSystemEffect {
  public:
   static constexpr VstInt32 kUniqueID = vstFourChars('T', 'l', 'v', 'n');
-  static constexpr int kAuxIndex = 6;  // the internal value
 
   // Complete with factory presets, stored defaults and coefficients; needs no display. Throws on lack of memory.
   explicit Trelvan(audioMasterCallback host);
@@ -49,7 +50,7 @@ class Trelvan : public CPresetSystemEffect {
   bool isDummy(int index) override { return index >= kParameterCount; }
   bool isDummyOld(int index) override { return index >= kParameterCount; }
   void initPresets() override;
-  float getVu() override;  // answers the peak value and clears it
+  float getVu() override;  // returns the peak value and clears it
 
   // For the editor, on the user-interface thread.
   float getWidthMeter() const { return widthMeter; }  // -0.5 side outweighs .. 0 equal .. +0.5 mid outweighs
@@ -82,12 +83,9 @@ class Trelvan : public CPresetSystemEffect {
   Relaxed<bool> inputStereo{true};   // the second input is to be read
   Relaxed<bool> outputStereo{true};  // the second output is to be written
 
-  // Raw values and what follows from them: the targets of the glides.
-  Relaxed<float> width, baseFreq, emphasis, process, phase;
-  Relaxed<float> widthGain;              // side gain, 2 width^2
-  Relaxed<float> baseFreqHz{20.0F};      // 20..1000 Hz
-  Relaxed<float> emphasisTarget;         // coefficient, 0..1
-  Relaxed<float> processOn, phaseOn;     // 0 or 1
+  // By parameter index: raw values, and what follows from them: the targets of the glides, the switches.
+  std::array<Relaxed<float>, kParameterCount> raw;
+  std::array<Relaxed<float>, kParameterCount> derived;
   Relaxed<std::int32_t> delayTarget{0};  // read offset in frames: length minus one period of the base frequency
   Relaxed<std::int32_t> sampleRateInt{44100};
   Relaxed<float> auxParameter;

@@ -1,43 +1,18 @@
-// The parameters: raw values, the targets derived from them, and their texts.
+// The parameters: raw values, the targets derived from them, and their texts, as the table says.
 #include <cstring>
-#include <iterator>
 
-#include "editor/base/aeffguieditor.h"
 #include "effect/numbertext.h"
+#include "effect/parameters.h"
 #include "effect/trelvan.h"
-#include "platform/saturate.h"
 
 namespace {
 
-struct ParameterTexts {
-  const char* name;
-  const char* label;
-};
+constexpr int kDigits = 1;              // after the point, in all displays
+constexpr const char* kAuxText = "  ";  // the internal value's name and label
 
-// By parameter index; 5 has none.
-constexpr ParameterTexts kTexts[] = {
-    {"width", "    %   "},
-    {"baseFreq", "    Hz   "},
-    {"emphasis", "    %    "},
-    {"process", "         "},
-    {"phase", "         "},
-    {nullptr, nullptr},
-    {"  ", "  "},
-};
-
-const ParameterTexts* textsOf(VstInt32 index) {
-  const bool has = index >= 0 && index < static_cast<VstInt32>(std::size(kTexts)) && kTexts[index].name != nullptr;
-  return has ? &kTexts[index] : nullptr;
-}
-
-constexpr int kDigits = 1;  // behind the point, in all displays
-
-float switchPosition(float raw) {
-  return static_cast<float>(truncatedToInt32(raw + 0.5F));
-}
-
-const char* onOff(float position) {
-  return position >= 0.5F ? "On" : "Off";
+void copyText(char* to, VstInt32 index, const char* (*text)(const Parameter&)) {
+  if (isParameter(index)) std::strcpy(to, text(parameterAt(index)));
+  if (index == kAuxIndex) std::strcpy(to, kAuxText);
 }
 
 }  // namespace
@@ -45,123 +20,67 @@ const char* onOff(float position) {
 // Any thread. The write index needs no wrapping here: the audio thread keeps it below the length at all times.
 void Trelvan::setParameter(VstInt32 index, float value) {
   if (!isPresetChangeInProgress()) CPresetSystemEffect::setParameter(index, value);
-  switch (index) {
-    case 0:
-      width = value;
-      widthGain = 2.0F * (value * value);
-      break;
-    case 1:
-      baseFreq = value;
-      baseFreqHz = 20.0F + 980.0F * (value * value);
-      delayTarget = delayTargetNow();
-      break;
-    case 2:
-      emphasis = value;
-      emphasisTarget = value;
-      break;
-    case 3:
-      process = value;
-      processOn = switchPosition(value);
-      break;
-    case 4:
-      phase = value;
-      phaseOn = switchPosition(value);
-      break;
-    case kAuxIndex:
-      auxParameter = value;
-      break;
-    default:
-      break;
+  if (isParameter(index)) {
+    const auto slot = static_cast<std::size_t>(index);
+    raw[slot] = value;
+    derived[slot] = parameterAt(index).derived(value);
+    if (index == kBaseFreqIndex) delayTarget = delayTargetNow();
+  } else if (index == kAuxIndex) {
+    auxParameter = value;
   }
-  if (AEffEditor* window = getEditor()) static_cast<AEffGUIEditor*>(window)->setParameter(index, value);
+  if (AEffEditor* window = getEditor()) window->setParameter(index, value);
 }
 
 float Trelvan::getParameter(VstInt32 index) {
-  switch (index) {
-    case 0:
-      return width;
-    case 1:
-      return baseFreq;
-    case 2:
-      return emphasis;
-    case 3:
-      return process;
-    case 4:
-      return phase;
-    case kAuxIndex:
-      return auxParameter;
-    default:
-      return 0.0F;
-  }
+  if (isParameter(index)) return raw[static_cast<std::size_t>(index)];
+  return index == kAuxIndex ? auxParameter.load() : 0.0F;
 }
 
 float Trelvan::getParameterValue(VstInt32 index) {
-  switch (index) {
-    case 0:
-      return widthGain;
-    case 1:
-      return baseFreqHz;
-    case 2:
-      return emphasisTarget;
-    case 3:
-      return processOn;
-    case 4:
-      return phaseOn;
-    case kAuxIndex:
-      return auxParameter;
-    default:
-      return 0.0F;
-  }
+  if (isParameter(index)) return derived[static_cast<std::size_t>(index)];
+  return index == kAuxIndex ? auxParameter.load() : 0.0F;
 }
 
-// Labels are padded with blanks to a width of their own.
 void Trelvan::getParameterLabel(VstInt32 index, char* label) {
-  if (const ParameterTexts* texts = textsOf(index)) std::strcpy(label, texts->label);
+  copyText(label, index, [](const Parameter& parameter) { return parameter.label; });
 }
 
 void Trelvan::getParameterName(VstInt32 index, char* text) {
-  if (const ParameterTexts* texts = textsOf(index)) std::strcpy(text, texts->name);
+  copyText(text, index, [](const Parameter& parameter) { return parameter.name; });
 }
 
 void Trelvan::getParameterDisplay(VstInt32 index, char* text) {
-  switch (index) {
-    case 0:
-      float2string2(100.0F * width, kDigits, text);
+  if (!isParameter(index)) {
+    std::strcpy(text, index == kAuxIndex ? "" : "UNDEF");
+    return;
+  }
+  switch (parameterAt(index).unit) {
+    case Parameter::Unit::percent:
+      float2string2(100.0F * getParameter(index), kDigits, text);
       break;
-    case 1:
-      float2string2(baseFreqHz, kDigits, text);
+    case Parameter::Unit::hertz:
+      float2string2(getParameterValue(index), kDigits, text);
       break;
-    case 2:
-      float2string2(100.0F * emphasis, kDigits, text);
-      break;
-    case 3:
-      std::strcpy(text, onOff(processOn));
-      break;
-    case 4:
-      std::strcpy(text, onOff(phaseOn));
-      break;
-    case kAuxIndex:
-      *text = 0;
-      break;
-    default:
-      std::strcpy(text, "UNDEF");
+    case Parameter::Unit::onOff:
+      std::strcpy(text, getParameterValue(index) >= 0.5F ? "On" : "Off");
       break;
   }
 }
 
 bool Trelvan::canParameterBeAutomated(VstInt32 index) {
-  return index >= 0 && index < kParameterCount;
+  return isParameter(index);
 }
 
 bool Trelvan::getParameterProperties(VstInt32 index, VstParameterProperties* p) {
-  if (index < 0 || index >= kParameterCount) return false;
-  const bool isSwitch = index >= 3;
+  if (!isParameter(index)) return false;
+  const Parameter& parameter = parameterAt(index);
+  const bool isSwitch = parameter.unit == Parameter::Unit::onOff;
   *p = VstParameterProperties{};
   p->flags = kVstParameterUsesFloatStep | (isSwitch ? kVstParameterIsSwitch : 0);
   p->stepFloat = isSwitch ? 1.0F : 1.0F / 256.0F;
   p->smallStepFloat = isSwitch ? 1.0F : 1.0F / 1024.0F;
   p->largeStepFloat = isSwitch ? 1.0F : 1.0F / 64.0F;
-  std::strcpy(p->label, kTexts[index].name);
-  std::strncpy(p->shortLabel, kTexts[index].name, sizeof p->shortLabel - 1);  // seven characters of it
+  std::strcpy(p->label, parameter.name);
+  std::strncpy(p->shortLabel, parameter.name, sizeof p->shortLabel - 1);  // seven characters of it
   return true;
 }

@@ -19,13 +19,13 @@ struct Trelvan::Frames {
 // division into blocks.
 template <typename Sample>
 void Trelvan::widen(const Frames<Sample>& block) {
-  Glide gain(widthGainSmoothed, widthGain, widthCoeff);
-  Glide shape(emphasisSmoothed, emphasisTarget, emphasisCoeff);
+  Glide gain(widthGainSmoothed, derived[kWidthIndex], widthCoeff);
+  Glide shape(emphasisSmoothed, derived[kEmphasisIndex], emphasisCoeff);
   DelayGlide offset(delayCurrent, delayTarget, delayCoeff);
   DelayCursor line(delayLine.get(), delayMask, writeIndex);
   Envelope midLevel(midEnvelope, meterCoeff);
   Envelope sideLevel(sideEnvelope, meterCoeff);
-  const float phaseSign = phaseOn < 0.5F ? 1.0F : -1.0F;
+  const float phaseSign = derived[kPhaseIndex] < 0.5F ? 1.0F : -1.0F;
   float previous = lastDelayed;  // float in both precisions
 
   for (VstInt32 frame = 0; frame < block.count; ++frame) {
@@ -47,8 +47,8 @@ void Trelvan::widen(const Frames<Sample>& block) {
 // Passes the input; the parameters keep gliding and the delay line keeps filling, so that switching on is smooth.
 template <typename Sample>
 void Trelvan::bypass(const Frames<Sample>& block) {
-  Glide gain(widthGainSmoothed, widthGain, widthCoeff);
-  Glide shape(emphasisSmoothed, emphasisTarget, emphasisCoeff);
+  Glide gain(widthGainSmoothed, derived[kWidthIndex], widthCoeff);
+  Glide shape(emphasisSmoothed, derived[kEmphasisIndex], emphasisCoeff);
   DelayCursor line(delayLine.get(), delayMask, writeIndex);
   Envelope midLevel(midEnvelope, meterCoeff);
   Envelope sideLevel(sideEnvelope, meterCoeff);
@@ -78,7 +78,7 @@ void Trelvan::processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFra
     const bool hasRightOut = rightOut && outputs[1] != nullptr && outputs[1] != outputs[0];
     const Frames<Sample> block{inputs[0], inputs[hasRightIn ? 1 : 0], outputs[0], outputs[hasRightOut ? 1 : 0],
                                sampleFrames};
-    if (processOn >= 0.5F) {
+    if (derived[kProcessIndex] >= 0.5F) {
       widen(block);
     } else {
       bypass(block);

@@ -36,8 +36,6 @@ class TrelvanBank {
   std::vector<std::string> takeNotes();
 
  private:
-  struct File;
-
   std::int32_t id;
   presetimage::Bank bank;
   int currentPreset = 0;

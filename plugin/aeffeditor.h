@@ -40,6 +40,9 @@ class AEffEditor {
   virtual bool onWheel(float) { return false; }
   virtual bool setKnobMode(int) { return false; }
 
+  // The effect's parameter has a new value, 0..1. Any thread.
+  virtual void setParameter(VstInt32 /*index*/, float /*value*/) {}
+
  protected:
   AudioEffect* effect;
   void* parentWindow = nullptr;

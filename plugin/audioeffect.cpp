@@ -38,7 +38,9 @@ VstIntPtr dispatch(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr v
   return 1;
 }
 
-void accumulateNothing(AEffect*, float**, float**, VstInt32) {}
+void processAccumulating(AEffect* effect, float** inputs, float** outputs, VstInt32 sampleFrames) {
+  guarded([&] { objectOf(effect)->processDeprecated(inputs, outputs, sampleFrames); });
+}
 
 void setParameterOf(AEffect* effect, VstInt32 index, float value) {
   guarded([&] { objectOf(effect)->setParameter(index, value); });
@@ -63,7 +65,7 @@ AudioEffect::AudioEffect(audioMasterCallback host, VstInt32 programs, VstInt32 p
     : audioMaster(host), numPrograms(programs), numParams(parameters) {
   cEffect.magic = kEffectMagic;
   cEffect.dispatcher = dispatch;
-  cEffect.process = accumulateNothing;
+  cEffect.process = processAccumulating;
   cEffect.setParameter = setParameterOf;
   cEffect.getParameter = parameterOf;
   cEffect.numPrograms = programs;

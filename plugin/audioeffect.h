@@ -9,17 +9,18 @@
 
 // One instance per AEffect. The host makes and ends it on its user-interface thread, calls the dispatcher there (some
 // hosts also call effMainsChanged, effCanBeAutomated and getParameter on the audio thread), processes on its audio
-// thread, and may set parameters from any thread. Nothing here locks.
+// thread, and may set parameters from any thread. Nothing here locks. The virtual operations stand in the published
+// order.
 class AudioEffect {
  public:
-  static constexpr VstInt32 kChunkRefused = -1;  // setChunk's answer to what it does not take; 0: taken
+  static constexpr VstInt32 kChunkRefused = -1;  // setChunk returns it for what it does not take; 0: taken
 
   AudioEffect(audioMasterCallback host, VstInt32 programs, VstInt32 parameters);
   virtual ~AudioEffect();  // deletes the editor
   AudioEffect(const AudioEffect&) = delete;
   AudioEffect& operator=(const AudioEffect&) = delete;
 
-  // Opcodes below 25; every other answers 0.
+  // Opcodes below 25; every other returns 0.
   virtual VstIntPtr dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
   virtual void open() {}
   virtual void close() {}
@@ -54,7 +55,6 @@ class AudioEffect {
   virtual void canDoubleReplacing(bool state = true) { setFlag(effFlagsCanDoubleReplacing, state); }
   virtual void programsAreChunks(bool state = true) { setFlag(effFlagsProgramChunks, state); }
   virtual void setInitialDelay(VstInt32 delay) { cEffect.initialDelay = delay; }  // frames
-  virtual void setEditor(AEffEditor* newEditor);  // takes it over; the host is told by the flag
 
   virtual AEffEditor* getEditor() { return editor.get(); }
   virtual AEffect* getAeffect() { return &cEffect; }
@@ -64,9 +64,27 @@ class AudioEffect {
   virtual VstInt32 getMasterVersion();
   virtual VstInt32 getCurrentUniqueId();
   virtual void masterIdle();
-  // Audio thread too. True where the host answers 0, or there is no host.
+  // Audio thread too. True where the host's answer is 0, or there is no host.
   virtual bool isInputConnected(VstInt32 input);
   virtual bool isOutputConnected(VstInt32 output);
+
+  // Texts for displays. maxLen: bytes of `text`, the end among them. "Huge!" where the whole part finds no room.
+  virtual void dB2string(float amplitude, char* text, VstInt32 maxLen);  // "-6.02"; "-oo" for 0 and below
+  virtual void Hz2string(float samples, char* text, VstInt32 maxLen);    // the frequency of a period in frames
+  virtual void ms2string(float samples, char* text, VstInt32 maxLen);    // that many frames in milliseconds
+  virtual void float2string(float value, char* text, VstInt32 maxLen);   // two digits after the point
+  virtual void int2string(VstInt32 value, char* text, VstInt32 maxLen);
+
+  // Of the interface before version 2.4. Hosts no longer ask; each does nothing and returns 0.
+  virtual void processDeprecated(float** /*inputs*/, float** /*outputs*/, VstInt32 /*sampleFrames*/) {}
+  virtual float getVuDeprecated() { return 0.0F; }
+  virtual void hasVuDeprecated(bool /*state*/ = true) {}
+  virtual void hasClipDeprecated(bool /*state*/ = true) {}
+  virtual void canMonoDeprecated(bool /*state*/ = true) {}
+  virtual void setRealtimeQualitiesDeprecated(VstInt32 /*qualities*/) {}
+  virtual void setOfflineQualitiesDeprecated(VstInt32 /*qualities*/) {}
+
+  void setEditor(AEffEditor* newEditor);  // takes it over; the host is told by the flag
 
  protected:
   // Sends an opcode to the host; 0 where there is none.

@@ -154,16 +154,16 @@ void AEffGUIEditor::doIdleStuff() {
   inHostIdle = false;
 }
 
-bool AEffGUIEditor::isParameter(std::int32_t index) const {
+bool AEffGUIEditor::isHostParameter(std::int32_t index) const {
   return effect != nullptr && index >= 0 && index < effect->getAeffect()->numParams;
 }
 
 void AEffGUIEditor::beginEdit(std::int32_t index) {
-  if (isParameter(index)) static_cast<AudioEffectX*>(effect)->beginEdit(index);
+  if (isHostParameter(index)) static_cast<AudioEffectX*>(effect)->beginEdit(index);
 }
 
 void AEffGUIEditor::endEdit(std::int32_t index) {
-  if (isParameter(index)) static_cast<AudioEffectX*>(effect)->endEdit(index);
+  if (isHostParameter(index)) static_cast<AudioEffectX*>(effect)->endEdit(index);
 }
 
 std::uint32_t AEffGUIEditor::getTicks() {

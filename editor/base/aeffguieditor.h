@@ -29,7 +29,6 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   bool onWheel(float distance) override;
   bool setKnobMode(int mode) override;
 
-  virtual void setParameter(VstInt32 /*index*/, float /*value*/) {}
   virtual void draw(ERect* area);  // null: everything; corners in any order
   virtual std::int32_t mouse(std::int32_t /*x*/, std::int32_t /*y*/) { return 0; }  // the toolkit has a window for that
 
@@ -56,7 +55,7 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
  private:
   void needToolkit();
   bool dispatch(VSTGUI::Event& event);  // true: somebody has taken it
-  bool isParameter(std::int32_t index) const;
+  bool isHostParameter(std::int32_t index) const;
 
   std::optional<ToolkitLibrary> toolkit;  // from the first question about the window on
   std::unique_ptr<FrameWindow> frameWindow;

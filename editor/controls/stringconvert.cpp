@@ -5,9 +5,9 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <iterator>
 
 #include "editor/controls/ccnames.h"
+#include "effect/parameters.h"
 #include "platform/saturate.h"
 #include "platform/xplat.h"
 
@@ -41,11 +41,15 @@ void dampStringConvert(float value, char* text) {
   }
 }
 
+// The meter's two ends, and after them the captions of the parameters that have one.
 void parameterNameStringConvert(float value, char* text) {
-  constexpr const char* kCaptions[] = {"S", "M", "depth", "freq", "emph"};
-  const int selected = truncatedToInt32(static_cast<double>(value) * 10.0);
-  const bool known = selected >= 0 && selected < static_cast<int>(std::size(kCaptions));
-  std::strcpy(text, known ? kCaptions[selected] : "");
+  constexpr const char* kMeterEnds[] = {"S", "M"};
+  int selected = truncatedToInt32(static_cast<double>(value) * 10.0);
+  std::strcpy(text, selected == 0 || selected == 1 ? kMeterEnds[selected] : "");
+  selected -= 2;
+  for (const Parameter& parameter : kParameters) {
+    if (parameter.caption != nullptr && selected-- == 0) std::strcpy(text, parameter.caption);
+  }
 }
 
 // Two numbers with a point between them, the second neither rounded nor padded: 0.05 Hz shows as 0.50Hz.

@@ -1,28 +1,30 @@
 // The window's life, and parameter values on their way in and out of it.
 #include "editor/window/adeditor.h"
 
-#include <initializer_list>
-
 #include "editor/base/bitmaps.h"
 #include "editor/base/myframe.h"
 #include "editor/controls/cabout.h"
 #include "editor/controls/cvumeter1.h"
 #include "effect/trelvan.h"
+#include "plugin/createeditor.h"
 
 namespace {
 
 constexpr std::int32_t kBackgroundBitmap = 128;
-constexpr VstInt32 kParameters = Trelvan::kParameterCount;
 
 void show(VSTGUI::CControl* control, float value) {
   if (control != nullptr) control->setValue(value);
 }
 
-float switchPosition(float raw) {
+float switchPosition(float raw) {  // a NaN is off
   return raw >= 0.5F ? 1.0F : 0.0F;
-}  // a NaN is off
+}
 
 }  // namespace
+
+AEffEditor* createEditor(AudioEffect* effect) {
+  return new ADEditor(static_cast<Trelvan*>(effect));
+}
 
 ADEditor::ADEditor(Trelvan* owner) : CPresetSystemEditor(owner), trelvan(owner) {}
 
@@ -54,7 +56,8 @@ bool ADEditor::openWindow(void* window) {
   view->setBackground(background);
   setKnobMode(VSTGUI::kLinearMode);
   changed = 0;
-  addDisplays();
+  addCaptions();
+  addMeter();
   addParameterControls();
   addAbout();
   CPresetSystemEditor::open(window);
@@ -72,28 +75,23 @@ void ADEditor::close() {
 
 // A control that is held by the mouse never hears of its release: the host would wait for the end of the gesture.
 void ADEditor::endGestures() {
-  // References, since the host may close once more when it is told.
-  const std::initializer_list<VSTGUI::SharedPointer<VSTGUI::CControl>> controls = {
-      VSTGUI::shared<VSTGUI::CControl>(depthSlider), VSTGUI::shared<VSTGUI::CControl>(freqSlider),
-      VSTGUI::shared<VSTGUI::CControl>(emphSlider), VSTGUI::shared<VSTGUI::CControl>(switch3Button),
-      VSTGUI::shared<VSTGUI::CControl>(switch4Button)};
-  for (const auto& control : controls) {
+  for (std::size_t slot = 0; slot < views.size(); ++slot) {
+    // A reference, since the host may close once more when it is told.
+    const auto control = VSTGUI::shared<VSTGUI::CControl>(views[slot].control);
     while (control && control->isEditing()) control->endEdit();
   }
 }
 
 void ADEditor::forgetControls() {
-  depthSlider = freqSlider = emphSlider = nullptr;
+  views = {};
   meter = nullptr;
-  depthValueDisplay = freqValueDisplay = emphValueDisplay = nullptr;
-  switch3Button = switch4Button = nullptr;
   about = nullptr;
 }
 
 // The frame's pass runs twice, once for each base. The meter's new value is drawn by the next pass.
 void ADEditor::idle() {
   const std::uint32_t marked = changed.exchange(0);
-  for (VstInt32 index = 0; index < kParameters; ++index) {
+  for (VstInt32 index = 0; index < kParameterCount; ++index) {
     if ((marked & (1U << index)) != 0) showParameter(index);
   }
   AEffGUIEditor::idle();
@@ -111,38 +109,26 @@ void ADEditor::suspend() {
 void ADEditor::valueChanged(VSTGUI::CControl* control) {
   CPresetSystemEditor::valueChanged(control);
   const std::int32_t tag = control->getTag();
-  if (tag < 0 || tag >= kParameters) return;
+  if (!isParameter(tag)) return;
   trelvan->setParameterAutomated(tag, control->getValue());
   control->setDirty();
 }
 
 void ADEditor::setParameter(VstInt32 index, float /*value*/) {
-  if (index >= 0 && index < kParameters) changed.fetch_or(1U << index, std::memory_order_relaxed);
+  if (isParameter(index)) changed.fetch_or(1U << index, std::memory_order_relaxed);
 }
 
 // Values are read back from the effect: what it was told may have been overtaken.
 void ADEditor::showParameter(VstInt32 index) {
-  switch (index) {
-    case 0:
-      show(depthSlider, trelvan->getParameter(0));
-      show(depthValueDisplay, trelvan->getParameter(0));
-      break;
-    case 1:
-      show(freqSlider, trelvan->getParameter(1));
-      show(freqValueDisplay, trelvan->getParameterValue(1));
-      break;
-    case 2:
-      show(emphSlider, trelvan->getParameter(2));
-      show(emphValueDisplay, trelvan->getParameterValue(2));
-      break;
-    case 3:
-      show(switch3Button, switchPosition(trelvan->getParameter(3)));
-      break;
-    case 4:
-      show(switch4Button, switchPosition(trelvan->getParameter(4)));
-      show(depthValueDisplay, trelvan->getParameter(0));  // the sign of the side is part of its depth
-      break;
-    default:
-      break;
-  }
+  const float raw = trelvan->getParameter(index);
+  const bool isSwitch = parameterAt(index).unit == Parameter::Unit::onOff;
+  show(views[static_cast<std::size_t>(index)].control, isSwitch ? switchPosition(raw) : raw);
+  showValue(index);
+  if (index == kPhaseIndex) showValue(kWidthIndex);  // the sign of the side is part of its depth
+}
+
+void ADEditor::showValue(VstInt32 index) {
+  const bool asHertz = parameterAt(index).unit == Parameter::Unit::hertz;
+  show(views[static_cast<std::size_t>(index)].display,
+       asHertz ? trelvan->getParameterValue(index) : trelvan->getParameter(index));
 }

@@ -1,10 +1,13 @@
 // The effect's own window: sliders, switches, displays, meter and about, above the preset bar.
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 
+#include "effect/parameters.h"
 #include "presetsystem/bar/cpresetsystemeditor.h"
+#include "vstgui.h"
 
 class CAbout;
 class CVuMeter1;
@@ -30,24 +33,23 @@ class ADEditor : public CPresetSystemEditor {
 
  private:
   bool openWindow(void* window);
-  void addDisplays();
+  void addCaptions();
+  void addMeter();
   void addParameterControls();
   void addAbout();
   void showParameter(VstInt32 index);
+  void showValue(VstInt32 index);
   void endGestures();
   void forgetControls();
 
   Trelvan* trelvan;
   std::atomic<std::uint32_t> changed{0};  // one bit a parameter that the controls do not show yet
   VSTGUI::SharedPointer<VSTGUI::CBitmap> background;
-  VSTGUI::CHorizontalSlider* depthSlider = nullptr;
-  VSTGUI::CHorizontalSlider* freqSlider = nullptr;
-  VSTGUI::CHorizontalSlider* emphSlider = nullptr;
+  struct ParameterViews {
+    VSTGUI::CControl* control = nullptr;       // slider or switch
+    VSTGUI::CParamDisplay* display = nullptr;  // of its value; none beside a switch
+  };
+  std::array<ParameterViews, kParameterCount> views;  // by parameter index
   CVuMeter1* meter = nullptr;
-  VSTGUI::CParamDisplay* depthValueDisplay = nullptr;
-  VSTGUI::CParamDisplay* freqValueDisplay = nullptr;
-  VSTGUI::CParamDisplay* emphValueDisplay = nullptr;
-  VSTGUI::COnOffButton* switch3Button = nullptr;
-  VSTGUI::COnOffButton* switch4Button = nullptr;
   CAbout* about = nullptr;
 };

@@ -22,6 +22,22 @@ constexpr std::int32_t kSliderStyle = VSTGUI::CSlider::kRight;
 constexpr std::int32_t kNoTag = -1;
 constexpr std::int32_t kMeterSteps = 182;
 
+// The parameters' controls, in the order in which the keyboard reaches them.
+struct SliderPlace {
+  ParameterIndex index;
+  double top;
+};
+constexpr SliderPlace kSliders[] = {{kWidthIndex, 51}, {kBaseFreqIndex, 83}, {kEmphasisIndex, 115}};
+constexpr double kTextBelowSlider = 3;  // caption at the left, value at the right, so much below the slider's top
+constexpr double kTextHeight = 17;
+
+struct SwitchPlace {
+  ParameterIndex index;
+  double left;
+  std::int32_t picture;
+};
+constexpr SwitchPlace kSwitches[] = {{kProcessIndex, 90, 137}, {kPhaseIndex, 170, 138}};
+
 // backgroundTop: the row of the background that the display shows, somewhat below its own.
 struct DisplayPlace {
   CRect size;
@@ -49,23 +65,23 @@ CRect sizedLike(double left, double top, const CBitmap& bitmap, double images = 
 
 }  // namespace
 
-void ADEditor::addDisplays() {
-  constexpr auto kRight = VSTGUI::kRightText;
-  constexpr auto kLeft = VSTGUI::kLeftText;
-  struct Caption {
-    DisplayPlace place;
-    float selector;  // of the caption's text
+void ADEditor::addCaptions() {
+  const auto add = [this](const DisplayPlace& place, float selector) {
+    CParamDisplay* caption = makeDisplay(place, background, parameterNameStringConvert);
+    caption->setValue(selector);
+    view->addView(caption);
   };
-  const Caption captions[] = {
-      {{{2, 24, 42, 41}, 27, kRight}, 0.0F},    {{{258, 24, 298, 41}, 27, kLeft}, 0.1F},
-      {{{2, 54, 42, 71}, 59, kRight}, 0.2F},    {{{2, 86, 42, 103}, 91, kRight}, 0.3F},
-      {{{2, 118, 42, 135}, 123, kRight}, 0.4F},
-  };
-  for (const Caption& caption : captions) {
-    CParamDisplay* display = makeDisplay(caption.place, background, parameterNameStringConvert);
-    display->setValue(caption.selector);
-    view->addView(display);
+  add({{2, 24, 42, 41}, 27, VSTGUI::kRightText}, 0.0F);    // captionS
+  add({{258, 24, 298, 41}, 27, VSTGUI::kLeftText}, 0.1F);  // captionM
+  float selector = 0.2F;
+  for (const SliderPlace& slider : kSliders) {  // captionDepth, captionFreq, captionEmph
+    const double top = slider.top + kTextBelowSlider;
+    add({{2, top, 42, top + kTextHeight}, top + 5, VSTGUI::kRightText}, selector);
+    selector += 0.1F;
   }
+}
+
+void ADEditor::addMeter() {
   const auto on = loadBitmap(135);
   const auto off = loadBitmap(136);
   meter = new CVuMeter1(sizedLike(60, 25, *off), on, off, kMeterSteps, VSTGUI::CVuMeter::kHorizontal);
@@ -83,45 +99,35 @@ void ADEditor::addParameterControls() {
   constexpr double kTravelRight = 239;
   constexpr float kLargestFrequency = 20000.0F;  // Hz, the display's range
   const auto handle = loadBitmap(134);
-  const auto addSlider = [&](std::int32_t tag, double top) {
-    const CRect size(kTravelLeft, top, kTravelRight, top + handle->getHeight());
-    auto* slider = new VSTGUI::CHorizontalSlider(size, this, tag, static_cast<std::int32_t>(kTravelLeft),
+  for (const SliderPlace& place : kSliders) {
+    auto& [control, display] = views[static_cast<std::size_t>(place.index)];
+    const CRect size(kTravelLeft, place.top, kTravelRight, place.top + handle->getHeight());
+    auto* slider = new VSTGUI::CHorizontalSlider(size, this, place.index, static_cast<std::int32_t>(kTravelLeft),
                                                  static_cast<std::int32_t>(kTravelRight - handle->getWidth()), handle,
-                                                 background, CPoint(kTravelLeft, top), kSliderStyle);
+                                                 background, CPoint(kTravelLeft, place.top), kSliderStyle);
     slider->setOffsetHandle(CPoint(0, 0));
     slider->setSliderMode(VSTGUI::CSliderMode::Touch);
     slider->setDefaultValue(0.5F);
-    slider->setValue(trelvan->getParameter(tag));
-    view->addView(slider);
-    return slider;
-  };
-  const auto addValue = [&](double top, Converter converter, float value, float largest = 1.0F) {
-    CParamDisplay* display =
-        makeDisplay({CRect(258, top, 322, top + 17), top + 5, VSTGUI::kLeftText}, background, converter);
-    display->setMax(largest);
-    display->setValue(value);
-    view->addView(display);
-    return display;
-  };
-  depthSlider = addSlider(0, 51);
-  depthValueDisplay = addValue(54, percentStringConvert, trelvan->getParameter(0));
-  freqSlider = addSlider(1, 83);
-  freqValueDisplay = addValue(86, frequencyStringConvert, trelvan->getParameterValue(1), kLargestFrequency);
-  emphSlider = addSlider(2, 115);
-  emphValueDisplay = addValue(118, percentStringConvert, trelvan->getParameterValue(2));
+    control = slider;
+    view->addView(control);
 
-  const auto process = loadBitmap(137);
-  const auto phase = loadBitmap(138);
-  const auto addSwitch = [&](std::int32_t tag, double left, CBitmap* bitmap) {
-    // Both switches have the size of the first one's picture: two states, one above the other.
-    auto* button = new VSTGUI::COnOffButton(sizedLike(left, 151, *process, 2), this, tag, bitmap, 0);
+    const bool asHertz = parameterAt(place.index).unit == Parameter::Unit::hertz;
+    const double top = place.top + kTextBelowSlider;
+    display = makeDisplay({CRect(258, top, 322, top + kTextHeight), top + 5, VSTGUI::kLeftText}, background,
+                          asHertz ? frequencyStringConvert : percentStringConvert);
+    if (asHertz) display->setMax(kLargestFrequency);
+    view->addView(display);
+    showParameter(place.index);
+  }
+  const auto firstPicture = loadBitmap(kSwitches[0].picture);
+  for (const SwitchPlace& place : kSwitches) {
+    // All have the size of the first one's picture: two states, one above the other.
+    const CRect size = sizedLike(place.left, 151, *firstPicture, 2);
+    auto* button = new VSTGUI::COnOffButton(size, this, place.index, loadBitmap(place.picture), 0);
+    views[static_cast<std::size_t>(place.index)].control = button;
     view->addView(button);
-    return button;
-  };
-  switch3Button = addSwitch(3, 90, process);
-  switch4Button = addSwitch(4, 170, phase);
-  showParameter(3);
-  showParameter(4);
+    showParameter(place.index);
+  }
 }
 
 void ADEditor::addAbout() {

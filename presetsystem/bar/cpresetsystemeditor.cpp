@@ -1,19 +1,34 @@
-// The preset bar's life in the window, and how names and the bank reach it from any thread.
+// The façade of the preset bar: its life with the window, and each operation handed to the object whose job it is.
 #include "presetsystem/bar/cpresetsystemeditor.h"
-
-#include <cstring>
-#include <new>
 
 #include "editor/base/myframe.h"
 #include "editor/base/pressguard.h"
 #include "editor/controls/corvtextedit.h"
+#include "presetsystem/store/bankimages.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 
-CPresetSystemEditor::CPresetSystemEditor(CPresetSystemEffect* owner) : AEffGUIEditor(owner), presetEffect(owner) {}
+CPresetSystemEditor::CPresetSystemEditor(CPresetSystemEffect* owner)
+    : AEffGUIEditor(owner),
+      presetEffect(owner),
+      stored(owner, places),
+      files(owner, places, *this),
+      names(owner, bar),
+      clicks(owner, bar, *this) {
+  if (presetEffect != nullptr) presetEffect->setPresetListener(this);
+}
+
+// Without the memory for it the names are lost, and not the host: nothing may leave a destructor.
+CPresetSystemEditor::~CPresetSystemEditor() {
+  if (presetEffect != nullptr && presetEffect->presetListener() == this) presetEffect->setPresetListener(nullptr);
+  try {
+    stored.storePlaces();
+  } catch (...) {
+  }
+}
 
 bool CPresetSystemEditor::open(void* /*window*/) {
   if (frame == nullptr || view == nullptr || presetEffect == nullptr) return false;
-  windowThread = std::this_thread::get_id();
+  names.opened();
   bar.build(*view, this, *presetEffect);
   pressGuard = std::make_unique<PressGuard>([this] { return fileOperationRunning(); });
   frame->registerMouseObserver(pressGuard.get());
@@ -31,33 +46,16 @@ void CPresetSystemEditor::close() {
 void CPresetSystemEditor::idle() {
   completeFileOperation();
   watchManual();
-  if (refreshWanted.exchange(false)) refreshBar();
+  names.idle();
   AEffGUIEditor::idle();
+}
+
+void CPresetSystemEditor::valueChanged(VSTGUI::CControl* control) {
+  clicks.valueChanged(control);
 }
 
 void CPresetSystemEditor::keyboardLeft() {
   if (bar.nameEdit != nullptr) bar.nameEdit->endEntry(true);
-}
-
-bool CPresetSystemEditor::onWindowThread() const {
-  return windowThread.load() == std::this_thread::get_id();
-}
-
-void CPresetSystemEditor::presetsChanged() {
-  if (onWindowThread()) {
-    refreshBar();
-  } else {
-    refreshWanted = true;
-  }
-}
-
-// What has been taken over is not given back because the bar has no memory to show it: a later pass does.
-void CPresetSystemEditor::refreshBar() {
-  try {
-    bar.refresh(*presetEffect);
-  } catch (const std::bad_alloc&) {
-    refreshWanted = true;
-  }
 }
 
 void CPresetSystemEditor::nameChangedInternal(const char* name) {
@@ -66,26 +64,102 @@ void CPresetSystemEditor::nameChangedInternal(const char* name) {
   presetEffect->setPresetName(name);
 }
 
+void CPresetSystemEditor::presetsChanged() {
+  names.presetsChanged();
+}
 void CPresetSystemEditor::nameChangedExternal(const char* name) {
-  if (onWindowThread()) {
-    bar.showName(name);
-    bar.retitleCurrent(name);
-  } else {
-    refreshWanted = true;
-  }
+  names.nameChanged(name);
+}
+void CPresetSystemEditor::loadDefaults() {
+  stored.loadDefaults();
 }
 
-// A bank has been read: the preset that it selects is made current.
-void CPresetSystemEditor::takeOverBank(long n) {
-  presetEffect->setPresetNo(n);
-  presetsChanged();
+bool CPresetSystemEditor::isShown() const {
+  return frame != nullptr;
+}
+std::uintptr_t CPresetSystemEditor::hostWindow() const {
+  return reinterpret_cast<std::uintptr_t>(parentWindow);
+}
+void CPresetSystemEditor::redraw() {
+  if (frame != nullptr) frame->invalid();
 }
 
-// A preset has been read into slot n, the current one: the host and the effect take it over.
-void CPresetSystemEditor::takeOverPreset(long n) {
-  char name[ACombProgram::kNameSize + 1] = {};
-  std::memcpy(name, presetEffect->preset(n).name, ACombProgram::kNameSize);
-  presetEffect->setPresetName(name);
-  presetEffect->setPresetNo(n);
-  presetsChanged();
+void CPresetSystemEditor::BufferToBankOld(char* data, bool swapped, int recordCount, int floatsPerRecord) {
+  BankImages(*presetEffect).BufferToBankOld(data, swapped, recordCount, floatsPerRecord);
+}
+void CPresetSystemEditor::BufferToBank(char* entries, newpresetheader* header, bool swapped) {
+  BankImages(*presetEffect).BufferToBank(entries, *header, swapped);
+}
+void CPresetSystemEditor::BufferToPresetOld(char* data, bool swapped, int floatCount) {
+  BankImages(*presetEffect).BufferToPresetOld(data, swapped, floatCount);
+}
+void CPresetSystemEditor::BufferToPreset(char* entries, newpresetheader* header, bool swapped) {
+  BankImages(*presetEffect).BufferToPreset(entries, *header, swapped);
+}
+void CPresetSystemEditor::BufferToMidiOld(char* data, bool swapped, int floatCount) {
+  BankImages(*presetEffect).BufferToMidiOld(data, swapped, floatCount);
+}
+void CPresetSystemEditor::BufferToMidi(char* entries, newpresetheader* header, bool swapped) {
+  BankImages(*presetEffect).BufferToMidi(entries, *header, swapped);
+}
+long CPresetSystemEditor::BankToBuffer(char** out) {
+  return BankImages(*presetEffect).BankToBuffer(out);
+}
+long CPresetSystemEditor::PresetToBuffer(char** out) {
+  return BankImages(*presetEffect).PresetToBuffer(out);
+}
+long CPresetSystemEditor::MidiToBuffer(char** out) {
+  return BankImages(*presetEffect).MidiToBuffer(out);
+}
+
+void CPresetSystemEditor::loadBank(bool endianReversed) {
+  files.loadBank(endianReversed);
+}
+void CPresetSystemEditor::saveBank() {
+  files.saveBank();
+}
+void CPresetSystemEditor::saveDefaultBank() {
+  stored.save(StoredImage::defaultBank);
+}
+void CPresetSystemEditor::resetDefaultBank() {
+  stored.remove(StoredImage::defaultBank);
+}
+void CPresetSystemEditor::loadDefaultBank() {
+  stored.load(StoredImage::defaultBank);
+}
+void CPresetSystemEditor::loadPreset(bool endianReversed) {
+  files.loadPreset(endianReversed);
+}
+void CPresetSystemEditor::savePreset() {
+  files.savePreset();
+}
+void CPresetSystemEditor::saveDefaultPreset() {
+  stored.save(StoredImage::defaultPreset);
+}
+void CPresetSystemEditor::resetDefaultPreset() {
+  stored.remove(StoredImage::defaultPreset);
+}
+void CPresetSystemEditor::loadDefaultPreset() {
+  stored.load(StoredImage::defaultPreset);
+}
+void CPresetSystemEditor::storeA() {
+  stored.save(StoredImage::memoryA);
+}
+void CPresetSystemEditor::storeB() {
+  stored.save(StoredImage::memoryB);
+}
+void CPresetSystemEditor::recallA() {
+  stored.load(StoredImage::memoryA);
+}
+void CPresetSystemEditor::recallB() {
+  stored.load(StoredImage::memoryB);
+}
+void CPresetSystemEditor::resetDefaultMidi() {
+  stored.remove(StoredImage::defaultMidi);
+}
+void CPresetSystemEditor::storePathsAndFilenames() {
+  stored.storePlaces();
+}
+void CPresetSystemEditor::recallPathsAndFilenames() {
+  stored.recallPlaces();
 }

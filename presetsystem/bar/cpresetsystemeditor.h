@@ -1,27 +1,32 @@
 // The editor-side half of the preset system: the preset bar, and the bank's images.
 #pragma once
 
-#include <array>
-#include <atomic>
+#include <cstdint>
 #include <memory>
-#include <span>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "editor/base/aeffguieditor.h"
-#include "editor/base/filedialog.h"
-#include "platform/openmanual.h"
+#include "presetsystem/bar/barclicks.h"
+#include "presetsystem/bar/barnames.h"
+#include "presetsystem/bar/barwindow.h"
+#include "presetsystem/bar/manual.h"
 #include "presetsystem/bar/presetbar.h"
+#include "presetsystem/bar/presetbaractions.h"
+#include "presetsystem/bar/presetfiles.h"
+#include "presetsystem/bar/storedpresets.h"
 #include "presetsystem/image/newpresetheader.h"
+#include "presetsystem/store/presetlistener.h"
+#include "vstgui.h"
 
 class CPresetSystemEffect;
-class PreferenceStore;
 class PressGuard;
 
-// The images go through the editor because a finished reading refreshes the window's preset list and name. It works
-// without a window. User-interface thread, and whichever thread the host calls the chunk on.
-class CPresetSystemEditor : public AEffGUIEditor, public VSTGUI::IControlListener {
+// A façade: each operation is one object's, which knows neither the window nor the others. It works without a window.
+// User-interface thread, but for what the store tells (PresetListener).
+class CPresetSystemEditor : public AEffGUIEditor,
+                            public VSTGUI::IControlListener,
+                            protected PresetListener,
+                            protected PresetBarActions,
+                            protected BarWindow {
  public:
   explicit CPresetSystemEditor(CPresetSystemEffect* owner);
   ~CPresetSystemEditor() override;  // stores the folder and the file names
@@ -32,111 +37,74 @@ class CPresetSystemEditor : public AEffGUIEditor, public VSTGUI::IControlListene
   void valueChanged(VSTGUI::CControl* control) override;  // acts on the bar's tags, see PresetBarTag
   virtual void endLearn() {}
   virtual void endCancel() {}
-  virtual void keyFocusChanged(bool) {}
-  virtual bool recallKeyFocus() { return false; }
+  void nameChangedExternal(const char* name) override;  // any thread; at most 24 characters
+  void loadDefaults() override;
 
-  // Code on this side renames the current preset: field, list and effect follow.
-  void nameChangedInternal(const char* name);
-  virtual void nameChangedExternal(const char* name);  // the current preset has a new name, at most 24 characters
-  virtual void loadDefaults();  // the stored default bank and preset, folder and file names; one reading of the store
-
-  // Readers of images whose unique ID the caller has checked. data, entries: what stands behind the prefix or header;
+  // Readers of images whose unique ID the caller has checked. data, entries: what stands after the prefix or header;
   // at most header->dataSize bytes are read. header: already in this machine's byte order. Old records hold
-  // `floatsPerRecord` floats behind 24 name bytes, and all of them are there.
+  // `floatsPerRecord` floats after 24 name bytes, and all of them are there.
   virtual void BufferToBankOld(char* data, bool swapped, int recordCount, int floatsPerRecord);
   virtual void BufferToBank(char* entries, newpresetheader* header, bool swapped);
   virtual void BufferToPresetOld(char* data, bool swapped, int floatCount);
   virtual void BufferToPreset(char* entries, newpresetheader* header, bool swapped);
   virtual void BufferToMidiOld(char* data, bool swapped, int floatCount);
   virtual void BufferToMidi(char* entries, newpresetheader* header, bool swapped);
-  // Writers: answer the image's length in bytes; the caller releases *out with delete[].
+  // Writers: return the image's length in bytes; the caller releases *out with delete[].
   virtual long BankToBuffer(char** out);
   virtual long PresetToBuffer(char** out);
   virtual long MidiToBuffer(char** out);
 
-  // Files: load and save open a dialog, where there is a window and no dialog yet, and return; what the user chooses
-  // there is done by completeFileOperation. endianReversed: take the file for the other byte order than its ID tells.
-  // Stored values: in the user's preferences, which all instances share; on disk before the storing ones return. The
-  // loading ones put a preset into the current one. Nothing is reported: what is missing, foreign or refused leaves the
-  // bank as it was.
-  virtual void loadBank(bool endianReversed);
-  virtual void saveBank();
-  virtual void saveDefaultBank();
-  virtual void resetDefaultBank();
+  // Files, see PresetFiles; stored values, see StoredPresets.
+  void loadBank(bool endianReversed) override;
+  void saveBank() override;
+  void saveDefaultBank() override;
+  void resetDefaultBank() override;
   virtual void loadDefaultBank();
-  virtual void loadPreset(bool endianReversed);
-  virtual void savePreset();
-  virtual void saveDefaultPreset();
-  virtual void resetDefaultPreset();
+  void loadPreset(bool endianReversed) override;
+  void savePreset() override;
+  void saveDefaultPreset() override;
+  void resetDefaultPreset() override;
   virtual void loadDefaultPreset();
-  virtual void storeA();
-  virtual void storeB();
-  virtual void recallA();
-  virtual void recallB();
+  void storeA() override;
+  void storeB() override;
+  void recallA() override;
+  void recallB() override;
   // MIDI maps, whose files and stored default this effect has not; only a stored one is removed.
   virtual void loadMidi(bool /*endianReversed*/) {}
   virtual void saveMidi() {}
   virtual void saveDefaultMidi() {}
   virtual void resetDefaultMidi();
   virtual void loadDefaultMidi() {}
-  virtual void storePathsAndFilenames();  // writes nothing while they are as they were recalled or stored last
+  virtual void storePathsAndFilenames();
   virtual void recallPathsAndFilenames();
 
-  bool fileOperationRunning() const { return fileOperation != FileOperation::none; }
-  void completeFileOperation();  // from every idle pass
-  void endFileOperation();       // the window closes; the dialog goes with it
+  virtual void keyFocusChanged(bool) {}
+  virtual bool recallKeyFocus() { return false; }
 
-  // Starts the viewer and returns; watchManual, from every idle pass, shows an alert if that fails.
-  void openManual();
-  void watchManual();
+  // Code on this side renames the current preset: field, list and effect follow.
+  void nameChangedInternal(const char* name) override;
+  bool fileOperationRunning() const { return files.running(); }
+  void completeFileOperation() { files.complete(); }  // from every idle pass
+  void endFileOperation() { files.end(); }            // the window closes
+  void openManual() override { manual.open(); }
+  void watchManual() { manual.watch(); }  // from every idle pass
 
  protected:
   void keyboardLeft() override;  // confirms a running name entry
-  // True where views may be touched: on the thread that opened the window. Others mark, and the idle pass does it.
-  bool onWindowThread() const;
-  void presetsChanged();  // any thread: the bar shows the bank's names and current preset, now or at the next idle
+  void presetsChanged() override;
+  bool isShown() const override;
+  std::uintptr_t hostWindow() const override;
+  void redraw() override;
 
-  // What the dialogs open with. The folder ends in "/".
-  static constexpr std::size_t kPathBufferSize = 257;  // bytes, the last one spare
-  char currentDirectory[kPathBufferSize] = {};
-  char bankFileName[kPathBufferSize] = {};
-  char presetFileName[kPathBufferSize] = {};
-
-  PresetBar bar;
   CPresetSystemEffect* presetEffect;
+  FilePlaces places;
+  PresetBar bar;
 
  private:
-  void refreshBar();  // the window's thread
-
-  enum class FileOperation { none, loadBank, saveBank, loadPreset, savePreset };
-
-  void startFileOperation(FileOperation operation, bool endianReversed);
-  void finishFileOperation(FileOperation operation, const std::string& path);
-  // Images with header or prefix; a foreign ID and an unknown kind are ignored. whole: false for the beginning of one
-  // that is too large to hold.
-  void takePresetImage(std::span<char> image, bool endianReversed);
-  void takeBankImage(std::span<char> image, bool whole, bool endianReversed);
-  void storeImage(const char* key, long (CPresetSystemEditor::*writer)(char** out));
-  std::vector<char> storedImage(const char* key) const;
-  void recallPreset(const char* key);
-  void removeStored(const char* key);
-  std::array<std::string, 3> pathsAndFilenames() const;
-
-  void takeOverBank(long n);
-  void takeOverPreset(long n);
-  void nameEdited();
-  void stepPreset(float direction);
-  void presetChosen();
-
+  StoredPresets stored;
+  PresetFiles files;
+  Manual manual;
+  BarNames names;
+  BarClicks clicks;
   std::unique_ptr<PressGuard> pressGuard;  // while the window is open
-  FileDialog fileDialog;
-  FileOperation fileOperation = FileOperation::none;
-  bool fileEndianReversed = false;
-  ManualOpener manual;
-  bool manualAwaited = false;
-  std::array<std::string, 3> storedPaths;               // as recalled or stored last
-  const PreferenceStore* startupPreferences = nullptr;  // while the defaults are loaded, so that they are read once
-
-  std::atomic<bool> refreshWanted{false};
-  std::atomic<std::thread::id> windowThread{};
 };

@@ -1,8 +1,6 @@
 // Builds the preset bar and keeps its names in step with the bank.
 #include "presetsystem/bar/presetbar.h"
 
-#include <cstring>
-
 #include "editor/base/bitmaps.h"
 #include "editor/controls/corvtextedit.h"
 #include "editor/controls/cpresetmenu.h"
@@ -20,12 +18,6 @@ namespace {
 constexpr std::int32_t kBackgroundBitmap = 128;
 constexpr std::int32_t kButtonImages = 3;  // idle, hover, pressed
 constexpr std::int32_t kRockerImages = 5;  // idle, hover left and right, pressed left and right
-
-// A preset's name as the bar shows it: 24 bytes need not hold an end of their own.
-struct ShownName {
-  explicit ShownName(const ACombProgram& preset) { std::memcpy(text, preset.name, sizeof preset.name); }
-  char text[ACombProgram::kNameSize + 1] = {};
-};
 
 std::int32_t imageHeight(const CBitmap& bitmap, std::int32_t images) {
   return static_cast<std::int32_t>(bitmap.getHeight()) / images;

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
+
+#include "presetsystem/image/acombprogram.h"
 
 namespace VSTGUI {
 class CViewContainer;
@@ -31,6 +34,12 @@ enum PresetBarTag : std::int32_t {
   kMemoryARecallTag = 1017,
   kMemoryBRecallTag = 1018,
   kManualTag = 1019,
+};
+
+// A preset's name as the bar shows it: 24 bytes need not hold an end of their own.
+struct ShownName {
+  explicit ShownName(const ACombProgram& preset) { std::memcpy(text, preset.name, sizeof preset.name); }
+  char text[ACombProgram::kNameSize + 1] = {};
 };
 
 // The frame owns the views; the pointers are valid from build to clear. Every operation is harmless without them.

@@ -40,9 +40,8 @@ struct ACombProgram {
       &ACombProgram::phase};
 };
 
-static_assert(sizeof(ACombProgram) == 44);
-static_assert(offsetof(ACombProgram, width) == 24);
-static_assert(offsetof(ACombProgram, phase) == 40);
+static_assert(offsetof(ACombProgram, width) == ACombProgram::kNameSize);
+static_assert(sizeof(ACombProgram) == ACombProgram::kNameSize + ACombProgram::kParameterCount * sizeof(float));
 
 inline ACombProgram ACombProgram::zeroed() {
   ACombProgram record;

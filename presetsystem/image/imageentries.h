@@ -13,9 +13,9 @@ enum class EntryKind : std::int32_t { name = 0, parameter = 1, midiAssignment = 
 
 constexpr std::size_t kEntryHeadSize = 12;  // bytes: kind, payload size, preset index
 
-// `value` brought into 0..1, with a note of what it was; a NaN comes back as it is.
+// `value` brought into 0..1, of which `repaired` hears; a NaN comes back as it is.
 float repairedValue(float value, std::int32_t parameter, std::int32_t preset,
-                    const char (&name)[ACombProgram::kNameSize], InvalidParameters& repaired);
+                    const char (&name)[ACombProgram::kNameSize], InvalidParameterListener& repaired);
 
 // False for a NaN.
 constexpr bool isNormalised(float value) {

@@ -33,13 +33,13 @@ class EntryReader {
     const auto kind = static_cast<EntryKind>(in.int32());
     const std::int32_t payloadSize = in.int32();
     const std::int32_t preset = in.int32();
-    nonsense = payloadSize < 0;
-    if (nonsense || static_cast<std::size_t>(payloadSize) > in.left()) return std::nullopt;
+    negativeSize = payloadSize < 0;
+    if (negativeSize || static_cast<std::size_t>(payloadSize) > in.left()) return std::nullopt;
     return Entry{kind, preset, in.part(static_cast<std::size_t>(payloadSize))};
   }
 
   // It stopped at a payload of negative size: these are no entries, or none of this byte order.
-  bool metNonsense() const { return nonsense; }
+  bool metNegativeSize() const { return negativeSize; }
 
  private:
   static std::size_t bounded(std::size_t there, std::int32_t named) {
@@ -49,7 +49,7 @@ class EntryReader {
 
   ByteReader in;
   std::int32_t left;
-  bool nonsense = false;
+  bool negativeSize = false;
 };
 
 // None where the payload ends before the name does.
@@ -78,7 +78,7 @@ int presetToSelect(std::int32_t currentPreset) {
 }
 
 Reading readBank(std::span<const unsigned char> entries, const newpresetheader& header, bool swapped,
-                 const ACombProgram& defaultPreset, Bank& bank, InvalidParameters& repaired) {
+                 const ACombProgram& defaultPreset, Bank& bank, InvalidParameterListener& repaired) {
   if (header.entryCount < 0) return Reading::stopped;
   EntryReader in(entries, header, swapped);
   while (std::optional<Entry> entry = in.next()) {
@@ -113,7 +113,7 @@ Reading readPreset(std::span<const unsigned char> entries, const newpresetheader
       preset.setParameter(read->index, read->value);
     }
   }
-  return in.metNonsense() ? Reading::refused : Reading::done;
+  return in.metNegativeSize() ? Reading::refused : Reading::done;
 }
 
 std::vector<MidiAssignment> readMidiMap(std::span<const unsigned char> entries, const newpresetheader& header,

@@ -9,10 +9,11 @@
 namespace presetimage {
 namespace {
 
-// Collects entries and counts them, and puts the header in front of them in the end.
+// Lays entries out after the room for a header, counts them, and fills the header in at the end.
 class ImageBuilder {
  public:
-  ImageBuilder(ImageKind kind, std::int32_t uniqueID) {
+  ImageBuilder(std::span<unsigned char> memory, ImageKind kind, std::int32_t uniqueID)
+      : out(memory), entries(memory.subspan(newpresetheader::kSize)) {
     header.kind = kind;
     header.uniqueID = uniqueID;
     header.parameterCount = kParameterCount;
@@ -23,7 +24,6 @@ class ImageBuilder {
     entries.bytes(text, sizeof text);
     entries.zeros(kNameEntrySize - kEntryHeadSize - sizeof text);
   }
-
   void value(EntryKind kind, std::int32_t preset, std::int32_t parameter, float value) {
     head(kind, kParameterEntrySize, preset);
     entries.int32(parameter);
@@ -32,14 +32,12 @@ class ImageBuilder {
     entries.zeros(4);
   }
 
-  Bytes finish(std::int32_t currentPreset) {
+  std::size_t finish(std::int32_t currentPreset) {
     header.currentPreset = currentPreset;
     header.dataSize = static_cast<std::int32_t>(entries.size());
-    const Bytes body = entries.take();
-    ByteWriter image;
-    header.write(image);
-    image.bytes(body.data(), body.size());
-    return image.take();
+    ByteWriter front(out);
+    header.write(front);
+    return front.size() + entries.size();
   }
 
  private:
@@ -50,15 +48,16 @@ class ImageBuilder {
     ++header.entryCount;
   }
 
+  std::span<unsigned char> out;
   newpresetheader header;
   ByteWriter entries;
 };
 
 }  // namespace
 
-Bytes writeBank(const Bank& bank, std::int32_t uniqueID, std::int32_t currentPreset, const DummySlots& dummies,
-                InvalidParameters& repaired) {
-  ImageBuilder image(ImageKind::bank, uniqueID);
+std::size_t writeBank(std::span<unsigned char, kBankImageSize> out, const Bank& bank, std::int32_t uniqueID,
+                      std::int32_t currentPreset, const DummySlots& dummies, InvalidParameterListener& repaired) {
+  ImageBuilder image(out, ImageKind::bank, uniqueID);
   for (int number = 0; number < kPresetCount; ++number) {
     const ACombProgram& preset = bank[static_cast<std::size_t>(number)];
     image.name(number, preset.name);
@@ -71,8 +70,18 @@ Bytes writeBank(const Bank& bank, std::int32_t uniqueID, std::int32_t currentPre
   return image.finish(currentPreset);
 }
 
-Bytes writePreset(const ACombProgram& preset, std::int32_t uniqueID, const DummySlots& dummies) {
-  ImageBuilder image(ImageKind::preset, uniqueID);
+std::size_t writeChunk(std::span<unsigned char, kChunkSize> out, const Bank& bank, std::int32_t uniqueID,
+                       std::int32_t currentPreset, const DummySlots& dummies, InvalidParameterListener& repaired) {
+  ByteWriter prefix(out);
+  prefix.int32(kChunkTag);
+  prefix.int32(uniqueID);
+  const std::size_t size = writeBank(out.subspan<kChunkPrefixSize>(), bank, uniqueID, currentPreset, dummies, repaired);
+  return prefix.size() + size;
+}
+
+std::size_t writePreset(std::span<unsigned char, kPresetImageSize> out, const ACombProgram& preset,
+                        std::int32_t uniqueID, const DummySlots& dummies) {
+  ImageBuilder image(out, ImageKind::preset, uniqueID);
   image.name(0, preset.name);
   for (int index = 0; index < kParameterCount; ++index) {
     if (!dummies[static_cast<std::size_t>(index)]) {
@@ -82,8 +91,9 @@ Bytes writePreset(const ACombProgram& preset, std::int32_t uniqueID, const Dummy
   return image.finish(0);
 }
 
-Bytes writeMidiMap(const ParameterValues& values, std::int32_t uniqueID, const DummySlots& dummies) {
-  ImageBuilder image(ImageKind::midiMap, uniqueID);
+std::size_t writeMidiMap(std::span<unsigned char, kMidiMapImageSize> out, const ParameterValues& values,
+                         std::int32_t uniqueID, const DummySlots& dummies) {
+  ImageBuilder image(out, ImageKind::midiMap, uniqueID);
   for (int index = 0; index < kParameterCount; ++index) {
     const auto slot = static_cast<std::size_t>(index);
     if (!dummies[slot]) image.value(EntryKind::midiAssignment, 0, index, values[slot]);
@@ -92,24 +102,26 @@ Bytes writeMidiMap(const ParameterValues& values, std::int32_t uniqueID, const D
 }
 
 float repairedValue(float value, std::int32_t parameter, std::int32_t preset,
-                    const char (&name)[ACombProgram::kNameSize], InvalidParameters& repaired) {
+                    const char (&name)[ACombProgram::kNameSize], InvalidParameterListener& repaired) {
   if (!(value < 0.0F) && !(value > 1.0F)) return value;  // a NaN passes: only the caller knows what it means
-  InvalidParameter& note = repaired.emplace_back(InvalidParameter{parameter, value, preset, {}});
-  std::memcpy(note.name, name, sizeof note.name);
+  InvalidParameter invalid{parameter, value, preset, {}};
+  std::memcpy(invalid.name, name, sizeof invalid.name);
+  repaired.met(invalid);
   return value < 0.0F ? 0.0F : 1.0F;
 }
 
-std::string diagnosticLine(const InvalidParameter& invalid, const char* operation) {
-  char numbers[160];  // the fixed text and at most 47 characters of a float written with %f
-  std::snprintf(numbers, sizeof numbers, "Invalid parameter %d value %f on %s of preset %d ", invalid.parameter,
-                static_cast<double>(invalid.value), operation, invalid.preset);
-  std::string line = numbers;
+DiagnosticLine diagnosticLine(const InvalidParameter& invalid, const char* operation) {
+  DiagnosticLine line;
+  const int fixed = std::snprintf(line.text, sizeof line.text, "Invalid parameter %d value %f on %s of preset %d ",
+                                  invalid.parameter, static_cast<double>(invalid.value), operation, invalid.preset);
+  char* end = line.text + fixed;
   for (int i = 0; i < ACombProgram::kNameSize && invalid.name[i] != 0; ++i) {
-    line += invalid.name[i];
+    *end++ = invalid.name[i];
     const bool doubledPercent = invalid.name[i] == '%' && i + 1 < ACombProgram::kNameSize && invalid.name[i + 1] == '%';
     if (doubledPercent) ++i;
   }
-  line += '\n';
+  *end++ = '\n';
+  *end = 0;
   return line;
 }
 

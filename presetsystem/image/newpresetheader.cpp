@@ -41,6 +41,13 @@ void byteSwapHeader(newpresetheader* header) {
   for (std::int32_t& word : header->reserved) swap(word);
 }
 
+void byteSwapHeader(std::span<unsigned char, newpresetheader::kSize> bytes) {
+  newpresetheader header = newpresetheader::read(bytes);
+  byteSwapHeader(&header);
+  ByteWriter out(bytes);
+  header.write(out);
+}
+
 ByteOrder byteOrderOf(std::int32_t stored, std::int32_t uniqueID) {
   if (stored == uniqueID) return ByteOrder::native;
   const auto reversed = static_cast<std::int32_t>(reversedBytes(static_cast<std::uint32_t>(uniqueID)));

@@ -9,7 +9,7 @@
 class ByteReader;
 class ByteWriter;
 
-// What an image holds; the byte behind the unique ID. The old kinds are read and never written.
+// What an image holds; the byte after the unique ID. The old kinds are read and never written.
 enum class ImageKind : std::uint8_t {
   midiMap = 12,
   oldPreset = 33,  // '!'
@@ -30,7 +30,7 @@ struct newpresetheader {
   std::int32_t parameterCount = 5;
   std::int32_t entryCount = 0;
   std::int32_t currentPreset = 0;  // bank only
-  std::int32_t dataSize = 0;       // bytes of entries behind the header: readers look no further
+  std::int32_t dataSize = 0;       // bytes of entries after the header: readers look no further
   std::array<std::int32_t, 4> reserved{};
 
   // The words as they stand in `data`, in this machine's byte order; absent bytes read as zero.
@@ -40,6 +40,8 @@ struct newpresetheader {
 
 // Reverses the bytes of every word but the unique ID, by which the byte order was told.
 void byteSwapHeader(newpresetheader* header);
+// The same for the header's bytes where they lie.
+void byteSwapHeader(std::span<unsigned char, newpresetheader::kSize> bytes);
 
 enum class ByteOrder { native, swapped, foreign };
 

@@ -1,9 +1,11 @@
-// The bank, the current preset, its name and its values.
+// The bank, the current preset, its name and its values, and the host's chunk.
 #include "presetsystem/store/cpresetsystemeffect.h"
 
 #include <cstring>
 
-#include "presetsystem/bar/cpresetsystemeditor.h"
+#include "presetsystem/image/image.h"
+#include "presetsystem/store/bankimages.h"
+#include "presetsystem/store/presetlistener.h"
 
 namespace {
 
@@ -40,10 +42,10 @@ float CPresetSystemEffect::getParameter(VstInt32 index) {
 }
 
 void CPresetSystemEffect::setProgramName(char* name) {
-  char copy[ACombProgram::kNameSize + 1] = {};  // the editor is told one character more than is stored
+  char copy[ACombProgram::kNameSize + 1] = {};  // the listener is told one character more than is stored
   std::memcpy(copy, name, strnlen(name, ACombProgram::kNameSize));
   preset(getPresetNo()).rename(copy);
-  if (CPresetSystemEditor* presetBar = presetEditor()) presetBar->nameChangedExternal(copy);
+  if (listener != nullptr) listener->nameChangedExternal(copy);
 }
 
 void CPresetSystemEffect::getProgramName(char* name) {
@@ -84,7 +86,7 @@ void CPresetSystemEffect::initializePreset(long n) {
 
 void CPresetSystemEffect::loadDefaults() {
   defaultPreset = preset(0);
-  if (CPresetSystemEditor* presetBar = presetEditor()) presetBar->loadDefaults();
+  if (listener != nullptr) listener->loadDefaults();
 }
 
 presetimage::DummySlots CPresetSystemEffect::dummySlots() {
@@ -99,6 +101,37 @@ presetimage::DummySlots CPresetSystemEffect::oldDummySlots() {
   return slots;
 }
 
-CPresetSystemEditor* CPresetSystemEffect::presetEditor() {
-  return static_cast<CPresetSystemEditor*>(editor.get());
+void CPresetSystemEffect::bankTakenOver(long n) {
+  setPresetNo(n);
+  if (listener != nullptr) listener->presetsChanged();
+}
+
+void CPresetSystemEffect::presetTakenOver() {
+  const long n = getPresetNo();
+  char name[ACombProgram::kNameSize + 1];
+  copyName(preset(n), name);
+  setPresetName(name);
+  setPresetNo(n);
+  if (listener != nullptr) listener->presetsChanged();
+}
+
+VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
+  const std::size_t size = BankImages(*this).writeChunk(chunkBuffer);
+  *data = chunkBuffer.data();
+  return static_cast<VstInt32>(size);
+}
+
+// A byteSize above 0 bounds every read. One that says nothing (0 or below) leaves the header's own data size, and no
+// chunk of ours is longer than kChunkSize.
+VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool /*isPreset*/) {
+  if (data == nullptr) return kChunkRefused;
+  const bool sizeKnown = byteSize > 0;
+  const std::span<unsigned char> bytes(static_cast<unsigned char*>(data),
+                                       sizeKnown ? static_cast<std::size_t>(byteSize) : presetimage::kChunkSize);
+  const presetimage::Image image = presetimage::identify(bytes, getUniqueID(), {.sizeKnown = sizeKnown});
+  const bool isCurrent = image.isChunk && !image.isOld && image.extent != presetimage::Image::Extent::headless;
+  if (isCurrent && image.swapped) {  // the host's copy is turned with it
+    byteSwapHeader(bytes.subspan<presetimage::kChunkPrefixSize, newpresetheader::kSize>());
+  }
+  return BankImages(*this).takeChunk(image) ? 0 : kChunkRefused;
 }

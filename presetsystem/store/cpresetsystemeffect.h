@@ -7,11 +7,9 @@
 
 #include "platform/relaxed.h"
 #include "plugin/audioeffectx.h"
-#include "presetsystem/image/acombprogram.h"
-#include "presetsystem/image/chunkimage.h"
 #include "presetsystem/image/presetimage.h"
 
-class CPresetSystemEditor;
+class PresetListener;
 
 // Towards the host there is one program, whose number is always 0, and its state is the chunk with the whole bank.
 // setParameter and getParameter may come from any thread; the rest from the host's user-interface thread, chunks in
@@ -39,8 +37,8 @@ class CPresetSystemEffect : public AudioEffectX {
   VstInt32 canDo(char*) override { return 0; }
 
   virtual long getPresetNo() { return static_cast<long>(currentPreset.load()); }
-  // n: 0..31, others are ignored. Pushes the preset's values into the effect and makes the host re-read them; answers
-  // what the host answers to the end of that empty gesture.
+  // n: 0..31, others are ignored. Pushes the preset's values into the effect and makes the host re-read them; returns
+  // the host's answer to the end of that empty gesture.
   virtual bool setPresetNo(long n);
   virtual void setPresetName(const char* name);  // the editor renames the current preset; the host is told
 
@@ -67,25 +65,25 @@ class CPresetSystemEffect : public AudioEffectX {
   virtual void initMidi() {}
   virtual float getVu() { return 0.0F; }
 
-  // For the editor and the image readers, on the user-interface thread.
+  // One at a time; null: none. It is told on the thread of the operation.
+  void setPresetListener(PresetListener* newListener) { listener = newListener; }
+  PresetListener* presetListener() const { return listener; }
+
+  // For the window and the images, on the user-interface thread.
   presetimage::Bank& bank() { return *presets; }
   ACombProgram& preset(long n) { return (*presets)[static_cast<std::size_t>(n)]; }
   const ACombProgram& getDefaultPreset() const { return defaultPreset; }
   bool isPresetChangeInProgress() const { return presetChangeInProgress; }
   presetimage::DummySlots dummySlots();     // of current images
   presetimage::DummySlots oldDummySlots();  // of old images
-
- protected:
-  // The editor object as the preset system knows it; null only while the effect is made.
-  CPresetSystemEditor* presetEditor();
+  void bankTakenOver(long n);               // a bank has been read: preset n of it becomes current
+  void presetTakenOver();                   // the current preset has been read: host and effect take it over
 
  private:
-  VstInt32 setChunkOld(void* data, VstInt32 byteSize, bool isPreset, bool swapped);
-
+  PresetListener* listener = nullptr;
   std::unique_ptr<presetimage::Bank> presets;
-  Relaxed<std::int64_t> currentPreset{0};  // 0..31
-  std::array<unsigned char, chunkimage::kOldSize> oldChunkBuffer{};
-  std::array<unsigned char, chunkimage::kSize> chunkBuffer{};  // what getChunk hands out
+  Relaxed<std::int64_t> currentPreset{0};                            // 0..31
+  std::array<unsigned char, presetimage::kChunkSize> chunkBuffer{};  // what getChunk hands out
   ACombProgram defaultPreset;
   Relaxed<bool> presetChangeInProgress{false};  // while set, setParameter leaves the bank alone
 };

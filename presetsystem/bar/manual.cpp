@@ -1,20 +1,20 @@
 // The manual button's work.
+#include "presetsystem/bar/manual.h"
+
 #include <cstdio>
 
-#include "platform/openmanual.h"
 #include "platform/xplat.h"
-#include "presetsystem/bar/cpresetsystemeditor.h"
 
-void CPresetSystemEditor::openManual() {
-  manual.start();
-  manualAwaited = true;
+void Manual::open() {
+  opener.start();
+  awaited = true;
 }
 
-void CPresetSystemEditor::watchManual() {
-  if (!manualAwaited) return;
-  const ManualOpener::State state = manual.poll();
+void Manual::watch() {
+  if (!awaited) return;
+  const ManualOpener::State state = opener.poll();
   if (state == ManualOpener::State::running) return;
-  manualAwaited = false;
+  awaited = false;
   if (state != ManualOpener::State::failed) return;
   char message[1024];
   std::snprintf(message, sizeof message, "Could not open manual file:\n~/\"%s\"", kManualPath);

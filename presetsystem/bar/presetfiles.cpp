@@ -1,0 +1,148 @@
+// Runs the dialog, and reads and writes the file that was chosen.
+#include "presetsystem/bar/presetfiles.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <span>
+#include <utility>
+
+#include "platform/xplat.h"
+#include "presetsystem/store/bankimages.h"
+#include "presetsystem/store/cpresetsystemeffect.h"
+
+namespace {
+
+constexpr std::size_t kKindEnd = presetimage::kOldPrefixSize;  // bytes that tell whose a file is, and of what kind
+constexpr std::size_t kLongestRead = 1 << 24;  // bytes; 1,000 times a bank. The rest of a longer file is not looked at
+
+constexpr char kNoDialog[] =
+    "There is no program that shows a file dialog.\nPlease install zenity or kdialog to load and save presets.";
+
+class File {
+ public:
+  File(const char* name, const char* folder, bool forWrite) : length(XPlatFileOpen(name, folder, &handle, forWrite)) {}
+  ~File() { XPlatFileClose(handle); }
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+
+  std::size_t read(unsigned char* to, std::size_t count) {
+    return static_cast<std::size_t>(XPlatFileRead(handle, reinterpret_cast<char*>(to), static_cast<long>(count)));
+  }
+  void write(const unsigned char* from, std::size_t count) {
+    XPlatFileWrite(handle, reinterpret_cast<const char*>(from), static_cast<long>(count));
+  }
+  std::size_t size() const { return static_cast<std::size_t>(length); }  // bytes; 0 where it could not be opened
+
+ private:
+  void* handle = nullptr;  // in front of the length, whose finding sets it
+  long length;
+};
+
+// The beginning of a file of this plug-in, at most `kLongestRead` bytes; empty for every other file.
+struct FileBytes {
+  std::unique_ptr<unsigned char[]> bytes;
+  std::size_t size = 0;
+
+  FileBytes(File& file, std::int32_t uniqueID) {
+    unsigned char begin[kKindEnd];
+    if (file.size() < kKindEnd || file.read(begin, kKindEnd) != kKindEnd) return;
+    // Before anything of its size is allocated.
+    if (presetimage::identify(begin, uniqueID).content == presetimage::Image::Content::foreign) return;
+    const std::size_t wanted = std::min(file.size(), kLongestRead);
+    bytes.reset(new (std::nothrow) unsigned char[wanted]);
+    if (!bytes) return;
+    std::memcpy(bytes.get(), begin, kKindEnd);
+    size = kKindEnd + file.read(bytes.get() + kKindEnd, wanted - kKindEnd);
+  }
+  std::span<const unsigned char> all() const { return {bytes.get(), size}; }
+};
+
+// False where there is no folder or a part is too long: the names of the last file must not be taken for this one's.
+bool splitPath(const std::string& path, char* fileName, char* folder) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return false;
+  const std::size_t folderSize = slash + 1;
+  if (folderSize >= kXPlatPathPartSize || path.size() - folderSize >= kXPlatPathPartSize) return false;
+  XPlatGetFileNameAndDir(path.c_str(), fileName, folder);
+  return true;
+}
+
+}  // namespace
+
+PresetFiles::PresetFiles(CPresetSystemEffect* filesEffect, FilePlaces& usedPlaces, BarWindow& servedWindow)
+    : effect(filesEffect), places(usedPlaces), window(servedWindow) {}
+
+void PresetFiles::start(Operation wanted, bool endianReversed) {
+  if (!window.isShown() || running()) return;
+  const bool ofBank = wanted == Operation::loadBank || wanted == Operation::saveBank;
+  FileDialogRequest request;
+  request.save = wanted == Operation::saveBank || wanted == Operation::savePreset;
+  request.title = std::string(request.save ? "Save " : "Load ") + (ofBank ? "bank" : "preset");
+  if (endianReversed) request.title += " (endian-reversed)";
+  request.folder = places.currentDirectory;
+  request.typeName = ofBank ? "Orv Bank" : "Orv Preset";
+  request.extension = ofBank ? "orb" : "orv";
+  request.proposedName = ofBank ? places.bankFileName : places.presetFileName;
+  request.window = window.hostWindow();
+  operation = wanted;
+  orderReversed = endianReversed;
+  dialog.start(request);
+}
+
+void PresetFiles::complete() {
+  if (!running()) return;
+  const FileDialog::State state = dialog.poll();
+  if (state == FileDialog::State::running) return;
+  const std::string path = dialog.path();
+  const Operation chosen = std::exchange(operation, Operation::none);
+  dialog.cancel();
+  if (!window.isShown()) return;
+  if (state == FileDialog::State::chosen) {
+    finish(chosen, path);
+  } else if (state == FileDialog::State::unavailable) {
+    XPlatDisplayAlert(kNoDialog);
+  }
+}
+
+void PresetFiles::end() {
+  operation = Operation::none;
+  dialog.cancel();
+}
+
+void PresetFiles::finish(Operation chosen, const std::string& path) {
+  const bool ofBank = chosen == Operation::loadBank || chosen == Operation::saveBank;
+  if (!splitPath(path, ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory)) return;
+  if (chosen == Operation::saveBank || chosen == Operation::savePreset) {
+    save(chosen);
+  } else {
+    load(chosen);
+  }
+}
+
+void PresetFiles::save(Operation chosen) {
+  const bool ofBank = chosen == Operation::saveBank;
+  File file(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory, true);
+  unsigned char image[presetimage::kBankImageSize];  // the larger of the two
+  const std::span<unsigned char, presetimage::kBankImageSize> bytes(image);
+  BankImages images(*effect);
+  file.write(image,
+             ofBank ? images.writeBank(bytes) : images.writePreset(bytes.first<presetimage::kPresetImageSize>()));
+}
+
+void PresetFiles::load(Operation chosen) {
+  const bool ofBank = chosen == Operation::loadBank;
+  File file(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory, false);
+  const FileBytes read(file, effect->getUniqueID());
+  if (read.size == 0) return;
+  const presetimage::Origin origin{.orderReversed = orderReversed, .whole = read.size == file.size()};
+  const presetimage::Image image = presetimage::identify(read.all(), effect->getUniqueID(), origin);
+  if (ofBank) {
+    BankImages(*effect).takeBank(image);
+    effect->bankTakenOver(0);  // whatever preset the image selects, and whatever came of reading it
+  } else {
+    BankImages(*effect).takePreset(image);
+  }
+  window.redraw();  // which the host may have closed, told of the new values
+}
