@@ -7,7 +7,7 @@
 #include "fuzz/imagelayout.h"
 #include "fuzz/records.h"
 #include "presetsystem/image/bytewriter.h"
-#include "presetsystem/image/chunkimage.h"
+#include "tests/presetsystem/imagebytes.h"
 
 namespace {
 
@@ -19,10 +19,10 @@ constexpr std::size_t kPresetEntries =
 Bytes withHeader(newpresetheader header, std::size_t entriesSize, std::int32_t entryCount, const Bytes& image) {
   header.dataSize = static_cast<std::int32_t>(entriesSize);
   header.entryCount = entryCount;
-  ByteWriter out;
-  header.write(out);
-  out.bytes(image.data() + newpresetheader::kSize, entriesSize);
-  return out.take();
+  Bytes made(image.begin(), image.begin() + static_cast<std::ptrdiff_t>(newpresetheader::kSize + entriesSize));
+  ByteWriter front(made);
+  header.write(front);
+  return made;
 }
 
 // The whole bank is long; the first presets of it say as much to a mutator. presets: 0..32.
@@ -50,39 +50,29 @@ Bytes wildBankImage() {
 // Records of old files and chunks: a name and `floats` values each.
 Bytes oldRecords(int records, int floats) {
   const presetimage::Bank bank = fuzz::sampleBank();
-  ByteWriter out;
+  imagebytes::Writer out;
   for (int number = 0; number < records; ++number) {
     const ACombProgram& preset = bank[static_cast<std::size_t>(number)];
-    out.bytes(preset.name, sizeof preset.name);
-    for (int index = 0; index < floats; ++index) out.float32(preset.parameter(index % presetimage::kParameterCount));
+    out.text(std::string(preset.name, sizeof preset.name), sizeof preset.name);
+    for (int index = 0; index < floats; ++index) out.real(preset.parameter(index % presetimage::kParameterCount));
   }
-  return out.take();
+  return out.bytes;
 }
 
 Bytes oldFile(ImageKind kind, const Bytes& records, bool otherOrder) {
-  ByteWriter out;
-  out.int32(fuzz::kUniqueID);
-  out.uint8(static_cast<std::uint8_t>(kind));
-  out.bytes(records.data(), records.size());
-  Bytes file = out.take();
+  Bytes file = imagebytes::Writer().number(fuzz::kUniqueID).byte(static_cast<int>(kind)).append(records).bytes;
   if (otherOrder) fuzz::reverseWordAt(file, 0);
   return file;
 }
 
 Bytes oldChunk(int records, int floats, std::int32_t current) {
-  ByteWriter out;
-  out.int32(chunkimage::kOldFormatTag);
-  out.int32(fuzz::kUniqueID);
-  out.int32(records);
-  out.int32(current);
-  out.zeros(16);
-  const Bytes all = oldRecords(records, floats);
-  out.bytes(all.data(), all.size());
-  return out.take();
+  imagebytes::Writer out;
+  out.number(presetimage::kOldChunkTag).number(fuzz::kUniqueID).number(records).number(current).zeros(16);
+  return out.append(oldRecords(records, floats)).bytes;
 }
 
 Bytes oldChunkInOtherOrder(Bytes chunk) {
-  fuzz::reverseWordsFrom(std::span<unsigned char>(chunk).first(chunkimage::kOldHeaderSize), 0);
+  fuzz::reverseWordsFrom(std::span<unsigned char>(chunk).first(presetimage::kOldChunkHeaderSize), 0);
   return chunk;
 }
 
@@ -147,14 +137,14 @@ void addOld(Corpus& corpus) {
 }
 
 void addChunks(Corpus& corpus) {
-  const Bytes small = chunkimage::wrapBank(bankImage(2), fuzz::kUniqueID);
-  corpus.add("setchunk", "whole", steered(0, 0, chunkimage::wrapBank(bankImage(32), fuzz::kUniqueID)));
+  const Bytes small = presetimage::wrapBank(bankImage(2), fuzz::kUniqueID);
+  corpus.add("setchunk", "whole", steered(0, 0, presetimage::wrapBank(bankImage(32), fuzz::kUniqueID)));
   corpus.add("setchunk", "small", steered(0, 0, small));
   corpus.add("setchunk", "other-order", steered(0, 0, fuzz::chunkInOtherOrder(small)));
   corpus.add("setchunk", "cut", steered(1, 128, small));
   corpus.add("setchunk", "no-size", steered(2, 0, small));
   corpus.add("setchunk", "negative-size", steered(3, 0, fuzz::chunkInOtherOrder(small)));
-  corpus.add("setchunk", "wild", steered(0, 0, chunkimage::wrapBank(wildBankImage(), fuzz::kUniqueID)));
+  corpus.add("setchunk", "wild", steered(0, 0, presetimage::wrapBank(wildBankImage(), fuzz::kUniqueID)));
   corpus.add("setchunk", "old", steered(0, 0, oldChunk(32, 5, 7)));
   corpus.add("setchunk", "old-other-order", steered(0, 0, oldChunkInOtherOrder(oldChunk(2, 0, 1))));
 

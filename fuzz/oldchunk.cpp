@@ -1,12 +1,13 @@
-// Fuzz target: the chunk's prefix and the reader of old chunks.
+// Fuzz target: the door, and the reader of old chunks.
 #include <algorithm>
 #include <cstring>
 #include <span>
+#include <utility>
 
 #include "fuzz/imagelayout.h"
 #include "fuzz/records.h"
 #include "fuzz/require.h"
-#include "presetsystem/image/chunkimage.h"
+#include "presetsystem/image/image.h"
 
 namespace {
 
@@ -17,19 +18,30 @@ using presetimage::DummySlots;
 constexpr std::size_t kCountOffset = 8;
 constexpr std::size_t kReservedOffset = 16;  // four words that mean nothing
 
-// A chunk as it is taken in: its first 1440 bytes, zero-filled.
+// A chunk as long as is taken in at most, zero-filled.
 Bytes takenIn(std::span<const unsigned char> chunk) {
-  Bytes data(chunk.begin(), chunk.begin() + static_cast<std::ptrdiff_t>(std::min(chunk.size(), chunkimage::kOldSize)));
-  data.resize(chunkimage::kOldSize);
+  Bytes data(chunk.begin(),
+             chunk.begin() + static_cast<std::ptrdiff_t>(std::min(chunk.size(), presetimage::kOldChunkSize)));
+  data.resize(presetimage::kOldChunkSize);
   data.shrink_to_fit();
   return data;
 }
 
-chunkimage::OldReading readOver(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlots& dummies,
-                                Bank& bank) {
+struct OldReading {
+  bool complete;
+  int presetToSelect;
+};
+
+// byteSize: what the host says; data: what is there of it, and all that may be looked at.
+OldReading readOver(const Bytes& data, std::int64_t byteSize, const DummySlots& dummies, Bank& bank) {
   bank = fuzz::sampleBank();
-  const std::span<const unsigned char, chunkimage::kOldSize> whole(data.data(), chunkimage::kOldSize);
-  return chunkimage::readOldChunk(whole, byteSize, swapped, dummies, fuzz::sampleDefault(), bank);
+  const bool known = byteSize > 0;
+  const std::size_t size = known ? static_cast<std::size_t>(byteSize) : data.size();
+  const presetimage::Image image = presetimage::identify({data.data(), size}, fuzz::kUniqueID, {.sizeKnown = known});
+  if (!image.isChunk) return {false, 0};
+  presetimage::InvalidParameters none;
+  const auto reading = presetimage::readBank(image, dummies, fuzz::sampleDefault(), bank, none);
+  return {reading == presetimage::Reading::done, image.presetToSelect};
 }
 
 // Bytes from one record to the next; 0: too small for a name.
@@ -41,9 +53,9 @@ std::size_t strideOf(std::int64_t byteSize, std::int32_t count) {
 // Floats are turned, names stay, as the stride tells them apart.
 Bytes inOtherOrder(Bytes data, std::size_t stride) {
   const std::span<unsigned char> bytes(data);
-  fuzz::reverseWordsFrom(bytes.first(chunkimage::kOldHeaderSize), 0);
+  fuzz::reverseWordsFrom(bytes.first(presetimage::kOldChunkHeaderSize), 0);
   if (stride == 0) return data;
-  for (std::size_t at = chunkimage::kOldHeaderSize; at < data.size(); at += std::min(stride, data.size())) {
+  for (std::size_t at = presetimage::kOldChunkHeaderSize; at < data.size(); at += std::min(stride, data.size())) {
     fuzz::reverseWordsFrom(bytes.subspan(at, std::min(stride, data.size() - at)), ACombProgram::kNameSize);
   }
   return data;
@@ -52,7 +64,7 @@ Bytes inOtherOrder(Bytes data, std::size_t stride) {
 void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlots& dummies) {
   const Bank before = fuzz::sampleBank();
   Bank bank;
-  const chunkimage::OldReading reading = readOver(data, byteSize, swapped, dummies, bank);
+  const OldReading reading = readOver(data, byteSize, dummies, bank);
   require(fuzz::normalised(bank), "all values lie in 0..1, even where the reading was refused");
   require(!reading.complete || (reading.presetToSelect >= 0 && reading.presetToSelect < presetimage::kPresetCount),
           "the preset to select is one of the bank");
@@ -61,7 +73,7 @@ void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlo
   const std::size_t stride = count > 0 ? strideOf(byteSize, count) : 0;
   const std::size_t taken = std::min(stride, sizeof(ACombProgram));  // of a record
   for (std::size_t number = 0; number < bank.size(); ++number) {
-    const std::size_t at = chunkimage::kOldHeaderSize + number * stride;
+    const std::size_t at = presetimage::kOldChunkHeaderSize + number * stride;
     const bool there = stride != 0 && static_cast<std::int64_t>(number) < count && at + taken <= data.size();
     if (!there) {
       require(fuzz::identical(bank[number], before[number]), "a preset without a record stays as it was");
@@ -72,7 +84,7 @@ void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlo
   }
 
   Bank turned;
-  const chunkimage::OldReading other = readOver(inOtherOrder(data, stride), byteSize, !swapped, dummies, turned);
+  const OldReading other = readOver(inOtherOrder(data, stride), byteSize, dummies, turned);
   require(other.complete == reading.complete && other.presetToSelect == reading.presetToSelect &&
               fuzz::identical(turned, bank),
           "the other byte order reads the same");
@@ -81,14 +93,23 @@ void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlo
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t size) {
-  if (size < chunkimage::kPrefixSize) return 0;
+  if (size < presetimage::kChunkPrefixSize) return 0;
   const Bytes chunk(input, input + size);
-  const std::span<const unsigned char, chunkimage::kPrefixSize> prefixBytes(chunk.data(), chunkimage::kPrefixSize);
-  const chunkimage::Prefix prefix = chunkimage::readPrefix(prefixBytes, fuzz::kUniqueID);
-  const bool swapped = prefix.order == ByteOrder::swapped;
-  require(prefix.formatTag == fuzz::wordAt(chunk, 0, swapped), "the tag is told in this machine's order");
+  const presetimage::Image image = presetimage::identify(chunk, fuzz::kUniqueID);
+  const std::int32_t tag = fuzz::wordAt(chunk, 0, image.swapped);
+  const bool known = tag == presetimage::kChunkTag || tag == presetimage::kOldChunkTag;
+  const bool isBank = image.content == presetimage::Image::Content::bank;
+  require(!image.isChunk || isBank == known, "a chunk's tag is told in this machine's order");
+  require(!image.isChunk || image.isOld == (tag == presetimage::kOldChunkTag), "and so is its generation");
 
-  const Bytes data = takenIn(chunk);
+  // Whatever it is, as an old chunk of ours.
+  Bytes data = takenIn(chunk);
+  const bool swapped = image.swapped;
+  for (const auto& [at, word] :
+       {std::pair<std::size_t, std::int32_t>{0, presetimage::kOldChunkTag}, {4, fuzz::kUniqueID}}) {
+    std::memcpy(data.data() + at, &word, sizeof word);
+    if (swapped) fuzz::reverseWordAt(data, at);
+  }
   read(data, static_cast<std::int64_t>(size), swapped, {});
   // A size and placeholders that do not follow from what is there.
   const std::int32_t named = fuzz::wordAt(data, kReservedOffset, false);

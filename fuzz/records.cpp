@@ -64,7 +64,7 @@ bool normalised(const presetimage::Bank& bank) {
 
 Image imageFrom(std::span<const unsigned char> data) {
   Image image{newpresetheader::read(data.first(newpresetheader::kSize)), false, {}};
-  image.swapped = byteOrderOf(image.header.uniqueID, kUniqueID) == ByteOrder::swapped;
+  image.swapped = presetimage::identify(data, kUniqueID).swapped;
   if (image.swapped) byteSwapHeader(&image.header);
   image.entries.assign(data.begin() + newpresetheader::kSize, data.end());
   return image;

@@ -5,7 +5,8 @@
 #include <span>
 
 #include "plugin/vst24.h"
-#include "presetsystem/image/presetimage.h"
+#include "presetsystem/image/image.h"
+#include "tests/support/imageblocks.h"
 
 namespace fuzz {
 
@@ -23,13 +24,15 @@ bool identical(const presetimage::Bank& a, const presetimage::Bank& b);
 bool normalised(const ACombProgram& preset);
 bool normalised(const presetimage::Bank& bank);
 
-// An image from bytes: its header in this machine's byte order, and a copy of what stands behind it that ends where
-// the data ends, so that a look past the end is a look past the heap block.
+// A current image from bytes: its header in this machine's byte order, and a copy of what stands after it that ends
+// where the data ends, so that a look past the end is a look past the heap block.
 struct Image {
   newpresetheader header;
-  bool swapped;  // by the unique ID; a foreign one is taken as this machine's order
+  bool swapped;
   presetimage::Bytes entries;
 };
+// Whatever the bytes' own unique ID and kind, they are taken as this plug-in's bank, in the order that the ID tells
+// where it is ours; the header keeps what it names of the data.
 // data: 41 bytes or more.
 Image imageFrom(std::span<const unsigned char> data);
 

@@ -7,7 +7,7 @@
 #include "fuzz/records.h"
 #include "fuzz/require.h"
 #include "fuzz/wholeeffect.h"
-#include "presetsystem/image/chunkimage.h"
+#include "presetsystem/image/image.h"
 
 namespace {
 
@@ -28,31 +28,32 @@ VstInt32 setChunk(Bytes& data, VstInt32 byteSize) {
   return static_cast<VstInt32>(effect->dispatcher(effect, effSetChunk, 0, byteSize, data.data(), 0.0F));
 }
 
-chunkimage::Prefix prefixOf(const Bytes& data) {
-  return chunkimage::readPrefix(
-      std::span<const unsigned char, chunkimage::kPrefixSize>(data.data(), chunkimage::kPrefixSize), fuzz::kUniqueID);
+presetimage::Image identified(const Bytes& data, bool sizeKnown = true) {
+  return presetimage::identify(data, fuzz::kUniqueID, {.sizeKnown = sizeKnown});
 }
 
 newpresetheader headerOf(const Bytes& data, bool swapped) {
   newpresetheader header =
-      newpresetheader::read(std::span(data).subspan(chunkimage::kPrefixSize, newpresetheader::kSize));
+      newpresetheader::read(std::span(data).subspan(presetimage::kChunkPrefixSize, newpresetheader::kSize));
   if (swapped) byteSwapHeader(&header);
   return header;
 }
 
-bool isCurrent(const chunkimage::Prefix& prefix) {
-  return prefix.order != ByteOrder::foreign && prefix.formatTag == chunkimage::kFormatTag;
+constexpr std::size_t kEntriesOffset = presetimage::kChunkPrefixSize + newpresetheader::kSize;
+
+bool isCurrent(const presetimage::Image& image) {
+  return image.isChunk && !image.isOld && image.content == presetimage::Image::Content::bank;
 }
 
 // With a size that says nothing the host must hand over what the chunk itself claims, up to the largest there is.
 Bytes asLongAsItClaims(Bytes data) {
-  data.resize(std::max(data.size(), chunkimage::kPrefixSize));
-  const chunkimage::Prefix prefix = prefixOf(data);
-  std::size_t claimed = chunkimage::kPrefixSize;
-  if (isCurrent(prefix)) {
-    data.resize(std::max(data.size(), chunkimage::kEntriesOffset));
-    const std::int32_t entries = headerOf(data, prefix.order == ByteOrder::swapped).dataSize;
-    claimed = std::min(chunkimage::kEntriesOffset + static_cast<std::size_t>(std::max(entries, 0)), chunkimage::kSize);
+  data.resize(std::max(data.size(), presetimage::kChunkPrefixSize));
+  const presetimage::Image image = identified(data);
+  std::size_t claimed = presetimage::kChunkPrefixSize;
+  if (isCurrent(image)) {
+    data.resize(std::max(data.size(), kEntriesOffset));
+    const std::int32_t entries = headerOf(data, image.swapped).dataSize;
+    claimed = std::min(kEntriesOffset + static_cast<std::size_t>(std::max(entries, 0)), presetimage::kChunkSize);
   }
   data.resize(claimed);
   return Bytes(data);
@@ -83,23 +84,19 @@ struct Outcome {
 Outcome expectedFrom(const HostsChunk& chunk, const Bank& before) {
   Outcome outcome{kRefused, before, kCurrentBefore};
   Trelvan& effect = fuzz::wholeEffect();
-  if (chunk.data.size() < chunkimage::kPrefixSize) return outcome;
-  const chunkimage::Prefix prefix = prefixOf(chunk.data);
-  const bool swapped = prefix.order == ByteOrder::swapped;
-  if (prefix.order == ByteOrder::foreign) return outcome;
-  if (prefix.formatTag == chunkimage::kOldFormatTag) {
-    Bytes taken = chunk.byteSize > 0 ? chunk.data : Bytes();
-    taken.resize(chunkimage::kOldSize);
-    const auto reading = chunkimage::readOldChunk(
-        std::span<const unsigned char, chunkimage::kOldSize>(taken.data(), chunkimage::kOldSize), chunk.byteSize,
-        swapped, {}, effect.getDefaultPreset(), outcome.bank);
-    if (reading.complete) outcome = {0, outcome.bank, reading.presetToSelect};
+  const presetimage::Image image = identified(chunk.data, chunk.byteSize > 0);
+  if (!image.isChunk || image.content != presetimage::Image::Content::bank) return outcome;
+  if (image.isOld) {
+    presetimage::InvalidParameters none;
+    const auto reading = presetimage::readBank(image, {}, effect.getDefaultPreset(), outcome.bank, none);
+    if (reading == presetimage::Reading::done) outcome = {0, outcome.bank, image.presetToSelect};
     return outcome;
   }
-  if (!isCurrent(prefix) || chunk.data.size() < chunkimage::kEntriesOffset) return outcome;
+  if (chunk.data.size() < kEntriesOffset) return outcome;
+  const bool swapped = image.swapped;
   outcome.answer = 0;
   newpresetheader header = headerOf(chunk.data, swapped);
-  const Bytes entries(chunk.data.begin() + chunkimage::kEntriesOffset, chunk.data.end());
+  const Bytes entries(chunk.data.begin() + kEntriesOffset, chunk.data.end());
   if (chunk.byteSize > 0) header.dataSize = static_cast<std::int32_t>(entries.size());  // the size bounds, no more
   Bank read = before;
   presetimage::InvalidParameters repaired;
@@ -112,11 +109,11 @@ Outcome expectedFrom(const HostsChunk& chunk, const Bank& before) {
 
 // The host's own copy is left alone but for the header's words, which are turned round with the reading.
 void requireUntouched(const Bytes& now, Bytes before) {
-  if (before.size() >= chunkimage::kEntriesOffset) {
-    const chunkimage::Prefix prefix = prefixOf(before);
-    if (isCurrent(prefix) && prefix.order == ByteOrder::swapped) {
-      constexpr std::size_t kVersionOffset = chunkimage::kPrefixSize + newpresetheader::kKindOffset + 1;
-      fuzz::reverseWordsFrom(std::span(before).first(chunkimage::kEntriesOffset), kVersionOffset);
+  if (before.size() >= kEntriesOffset) {
+    const presetimage::Image image = identified(before);
+    if (isCurrent(image) && image.swapped) {
+      constexpr std::size_t kVersionOffset = presetimage::kChunkPrefixSize + newpresetheader::kKindOffset + 1;
+      fuzz::reverseWordsFrom(std::span(before).first(kEntriesOffset), kVersionOffset);
     }
   }
   require(now == before, "the host's data is left alone");

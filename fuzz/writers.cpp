@@ -59,7 +59,7 @@ Expected expectedFrom(const Bank& bank, const DummySlots& dummies) {
 
 void requireLines(const InvalidParameters& repaired) {
   for (const presetimage::InvalidParameter& note : repaired) {
-    const std::string line = presetimage::diagnosticLine(note, "save");
+    const std::string line = presetimage::diagnosticLine(note, "save").text;
     require(line.starts_with("Invalid parameter ") && line.back() == '\n', "a diagnostic is a line");
     require(line.find(" on save of preset " + std::to_string(note.preset) + " ") != std::string::npos,
             "a diagnostic tells the operation and the preset");

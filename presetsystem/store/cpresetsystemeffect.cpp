@@ -115,7 +115,9 @@ void CPresetSystemEffect::presetTakenOver() {
   if (listener != nullptr) listener->presetsChanged();
 }
 
+// Until the listener is there the effect is being made, and its bank is nobody's yet.
 VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
+  if (listener == nullptr) return 0;
   const std::size_t size = BankImages(*this).writeChunk(chunkBuffer);
   *data = chunkBuffer.data();
   return static_cast<VstInt32>(size);
@@ -124,7 +126,7 @@ VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
 // A byteSize above 0 bounds every read. One that says nothing (0 or below) leaves the header's own data size, and no
 // chunk of ours is longer than kChunkSize.
 VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool /*isPreset*/) {
-  if (data == nullptr) return kChunkRefused;
+  if (data == nullptr || listener == nullptr) return kChunkRefused;
   const bool sizeKnown = byteSize > 0;
   const std::span<unsigned char> bytes(static_cast<unsigned char*>(data),
                                        sizeKnown ? static_cast<std::size_t>(byteSize) : presetimage::kChunkSize);

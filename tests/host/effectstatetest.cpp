@@ -11,6 +11,7 @@
 #include "host/trelvanbank.h"
 #include "host/wholefile.h"
 #include "tests/host/tempfolder.h"
+#include "tests/support/imageblocks.h"
 
 namespace {
 

@@ -4,15 +4,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
 #include <cstring>
 #include <functional>
 
 #include "host/failure.h"
 #include "plugin/vst24.h"
-#include "presetsystem/image/bytewriter.h"
-#include "presetsystem/image/chunkimage.h"
+#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/imageblocks.h"
 
 namespace {
 
@@ -48,7 +47,7 @@ Bytes bankFile(const presetimage::Bank& bank, int current) {
 }
 
 Bytes someChunk() {
-  return chunkimage::wrapBank(bankFile(someBank(), 7), kID);
+  return presetimage::wrapBank(bankFile(someBank(), 7), kID);
 }
 
 TrelvanBank bankOf(const Bytes& chunk) {
@@ -60,33 +59,10 @@ void expectEqual(const ACombProgram& a, const ACombProgram& b) {
   for (int i = 0; i < ACombProgram::kParameterCount; ++i) EXPECT_EQ(a.parameter(i), b.parameter(i)) << a.name << i;
 }
 
-// The file as a machine of the other byte order writes it: every word turned round, bytes and names as they are.
-class Turned {
- public:
-  Turned& word(std::int32_t value) {
-    out.int32(static_cast<std::int32_t>(__builtin_bswap32(static_cast<std::uint32_t>(value))));
-    return *this;
-  }
-  Turned& real(float value) { return word(std::bit_cast<std::int32_t>(value)); }
-  Turned& byte(unsigned char value) {
-    out.uint8(value);
-    return *this;
-  }
-  Turned& name(const char* text) {
-    char field[24] = {};
-    std::strncpy(field, text, 23);
-    out.bytes(field, sizeof field);
-    return *this;
-  }
-  Turned& zeros(std::size_t count) {
-    out.zeros(count);
-    return *this;
-  }
-  Bytes bytes() { return out.take(); }
-
- private:
-  ByteWriter out;
-};
+// A file as a machine of the other byte order writes it.
+imagebytes::Writer turned() {
+  return imagebytes::Writer(true);
+}
 
 std::string refusalOf(const std::function<void()>& action) {
   try {
@@ -136,32 +112,32 @@ TEST(TrelvanBank, LoadsABankFileAndSelectsItsFirstPreset) {
 }
 
 TEST(TrelvanBank, LoadsAnOldPresetOfTheOtherByteOrder) {
-  const Bytes file = Turned().word(kID).byte(33).name("old one").real(0.25F).real(0.5F).real(0.75F).bytes();
+  const Bytes file = turned().number(kID).byte(33).text("old one", 24).real(0.25F).real(0.5F).real(0.75F).bytes;
   TrelvanBank bank = bankOf(someChunk());
   bank.loadPreset(file, "old.orv");
   expectEqual(bank.presets()[7], preset("old one", 0.25F, 0.5F, 0.75F, 1.0F, 0.0F));
 }
 
 TEST(TrelvanBank, LoadsACurrentPresetOfTheOtherByteOrder) {
-  Turned file;
-  file.word(kID).byte(34).word(0x01090900).word(5).word(2).word(0).word(168 + 32).zeros(16);
-  file.word(0).word(156).word(0).name("turned").zeros(132);
+  imagebytes::Writer file = turned();
+  file.number(kID).byte(34).word(0x01090900).word(5).word(2).word(0).word(168 + 32).zeros(16);
+  file.word(0).word(156).word(0).text("turned", 24).zeros(132);
   file.word(1).word(20).word(0).word(2).word(0).word(0).real(0.625F).word(0);
   TrelvanBank bank = bankOf(someChunk());
-  bank.loadPreset(file.bytes(), "turned.orv");
+  bank.loadPreset(file.bytes, "turned.orv");
   EXPECT_STREQ(bank.presets()[7].name, "turned");
   EXPECT_EQ(bank.presets()[7].parameter(2), 0.625F);
   EXPECT_EQ(bank.presets()[7].parameter(0), 0.0F) << "left out: the first factory preset's width";
 }
 
 TEST(TrelvanBank, LoadsAnOldBankOfTheOtherByteOrder) {
-  Turned file;
-  file.word(kID).byte(55);
+  imagebytes::Writer file = turned();
+  file.number(kID).byte(55);
   for (int i = 0; i < 32; ++i) {
-    file.name("old").real(0.5F).real(static_cast<float>(i) / 32.0F).real(0.0F).real(1.0F).real(1.0F);
+    file.text("old", 24).real(0.5F).real(static_cast<float>(i) / 32.0F).real(0.0F).real(1.0F).real(1.0F);
   }
   TrelvanBank bank = bankOf(someChunk());
-  bank.loadBank(file.bytes(), "old.orb");
+  bank.loadBank(file.bytes, "old.orb");
   expectEqual(bank.presets()[31], preset("old", 0.5F, 31.0F / 32.0F, 0.0F, 1.0F, 1.0F));
   EXPECT_EQ(bank.current(), 0);
 }
@@ -223,11 +199,7 @@ TEST(TrelvanBank, RefusesChunksThatAreNone) {
 TEST(TrelvanBank, LetsOldStatesPassTheCheckAndFindsDamageInCurrentOnes) {
   const auto check = [](const Bytes& chunk) { return refusalOf([&] { TrelvanBank::checkState(chunk, kID, "s"); }); };
   EXPECT_EQ(check(someChunk()), "accepted");
-  ByteWriter old;
-  old.int32(chunkimage::kOldFormatTag);
-  old.int32(kID);
-  old.zeros(24);
-  EXPECT_EQ(check(old.take()), "accepted");
+  EXPECT_EQ(check(imagebytes::Writer().number(presetimage::kOldChunkTag).number(kID).zeros(24).bytes), "accepted");
   Bytes damaged = someChunk();
   const float nan = std::nanf("");
   std::memcpy(&damaged[8 + 41 + 168 + 24], &nan, sizeof nan);  // preset 0, parameter 0

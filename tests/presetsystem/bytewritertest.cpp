@@ -1,4 +1,4 @@
-// Collected words and bytes.
+// Words and bytes written into memory.
 #include "presetsystem/image/bytewriter.h"
 
 #include <gtest/gtest.h>
@@ -7,8 +7,9 @@
 
 namespace {
 
-TEST(ByteWriter, LaysThingsOneBehindTheOther) {
-  ByteWriter out;
+TEST(ByteWriter, LaysThingsOneAfterTheOther) {
+  imagebytes::Bytes memory(14);
+  ByteWriter out(memory);
   out.uint8(7);
   out.int32(-2);
   out.float32(0.5F);
@@ -17,13 +18,24 @@ TEST(ByteWriter, LaysThingsOneBehindTheOther) {
   EXPECT_EQ(out.size(), 14U);
   const imagebytes::Bytes expected =
       imagebytes::Writer().byte(7).number(-2).real(0.5F).zeros(3).byte('a').byte('b').bytes;
-  EXPECT_EQ(out.take(), expected);
+  EXPECT_EQ(memory, expected);
 }
 
 TEST(ByteWriter, TakesNothingFromNowhere) {
-  ByteWriter out;
+  imagebytes::Bytes memory(1);
+  ByteWriter out(memory);
   out.bytes(nullptr, 0);
-  EXPECT_TRUE(out.take().empty());
+  EXPECT_EQ(out.size(), 0U);
+}
+
+TEST(ByteWriter, WritesNothingPastTheEndAndNothingAfterWhatFoundNoRoom) {
+  imagebytes::Bytes memory(8, 0xEE);
+  ByteWriter out(std::span<unsigned char>(memory).first(6));
+  out.int32(0);
+  out.int32(0);
+  out.uint8(0);
+  EXPECT_EQ(out.size(), 4U);
+  EXPECT_EQ(memory, (imagebytes::Bytes{0, 0, 0, 0, 0xEE, 0xEE, 0xEE, 0xEE}));
 }
 
 }  // namespace

@@ -39,9 +39,9 @@ class FilesEditor : public ADEditor {
   }
   void hostWindow(std::uintptr_t window) { parentWindow = reinterpret_cast<void*>(window); }
 
-  using CPresetSystemEditor::bankFileName;
-  using CPresetSystemEditor::currentDirectory;
-  using CPresetSystemEditor::presetFileName;
+  char (&bankFileName)[FilePlaces::kSize] = places.bankFileName;
+  char (&currentDirectory)[FilePlaces::kSize] = places.currentDirectory;
+  char (&presetFileName)[FilePlaces::kSize] = places.presetFileName;
 
  private:
   std::unique_ptr<ToolkitLibrary> toolkit;

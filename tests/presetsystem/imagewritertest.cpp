@@ -23,7 +23,7 @@ constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
 std::string line(const char* name, float value, const char* operation = "save") {
   InvalidParameter invalid{2, value, 3, {}};
   std::memcpy(invalid.name, name, std::min<std::size_t>(std::strlen(name), sizeof invalid.name));
-  return presetimage::diagnosticLine(invalid, operation);
+  return presetimage::diagnosticLine(invalid, operation).text;
 }
 
 TEST(WriteBank, Writes10537BytesWith192Entries) {

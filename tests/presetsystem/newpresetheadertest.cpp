@@ -12,9 +12,11 @@ using imagebytes::Bytes;
 using imagebytes::Writer;
 
 Bytes written(const newpresetheader& header) {
-  ByteWriter out;
+  Bytes bytes(newpresetheader::kSize);
+  ByteWriter out(bytes);
   header.write(out);
-  return out.take();
+  EXPECT_EQ(out.size(), newpresetheader::kSize);
+  return bytes;
 }
 
 // A different number in every word.

@@ -7,7 +7,7 @@
 #include <limits>
 #include <random>
 
-#include "presetsystem/image/chunkimage.h"
+#include "presetsystem/image/image.h"
 #include "tests/presetsystem/records.h"
 
 namespace {
@@ -125,7 +125,7 @@ TEST_F(PresetImage, OfGarbageIsRefusedOrGivesAValidBank) {
     } else {
       ++refused;
     }
-    for (const auto& invalid : repaired) EXPECT_FALSE(presetimage::diagnosticLine(invalid, "load").empty());
+    for (const auto& invalid : repaired) EXPECT_STRNE(presetimage::diagnosticLine(invalid, "load").text, "");
   }
   EXPECT_GT(changed, 100) << "much of it must get past the header, or the test tests nothing";
   EXPECT_GT(refused, 10);
@@ -133,23 +133,23 @@ TEST_F(PresetImage, OfGarbageIsRefusedOrGivesAValidBank) {
 
 TEST_F(PresetImage, OfOldGarbageIsRefusedOrGivesAValidBank) {
   for (int round = 0; round < 3000; ++round) {
-    Bytes data = imagebytes::oldChunk(imagebytes::randomBank(random), below(40), below(9), below(64));
+    const bool other = below(2) == 1;
+    Bytes data = imagebytes::oldChunk(imagebytes::randomBank(random), below(40), below(9), below(64), other);
     const int damage = below(6);
     for (int i = 0; i < damage && data.size() > 8; ++i) {
       data[8 + static_cast<std::size_t>(below(static_cast<int>(data.size()) - 8))] =
           static_cast<unsigned char>(below(256));
     }
-    const auto size = static_cast<std::int64_t>(data.size());
-    data.resize(chunkimage::kOldSize);
+    const std::size_t size = data.size() + static_cast<std::size_t>(below(3)) - 1;  // as hosts name it, or beside it
+    data.resize(std::max(size, data.size()));
+    const presetimage::Image image = presetimage::identify(std::span(data).first(size), kID);
     Bank bank = recordsOf(imagebytes::randomBank(random));
-    const auto reading =
-        chunkimage::readOldChunk(std::span<const unsigned char, chunkimage::kOldSize>(data.data(), data.size()),
-                                 size + below(3) - 1, below(2) == 1, {}, ACombProgram(), bank);
+    presetimage::InvalidParameters none;
+    presetimage::readBank(image, {}, ACombProgram(), bank, none);
     EXPECT_TRUE(isValid(bank));
-    if (reading.complete) {
-      EXPECT_GE(reading.presetToSelect, 0);
-      EXPECT_LT(reading.presetToSelect, 32);
-    }
+    EXPECT_TRUE(image.isChunk && image.isOld);
+    EXPECT_GE(image.presetToSelect, 0);
+    EXPECT_LT(image.presetToSelect, 32);
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "presetsystem/image/presetimage.h"
 #include "tests/presetsystem/imagebytes.h"
+#include "tests/support/imageblocks.h"
 
 // All 24 bytes of the name, as they stand.
 inline std::string nameBytes(const ACombProgram& preset) {

@@ -91,7 +91,7 @@ def main():
     for processor in PROCESSORS:
         check_imports("module", processor, symbols(module, processor, "--undefined-only"))
         # Our objects too, as the module leaves out what nothing in it asks for.
-        ours = [os.path.join(build, name) for name in ("libtrelvan.a", "libtrelvan_images.a")]
+        ours = [os.path.join(build, name) for name in ("libtrelvan.a", "libtrelvan_effect.a", "libtrelvan_images.a")]
         defined = symbols(os.path.join(build, "vstgui/libvstgui.a"), processor, "--defined-only")
         undefined = set()
         for library in ours:

@@ -3,7 +3,7 @@
 #include <span>
 
 #include "plugin/audioeffect.h"
-#include "presetsystem/image/chunkimage.h"
+#include "presetsystem/image/image.h"
 
 VstIntPtr host(AEffect*, VstInt32, VstInt32, VstIntPtr, void*, float) {
   return kVstVersion;
@@ -22,15 +22,16 @@ class Effect : public AudioEffect {
 int main() {
   Effect effect(host, 1, 5);
   AEffEditor editor(&effect);
-  const std::array<unsigned char, 8> prefix{};
-  chunkimage::readPrefix(prefix, 0);
+  presetimage::InvalidParameters none;
+  std::array<unsigned char, 10545> chunk{};
+  presetimage::writeChunk(chunk, presetimage::Bank(), 0, 0, {}, none);
 #if CASE == 1
   Effect copy(effect);
 #elif CASE == 2
   AEffEditor copy(editor);
 #elif CASE == 3
-  const std::array<unsigned char, 7> tooShort{};
-  chunkimage::readPrefix(tooShort, 0);
+  std::array<unsigned char, 10544> tooShort{};
+  presetimage::writeChunk(tooShort, presetimage::Bank(), 0, 0, {}, none);
 #elif CASE == 4
   Effect other(hostWithoutOpt, 1, 5);
 #endif
