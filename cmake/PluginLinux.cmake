@@ -1,23 +1,25 @@
 # Linux: Trelvan.vst/Contents/<architecture>-linux/Trelvan.so with Contents/Resources/ beside it.
 target_sources(trelvan PRIVATE
   editor/base/linux/bitmaps.cpp
-  editor/controls/linux/editedtext.cpp
+  editor/base/linux/filechoice.cpp
+  editor/base/linux/filedialog.cpp
   editor/base/linux/forgottenreplies.cpp
   editor/base/linux/framewindow.cpp
   editor/base/linux/idlerunloop.cpp
   editor/base/linux/pacing.cpp
-  editor/controls/linux/textentry.cpp
-  editor/controls/linux/textfield.cpp
-  editor/base/linux/toolkitlibrary.cpp
+  editor/base/linux/sharedrunloop.cpp
+  editor/base/linux/toolkitsetup.cpp
+  editor/controls/linux/editedtext.cpp
+  editor/controls/linux/fitname.cpp
   editor/controls/linux/presetpopup.cpp
   editor/controls/linux/presetpopuplayout.cpp
-  editor/controls/linux/fitname.cpp
+  editor/controls/linux/textentry.cpp
+  editor/controls/linux/textfield.cpp
   platform/linux/childprogram.cpp
   platform/linux/desktopdialog.cpp
-  editor/base/linux/filedialog.cpp
+  platform/linux/manualopener.cpp
   platform/linux/modulefile.cpp
-  platform/linux/openmanual.cpp
-  platform/linux/prefs.cpp
+  platform/linux/preferencestore.cpp
   platform/linux/sharedfile.cpp
   platform/linux/xplatalert.cpp
   platform/linux/xplatmutex.cpp)

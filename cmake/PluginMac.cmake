@@ -8,13 +8,13 @@ target_sources(trelvan PRIVATE
   editor/base/mac/framewindow.cpp
   editor/base/mac/idletimer.mm
   editor/base/mac/pacing.cpp
+  editor/base/mac/toolkitsetup.cpp
   editor/controls/mac/presetpopup.cpp
   editor/controls/mac/textentry.mm
   editor/controls/mac/textentrywindow.mm
-  editor/base/mac/toolkitlibrary.cpp
   platform/mac/modulefile.cpp
-  platform/mac/openmanual.cpp
-  platform/mac/prefs.cpp
+  platform/mac/manualopener.cpp
+  platform/mac/preferencestore.cpp
   platform/mac/xplatalert.mm
   platform/mac/xplatmutex.mm)
 target_compile_options(trelvan PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-objc-arc>)

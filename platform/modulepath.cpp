@@ -1,9 +1,8 @@
 // The folders around the plug-in's own image.
 #include "platform/modulepath.h"
 
-#include <sys/stat.h>
-
 #include "platform/modulefile.h"
+#include "platform/paths.h"
 
 namespace {
 
@@ -15,10 +14,10 @@ struct OwnFile {
 };
 const OwnFile ownFile;
 
-// "/a/b/c" -> "/a/b/", "/a/b/" -> "/a/"; empty above the root.
-std::string folderOf(const std::string& path) {
-  if (path.size() < 2) return {};
-  return path.substr(0, path.rfind('/', path.size() - 2) + 1);
+// "/a/b/" -> "/a/"; empty above the root.
+std::string folderAbove(std::string folder) {
+  if (!folder.empty()) folder.pop_back();
+  return folderPart(folder);
 }
 
 }  // namespace
@@ -28,13 +27,12 @@ std::string moduleFile() {
 }
 
 std::string moduleFolder() {
-  return folderOf(moduleFile());
+  return folderPart(moduleFile());
 }
 
 std::string resourcesFolder() {
-  const std::string bundle = folderOf(moduleFolder());
+  const std::string bundle = folderAbove(moduleFolder());
   if (bundle.empty()) return {};
   const std::string folder = bundle + "Resources/";
-  struct stat status {};
-  return stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) ? folder : std::string();
+  return isFolder(folder) ? folder : std::string();
 }

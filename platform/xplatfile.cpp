@@ -1,9 +1,9 @@
 // Whole-file access on the system's buffered streams, and path splitting.
+#include "platform/xplatfile.h"
+
 #include <cstdio>
 #include <cstring>
 #include <string>
-
-#include "platform/xplat.h"
 
 namespace {
 

@@ -1,9 +1,10 @@
 // Byte order, conversions between normalised values and steps, and the float preferences that are not kept.
+#include "platform/xplatvalues.h"
+
 #include <algorithm>
 #include <cmath>
 
 #include "platform/saturate.h"
-#include "platform/xplat.h"
 
 void mySwapBytes(void* p) {
   auto* bytes = static_cast<unsigned char*>(p);

@@ -66,7 +66,7 @@ bool AEffGUIEditor::openFrame(void* window) {
   const auto made = VSTGUI::makeOwned<VSTGUI::CFrame>(size, this);
   auto* root = new MyFrame(size);
   made->addView(root);
-  auto opening = FrameWindow::create();
+  auto opening = std::make_unique<FrameWindow>();
   if (!opening->open(made, window)) return false;
   made->remember();  // the frame's own, which its close gives back
   frame = made;

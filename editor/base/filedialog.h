@@ -40,6 +40,6 @@ class FileDialog {
   void cancel();
 
  private:
-  struct Running;
-  std::unique_ptr<Running> running;
+  struct System;
+  std::unique_ptr<System> system;
 };

@@ -9,22 +9,29 @@ class CFrame;
 }
 
 // One window of one editor. All calls on the thread that opens it, which hosts choose.
-class FrameWindow {
+class FrameWindow final {
  public:
-  virtual ~FrameWindow() = default;
+  FrameWindow();
+  ~FrameWindow();  // closes
+  FrameWindow(const FrameWindow&) = delete;
+  FrameWindow& operator=(const FrameWindow&) = delete;
 
-  // Opens `frame` in the host's window at 0,0 in the frame's size. False: there is no usable display, and the frame is
-  // as it was.
-  virtual bool open(VSTGUI::CFrame* frame, void* hostWindow) = 0;
-  // Ends the frame, which is forgotten, at once or as soon as the toolkit is out of its event handling.
-  virtual void close() = 0;
-  // Handles what has arrived: mouse, keys, timers, drawing. From the editor's idle.
-  virtual void pump() = 0;
-  // Does work that reaches controls from outside the pump: a close from inside it takes effect when it is done. The
-  // object may be gone by then.
-  virtual void during(const std::function<void()>& work) { work(); }
+  // Opens `frame` in the host's window at 0,0 in the frame's size. False: there is no usable
+  // display, and the frame is as it was.
+  bool open(VSTGUI::CFrame* frame, void* hostWindow);
+  // Ends the frame, which is forgotten, at once or as soon as the toolkit is out of its event
+  // handling.
+  void close();
+  // Handles what has arrived: mouse, keys, timers, drawing. From the editor's idle, while open. The
+  // object may be gone by its end, as by that of `during`.
+  void pump();
+  // Does work that reaches controls from outside the pump, while open: a close from inside it takes
+  // effect when it is done.
+  void during(const std::function<void()>& work);
   // True once since the last call when the keyboard has left the window.
-  virtual bool keyboardLost() = 0;
+  bool keyboardLost();
 
-  static std::unique_ptr<FrameWindow> create();
+ private:
+  struct System;
+  std::unique_ptr<System> system;  // while open
 };

@@ -1,8 +1,10 @@
-// Counts the toolkit's users, and replaces the one of its defaults that would change a parameter behind our back.
+// Counts the toolkit's users, and replaces the one of its defaults that would change a parameter
+// unasked.
 #include "editor/base/toolkitlibrary.h"
 
 #include <mutex>
 
+#include "editor/base/toolkitsetup.h"
 #include "lib/controls/cslider.h"
 #include "lib/events.h"
 #include "vstgui.h"

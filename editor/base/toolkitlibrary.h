@@ -11,8 +11,3 @@ class ToolkitLibrary {
   ToolkitLibrary(const ToolkitLibrary&) = delete;
   ToolkitLibrary& operator=(const ToolkitLibrary&) = delete;
 };
-
-// What differs from system to system: called once around the library's life by the class above. Throws where memory
-// runs out, with nothing set up.
-void setUpToolkit();
-void tearDownToolkit();

@@ -45,8 +45,7 @@ VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/, const VST
   // As wide as the label, two points taller than the font, centred on the label.
   const TextEntryPlace place{
       corner.x, corner.y + (getHeight() - fontSize - 1) * 0.5, getWidth(), fontSize + 2, origin.x, origin.y};
-  entry = openTextEntry(this, place);
-  if (!entry) {
+  if (!entry.open(this, place)) {
     beingEdited = false;
     setDirty(true);
   }
@@ -54,13 +53,13 @@ VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/, const VST
 }
 
 bool COrvTextEdit::removed(VSTGUI::CView* parent) {
-  entry.reset();
+  entry.abandon();
   beingEdited = false;
   return CTextLabel::removed(parent);
 }
 
 void COrvTextEdit::endEntry(bool confirm) {
-  if (beingEdited && entry) entry->end(confirm);
+  if (beingEdited) entry.end(confirm);
 }
 
 void COrvTextEdit::endEditMode(bool confirm) {

@@ -1,8 +1,6 @@
 // A text label that is edited in place.
 #pragma once
 
-#include <memory>
-
 #include "editor/controls/textentry.h"
 #include "vstgui.h"
 
@@ -48,7 +46,7 @@ class COrvTextEdit : public VSTGUI::CTextLabel {
   CLASS_METHODS_NOCOPY(COrvTextEdit, CTextLabel)
 
  private:
-  std::unique_ptr<TextEntry> entry;  // the last one; running while beingEdited
+  TextEntry entry;  // running while beingEdited
   CustomColor fontEdition, fontHighlighted, highlight, caret;
   [[maybe_unused]] bool flag;  // kept for its owner
   bool beingEdited = false;

@@ -9,7 +9,7 @@
 #include "editor/controls/ccnames.h"
 #include "effect/parameters.h"
 #include "platform/saturate.h"
-#include "platform/xplat.h"
+#include "platform/xplatvalues.h"
 
 namespace {
 

@@ -11,14 +11,22 @@ struct TextEntryPlace {
   double globalX, globalY;
 };
 
-// A running entry. It ends by Return, Escape, a click elsewhere and the loss of the keyboard on its own, and then calls
-// the label's setText (confirmed only) and endEditMode. Its label owns it and lets it go later, never from inside those
-// calls. User-interface thread.
-class TextEntry {
+// One entry after the other over a label, which owns it. A running one ends by Return, Escape, a click
+// elsewhere and the loss of the keyboard on its own, and then calls the label's setText (confirmed
+// only) and endEditMode, from inside which it is not let go. User-interface thread.
+class TextEntry final {
  public:
-  virtual ~TextEntry() = default;      // a running entry goes without a word to the label
-  virtual void end(bool confirm) = 0;  // nothing where it has ended already
-};
+  TextEntry();
+  ~TextEntry();  // abandons
+  TextEntry(const TextEntry&) = delete;
+  TextEntry& operator=(const TextEntry&) = delete;
 
-// Null: the field could not be made.
-std::unique_ptr<TextEntry> openTextEntry(COrvTextEdit* label, const TextEntryPlace& place);
+  // None runs before. False: the field could not be made.
+  bool open(COrvTextEdit* label, const TextEntryPlace& place);
+  void end(bool confirm);  // nothing where it has ended already
+  void abandon();          // without a word to the label
+
+ private:
+  struct System;
+  std::unique_ptr<System> system;  // of the last entry
+};

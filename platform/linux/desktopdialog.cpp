@@ -1,13 +1,9 @@
 // The command lines of zenity, kdialog and xmessage.
 #include "platform/linux/desktopdialog.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <cctype>
 #include <csignal>
 #include <cstdlib>
-#include <string_view>
 
 #include "platform/linux/childprogram.h"
 #include "platform/validtext.h"
@@ -57,50 +53,6 @@ std::string notAnOption(const std::string& text) {
   return !text.empty() && text[0] == '-' ? " " + text : text;
 }
 
-// "*.orv *.ORV"
-std::string patternsOf(const std::string& extension) {
-  std::string upper = extension;
-  std::transform(upper.begin(), upper.end(), upper.begin(), [](unsigned char letter) { return std::toupper(letter); });
-  return "*." + extension + " *." + upper;
-}
-
-// With a slash behind it.
-std::string folderOf(const FileDialogRequest& request) {
-  struct stat status {};
-  std::string folder = request.folder;
-  if (folder.empty() || stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) folder = variable("HOME");
-  if (folder.empty() || folder.back() != '/') folder += '/';
-  return folder;
-}
-
-std::string startOf(const FileDialogRequest& request) {
-  return folderOf(request) + (request.save ? request.proposedName : std::string());
-}
-
-std::vector<std::string> zenityFile(const std::string& program, const FileDialogRequest& request) {
-  std::vector<std::string> arguments = {
-      program, "--file-selection", "--title=" + request.title, "--filename=" + startOf(request),
-      "--file-filter=" + request.typeName + " (*." + request.extension + ") | " + patternsOf(request.extension)};
-  if (request.save) {
-    arguments.emplace_back("--save");
-    arguments.emplace_back("--confirm-overwrite");
-  }
-  if (request.window != 0) arguments.push_back("--attach=" + std::to_string(request.window));
-  return arguments;
-}
-
-std::vector<std::string> kdialogFile(const std::string& program, const FileDialogRequest& request) {
-  std::vector<std::string> arguments = {program, "--title", request.title};
-  if (request.window != 0) {
-    arguments.emplace_back("--attach");
-    arguments.push_back(std::to_string(request.window));
-  }
-  arguments.emplace_back(request.save ? "--getsavefilename" : "--getopenfilename");
-  arguments.push_back(startOf(request));
-  arguments.push_back(request.typeName + " (" + patternsOf(request.extension) + ")");
-  return arguments;
-}
-
 }  // namespace
 
 bool hasDisplay() {
@@ -119,10 +71,6 @@ std::vector<Program> alertPrograms() {
   std::vector<Program> programs = filePrograms();
   addIfFound(programs, Kind::xmessage, "xmessage");
   return programs;
-}
-
-std::vector<std::string> chooseFile(const Program& program, const FileDialogRequest& request) {
-  return program.kind == Kind::kdialog ? kdialogFile(program.path, request) : zenityFile(program.path, request);
 }
 
 std::vector<std::string> question(const Program& program, const std::string& title, const std::string& text) {

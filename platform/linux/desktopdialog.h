@@ -1,10 +1,8 @@
-// The desktop's dialog programs: which there are, and the arguments with which they show what.
+// The desktop's dialog programs: which there are, and the arguments with which they show a text.
 #pragma once
 
 #include <string>
 #include <vector>
-
-#include "editor/base/filedialog.h"
 
 namespace desktopdialog {
 
@@ -23,7 +21,6 @@ std::vector<Program> filePrograms();   // zenity, kdialog
 std::vector<Program> alertPrograms();  // these, then xmessage
 
 // Argument vectors. Texts are data: no markup, no escapes, whatever they hold.
-std::vector<std::string> chooseFile(const Program& program, const FileDialogRequest& request);
 std::vector<std::string> question(const Program& program, const std::string& title, const std::string& text);
 std::vector<std::string> warning(const Program& program, const std::string& title, const std::string& text);
 
@@ -33,7 +30,8 @@ enum class Answer {
   unusable,  // the program does not work here: try another
 };
 
-// exitStatus: as ChildProgram answers it. output: an unknown status counts as accepted with, declined without.
+// exitStatus: as ChildProgram returns it. output: an unknown status counts as accepted with, as
+// declined without.
 Answer answerOf(int exitStatus, const std::string& output);
 
 }  // namespace desktopdialog

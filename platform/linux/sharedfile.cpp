@@ -10,6 +10,8 @@
 #include <cstdio>
 #include <thread>
 
+#include "platform/paths.h"
+
 namespace sharedfile {
 
 namespace {
@@ -51,8 +53,7 @@ bool putOnDisk(const std::string& path, const std::string& content) {
 
 // The new name is on disk when the folder is.
 void syncFolderOf(const std::string& path) {
-  const std::string folder = path.substr(0, path.rfind('/') + 1);
-  const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const Descriptor opened(::open(folderPart(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (opened.isOpen()) (void)::fsync(opened.get());  // some file systems refuse; the file itself is complete
 }
 
@@ -100,7 +101,8 @@ Lock::~Lock() {
 }
 
 bool replace(const std::string& path, const std::string& content) {
-  // Always the same name, so that what a killed writer left behind is overwritten, not piled up.
+  // Always the same name, so that the next writer overwrites what a killed one has left. GLib's
+  // g_file_set_contents_full takes a new name each time, and they would pile up.
   const std::string next = path + ".new";
   if (!putOnDisk(next, content) || std::rename(next.c_str(), path.c_str()) != 0) {
     ::unlink(next.c_str());

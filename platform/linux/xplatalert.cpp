@@ -1,7 +1,8 @@
-// The alert of the platform services, shown by the desktop's dialog program.
+// The alert, shown by the desktop's dialog program.
+#include "platform/xplatalert.h"
+
 #include "platform/linux/childprogram.h"
 #include "platform/linux/desktopdialog.h"
-#include "platform/xplat.h"
 
 void XPlatDisplayAlert(const char* message) {
   if (message == nullptr || !desktopdialog::hasDisplay()) return;

@@ -1,8 +1,8 @@
-// The recursive lock of the platform services, on the standard library's recursive timed mutex.
+// The recursive lock on the standard library's recursive timed mutex.
+#include "platform/xplatmutex.h"
+
 #include <chrono>
 #include <mutex>
-
-#include "platform/xplat.h"
 
 namespace {
 

@@ -1,8 +1,9 @@
-// The alert of the platform services, on Cocoa. Manual reference counting.
+// The alert on Cocoa. Manual reference counting.
+#include "platform/xplatalert.h"
+
 #import <Cocoa/Cocoa.h>
 
 #include "platform/mac/manualreferences.h"
-#include "platform/xplat.h"
 
 namespace {
 

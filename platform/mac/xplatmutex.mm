@@ -1,8 +1,9 @@
-// The recursive lock of the platform services, on Cocoa. Manual reference counting.
+// The recursive lock on Cocoa. Manual reference counting.
+#include "platform/xplatmutex.h"
+
 #import <Cocoa/Cocoa.h>
 
 #include "platform/mac/manualreferences.h"
-#include "platform/xplat.h"
 
 void* XPlatCreateMutex() { return [[NSRecursiveLock alloc] init]; }
 

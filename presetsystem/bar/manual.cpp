@@ -3,7 +3,7 @@
 
 #include <cstdio>
 
-#include "platform/xplat.h"
+#include "platform/xplatalert.h"
 
 void Manual::open() {
   opener.start();

@@ -1,7 +1,7 @@
 // Opens the product manual and says where that fails.
 #pragma once
 
-#include "platform/openmanual.h"
+#include "platform/manualopener.h"
 
 // User-interface thread.
 class Manual {

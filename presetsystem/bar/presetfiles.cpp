@@ -8,7 +8,8 @@
 #include <span>
 #include <utility>
 
-#include "platform/xplat.h"
+#include "platform/xplatalert.h"
+#include "platform/xplatfile.h"
 #include "presetsystem/store/bankimages.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 

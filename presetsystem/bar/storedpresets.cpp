@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "platform/prefs.h"
+#include "platform/preferencestore.h"
 #include "presetsystem/store/bankimages.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 

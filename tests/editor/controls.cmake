@@ -15,9 +15,14 @@ trelvan_add_test(controlstest editor
     fitnametest.cpp
     myframetest.cpp
     presetpopuplayouttest.cpp
-    presetpopuplinuxtest.cpp
+    presetpopuptest.cpp
     wheelstepstest.cpp
   LIBRARIES trelvan)
 
 # A program of its own, since it brings a clock of its own.
 trelvan_add_test(editorbasetest editor SOURCES aeffguieditortest.cpp LIBRARIES trelvan)
+
+# A program of its own, since it brings an allocator of its own.
+trelvan_add_test(looptest editor
+  SOURCES idlerunlooptest.cpp ${PROJECT_SOURCE_DIR}/tests/plugin/failingmemory.cpp
+  LIBRARIES trelvan)

@@ -23,7 +23,7 @@ class Tree_(unittest.TestCase):
 
     def test_is_read_whole(self):  # an empty tree would have no violations either
         for path in ("plugin/vst24.h", "effect/trelvan.cpp", "presetsystem/image/presetimage.h",
-                     "editor/window/adeditor.cpp", "platform/linux/prefs.cpp", "tests/plugin/vst24test.cpp"):
+                     "editor/window/adeditor.cpp", "platform/linux/preferencestore.cpp", "tests/plugin/vst24test.cpp"):
             self.assertIn(path, Tree(ROOT).texts)
 
 

@@ -10,10 +10,10 @@ target_link_libraries(mac_doubles PUBLIC trelvan_options)
 
 mac_test(maccftest
   SOURCES
-    cf/cfobjecttest.cpp cf/prefscftest.cpp cf/bundlelookuptest.cpp cf/toolkitmactest.cpp cf/pacingmactest.cpp
-    ${PROJECT_SOURCE_DIR}/platform/mac/prefs.cpp
+    cf/cfobjecttest.cpp cf/preferencestorecftest.cpp cf/bundlelookuptest.cpp cf/toolkitmactest.cpp cf/pacingmactest.cpp
+    ${PROJECT_SOURCE_DIR}/platform/mac/preferencestore.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/bundlelookup.cpp
-    ${PROJECT_SOURCE_DIR}/editor/base/mac/toolkitlibrary.cpp
+    ${PROJECT_SOURCE_DIR}/editor/base/mac/toolkitsetup.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/pacing.cpp
   LIBRARIES mac_doubles)
 # The toolkit's headers only: the test stands in for the two functions that are called.
@@ -35,10 +35,10 @@ endforeach()
 
 mac_test(macpathtest
   SOURCES
-    cf/modulepathtest.cpp cf/openmanualtest.cpp
+    cf/modulepathtest.cpp cf/manualopenertest.cpp
     ${PROJECT_SOURCE_DIR}/platform/mac/modulefile.cpp
     ${PROJECT_SOURCE_DIR}/platform/modulepath.cpp
-    ${PROJECT_SOURCE_DIR}/platform/mac/openmanual.cpp
+    ${PROJECT_SOURCE_DIR}/platform/mac/manualopener.cpp
   LIBRARIES ${CMAKE_DL_LIBS})
 target_compile_definitions(macpathtest PRIVATE MAC_BUNDLES="${bundles}")
 add_dependencies(macpathtest ${bundle_targets})

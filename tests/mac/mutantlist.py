@@ -28,7 +28,7 @@ def alert(what, old, new, tests):
     return Mutant(what, "platform/mac/xplatalert.mm", old, new, "cocoa", "XplatAlertMac." + tests)
 
 
-def cf(what, old, new, file="platform/mac/prefs.cpp"):
+def cf(what, old, new, file="platform/mac/preferencestore.cpp"):
     return Mutant(what, file, old, new, "cf")
 
 
@@ -72,7 +72,7 @@ MUTANTS = [
     entry("cancelling tells the listener", "control->endEditMode(false);", "control->endEditMode(true);"),
     entry("confirming does not tell the listener", "control->endEditMode(true);", "control->endEditMode(false);"),
     entry("the text is not handed over", "    control->setText([[textField stringValue] UTF8String]);\n", ""),
-    entry("end(false) confirms", "[window cancelEditing:nil];", "[window confirmEditing:nil];",
+    entry("end(false) confirms", "[system->window cancelEditing:nil];", "[system->window confirmEditing:nil];",
           "editor/controls/mac/textentry.mm"),
     entry("going away confirms", "[window abandonEditing];", "[window confirmEditing:nil];",
           "editor/controls/mac/textentry.mm"),
@@ -85,7 +85,7 @@ MUTANTS = [
     entry("the window goes at once", "  [[self retain] autorelease];\n", ""),
     entry("the window is retained once more", "  [[self retain] autorelease];\n", "  [self retain];\n"),
     entry("the window stays open", "  [super close];  // releases the window\n", ""),
-    entry("the handle does not hear of the end", "  entry->windowEnds();\n", ""),
+    entry("the handle does not hear of the end", "  *handle = nil;\n", ""),
     entry("the label is not held", "VSTGUI::shared([self takeVstPointer])) {  // its listener may close the editor",
           "[self takeVstPointer]) {"),
     # ---- text entry: text, place, looks ----
@@ -139,14 +139,14 @@ MUTANTS = [
        "CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingISOLatin1)"),
     cf("wrong encoding for reading", "                                       kCFStringEncodingMacRoman);",
        "                                       kCFStringEncodingUTF8);"),
-    cf("no synchronisation", "!CFPreferencesAppSynchronize(contents->application.get())", "false"),
+    cf("no synchronisation", "!CFPreferencesAppSynchronize(system->application.get())", "false"),
     cf("a refused string spoils the buffer", "  if (!fits) return false;\n",
        "  if (!fits) {\n    text.copy(buffer, size);\n    return false;\n  }\n"),
     cf("any type counts as a string", "value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()", "value == nullptr"),
     cf("any type counts as bytes", "value == nullptr || CFGetTypeID(value) != CFDataGetTypeID()", "value == nullptr"),
-    cf("a removed key stays", "  contents->changes[key] = nullptr;\n", "  (void)key;\n"),
-    cf("an empty change writes", "  if (contents->changes.empty()) return true;\n", ""),
-    cf("changes are forgotten when the disk refuses", "  if (!CFPreferences", "  if (contents->changes.clear(), !CFPreferences"),
+    cf("a removed key stays", "  system->changes[key] = nullptr;\n", "  (void)key;\n"),
+    cf("an empty change writes", "  if (system->changes.empty()) return true;\n", ""),
+    cf("changes are forgotten when the disk refuses", "  if (!CFPreferences", "  if (system->changes.clear(), !CFPreferences"),
     bundle("path cut once too often", "kLevels = 3", "kLevels = 4"),
     bundle("path cut too seldom", "kLevels = 3", "kLevels = 2"),
     bundle("the host's image is not skipped", "i = 1; i < count", "i = 0; i < count"),
@@ -157,26 +157,27 @@ MUTANTS = [
     bundle("nothing found is released", "if (gBundleRef != nullptr) CFRelease", "CFRelease"),
     bundle("the bundle is not released", "if (gBundleRef != nullptr) CFRelease(gBundleRef);", ""),
     cf("the bundle goes before the toolkit", "  VSTGUI::exit();\n  ExitMachOLibrary();", "  ExitMachOLibrary();\n  VSTGUI::exit();",
-       "editor/base/mac/toolkitlibrary.cpp"),
-    cf("the toolkit gets no bundle", "VSTGUI::init(gBundleRef)", "VSTGUI::init(nullptr)", "editor/base/mac/toolkitlibrary.cpp"),
-    Mutant("the manual's path is not quoted", "platform/mac/openmanual.cpp", '"~/\\"" + relative + "\\""', '"~/" + relative',
+       "editor/base/mac/toolkitsetup.cpp"),
+    cf("the toolkit gets no bundle", "VSTGUI::init(gBundleRef)", "VSTGUI::init(nullptr)", "editor/base/mac/toolkitsetup.cpp"),
+    Mutant("the manual's path is not quoted", "platform/mac/manualopener.cpp", '"~/\\"" + relative + "\\""', '"~/" + relative',
            "path"),
-    Mutant("the bundle's manual is not tried", "platform/mac/openmanual.cpp", "!resources.empty() &&", "false &&", "path"),
-    Mutant("the folder's slash is lost", "platform/modulepath.cpp", "path.size() - 2) + 1)", "path.size() - 2))", "path"),
+    Mutant("the bundle's manual is not tried", "platform/mac/manualopener.cpp", "!resources.empty() &&", "false &&", "path"),
+    Mutant("the folder's slash is lost", "platform/paths.h", "path.substr(0, path.rfind('/') + 1)",
+           "path.substr(0, path.rfind('/'))", "path"),
     # ---- the toolkit's frame and selector ----
     window("closing does not wait for the event's end",
            "if (!closing->doAfterEventProcessing([closing] { closing->close(); })) closing->close();", "closing->close();"),
-    window("closes twice", "    frame = nullptr;\n    if (closing", "    if (closing"),
+    window("closes twice", "const std::unique_ptr<System> ending = std::move(system);", "const std::unique_ptr<System>& ending = system;"),
     window("wrong kind of view", "PlatformType::kNSView", "PlatformType::kUIView"),
-    window("a frame that did not open is kept", "return false;\n    frame = opened;",
-           "{ frame = opened; return false; }\n    frame = opened;"),
+    window("a frame that did not open is kept", "return false;\n  system = std::move(opening);",
+           "{ system = std::move(opening); return false; }\n  system = std::move(opening);"),
     dialog("several files", "setAllowMultiFileSelection(false)", "setAllowMultiFileSelection(true)"),
     dialog("not modal", "selector->runModal();", "selector->run([](VSTGUI::CNewFileSelector*) {});"),
     dialog("comes up though cancelled", "    if (!wanted) return;\n", ""),
     dialog("the panel stays up", "    if (selector) selector->cancel();\n", ""),
     dialog("names that are no text", "request.save && isText(request.proposedName)", "request.save"),
-    dialog("runs inside start", "VSTGUI::Call::later([panel = running->panel] { panel->run(); });",
-           "running->panel->run();"),
+    dialog("runs inside start", "VSTGUI::Call::later([panel = system->panel] { panel->run(); });",
+           "system->panel->run();"),
     # ---- Mach-O ----
     macho("an import that is not allowed", "#include <cmath>\n",
           "#include <cmath>\nextern \"C\" int getpid();\nint process() { return getpid(); }\n"),

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/xplat.h"
+#include "platform/xplatalert.h"
 #include "tests/platform/fakedesktop.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <string>
 
-#include "platform/xplat.h"
+#include "platform/xplatfile.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <thread>
 
-#include "platform/xplat.h"
+#include "platform/xplatmutex.h"
 
 namespace {
 

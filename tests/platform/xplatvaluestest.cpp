@@ -4,7 +4,7 @@
 #include <cstring>
 #include <limits>
 
-#include "platform/xplat.h"
+#include "platform/xplatvalues.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <thread>
 
-#include "tests/platform/prefstest.h"
+#include "tests/platform/preferencestoretest.h"
 #include "tests/presetsystem/filesfixture.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #include "editor/base/toolkitlibrary.h"
 #include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
-#include "platform/prefs.h"
+#include "platform/preferencestore.h"
 #include "tests/platform/fakedesktop.h"
 #include "tests/presetsystem/imagebytes.h"
 #include "tests/presetsystem/records.h"

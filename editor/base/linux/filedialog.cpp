@@ -4,8 +4,10 @@
 #include <strings.h>
 #include <unistd.h>
 
+#include "editor/base/linux/filechoice.h"
 #include "platform/linux/childprogram.h"
 #include "platform/linux/desktopdialog.h"
+#include "platform/paths.h"
 
 namespace {
 
@@ -16,7 +18,7 @@ bool endsWithExtension(const std::string& path, const std::string& extension) {
 
 }  // namespace
 
-struct FileDialog::Running {
+struct FileDialog::System {
   enum class Step { choosing, confirming };
 
   FileDialogRequest request;
@@ -30,7 +32,7 @@ struct FileDialog::Running {
   void choose() {
     step = Step::choosing;
     for (; !programs.empty(); programs.erase(programs.begin())) {
-      if (program.start(desktopdialog::chooseFile(programs.front(), request))) return;
+      if (program.start(fileChoice(programs.front(), request))) return;
     }
     state = State::unavailable;
   }
@@ -63,7 +65,7 @@ struct FileDialog::Running {
     if (access(path.c_str(), F_OK) != 0) return;
     state = State::running;
     step = Step::confirming;
-    const std::string text = path.substr(path.rfind('/') + 1) + "\nThis file exists already. Replace it?";
+    const std::string text = namePart(path) + "\nThis file exists already. Replace it?";
     if (!program.start(desktopdialog::question(programs.front(), request.title, text))) chooseAgain();
   }
 
@@ -77,9 +79,8 @@ struct FileDialog::Running {
 
   // With the whole name proposed, about which the program asks itself.
   void chooseAgain() {
-    const std::size_t name = path.rfind('/') + 1;
-    request.folder = path.substr(0, name);
-    request.proposedName = path.substr(name);
+    request.folder = folderPart(path);
+    request.proposedName = namePart(path);
     choose();
   }
 };
@@ -88,24 +89,24 @@ FileDialog::FileDialog() = default;
 FileDialog::~FileDialog() = default;
 
 void FileDialog::start(const FileDialogRequest& request) {
-  running = std::make_unique<Running>();
-  running->request = request;
-  if (desktopdialog::hasDisplay()) running->programs = desktopdialog::filePrograms();
-  running->choose();
+  system = std::make_unique<System>();
+  system->request = request;
+  if (desktopdialog::hasDisplay()) system->programs = desktopdialog::filePrograms();
+  system->choose();
 }
 
 FileDialog::State FileDialog::poll() {
-  if (!running) return State::none;
-  if (running->state == State::running && running->program.poll() == ChildProgram::State::ended) {
-    running->programEnded();
+  if (!system) return State::none;
+  if (system->state == State::running && system->program.poll() == ChildProgram::State::ended) {
+    system->programEnded();
   }
-  return running->state;
+  return system->state;
 }
 
 std::string FileDialog::path() const {
-  return running ? running->path : std::string();
+  return system ? system->path : std::string();
 }
 
 void FileDialog::cancel() {
-  running.reset();
+  system.reset();
 }

@@ -1,17 +1,17 @@
 // Opens the toolkit's frame in a host's X11 window, inside a window of our own.
+#include "editor/base/framewindow.h"
+
 #include <xcb/xcb.h>
 
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
-#include <functional>
-#include <memory>
 #include <optional>
 #include <utility>
 
-#include "editor/base/framewindow.h"
 #include "editor/base/linux/sharedrunloop.h"
 #include "lib/platform/platform_x11.h"
+#include "vstgui.h"
 
 namespace {
 
@@ -22,8 +22,8 @@ using Clock = std::chrono::steady_clock;
 class OwnWindow {
  public:
   // The window has the root's depth and visual: in a host's window with an alpha channel the toolkit's own would
-  // inherit the depth and stay blank. It also takes the toolkit's window with it when it goes, which the toolkit leaves
-  // behind.
+  // inherit the depth and stay blank. It also takes the toolkit's window with it when it goes, which
+  // the toolkit leaves there.
   OwnWindow(xcb_window_t parent, std::uint16_t width, std::uint16_t height)
       : connection(xcb_connect(nullptr, &screenNumber)) {
     if (xcb_connection_has_error(connection) != 0) return;
@@ -94,53 +94,58 @@ class FocusWatch {
   std::optional<Clock::time_point> lostToAncestor;
 };
 
-class FrameWindowLinux final : public FrameWindow {
- public:
-  ~FrameWindowLinux() override { close(); }
+}  // namespace
 
-  bool open(VSTGUI::CFrame* opened, void* hostWindow) override {
-    const auto parent = static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>(hostWindow));
-    const auto width = static_cast<std::uint16_t>(opened->getWidth());
-    const auto height = static_cast<std::uint16_t>(opened->getHeight());
-    const auto made = std::make_shared<OwnWindow>(parent, width, height);
-    if (!made->isThere()) return false;
-    VSTGUI::X11::FrameConfig config;
-    config.runLoop = openSharedRunLoop();
-    if (!config.runLoop) return false;
-    auto* handle = reinterpret_cast<void*>(static_cast<std::uintptr_t>(made->id()));
-    if (!opened->open(handle, VSTGUI::PlatformType::kX11EmbedWindowID, &config)) return false;
-    keepDrawingDevice();
-    ending = [closing = opened, window = made] { closing->close(); };
-    frame = opened;
-    own = made;
-    if (auto* platform = dynamic_cast<VSTGUI::X11::IX11Frame*>(frame->getPlatformFrame())) {
-      focus.watch(own->link(), platform->getX11WindowID());
-    }
-    return true;
-  }
-
-  void close() override {
-    if (frame == nullptr) return;
-    frame = nullptr;
-    own.reset();
-    sharedRunLoop()->runOutsidePump(std::move(ending));
-  }
-
-  void pump() override { sharedRunLoop()->pump(); }
-
-  void during(const std::function<void()>& work) override { sharedRunLoop()->during(work); }
-
-  bool keyboardLost() override { return own && focus.lost(own->link()); }
-
- private:
-  VSTGUI::CFrame* frame = nullptr;
+struct FrameWindow::System {
   std::shared_ptr<OwnWindow> own;
-  std::function<void()> ending;  // of the frame and then our window; made while there is memory, as an end may not fail
+  // Of the frame and then our window; made while there is memory, as an end may not fail.
+  IdleRunLoop::Actions ending;
   FocusWatch focus;
 };
 
-}  // namespace
+FrameWindow::FrameWindow() = default;
 
-std::unique_ptr<FrameWindow> FrameWindow::create() {
-  return std::make_unique<FrameWindowLinux>();
+FrameWindow::~FrameWindow() {
+  close();
+}
+
+bool FrameWindow::open(VSTGUI::CFrame* frame, void* hostWindow) {
+  const auto parent = static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>(hostWindow));
+  const auto width = static_cast<std::uint16_t>(frame->getWidth());
+  const auto height = static_cast<std::uint16_t>(frame->getHeight());
+  const auto made = std::make_shared<OwnWindow>(parent, width, height);
+  if (!made->isThere()) return false;
+  auto opening = std::make_unique<System>();
+  opening->own = made;
+  opening->ending.emplace_back([frame, window = made] { frame->close(); });
+  VSTGUI::X11::FrameConfig config;
+  config.runLoop = openSharedRunLoop();
+  if (!config.runLoop) return false;
+  auto* handle = reinterpret_cast<void*>(static_cast<std::uintptr_t>(made->id()));
+  if (!frame->open(handle, VSTGUI::PlatformType::kX11EmbedWindowID, &config)) return false;
+  keepDrawingDevice();
+  if (auto* platform = dynamic_cast<VSTGUI::X11::IX11Frame*>(frame->getPlatformFrame())) {
+    opening->focus.watch(made->link(), platform->getX11WindowID());
+  }
+  system = std::move(opening);
+  return true;
+}
+
+void FrameWindow::close() {
+  const std::unique_ptr<System> closing = std::move(system);
+  if (!closing) return;
+  closing->own.reset();
+  sharedRunLoop()->runOutsidePump(std::move(closing->ending));
+}
+
+void FrameWindow::pump() {
+  sharedRunLoop()->pump();
+}
+
+void FrameWindow::during(const std::function<void()>& work) {
+  sharedRunLoop()->during(work);
+}
+
+bool FrameWindow::keyboardLost() {
+  return system && system->focus.lost(system->own->link());
 }

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <chrono>
 #include <new>
-#include <utility>
 
 #include "editor/base/linux/forgottenreplies.h"
 #include "lib/platform/linux/x11platform.h"
@@ -20,11 +19,10 @@ std::uint64_t now() {
 
 }  // namespace
 
-IdleRunLoop::IdleRunLoop() {
-  constexpr std::size_t kRoom = 16;  // one handler, a few timers a window, one end a window
-  handlers.reserve(kRoom);
-  timers.reserve(kRoom);
-  afterwards.reserve(kRoom);
+void IdleRunLoop::makeRoom() {
+  constexpr std::size_t kRoom = 16;  // one handler a library, a few timers a window
+  handlers.reserve(handlers.size() + kRoom);
+  timers.reserve(timers.size() + kRoom);
 }
 
 bool IdleRunLoop::isDataThere() const {
@@ -34,14 +32,15 @@ bool IdleRunLoop::isDataThere() const {
   });
 }
 
-// The toolkit ends each look with a question to the X server and waits for the answer, so a pass in which nothing goes
-// on does without. An event that came with such an answer waits in the connection's memory, where nobody sees it:
-// another look follows whatever has happened, and one from time to time.
+// The toolkit ends each look with a question to the X server and waits for the reply, so a pass in
+// which nothing goes on does without. An event that came with such a reply waits in the connection's
+// memory, where nobody sees it: another look follows whatever has happened, and one from time to
+// time.
 void IdleRunLoop::handleEvents(std::uint64_t time) {
   constexpr std::uint64_t kLongest = 200;  // ms without a look
   const bool dataThere = isDataThere();
-  if (!dataThere && !lively && time - lastLook < kLongest) return;
-  lively = dataThere;
+  if (!dataThere && !lookAgain && time - lastLook < kLongest) return;
+  lookAgain = dataThere;
   lastLook = time;
   const ForgottenReplies replies(VSTGUI::X11::RunLoop::instance().getXcbConnection());
   for (std::size_t i = 0; i < handlers.size(); ++i) {  // by index, since the list grows meanwhile
@@ -57,43 +56,45 @@ void IdleRunLoop::pump() {
   for (std::size_t i = 0; i < known; ++i) {
     if (timers[i].handler == nullptr || timers[i].due > time) continue;
     timers[i].due = time + timers[i].interval;
-    lively = true;
+    lookAgain = true;
     timers[i].handler->onTimer();
   }
 }
 
 void IdleRunLoop::during(const std::function<void()>& work) {
   const Pumping pumping(*this);
-  lively = true;
+  lookAgain = true;
   work();
 }
 
-// Each action has left the list before it runs: it may pump again. One that fails does not keep the others from it.
 void IdleRunLoop::leave() noexcept {
   if (--depth > 0) return;
   compact();
+  runAfterwards();
+}
+
+// Each action has left the list before it runs: it may pump again. One that fails does not keep the
+// others from it.
+void IdleRunLoop::runAfterwards() noexcept {
   while (!afterwards.empty()) {
-    const std::function<void()> action = std::move(afterwards.front());
-    afterwards.erase(afterwards.begin());
+    Actions next;
+    next.splice(next.begin(), afterwards, afterwards.begin());
     try {
-      action();
+      next.front()();
     } catch (const std::bad_alloc&) {
-      lively = true;  // what it had begun may have made events
+      lookAgain = true;  // what it had begun may have made events
     }
   }
 }
 
-void IdleRunLoop::runOutsidePump(std::function<void()> action) {
-  if (depth > 0) {
-    afterwards.push_back(std::move(action));
-  } else {
-    action();
-  }
+void IdleRunLoop::runOutsidePump(Actions actions) noexcept {
+  afterwards.splice(afterwards.end(), actions);
+  if (depth == 0) runAfterwards();
 }
 
 bool IdleRunLoop::registerEventHandler(int fd, VSTGUI::X11::IEventHandler* handler) {
   handlers.push_back({fd, handler});
-  lively = true;
+  lookAgain = true;
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <vector>
 
 #include "lib/platform/platform_x11.h"
@@ -13,16 +14,18 @@
 // come and go while it pumps. User-interface thread.
 class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
  public:
-  // With room for what the toolkit registers, which cannot take back half of it where memory runs out, and for what
-  // waits for a pump's end.
-  IdleRunLoop();
+  using Actions = std::list<std::function<void()>>;
 
+  // Before a window opens: room for what the toolkit registers for it, which cannot take back half
+  // of it where memory runs out. Throws there.
+  void makeRoom();
   // Lets every handler look for events where there may be some, then fires each due timer once.
   void pump();
   // Does the work as a part of a pump.
   void during(const std::function<void()>& work);
-  // Runs now, or after the pump that is going on: what ends a window must not do it under the toolkit's feet.
-  void runOutsidePump(std::function<void()> action);
+  // Runs them now, or after the pump that is going on: what ends a window must not do it while the
+  // toolkit is on its way through it. A list, because taking one over needs no memory.
+  void runOutsidePump(Actions actions) noexcept;
 
   bool registerEventHandler(int fd, VSTGUI::X11::IEventHandler* handler) override;
   bool unregisterEventHandler(VSTGUI::X11::IEventHandler* handler) override;
@@ -62,13 +65,14 @@ class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
   void handleEvents(std::uint64_t time);
   bool isDataThere() const;
   void leave() noexcept;
+  void runAfterwards() noexcept;
   void compact();
 
   std::vector<Handler> handlers;
   std::vector<Timer> timers;
-  std::vector<std::function<void()>> afterwards;
+  Actions afterwards;  // wait for the pump's end
   std::atomic<int> references{1};
   std::uint64_t lastLook = 0;  // ms
-  bool lively = true;          // something has happened, of which an event may be left
+  bool lookAgain = true;       // something has happened, of which an event may be left
   int depth = 0;               // pumps within pumps, if a host idles from inside a callback
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/base/linux/idlerunloop.h"
+#include "vstgui.h"
 
 // Made at the first opening and kept until the toolkit is taken down, so that the connection outlives every window: the
 // drawing library aborts the process when a connection is closed and another one comes to lie at its address.

@@ -52,13 +52,13 @@ struct Panel {
 
 }  // namespace
 
-struct FileDialog::Running {
+struct FileDialog::System {
   std::shared_ptr<Panel> panel = std::make_shared<Panel>();
 
-  Running() = default;
-  ~Running() { panel->end(); }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
+  System() = default;
+  ~System() { panel->end(); }
+  System(const System&) = delete;
+  System& operator=(const System&) = delete;
 };
 
 FileDialog::FileDialog() = default;
@@ -66,19 +66,19 @@ FileDialog::~FileDialog() = default;
 
 // The panel comes up from the run loop, when nothing of the toolkit's or the host's is on the stack any more.
 void FileDialog::start(const FileDialogRequest& request) {
-  running = std::make_unique<Running>();
-  running->panel->request = request;
-  VSTGUI::Call::later([panel = running->panel] { panel->run(); });
+  system = std::make_unique<System>();
+  system->panel->request = request;
+  VSTGUI::Call::later([panel = system->panel] { panel->run(); });
 }
 
 FileDialog::State FileDialog::poll() {
-  return running ? running->panel->state : State::none;
+  return system ? system->panel->state : State::none;
 }
 
 std::string FileDialog::path() const {
-  return running ? running->panel->path : std::string();
+  return system ? system->panel->path : std::string();
 }
 
 void FileDialog::cancel() {
-  running.reset();
+  system.reset();
 }

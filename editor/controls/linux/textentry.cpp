@@ -1,8 +1,10 @@
 // In-place text entry inside the toolkit's frame: a window of its own would need its own keyboard and focus.
 #include "editor/controls/textentry.h"
+
 #include "editor/controls/corvtextedit.h"
 #include "editor/controls/linux/pointergrab.h"
 #include "editor/controls/linux/textfield.h"
+#include "vstgui.h"
 
 using VSTGUI::CRect;
 
@@ -17,9 +19,10 @@ CRect besideLabel(const COrvTextEdit* label, const TextEntryPlace& place) {
   return {corner, VSTGUI::CPoint(place.width, place.height)};
 }
 
-class TextEntryLinux final : public TextEntry {
- public:
-  TextEntryLinux(COrvTextEdit* edited, const TextEntryPlace& place)
+}  // namespace
+
+struct TextEntry::System {
+  System(COrvTextEdit* edited, const TextEntryPlace& place)
       : label(edited),
         field(
             VSTGUI::makeOwned<TextField>(edited, besideLabel(edited, place), [this](bool confirm) { end(confirm); })) {
@@ -27,11 +30,11 @@ class TextEntryLinux final : public TextEntry {
     label->getParentView()->asViewContainer()->addView(field);
     grabPointer(label->getFrame(), true);
   }
-  ~TextEntryLinux() override { takeDown(); }
-  TextEntryLinux(const TextEntryLinux&) = delete;
-  TextEntryLinux& operator=(const TextEntryLinux&) = delete;
+  ~System() { takeDown(); }
+  System(const System&) = delete;
+  System& operator=(const System&) = delete;
 
-  void end(bool confirm) override {
+  void end(bool confirm) {
     if (!field) return;
     const std::string text = field->text();
     takeDown();
@@ -40,7 +43,6 @@ class TextEntryLinux final : public TextEntry {
     edited->endEditMode(confirm);
   }
 
- private:
   void takeDown() {
     if (!field) return;
     grabPointer(label->getFrame(), false);
@@ -52,9 +54,19 @@ class TextEntryLinux final : public TextEntry {
   VSTGUI::SharedPointer<TextField> field;  // while the entry runs
 };
 
-}  // namespace
+TextEntry::TextEntry() = default;
+TextEntry::~TextEntry() = default;
 
-std::unique_ptr<TextEntry> openTextEntry(COrvTextEdit* label, const TextEntryPlace& place) {
-  if (label->getFrame()->getPlatformFrame() == nullptr) return nullptr;
-  return std::make_unique<TextEntryLinux>(label, place);
+bool TextEntry::open(COrvTextEdit* label, const TextEntryPlace& place) {
+  if (label->getFrame()->getPlatformFrame() == nullptr) return false;
+  system = std::make_unique<System>(label, place);
+  return true;
+}
+
+void TextEntry::end(bool confirm) {
+  if (system) system->end(confirm);
+}
+
+void TextEntry::abandon() {
+  system.reset();
 }

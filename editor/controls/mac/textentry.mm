@@ -1,21 +1,34 @@
 // The label's handle on the window of its text entry. Manual reference counting.
-#include "editor/controls/mac/textentrymac.h"
+#include "editor/controls/textentry.h"
 
 #include <cmath>
 
+#include "editor/controls/mac/textentrywindow.h"
 #include "platform/mac/manualreferences.h"
 
-TextEntryMac::~TextEntryMac() { [window abandonEditing]; }
+struct TextEntry::System {
+  System() = default;
+  ~System() { [window abandonEditing]; }
+  System(const System&) = delete;
+  System& operator=(const System&) = delete;
 
-bool TextEntryMac::open(COrvTextEdit* label, const TextEntryPlace& place) {
+  OrvMCSystemBoxWindow* window = nil;  // releases itself, and puts nil here when it ends
+};
+
+TextEntry::TextEntry() = default;
+TextEntry::~TextEntry() = default;
+
+bool TextEntry::open(COrvTextEdit* label, const TextEntryPlace& place) {
+  auto opening = std::make_unique<System>();
   const NSRect screen = [[[NSScreen screens] objectAtIndex:0] frame];
+  OrvMCSystemBoxWindow*& window = opening->window;
   window = [[OrvMCSystemBoxWindow alloc] initWithContentRect:screen
                                                    styleMask:NSWindowStyleMaskBorderless
                                                      backing:NSBackingStoreBuffered
                                                        defer:NO];
   if (window == nil) return false;
   [window setVstPointer:label];
-  [window setEntry:this];
+  [window setHandle:&window];
   // The toolkit counts from the top of the first screen, Cocoa from its bottom.
   const double top = std::trunc(std::trunc(screen.size.height) - place.globalY);
   [window setUpTextFieldwithRect:NSMakeRect(place.x, place.y, place.width, place.height)
@@ -23,19 +36,17 @@ bool TextEntryMac::open(COrvTextEdit* label, const TextEntryPlace& place) {
   [window setUpFont];
   [window setUpWindow];
   [window setUpColors];
+  system = std::move(opening);
   return true;
 }
 
-void TextEntryMac::end(bool confirm) {
+void TextEntry::end(bool confirm) {
+  if (system == nullptr) return;
   if (confirm) {
-    [window confirmEditing:nil];
+    [system->window confirmEditing:nil];
   } else {
-    [window cancelEditing:nil];
+    [system->window cancelEditing:nil];
   }
 }
 
-std::unique_ptr<TextEntry> openTextEntry(COrvTextEdit* label, const TextEntryPlace& place) {
-  auto entry = std::make_unique<TextEntryMac>();
-  if (!entry->open(label, place)) return nullptr;
-  return entry;
-}
+void TextEntry::abandon() { system.reset(); }

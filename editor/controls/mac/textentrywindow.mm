@@ -4,9 +4,9 @@
 #import <objc/runtime.h>
 
 #include "editor/controls/corvtextedit.h"
-#include "editor/controls/mac/textentrymac.h"
 #include "platform/mac/manualreferences.h"
 #include "platform/validtext.h"
+#include "vstgui.h"
 
 namespace {
 
@@ -40,8 +40,8 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
   vstPointer = control;
 }
 
-- (void)setEntry:(TextEntryMac*)handle {
-  entry = handle;
+- (void)setHandle:(OrvMCSystemBoxWindow**)pointer {
+  handle = pointer;
 }
 
 - (void)setUpTextFieldwithRect:(NSRect)rect andTopLeft:(NSPoint)topLeft {
@@ -137,8 +137,8 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
   vstPointer = nullptr;
   [[self retain] autorelease];
   [[NSNotificationCenter defaultCenter] removeObserver:self];
-  entry->windowEnds();
-  entry = nullptr;
+  *handle = nil;
+  handle = nullptr;
   return control;
 }
 

@@ -7,7 +7,7 @@
 #include "cfobject.h"
 #include "dyld.h"
 #include "editor/base/mac/bundlelookup.h"
-#include "editor/base/toolkitlibrary.h"
+#include "editor/base/toolkitsetup.h"
 #include "lib/vstguiinit.h"
 
 namespace {

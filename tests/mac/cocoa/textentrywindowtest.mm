@@ -8,6 +8,7 @@ namespace {
 using VSTGUI::CColor;
 
 constexpr double kScreenHeight = 768;  // pixels, as the display was started
+constexpr TextEntryPlace kPlace{.x = 10, .y = 20, .width = 30, .height = 12, .globalX = 400.5, .globalY = 300.25};
 
 NSColor* color(double red, double green, double blue, double alpha) {
   return [NSColor colorWithCalibratedRed:red green:green blue:blue alpha:alpha];
@@ -45,8 +46,8 @@ TEST_F(TextEntryOnMac, LiesOverTheLabel) {
 }
 
 TEST_F(TextEntryOnMac, CountsTheFramesPlaceFromTheTopOfTheScreen) {
-  auto entry = openTextEntry(label, {.x = 10, .y = 20, .width = 30, .height = 12, .globalX = 400.5, .globalY = 300.25});
-  ASSERT_NE(entry, nullptr);
+  TextEntry entry;
+  ASSERT_TRUE(entry.open(label, kPlace));
   // 768 - 300.25, truncated, is 467.
   EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(410.5, 467 - 20 - 12, 30, 12)));
 }
@@ -58,12 +59,12 @@ TEST_F(TextEntryOnMac, CountsFromTheBottomOfAFirstScreenOfAnyHeight) {
   for (const auto& [height, top] : screens) {
     screenHeight = height;
     const IMP own = method_setImplementation(frameMethod, reinterpret_cast<IMP>(frameOfOtherHeight));
-    auto entry =
-        openTextEntry(label, {.x = 10, .y = 20, .width = 30, .height = 12, .globalX = 400.5, .globalY = 300.25});
+    TextEntry entry;
+    const bool opened = entry.open(label, kPlace);
     method_setImplementation(frameMethod, own);
-    ASSERT_NE(entry, nullptr);
+    ASSERT_TRUE(opened);
     EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(410.5, top - 20 - 12, 30, 12))) << height;
-    entry.reset();
+    entry.abandon();
     drainPool();
   }
 }

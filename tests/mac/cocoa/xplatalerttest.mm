@@ -1,5 +1,5 @@
 // The alert, on GNUstep, dismissed by real keys and a real click.
-#include "platform/xplat.h"
+#include "platform/xplatalert.h"
 
 #include <chrono>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // The recursive lock, on GNUstep.
-#include "platform/xplat.h"
+#include "platform/xplatmutex.h"
 
 #include <atomic>
 #include <chrono>

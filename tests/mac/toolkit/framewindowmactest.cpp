@@ -32,44 +32,46 @@ class FrameWindowMac : public testing::Test {
 };
 
 TEST_F(FrameWindowMac, OpensTheFrameInTheHostsView) {
-  const auto window = FrameWindow::create();
-  ASSERT_TRUE(window->open(frame, &view));
+  FrameWindow window;
+  ASSERT_TRUE(window.open(frame, &view));
   EXPECT_EQ(toolkit.record.frameParent, &view);
   EXPECT_EQ(toolkit.record.frameType, VSTGUI::PlatformType::kNSView);
-  EXPECT_FALSE(window->keyboardLost());
-  window->pump();
-  window->close();
+  EXPECT_FALSE(window.keyboardLost());
+  window.pump();
+  window.close();
 }
 
 TEST_F(FrameWindowMac, LeavesAFrameThatDoesNotOpenToItsOwner) {
   toolkit.record.refusesFrames = true;
-  const auto window = FrameWindow::create();
-  EXPECT_FALSE(window->open(frame, &view));
-  window->close();
+  FrameWindow window;
+  EXPECT_FALSE(window.open(frame, &view));
+  window.close();
   EXPECT_EQ(frame->getNbReference(), 1);
   frame->forget();
 }
 
 TEST_F(FrameWindowMac, ClosesOnceHoweverOftenItIsAsked) {
-  auto window = FrameWindow::create();
-  ASSERT_TRUE(window->open(frame, &view));
-  window->close();
-  window->close();
-  window.reset();
+  {
+    FrameWindow window;
+    ASSERT_TRUE(window.open(frame, &view));
+    window.close();
+    window.close();
+  }
   EXPECT_EQ(toolkit.record.framesClosed, 1);
 }
 
 TEST_F(FrameWindowMac, ClosesWithItsOwner) {
-  auto window = FrameWindow::create();
-  ASSERT_TRUE(window->open(frame, &view));
-  window.reset();
+  {
+    FrameWindow window;
+    ASSERT_TRUE(window.open(frame, &view));
+  }
   EXPECT_EQ(toolkit.record.framesClosed, 1);
 }
 
 TEST_F(FrameWindowMac, ClosesAfterTheEventInWhichItIsAsked) {
-  auto window = FrameWindow::create();
-  ASSERT_TRUE(window->open(frame, &view));
-  const auto closing = VSTGUI::makeOwned<ClosingView>(*window);
+  FrameWindow window;
+  ASSERT_TRUE(window.open(frame, &view));
+  const auto closing = VSTGUI::makeOwned<ClosingView>(window);
   closing->remember();  // for the frame, which takes a reference over
   frame->addView(closing);
   VSTGUI::MouseDownEvent press(VSTGUI::CPoint(5, 5), VSTGUI::MouseButton::Left);

@@ -1,10 +1,7 @@
-# Tests of preferences, dialogs, alert, manual and module path.
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0)
-
-trelvan_add_test(prefstest platform SOURCES prefstest.cpp prefssharingtest.cpp tsansuppressions.cpp LIBRARIES trelvan)
+# Tests of what only Linux has: preferences, dialogs, alert, manual and module path.
+trelvan_add_test(preferencestoretest platform SOURCES preferencestoretest.cpp preferencesharingtest.cpp tsansuppressions.cpp LIBRARIES trelvan)
 trelvan_add_test(dialogtest platform
-  SOURCES childprogramtest.cpp ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp openmanualtest.cpp
+  SOURCES childprogramtest.cpp ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp manualopenertest.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 
 add_library(modulepathprobe MODULE ${CMAKE_CURRENT_LIST_DIR}/modulepathprobe.cpp

@@ -1,13 +1,11 @@
-// Sets the toolkit up on Linux: resources from the bundle, and one X connection for the library's life.
+// Opens the toolkit's one X connection and holds it for the library's life.
+#include "editor/base/linux/sharedrunloop.h"
+
 #include <xcb/xcb.h>
 
-#include "editor/base/linux/sharedrunloop.h"
-#include "editor/base/toolkitlibrary.h"
 #include "lib/platform/linux/cairographicscontext.h"
 #include "lib/platform/linux/linuxfactory.h"
 #include "lib/platform/linux/x11platform.h"
-#include "lib/vstguiinit.h"
-#include "platform/modulepath.h"
 
 namespace {
 
@@ -22,35 +20,7 @@ bool displayTakesOneMore() {
   return taken;
 }
 
-// The bundle brings the displays' font, so that the window looks the same everywhere; the toolkit's own choice is found
-// by whatever aliases the machine has.
-void setUpResources() {
-  VSTGUI::CFontDesc::init();
-  VSTGUI::getPlatformFactory().asLinuxFactory()->setResourcePath(resourcesFolder());
-  for (const VSTGUI::CFontRef font :
-       {VSTGUI::kSystemFont, VSTGUI::kNormalFontVeryBig, VSTGUI::kNormalFontBig, VSTGUI::kNormalFont,
-        VSTGUI::kNormalFontSmall, VSTGUI::kNormalFontSmaller, VSTGUI::kNormalFontVerySmall}) {
-    font->setName("Liberation Sans");
-  }
-}
-
 }  // namespace
-
-// The toolkit's own init in its two steps, of which the first one alone leaves nothing behind when it fails.
-void setUpToolkit() {
-  VSTGUI::initPlatform(nullptr);
-  try {
-    setUpResources();
-  } catch (...) {
-    VSTGUI::exit();
-    throw;
-  }
-}
-
-void tearDownToolkit() {
-  closeSharedRunLoop();
-  VSTGUI::exit();
-}
 
 VSTGUI::SharedPointer<IdleRunLoop> sharedRunLoop() {
   return VSTGUI::SharedPointer<IdleRunLoop>(runLoop);
@@ -60,11 +30,13 @@ VSTGUI::SharedPointer<IdleRunLoop> openSharedRunLoop() {
   if (runLoop == nullptr) {
     if (!displayTakesOneMore()) return nullptr;
     const auto made = VSTGUI::makeOwned<IdleRunLoop>();
+    made->makeRoom();
     VSTGUI::X11::RunLoop::init(made);
     runLoop = made.get();
     runLoop->remember();
   }
   if (xcb_connection_has_error(VSTGUI::X11::RunLoop::instance().getXcbConnection()) != 0) return nullptr;
+  runLoop->makeRoom();
   return sharedRunLoop();
 }
 

@@ -33,6 +33,6 @@ class PreferenceStore {
   bool synchronise();
 
  private:
-  struct Contents;
-  std::unique_ptr<Contents> contents;
+  struct System;
+  std::unique_ptr<System> system;
 };

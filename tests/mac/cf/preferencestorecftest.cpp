@@ -1,5 +1,5 @@
 // Preferences on the Core Foundation test double.
-#include "platform/prefs.h"
+#include "platform/preferencestore.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // Tests of opening the manual with a fake viewer.
-#include "platform/openmanual.h"
+#include "platform/manualopener.h"
 
 #include <glib.h>
 #include <gmock/gmock.h>

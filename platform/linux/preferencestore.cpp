@@ -1,4 +1,6 @@
 // Preferences on Linux: one key file below the user's configuration folder.
+#include "platform/preferencestore.h"
+
 #include <glib.h>
 #include <glib/gstdio.h>
 
@@ -9,7 +11,7 @@
 #include <string>
 
 #include "platform/linux/sharedfile.h"
-#include "platform/prefs.h"
+#include "platform/paths.h"
 
 namespace {
 
@@ -120,7 +122,7 @@ Loaded load(const std::string& path) {
 
 }  // namespace
 
-struct PreferenceStore::Contents {
+struct PreferenceStore::System {
   using Changes = std::map<std::string, std::optional<std::string>>;  // encoded values; none: the key goes
 
   std::string path;  // empty: no preferences
@@ -150,14 +152,14 @@ struct PreferenceStore::Contents {
   }
 };
 
-PreferenceStore::PreferenceStore(const char* applicationId) : contents(std::make_unique<Contents>()) {
-  contents->path = pathOf(applicationId);
+PreferenceStore::PreferenceStore(const char* applicationId) : system(std::make_unique<System>()) {
+  system->path = pathOf(applicationId);
 }
 
 PreferenceStore::~PreferenceStore() = default;
 
 bool PreferenceStore::getString(const char* key, char* buffer, std::size_t size) const {
-  const std::optional<std::string> value = contents->value(key);
+  const std::optional<std::string> value = system->value(key);
   const std::optional<std::string> text = value ? decodedString(*value) : std::nullopt;
   if (!text || text->size() >= size) return false;
   std::memcpy(buffer, text->c_str(), text->size() + 1);
@@ -165,7 +167,7 @@ bool PreferenceStore::getString(const char* key, char* buffer, std::size_t size)
 }
 
 bool PreferenceStore::getBytes(const char* key, std::vector<unsigned char>& out) const {
-  const std::optional<std::string> value = contents->value(key);
+  const std::optional<std::string> value = system->value(key);
   std::optional<std::vector<unsigned char>> bytes = value ? decodedBytes(*value) : std::nullopt;
   if (!bytes) return false;
   out = std::move(*bytes);
@@ -173,35 +175,34 @@ bool PreferenceStore::getBytes(const char* key, std::vector<unsigned char>& out)
 }
 
 void PreferenceStore::setString(const char* key, const char* value) {
-  contents->changes[key] = encodedString(value);
+  system->changes[key] = encodedString(value);
 }
 
 void PreferenceStore::setBytes(const char* key, const void* bytes, std::size_t size) {
-  contents->changes[key] = encodedBytes(static_cast<const unsigned char*>(bytes), size);
+  system->changes[key] = encodedBytes(static_cast<const unsigned char*>(bytes), size);
 }
 
 void PreferenceStore::remove(const char* key) {
-  contents->changes[key] = std::nullopt;
+  system->changes[key] = std::nullopt;
 }
 
 bool PreferenceStore::synchronise() {
-  const std::string& path = contents->path;
-  if (contents->changes.empty()) return true;
+  const std::string& path = system->path;
+  if (system->changes.empty()) return true;
   if (path.empty()) return false;
-  const std::string folder = path.substr(0, path.rfind('/'));
-  if (g_mkdir_with_parents(folder.c_str(), 0700) != 0) return false;
+  if (g_mkdir_with_parents(folderPart(path).c_str(), 0700) != 0) return false;
   const sharedfile::Lock lock(path + ".lock");
   if (!lock.isHeld()) return false;
   Loaded now = load(path);  // what others wrote since this object read stays
   if (!now.replaceable) return false;
-  if (contents->applyTo(now.keys.get())) {
+  if (system->applyTo(now.keys.get())) {
     gsize size = 0;
     const Text text(g_key_file_to_data(now.keys.get(), &size, nullptr));
     if (size > kLargestFile) return false;
     if (now.damaged && !sharedfile::keepAside(path)) return false;
     if (!sharedfile::replace(path, std::string(text.get(), size))) return false;
   }
-  contents->stored = std::move(now.keys);
-  contents->changes.clear();
+  system->stored = std::move(now.keys);
+  system->changes.clear();
   return true;
 }

@@ -1,5 +1,6 @@
 // Sets the toolkit up on macOS: it takes its bitmaps from the bundle that it is handed here.
-#include "editor/base/toolkitlibrary.h"
+#include "editor/base/toolkitsetup.h"
+
 #include "editor/base/mac/bundlelookup.h"
 #include "lib/vstguiinit.h"
 

@@ -1,5 +1,5 @@
 // The shell command that opens the manual, with a program "open" of the test's own.
-#include "platform/openmanual.h"
+#include "platform/manualopener.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

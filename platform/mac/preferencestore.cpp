@@ -1,11 +1,12 @@
 // Preferences on macOS: the application preferences of Core Foundation, under the plug-in's own identifier.
+#include "platform/preferencestore.h"
+
 #include <map>
 #include <mutex>
 #include <string>
 #include <utility>
 
 #include "platform/mac/cfowned.h"
-#include "platform/prefs.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ CFOwned<CFStringRef> romanString(const char* text) {
 
 }  // namespace
 
-struct PreferenceStore::Contents {
+struct PreferenceStore::System {
   using Value = CFOwned<CFPropertyListRef>;  // null: no such key
 
   CFOwned<CFStringRef> application;
@@ -45,15 +46,15 @@ struct PreferenceStore::Contents {
   }
 };
 
-PreferenceStore::PreferenceStore(const char* applicationId) : contents(std::make_unique<Contents>()) {
-  contents->application = romanString(applicationId);
+PreferenceStore::PreferenceStore(const char* applicationId) : system(std::make_unique<System>()) {
+  system->application = romanString(applicationId);
 }
 
 PreferenceStore::~PreferenceStore() = default;
 
 // Read into a copy: what a refused conversion leaves in its buffer is undefined.
 bool PreferenceStore::getString(const char* key, char* buffer, std::size_t size) const {
-  const CFPropertyListRef value = contents->value(key);
+  const CFPropertyListRef value = system->value(key);
   if (value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()) return false;
   std::string text(size, '\0');
   const auto fits = CFStringGetCString(static_cast<CFStringRef>(value), text.data(), static_cast<CFIndex>(size),
@@ -64,7 +65,7 @@ bool PreferenceStore::getString(const char* key, char* buffer, std::size_t size)
 }
 
 bool PreferenceStore::getBytes(const char* key, std::vector<unsigned char>& out) const {
-  const CFPropertyListRef value = contents->value(key);
+  const CFPropertyListRef value = system->value(key);
   if (value == nullptr || CFGetTypeID(value) != CFDataGetTypeID()) return false;
   const auto data = static_cast<CFDataRef>(value);
   const UInt8* bytes = CFDataGetBytePtr(data);
@@ -73,26 +74,26 @@ bool PreferenceStore::getBytes(const char* key, std::vector<unsigned char>& out)
 }
 
 void PreferenceStore::setString(const char* key, const char* value) {
-  if (CFOwned<CFStringRef> text = romanString(value)) contents->changes[key] = std::move(text);
+  if (CFOwned<CFStringRef> text = romanString(value)) system->changes[key] = std::move(text);
 }
 
 void PreferenceStore::setBytes(const char* key, const void* bytes, std::size_t size) {
   const auto* data = static_cast<const UInt8*>(bytes);
   CFOwned<CFDataRef> copy(CFDataCreate(kCFAllocatorDefault, data, static_cast<CFIndex>(size)));
-  if (copy) contents->changes[key] = std::move(copy);
+  if (copy) system->changes[key] = std::move(copy);
 }
 
 void PreferenceStore::remove(const char* key) {
-  contents->changes[key] = nullptr;
+  system->changes[key] = nullptr;
 }
 
 bool PreferenceStore::synchronise() {
-  if (contents->changes.empty()) return true;
-  if (!contents->application) return false;
+  if (system->changes.empty()) return true;
+  if (!system->application) return false;
   const std::lock_guard<std::mutex> lock(storeMutex);
-  for (const auto& [key, value] : contents->changes) contents->write(key, value.get());
-  if (!CFPreferencesAppSynchronize(contents->application.get())) return false;
-  for (auto& [key, value] : contents->changes) contents->known[key] = std::move(value);
-  contents->changes.clear();
+  for (const auto& [key, value] : system->changes) system->write(key, value.get());
+  if (!CFPreferencesAppSynchronize(system->application.get())) return false;
+  for (auto& [key, value] : system->changes) system->known[key] = std::move(value);
+  system->changes.clear();
   return true;
 }

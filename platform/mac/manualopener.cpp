@@ -1,11 +1,12 @@
 // The manual on macOS: the user's copy or the bundle's, opened by the shell's "open".
-#include "platform/openmanual.h"
+#include "platform/manualopener.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
 #include "platform/modulepath.h"
+#include "platform/paths.h"
 
 namespace {
 
@@ -27,12 +28,12 @@ bool opens() {
   const std::string relative = kManualPath;
   if (shellOpens("~/\"" + relative + "\"")) return true;
   const std::string resources = resourcesFolder();
-  return !resources.empty() && shellOpens(quoted(resources + relative.substr(relative.rfind('/') + 1)));
+  return !resources.empty() && shellOpens(quoted(resources + namePart(relative)));
 }
 
 }  // namespace
 
-struct ManualOpener::Running {
+struct ManualOpener::System {
   State state;
 };
 
@@ -40,9 +41,9 @@ ManualOpener::ManualOpener() = default;
 ManualOpener::~ManualOpener() = default;
 
 void ManualOpener::start() {
-  running = std::make_unique<Running>(Running{opens() ? State::opened : State::failed});
+  system = std::make_unique<System>(System{opens() ? State::opened : State::failed});
 }
 
 ManualOpener::State ManualOpener::poll() {
-  return running ? running->state : State::none;
+  return system ? system->state : State::none;
 }

@@ -5,7 +5,7 @@
 #include <random>
 #include <thread>
 
-#include "tests/platform/prefstest.h"
+#include "tests/platform/preferencestoretest.h"
 
 namespace {
 

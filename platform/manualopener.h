@@ -27,6 +27,6 @@ class ManualOpener {
   State poll();
 
  private:
-  struct Running;
-  std::unique_ptr<Running> running;
+  struct System;
+  std::unique_ptr<System> system;
 };

@@ -1,8 +1,7 @@
 // The manual on Linux: the user's copy or the bundle's, opened by xdg-open.
-#include "platform/openmanual.h"
+#include "platform/manualopener.h"
 
 #include <glib.h>
-#include <sys/stat.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -10,21 +9,17 @@
 
 #include "platform/linux/childprogram.h"
 #include "platform/modulepath.h"
+#include "platform/paths.h"
 
 namespace {
 
 constexpr auto kLongestStart = std::chrono::seconds(10);  // xdg-open ends at once, or stays as long as the viewer
 
-bool isFile(const std::string& path) {
-  struct stat status {};
-  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
 // Empty where there is none. The Documents folder may have another name in the user's language.
 std::string manualFile() {
   const std::string relative = kManualPath;
   const std::string belowDocuments = relative.substr(relative.find('/') + 1);
-  const std::string name = relative.substr(relative.rfind('/') + 1);
+  const std::string name = namePart(relative);
   if (const char* home = std::getenv("HOME"); home != nullptr && isFile(std::string(home) + "/" + relative)) {
     return std::string(home) + "/" + relative;
   }
@@ -38,7 +33,7 @@ std::string manualFile() {
 
 }  // namespace
 
-struct ManualOpener::Running {
+struct ManualOpener::System {
   ChildProgram program;
   State state = State::running;
   std::chrono::steady_clock::time_point giveUp = std::chrono::steady_clock::now() + kLongestStart;
@@ -47,30 +42,30 @@ struct ManualOpener::Running {
 ManualOpener::ManualOpener() = default;
 
 ManualOpener::~ManualOpener() {
-  if (running) running->program.leave();
+  if (system) system->program.leave();
 }
 
 void ManualOpener::start() {
-  if (running) running->program.leave();
-  running = std::make_unique<Running>();
+  if (system) system->program.leave();
+  system = std::make_unique<System>();
   const std::string file = manualFile();
   const std::string opener = findProgram("xdg-open");
   // Between us and the viewer stands a shell that can be ended alone: so the viewer can be let go at any time, and its
   // end is then not ours to collect. The viewer's output goes nowhere, because we will not be there to read it.
   const bool started = !file.empty() && !opener.empty() &&
-                       running->program.start({"/bin/sh", "-c", "\"$0\" \"$1\" >/dev/null & wait $!", opener, file});
-  if (!started) running->state = State::failed;
+                       system->program.start({"/bin/sh", "-c", "\"$0\" \"$1\" >/dev/null & wait $!", opener, file});
+  if (!started) system->state = State::failed;
 }
 
 ManualOpener::State ManualOpener::poll() {
-  if (!running) return State::none;
-  if (running->state != State::running) return running->state;
-  if (running->program.poll() == ChildProgram::State::ended) {
-    const int status = running->program.exitStatus();
-    running->state = status == 0 || status == ChildProgram::kUnknownStatus ? State::opened : State::failed;
-  } else if (std::chrono::steady_clock::now() >= running->giveUp) {
-    running->program.leave();
-    running->state = State::opened;
+  if (!system) return State::none;
+  if (system->state != State::running) return system->state;
+  if (system->program.poll() == ChildProgram::State::ended) {
+    const int status = system->program.exitStatus();
+    system->state = status == 0 || status == ChildProgram::kUnknownStatus ? State::opened : State::failed;
+  } else if (std::chrono::steady_clock::now() >= system->giveUp) {
+    system->program.leave();
+    system->state = State::opened;
   }
-  return running->state;
+  return system->state;
 }

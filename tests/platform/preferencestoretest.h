@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/prefs.h"
+#include "platform/preferencestore.h"
 #include "tests/platform/temporaryfolder.h"
 
 class Preferences : public testing::Test {
