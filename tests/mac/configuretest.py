@@ -89,7 +89,8 @@ def main():
     expect(len(theirs) > 10 and all("objective-c++" in words for words in theirs),
            f"{len(theirs)} sources of the toolkit are compiled as Objective-C++")
     expect(all("-std=c++17" in words for words in theirs), "the toolkit keeps its own language level")
-    there = [path for room in ("editor", "platform") for path in glob.glob(os.path.join(source, room, "mac/*.mm"))]
+    there = [path for room in ("editor", "platform")
+             for path in glob.glob(os.path.join(source, room, "**/mac/*.mm"), recursive=True)]
     expect(0 < len(there) == len(ours) and all("objective-c++" in words for words in ours),
            f"all {len(there)} of ours are compiled as Objective-C++")
     for option in ("-std=c++20", "-fno-objc-arc", "-fvisibility=hidden"):
