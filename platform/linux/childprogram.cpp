@@ -5,7 +5,6 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,10 +15,12 @@
 #include <string_view>
 #include <thread>
 
+#include "platform/paths.h"
+
 namespace {
 
 constexpr std::size_t kMostOutput = 65536;  // bytes; a path is far shorter
-constexpr int kPatience = 100;              // ms that a signalled program gets
+constexpr int kTimeToEnd = 100;             // ms that a signalled program gets
 constexpr int kReadsPerPoll = 32;           // of 4 KiB: enough to empty a pipe, and an end for one that never empties
 
 // Set by hosts and their wrappers for their own libraries, modules and interpreters.
@@ -63,7 +64,7 @@ bool isHostsOwn(std::string_view entry) {
   return false;
 }
 
-// The form that the system takes: pointers into the strings, which must outlive it, and a null behind them.
+// The form that the system takes: pointers into the strings, which must outlive it, then a null.
 std::vector<char*> pointersTo(std::vector<std::string>& strings) {
   std::vector<char*> pointers;
   pointers.reserve(strings.size() + 1);
@@ -118,10 +119,7 @@ std::string findProgram(const char* name) {
     rest.remove_prefix(length < rest.size() ? length + 1 : length);
     if (folder.empty() || folder[0] != '/') continue;  // never from the working folder
     std::string program = std::string(folder) + "/" + name;
-    struct stat file {};
-    if (stat(program.c_str(), &file) == 0 && S_ISREG(file.st_mode) && access(program.c_str(), X_OK) == 0) {
-      return program;
-    }
+    if (isFile(program) && access(program.c_str(), X_OK) == 0) return program;
   }
   return {};
 }
@@ -179,28 +177,24 @@ void ChildProgram::wait() {
   }
 }
 
-void ChildProgram::end() {
-  if (state == State::running && !collect()) {
+void ChildProgram::end() noexcept {
+  if (state == State::running && !reap()) {
     // It is still ours, so the number cannot be another process's.
     kill(-process, SIGTERM);
-    if (!endsWithin(kPatience)) {
+    if (!isReapedWithin(kTimeToEnd)) {
       kill(-process, SIGKILL);
-      endsWithin(kPatience);
+      isReapedWithin(kTimeToEnd);
     }
   }
-  process = 0;
-  state = State::none;
-  closeOutput();
+  forget();
 }
 
-void ChildProgram::leave() {
-  if (state == State::running && !collect()) {
+void ChildProgram::leave() noexcept {
+  if (state == State::running && !reap()) {
     kill(process, SIGKILL);
-    endsWithin(kPatience);
+    isReapedWithin(kTimeToEnd);
   }
-  process = 0;
-  state = State::none;
-  closeOutput();
+  forget();
 }
 
 void ChildProgram::readOutput() {
@@ -213,31 +207,41 @@ void ChildProgram::readOutput() {
   }
 }
 
-bool ChildProgram::collect() {
-  int word = 0;
-  pid_t answer;
-  do {
-    answer = waitpid(process, &word, WNOHANG);
-  } while (answer < 0 && errno == EINTR);
-  if (answer == 0) return false;
-  if (answer == process) status = WIFEXITED(word) ? WEXITSTATUS(word) : kSignalBase + WTERMSIG(word);
+void ChildProgram::collect() {
+  if (!reap()) return;
+  state = State::ended;
   readOutput();  // what it wrote last; a child of its own may hold the pipe open for longer, which does not matter
   closeOutput();
+}
+
+bool ChildProgram::reap() noexcept {
+  int word = 0;
+  pid_t reaped;
+  do {
+    reaped = waitpid(process, &word, WNOHANG);
+  } while (reaped < 0 && errno == EINTR);
+  if (reaped == 0) return false;
+  if (reaped == process) status = WIFEXITED(word) ? WEXITSTATUS(word) : kSignalBase + WTERMSIG(word);
   process = 0;
-  state = State::ended;
   return true;
 }
 
-bool ChildProgram::endsWithin(int milliseconds) {
+bool ChildProgram::isReapedWithin(int milliseconds) noexcept {
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-  while (!collect()) {
+  while (!reap()) {
     if (std::chrono::steady_clock::now() >= deadline) return false;
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   return true;
 }
 
-void ChildProgram::closeOutput() {
+void ChildProgram::forget() noexcept {
+  process = 0;
+  state = State::none;
+  closeOutput();
+}
+
+void ChildProgram::closeOutput() noexcept {
   if (outputEnd >= 0) close(outputEnd);
   outputEnd = -1;
 }

@@ -35,20 +35,23 @@ class ChildProgram {
   // Blocks until it has ended.
   void wait();
   // Asks the program and its own children to end, and makes it if it does not; 0.2 seconds at most, usually 1 ms.
-  void end();
+  void end() noexcept;
   // Ends the program alone; what it has started goes on without us.
-  void leave();
+  void leave() noexcept;
 
-  // What it wrote to its standard output, as far as it was polled; everything, once it has ended. 64 KiB at most.
+  // What it wrote to its standard output, as far as it was polled; everything, once it has ended by
+  // itself. 64 KiB at most.
   const std::string& output() const { return text; }
   // Once it has ended: 0..255, kSignalBase + signal, or kUnknownStatus.
   int exitStatus() const { return status; }
 
  private:
   void readOutput();
-  bool collect();  // true: it has ended
-  bool endsWithin(int milliseconds);
-  void closeOutput();
+  void collect();        // its status and its last output, if it has ended
+  bool reap() noexcept;  // its status alone; true: it has ended
+  bool isReapedWithin(int milliseconds) noexcept;
+  void forget() noexcept;
+  void closeOutput() noexcept;
 
   pid_t process = 0;  // 0: not running
   int outputEnd = -1;

@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "tests/platform/temporaryfolder.h"
+#include "tests/plugin/failingmemory.h"
 
 namespace {
 
@@ -80,6 +81,22 @@ TEST_F(Child, TellsHowItEnded) {
   ASSERT_TRUE(program.start({script("kill -SEGV $$")}));
   ASSERT_TRUE(ends(program));
   EXPECT_EQ(program.exitStatus(), ChildProgram::kSignalBase + SIGSEGV);
+}
+
+// Both are called where an owner ends, and nothing may be thrown there.
+TEST_F(Child, IsEndedAndLeftWithoutAnyMemory) {
+  const std::string writer = script("printf '%0100d' 0; echo $$ >'" + (folder / "pid") + "'; exec /bin/sleep 60");
+  for (const auto ending : {&ChildProgram::end, &ChildProgram::leave}) {
+    ASSERT_TRUE(program.start({writer}));
+    const std::string pid = lineIn(folder / "pid");
+    {
+      const FailingMemory memory(0, FailingMemory::Fails::allFromThere);
+      (program.*ending)();
+    }
+    EXPECT_EQ(program.poll(), ChildProgram::State::none);
+    EXPECT_TRUE(goesAway(pid));
+    std::filesystem::remove(folder / "pid");
+  }
 }
 
 TEST_F(Child, DoesNotStartWhereThereIsNoProgram) {

@@ -2,6 +2,7 @@
 trelvan_add_test(preferencestoretest platform SOURCES preferencestoretest.cpp preferencesharingtest.cpp tsansuppressions.cpp LIBRARIES trelvan)
 trelvan_add_test(dialogtest platform
   SOURCES childprogramtest.cpp ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp manualopenertest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/plugin/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 
 add_library(modulepathprobe MODULE ${CMAKE_CURRENT_LIST_DIR}/modulepathprobe.cpp
