@@ -6,6 +6,7 @@ target_sources(trelvan PRIVATE
   editor/base/linux/forgottenreplies.cpp
   editor/base/linux/framewindow.cpp
   editor/base/linux/idlerunloop.cpp
+  editor/base/linux/idletimer.cpp
   editor/base/linux/pacing.cpp
   editor/base/linux/sharedrunloop.cpp
   editor/base/linux/toolkitsetup.cpp

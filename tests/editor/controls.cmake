@@ -22,7 +22,7 @@ trelvan_add_test(controlstest editor
 # A program of its own, since it brings a clock of its own.
 trelvan_add_test(editorbasetest editor SOURCES aeffguieditortest.cpp LIBRARIES trelvan)
 
-# A program of its own, since it brings an allocator of its own.
+# The loops that drive a window: the idle passes' and the system's.
 trelvan_add_test(looptest editor
-  SOURCES idlerunlooptest.cpp ${PROJECT_SOURCE_DIR}/tests/plugin/failingmemory.cpp
-  LIBRARIES trelvan)
+  SOURCES idlerunlooptest.cpp idletimertest.cpp ${PROJECT_SOURCE_DIR}/tests/plugin/failingmemory.cpp
+  LIBRARIES trelvan PkgConfig::GLIB)
