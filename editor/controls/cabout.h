@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/controls/mousecontrol.h"
+#include "vstgui.h"
 
 // Value 0: closed, 1: the panel is open and has the mouse to itself. The listener is told nothing. User-interface
 // thread.

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "editor/controls/mousecontrol.h"
+#include "vstgui.h"
 
 // A press of the left or right button opens the list, and so does Return; Up and Down step without it. A choice sets
 // the value and tells the listener once, also when it is the current entry again; getLastResult is the entry chosen,

@@ -3,6 +3,7 @@
 
 #include "editor/controls/doubleclick.h"
 #include "editor/controls/mousecontrol.h"
+#include "vstgui.h"
 
 // Three sub-images: idle, under the pointer, pressed. A press of the left button sets the value to 1 and tells the
 // listener once; the release takes the value back silently. With requireDoubleClick only the second press of a double

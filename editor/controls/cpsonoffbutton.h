@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/controls/mousecontrol.h"
+#include "vstgui.h"
 
 // Three sub-images, each a third of the bitmap's height: off, off under the pointer, on. A press of the left button
 // turns value 0 into 1 and back and tells the listener once. User-interface thread.

@@ -3,6 +3,7 @@
 
 #include "editor/controls/mousecontrol.h"
 #include "editor/controls/wheelsteps.h"
+#include "vstgui.h"
 
 // Five sub-images: idle, pointer over the left half, over the right half, pressed left, pressed right. A press of the
 // left button tells the listener once, with -1 left of the middle and +1 otherwise; the release takes the value back to

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/controls/mousecontrol.h"
+#include "vstgui.h"
 
 // Three sub-images: idle, under the pointer, value not 0. A press of the left or right button tells the listener once:
 // with 0.5 for the right button alone, with 1 for anything else. The value is 0 again right after. Without a listener a

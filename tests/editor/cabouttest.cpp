@@ -4,6 +4,7 @@
 #include "controltest.h"
 #include "editor/controls/cpskickbutton.h"
 #include "editor/controls/csplashscreenmyview.h"
+#include "vstgui.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 
 #include "editor/controls/cpskickbutton.h"
 #include "presetlisttest.h"
+#include "vstgui.h"
 
 namespace {
 

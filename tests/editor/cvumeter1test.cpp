@@ -2,6 +2,7 @@
 #include "editor/controls/cvumeter1.h"
 
 #include "controltest.h"
+#include "vstgui.h"
 
 namespace {
 

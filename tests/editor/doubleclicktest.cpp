@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "vstgui.h"
+
 namespace {
 
 using VSTGUI::CPoint;

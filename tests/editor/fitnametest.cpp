@@ -2,6 +2,7 @@
 #include "editor/controls/linux/fitname.h"
 
 #include "controltest.h"
+#include "vstgui.h"
 
 namespace {
 

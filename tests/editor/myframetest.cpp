@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "controltest.h"
+#include "vstgui.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include "controltest.h"
 #include "editor/controls/cpresetmenu.h"
 #include "editor/controls/linux/presetpopuplayout.h"
+#include "vstgui.h"
 
 namespace controltest {
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "presetlisttest.h"
+#include "vstgui.h"
 
 namespace {
 

@@ -1,6 +1,8 @@
 // What opens and ends the text entry, and what becomes of the text.
 #include "textentrytest.h"
 
+#include "vstgui.h"
+
 namespace {
 
 using namespace textentry;

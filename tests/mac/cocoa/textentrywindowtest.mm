@@ -2,6 +2,7 @@
 #import <objc/runtime.h>
 
 #include "textentrytest.h"
+#include "vstgui.h"
 
 namespace {
 

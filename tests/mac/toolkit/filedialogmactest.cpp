@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "toolkitfactory.h"
+#include "vstgui.h"
 
 namespace {
 
