@@ -5,10 +5,11 @@
 #include <memory>
 #include <vector>
 
-// An object shows the store as it stood at its first question, the only time that it reads; so several questions that
-// belong together cost one reading. Changes are seen by the object's own questions at once and by everybody else, all
-// of them in one step, after synchronise(). Changes that are not synchronised are dropped.
-// Where nothing can be kept (no home, no permission, a full disk) every key is missing and synchronise() answers false.
+// An object shows the store as it stood at its first question, the only time that it reads; so
+// several questions that belong together cost one reading. Changes are seen by the object's own
+// questions at once and by everybody else, all of them in one step, after synchronise(). Changes that
+// are not synchronised are dropped. Where nothing can be kept (no home, no permission, a full disk)
+// every key is missing and synchronise() returns false.
 // One thread an object; any number of objects on any threads and in any processes.
 class PreferenceStore {
  public:

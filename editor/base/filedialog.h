@@ -32,7 +32,7 @@ class FileDialog {
   FileDialog(const FileDialog&) = delete;
   FileDialog& operator=(const FileDialog&) = delete;
 
-  // Ends the one before. The answer, a failure to start included, comes from poll.
+  // Ends the one before. The outcome, a failure to start included, comes from poll.
   void start(const FileDialogRequest& request);
   // Microseconds, but for the start of a follow-up question.
   State poll();

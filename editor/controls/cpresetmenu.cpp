@@ -1,4 +1,4 @@
-// Opens the list of presets and takes its answer.
+// Opens the list of presets and takes what is chosen there.
 #include "editor/controls/cpresetmenu.h"
 
 #include "editor/controls/presetpopup.h"

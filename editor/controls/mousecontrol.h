@@ -4,8 +4,9 @@
 #include "lib/events.h"
 #include "vstgui.h"
 
-// Every press reaches the control itself. The toolkit answers a Control click before it asks the control, and sets the
-// default value instead; a button would act without having been pressed, or lose a press that it knows a meaning for.
+// Every press reaches the control itself. The toolkit handles a Control click before it asks the
+// control, and sets the default value instead; a button would act without having been pressed, or
+// lose a press that it knows a meaning for.
 template <class Base>
 class OwnPresses : public Base {
  public:
@@ -22,7 +23,7 @@ class OwnPresses : public Base {
   VSTGUI::CBaseObject* newCopy() const override { return nullptr; }  // views of ours are not copied
 };
 
-// Answers to the mouse alone. The toolkit's buttons act on Return, and take the keyboard with every click.
+// Reacts to the mouse alone. The toolkit's buttons act on Return, and take the keyboard with every click.
 template <class Base>
 class MouseControl : public OwnPresses<Base> {
  public:

@@ -32,7 +32,7 @@ struct FreeBytes {
 using Text = std::unique_ptr<char, FreeText>;
 using KeyFile = std::unique_ptr<GKeyFile, FreeKeyFile>;
 
-// Empty where the user has none. Read from the environment each time: GLib would remember the first answer.
+// Empty where the user has none. Read from the environment each time: GLib would remember the first value.
 std::string configFolder() {
   const char* config = std::getenv("XDG_CONFIG_HOME");
   if (config != nullptr && config[0] == '/') return config;
@@ -67,13 +67,13 @@ std::string encodedBytes(const unsigned char* bytes, std::size_t size) {
   return text;
 }
 
-// What stands behind the mark; null where the value is of the other type.
-const char* behindMark(const std::string& value, const char* mark) {
+// What stands after the mark; null where the value is of the other type.
+const char* afterMark(const std::string& value, const char* mark) {
   return value.rfind(mark, 0) == 0 ? value.c_str() + std::strlen(mark) : nullptr;
 }
 
 std::optional<std::string> decodedString(const std::string& value) {
-  const char* text = behindMark(value, kStringMark);
+  const char* text = afterMark(value, kStringMark);
   if (text == nullptr) return std::nullopt;
   const std::unique_ptr<GBytes, FreeBytes> bytes(g_uri_unescape_bytes(text, -1, nullptr, nullptr));
   if (!bytes) return std::nullopt;
@@ -83,7 +83,7 @@ std::optional<std::string> decodedString(const std::string& value) {
 }
 
 std::optional<std::vector<unsigned char>> decodedBytes(const std::string& value) {
-  const char* text = behindMark(value, kBytesMark);
+  const char* text = afterMark(value, kBytesMark);
   if (text == nullptr || std::strlen(text) % 2 != 0) return std::nullopt;
   std::vector<unsigned char> bytes;
   for (; *text != 0; text += 2) {

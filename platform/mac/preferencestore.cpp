@@ -23,7 +23,7 @@ struct PreferenceStore::System {
   using Value = CFOwned<CFPropertyListRef>;  // null: no such key
 
   CFOwned<CFStringRef> application;
-  std::map<std::string, Value> known;    // what the store answered; a key is asked for once
+  std::map<std::string, Value> known;    // as the store returned it, once a key
   std::map<std::string, Value> changes;  // null: the key goes
 
   CFPropertyListRef value(const std::string& key) {

@@ -1,4 +1,4 @@
-// The editor base without a window: its clock, its pacing while a control keeps the mouse, and what it answers closed.
+// The editor base without a window: its clock, its pacing while a control keeps the mouse, and what it returns closed.
 #include "editor/base/aeffguieditor.h"
 
 #include <gmock/gmock.h>

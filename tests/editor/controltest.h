@@ -90,7 +90,7 @@ class ControlTest : public testing::Test {
     return control;
   }
 
-  // Each answers whether the event was consumed.
+  // Each returns whether the event was consumed.
   bool press(CPoint where, MouseButton button = MouseButton::Left, std::initializer_list<ModifierKey> modifiers = {},
              std::uint32_t clickCount = 1);
   bool release(CPoint where, MouseButton button = MouseButton::Left);

@@ -20,7 +20,7 @@ TEST(EditedText, StepsOverWholeCharacters) {
   const EditedText edit(kMixed);
   std::size_t place = 0;
   for (const std::size_t next : {1U, 3U, 6U, 10U, 10U}) {
-    place = edit.behind(place);
+    place = edit.after(place);
     EXPECT_EQ(place, next);
   }
   for (const std::size_t previous : {6U, 3U, 1U, 0U, 0U}) {

@@ -166,7 +166,7 @@ TEST(StringConvert, NeverWritesMoreThanSixteenBytesInRange) {
   for (float ratio = 1e-9F; ratio < 1e9F; ratio *= 1.1F) EXPECT_LT(text(dBStringConvert, ratio).size(), 16U);
 }
 
-// The bytes behind the 32nd stay the caller's, whatever the value.
+// The bytes after the 32nd stay the caller's, whatever the value.
 TEST(StringConvert, NeverWritesMoreThanThirtyTwoBytes) {
   const Converter all[] = {strictStringConvert,        stepStringConvert,      percentStringConvert, dampStringConvert,
                            parameterNameStringConvert, frequencyStringConvert, dBStringConvert,      convertCC};

@@ -70,7 +70,7 @@ class FolderWatch {
   std::uint32_t counted = 0;
 };
 
-// Runs the work in a process of its own; answers its number.
+// Runs the work in a process of its own; returns its number.
 inline pid_t inProcess(const std::function<void()>& work) {
   const pid_t process = fork();
   if (process == 0) {

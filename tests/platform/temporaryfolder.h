@@ -25,7 +25,7 @@ class TemporaryFolder {
 
   std::string operator/(const std::string& name) const { return path + "/" + name; }
 
-  std::string path;  // without links, no slash behind it
+  std::string path;  // without links, no slash at its end
 };
 
 // Sets a variable, or takes it away with null, and puts the old value back.

@@ -71,7 +71,7 @@ class FocusWatch {
   // Window managers focus the top-level window first on every click, so a loss to an ancestor counts only when the
   // focus has not come back after a moment.
   bool lost(xcb_connection_t* connection) {
-    constexpr auto kMoment = std::chrono::milliseconds(150);
+    constexpr auto kRefocusTime = std::chrono::milliseconds(150);
     bool gone = false;
     while (xcb_generic_event_t* event = xcb_poll_for_event(connection)) {
       const auto type = event->response_type & 0x7F;  // the high bit marks events sent by clients
@@ -85,7 +85,7 @@ class FocusWatch {
       }
       std::free(event);
     }
-    if (lostToAncestor && Clock::now() - *lostToAncestor > kMoment) gone = true;
+    if (lostToAncestor && Clock::now() - *lostToAncestor > kRefocusTime) gone = true;
     if (gone) lostToAncestor.reset();
     return gone;
   }

@@ -22,7 +22,7 @@ std::size_t EditedText::before(std::size_t place) const {
   return place;
 }
 
-std::size_t EditedText::behind(std::size_t place) const {
+std::size_t EditedText::after(std::size_t place) const {
   if (place >= bytes.size()) return bytes.size();
   ++place;
   while (place < bytes.size() && continuesCharacter(bytes[place])) ++place;
@@ -50,7 +50,7 @@ void EditedText::moveBack(bool extend) {
 }
 
 void EditedText::moveForward(bool extend) {
-  moveTo(hasSelection() && !extend ? selectionEnd() : behind(caretPlace), extend);
+  moveTo(hasSelection() && !extend ? selectionEnd() : after(caretPlace), extend);
 }
 
 void EditedText::moveTo(std::size_t place, bool extend) {

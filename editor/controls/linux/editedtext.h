@@ -18,11 +18,11 @@ class EditedText {
   bool hasSelection() const { return caretPlace != anchorPlace; }
 
   std::size_t before(std::size_t place) const;  // one character back; 0 stays
-  std::size_t behind(std::size_t place) const;  // one character on; the end stays
+  std::size_t after(std::size_t place) const;   // one character on; the end stays
 
   void insert(std::string_view valid);  // UTF-8, in the selection's place
-  void eraseBack();                     // the selection, or else the character in front of the caret
-  void eraseForward();                  // the selection, or else the character behind the caret
+  void eraseBack();                     // the selection, or else the character before the caret
+  void eraseForward();                  // the selection, or else the character after the caret
   void moveBack(bool extend);           // without extending a selection goes, and the caret is at its begin
   void moveForward(bool extend);        // or at its end
   void moveTo(std::size_t place, bool extend);

@@ -12,13 +12,12 @@ FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, doub
     context->setFont(font);
     if (fits(name)) return {name, font};
   }
-  const auto insideCharacter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };  // UTF-8
-  std::string head = name.getString();
+  // The toolkit's createTruncatedText would end in two full stops, which a name may have of its own.
   VSTGUI::UTF8String cut;
+  auto end = name.end();
   do {
-    while (!head.empty() && insideCharacter(head.back())) head.pop_back();
-    if (!head.empty()) head.pop_back();
-    cut = VSTGUI::UTF8String(head + "\xE2\x80\xA6");  // ellipsis
-  } while (!head.empty() && !fits(cut));
+    if (end != name.begin()) --end;
+    cut = VSTGUI::UTF8String(std::string(name.begin().base(), end.base()) + "\xE2\x80\xA6");  // ellipsis
+  } while (end != name.begin() && !fits(cut));
   return {cut, VSTGUI::kNormalFontVerySmall};
 }

@@ -34,11 +34,11 @@ constexpr double kMarkLeft = 4;
 constexpr double kMarkSize = 5;
 constexpr double kRightRoom = 3;
 
-// Goes with its frame while it is open. It answers once, after the event that ends it: the frame still holds on to a
-// view while it gives it an event.
-class PresetPopupLinux final : public VSTGUI::CView {
+// Goes with its frame while it is open. It tells the menu once, after the event that ends it: the
+// frame still holds on to a view while it gives it an event.
+class PresetPopup final : public VSTGUI::CView {
  public:
-  PresetPopupLinux(const PresetPopupLayout& places, CPresetMenu* opener, const std::optional<CPoint>& press)
+  PresetPopup(const PresetPopupLayout& places, CPresetMenu* opener, const std::optional<CPoint>& press)
       : CView(places.panel()),
         layout(places),
         menu(VSTGUI::shared(opener)),
@@ -118,7 +118,7 @@ class PresetPopupLinux final : public VSTGUI::CView {
     event.consumed = true;
   }
 
-  // All keys stay here: nothing behind the list may act on them.
+  // All keys stay here: nothing else may act on them.
   void onKeyboardEvent(VSTGUI::KeyboardEvent& event) override {
     event.consumed = true;
     if (event.type != VSTGUI::EventType::KeyDown || !event.modifiers.empty()) return;
@@ -145,7 +145,7 @@ class PresetPopupLinux final : public VSTGUI::CView {
     }
   }
 
-  CLASS_METHODS_NOCOPY(PresetPopupLinux, CView)
+  CLASS_METHODS_NOCOPY(PresetPopup, CView)
 
  private:
   void drawColumnLine(VSTGUI::CDrawContext* context, double columnLeft) {
@@ -243,7 +243,7 @@ void openPresetPopup(CPresetMenu* menu, const std::optional<CPoint>& press) {
   window.originize();
   constexpr std::int32_t kRows = 16;  // where the menu does not say
   const std::int32_t rows = menu->getNbItemsPerColumn() > 0 ? menu->getNbItemsPerColumn() : kRows;
-  auto* popup = new PresetPopupLinux(PresetPopupLayout(window, menu->getNbEntries(), rows), menu, press);
+  auto* popup = new PresetPopup(PresetPopupLayout(window, menu->getNbEntries(), rows), menu, press);
   const auto session = frame->beginModalViewSession(popup);  // the frame owns the list from here on
   if (session) {
     popup->setSession(*session);

@@ -101,7 +101,7 @@ std::size_t TextField::placeAt(CCoord x) const {
   const double left = textLeft();
   std::size_t nearest = 0;
   for (std::size_t place = 0; place < edit.text().size();) {
-    place = edit.behind(place);
+    place = edit.after(place);
     if (std::fabs(left + widthOf(place) - x) > std::fabs(left + widthOf(nearest) - x)) break;
     nearest = place;
   }
@@ -144,7 +144,7 @@ void TextField::changed() {
 }
 
 void TextField::onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* /*frame*/) {
-  event.consumed = true;  // of both kinds: nothing behind the field may act on them
+  event.consumed = true;  // of both kinds: nothing else may act on them
   if (event.type != VSTGUI::EventType::KeyDown) return;
   const auto self = VSTGUI::shared(this);  // ending takes the field away
   pressKey(event);

@@ -5,7 +5,7 @@
 #include "editor/base/mac/bundlelookup.h"
 #include "platform/modulepath.h"
 
-// Answers the references that are left over.
+// Returns the references that are left over.
 extern "C" __attribute__((visibility("default"))) long probe(char* bundle, char* folder, char* resources) {
   InitMachOLibrary();
   std::strcpy(bundle, gBundleRef != nullptr ? cfdouble::get(gBundleRef)->path.c_str() : "(none)");

@@ -23,5 +23,5 @@ class CocoaTest : public testing::Test {
   NSAutoreleasePool* pool = nil;
 };
 
-// An action that a timer repeats in every mode, a modal loop's included, until it answers true.
+// An action that a timer repeats in every mode, a modal loop's included, until it returns true.
 void repeatUntilDone(std::function<bool()> action);

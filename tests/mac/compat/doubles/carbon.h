@@ -4,6 +4,6 @@
 #include <cstdint>
 
 namespace carbondouble {
-extern std::uint32_t ticks;  // what TickCount answers
+extern std::uint32_t ticks;  // what TickCount returns
 extern double secondsRun;    // that the event loop was asked to run
 }  // namespace carbondouble

@@ -34,13 +34,13 @@ struct Record {
   VSTGUI::PlatformFileSelectorStyle selectorStyle{};
   VSTGUI::PlatformFileSelectorConfig selectorConfig;
   int selectorsRun = 0;
-  std::function<std::vector<std::string>()> user;  // runs while the panel is up; answers the files
+  std::function<std::vector<std::string>()> user;  // runs while the panel is up; returns the files
   bool cancelled = false;                          // by the program
 
   std::vector<VSTGUI::IPlatformTimerCallback*> timers;  // that run
 };
 
-// Made in front of everything that uses the toolkit, and ended behind it.
+// Made before everything that uses the toolkit, and ended after it.
 class Toolkit {
  public:
   Toolkit();
