@@ -36,8 +36,9 @@ std::string validText(std::string_view bytes) {
     const std::size_t length = lengthFrom(lead);
     std::size_t good = length > 0 ? 1 : 0;
     while (good > 0 && good < length && at + good < bytes.size()) {
-      const auto next = static_cast<unsigned char>(bytes[at + good]);
-      if ((next & 0xC0U) != 0x80U || (good == 1 && !mayFollow(lead, next))) break;
+      const char next = bytes[at + good];
+      if (!continuesCharacter(next)) break;
+      if (good == 1 && !mayFollow(lead, static_cast<unsigned char>(next))) break;
       ++good;
     }
     if (good > 0 && good == length) {

@@ -1,12 +1,12 @@
 // Tells double clicks from clicks.
 #pragma once
 
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <functional>
 #include <optional>
 
+#include "editor/base/steadytime.h"
 #include "vstgui.h"
 
 // The toolkit's own flag misses double clicks after a lone click and takes a right click for the first half. One object
@@ -38,11 +38,6 @@ class DoubleClick {
   static constexpr std::uint64_t kLongest = 300;  // ms, also between presses that a slow idle hands over late
   static constexpr double kFarthest = 5;          // pixels, each way
 
-  static std::uint64_t now() {
-    const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
-  }
-
-  Clock clock = now;
+  Clock clock = steadyMilliseconds;
   std::optional<Press> first;
 };

@@ -11,10 +11,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <string_view>
 #include <thread>
 
+#include "platform/linux/environment.h"
 #include "platform/paths.h"
 
 namespace {
@@ -111,8 +111,8 @@ class Attributes {
 }  // namespace
 
 std::string findProgram(const char* name) {
-  const char* path = std::getenv("PATH");
-  std::string_view rest = path != nullptr ? path : "";
+  const std::string path = environmentVariable("PATH");
+  std::string_view rest = path;
   while (!rest.empty()) {
     const std::size_t length = std::min(rest.find(':'), rest.size());
     const std::string_view folder = rest.substr(0, length);
@@ -136,17 +136,19 @@ bool ChildProgram::start(const std::vector<std::string>& arguments) {
   end();
   text.clear();
   status = kUnknownStatus;
-  int pipeEnds[2];  // to read from, to write to
-  if (pipe2(pipeEnds, O_CLOEXEC) != 0) return false;
-  fcntl(pipeEnds[0], F_SETFL, O_NONBLOCK);  // ours only: the child's end stays as programs expect it
-
   std::vector<std::string> argumentStrings = arguments;
   std::vector<std::string> environmentStrings = cleanedEnvironment();
+  const std::vector<char*> argumentPointers = pointersTo(argumentStrings);
+  const std::vector<char*> environmentPointers = pointersTo(environmentStrings);
+
+  int pipeEnds[2];  // to read from, to write to; from here on nothing is thrown, or they would stay
+  if (pipe2(pipeEnds, O_CLOEXEC) != 0) return false;
+  fcntl(pipeEnds[0], F_SETFL, O_NONBLOCK);  // ours only: the child's end stays as programs expect it
   const FileActions files(pipeEnds[1]);
   const Attributes attributes;
   pid_t started = 0;
   const int error = posix_spawn(&started, argumentStrings[0].c_str(), &files.actions, &attributes.attributes,
-                                pointersTo(argumentStrings).data(), pointersTo(environmentStrings).data());
+                                argumentPointers.data(), environmentPointers.data());
   close(pipeEnds[1]);
   outputEnd = pipeEnds[0];
   if (error != 0) {

@@ -3,24 +3,19 @@
 
 #include <algorithm>
 #include <csignal>
-#include <cstdlib>
 
 #include "platform/linux/childprogram.h"
+#include "platform/linux/environment.h"
 #include "platform/validtext.h"
 
 namespace desktopdialog {
 
 namespace {
 
-std::string variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value != nullptr ? value : "";
-}
-
 // XDG_CURRENT_DESKTOP is a list with colons in between.
 bool desktopUsesQt() {
   std::string desktops(":");
-  desktops.append(variable("XDG_CURRENT_DESKTOP")).append(":");
+  desktops.append(environmentVariable("XDG_CURRENT_DESKTOP")).append(":");
   for (const char* desktop : {":KDE:", ":LXQt:", ":LXQT:"}) {
     if (desktops.find(desktop) != std::string::npos) return true;
   }
@@ -56,7 +51,7 @@ std::string notAnOption(const std::string& text) {
 }  // namespace
 
 bool hasDisplay() {
-  return !variable("DISPLAY").empty() || !variable("WAYLAND_DISPLAY").empty();
+  return !environmentVariable("DISPLAY").empty() || !environmentVariable("WAYLAND_DISPLAY").empty();
 }
 
 std::vector<Program> filePrograms() {

@@ -4,10 +4,10 @@
 #include <glib.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <string>
 
 #include "platform/linux/childprogram.h"
+#include "platform/linux/environment.h"
 #include "platform/modulepath.h"
 #include "platform/paths.h"
 
@@ -20,9 +20,8 @@ std::string manualFile() {
   const std::string relative = kManualPath;
   const std::string belowDocuments = relative.substr(relative.find('/') + 1);
   const std::string name = namePart(relative);
-  if (const char* home = std::getenv("HOME"); home != nullptr && isFile(std::string(home) + "/" + relative)) {
-    return std::string(home) + "/" + relative;
-  }
+  const std::string home = environmentVariable("HOME");
+  if (!home.empty() && isFile(home + "/" + relative)) return home + "/" + relative;
   if (const char* documents = g_get_user_special_dir(G_USER_DIRECTORY_DOCUMENTS);
       documents != nullptr && isFile(std::string(documents) + "/" + belowDocuments)) {
     return std::string(documents) + "/" + belowDocuments;

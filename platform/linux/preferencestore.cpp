@@ -4,12 +4,12 @@
 #include <glib.h>
 #include <glib/gstdio.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <optional>
 #include <string>
 
+#include "platform/linux/environment.h"
 #include "platform/linux/sharedfile.h"
 #include "platform/paths.h"
 
@@ -32,12 +32,12 @@ struct FreeBytes {
 using Text = std::unique_ptr<char, FreeText>;
 using KeyFile = std::unique_ptr<GKeyFile, FreeKeyFile>;
 
-// Empty where the user has none. Read from the environment each time: GLib would remember the first value.
+// Empty where the user has none. GLib would remember the first value.
 std::string configFolder() {
-  const char* config = std::getenv("XDG_CONFIG_HOME");
-  if (config != nullptr && config[0] == '/') return config;
-  const char* home = std::getenv("HOME");
-  return home != nullptr && home[0] == '/' ? std::string(home) + "/.config" : std::string();
+  std::string config = environmentVariable("XDG_CONFIG_HOME");
+  if (config.starts_with('/')) return config;
+  const std::string home = environmentVariable("HOME");
+  return home.starts_with('/') ? home + "/.config" : std::string();
 }
 
 // "com.maker.product" -> ".../maker/product.conf"; empty where the identifier or the folder does not allow it.

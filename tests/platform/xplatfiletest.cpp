@@ -1,6 +1,7 @@
 // Whole-file access and path splitting.
+#include "platform/xplatfile.h"
+
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstring>
 #include <filesystem>
@@ -8,7 +9,7 @@
 #include <iterator>
 #include <string>
 
-#include "platform/xplatfile.h"
+#include "tests/platform/temporaryfolder.h"
 
 namespace {
 
@@ -17,13 +18,6 @@ namespace fs = std::filesystem;
 // A folder of its own for each test, named with its trailing slash.
 class XPlatFile : public testing::Test {
  protected:
-  void SetUp() override {
-    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-    dir = (fs::temp_directory_path() / ("trelvan-" + std::to_string(getpid()) + "-" + test->name())).string() + "/";
-    fs::create_directories(dir);
-  }
-  void TearDown() override { fs::remove_all(dir); }
-
   void write(const std::string& name, const std::string& content) {
     std::ofstream(dir + name, std::ios::binary) << content;
   }
@@ -33,11 +27,12 @@ class XPlatFile : public testing::Test {
   }
   long open(const char* name, bool forWrite) { return XPlatFileOpen(name, dir.c_str(), &handle, forWrite); }
 
-  std::string dir;
-  void* handle = &dir;  // anything but null, so that a null handle shows
+  const TemporaryFolder folder;
+  const std::string dir = folder.path + "/";
+  void* handle = &handle;  // anything but null, so that a null handle shows
 };
 
-TEST_F(XPlatFile, OpensForReadingAtTheStartAndAnswersTheLength) {
+TEST_F(XPlatFile, OpensForReadingAtTheStartAndReturnsTheLength) {
   write("a.orv", "twelve bytes");
   EXPECT_EQ(open("a.orv", false), 12);
   ASSERT_NE(handle, nullptr);

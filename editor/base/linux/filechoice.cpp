@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
 
+#include "platform/linux/environment.h"
 #include "platform/paths.h"
 
 namespace {
@@ -18,10 +18,7 @@ std::string patternsOf(const std::string& extension) {
 
 std::string folderOf(const FileDialogRequest& request) {
   std::string folder = request.folder;
-  if (folder.empty() || !isFolder(folder)) {
-    const char* home = std::getenv("HOME");
-    folder = home != nullptr ? home : "";
-  }
+  if (folder.empty() || !isFolder(folder)) folder = environmentVariable("HOME");
   if (folder.empty() || folder.back() != '/') folder += '/';
   return folder;
 }

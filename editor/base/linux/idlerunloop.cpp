@@ -4,20 +4,11 @@
 #include <poll.h>
 
 #include <algorithm>
-#include <chrono>
 #include <new>
 
 #include "editor/base/linux/forgottenreplies.h"
+#include "editor/base/steadytime.h"
 #include "lib/platform/linux/x11platform.h"
-
-namespace {
-
-std::uint64_t now() {
-  const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
-  return static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
-}
-
-}  // namespace
 
 void IdleRunLoop::makeRoom() {
   constexpr std::size_t kRoom = 16;  // one handler a library, a few timers a window
@@ -50,7 +41,7 @@ void IdleRunLoop::handleEvents(std::uint64_t time) {
 
 void IdleRunLoop::pump() {
   const Pumping pumping(*this);
-  const std::uint64_t time = now();
+  const std::uint64_t time = steadyMilliseconds();
   handleEvents(time);
   const std::size_t known = timers.size();  // one started by another waits for the next pump
   for (std::size_t i = 0; i < known; ++i) {
@@ -113,7 +104,7 @@ bool IdleRunLoop::unregisterEventHandler(VSTGUI::X11::IEventHandler* handler) {
 }
 
 bool IdleRunLoop::registerTimer(std::uint64_t interval, VSTGUI::X11::ITimerHandler* handler) {
-  timers.push_back({handler, interval, now() + interval});
+  timers.push_back({handler, interval, steadyMilliseconds() + interval});
   return true;
 }
 

@@ -3,13 +3,7 @@
 
 #include <utility>
 
-namespace {
-
-bool continuesCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;  // UTF-8: 10xxxxxx
-}
-
-}  // namespace
+#include "platform/validtext.h"
 
 EditedText::EditedText(std::string valid) : bytes(std::move(valid)) {
   selectAll();

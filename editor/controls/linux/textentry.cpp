@@ -25,14 +25,17 @@ struct TextEntry::System {
   System(COrvTextEdit* edited, const TextEntryPlace& place)
       : label(edited),
         field(
-            VSTGUI::makeOwned<TextField>(edited, besideLabel(edited, place), [this](bool confirm) { end(confirm); })) {
+            VSTGUI::makeOwned<TextField>(edited, besideLabel(edited, place), [this](bool confirm) { end(confirm); })) {}
+  ~System() { takeDown(); }
+  System(const System&) = delete;
+  System& operator=(const System&) = delete;
+
+  // Apart from the making, so that it is taken down where it breaks off.
+  void show() {
     field->remember();  // the container lets go of it once
     label->getParentView()->asViewContainer()->addView(field);
     grabPointer(label->getFrame(), true);
   }
-  ~System() { takeDown(); }
-  System(const System&) = delete;
-  System& operator=(const System&) = delete;
 
   void end(bool confirm) {
     if (!field) return;
@@ -59,7 +62,9 @@ TextEntry::~TextEntry() = default;
 
 bool TextEntry::open(COrvTextEdit* label, const TextEntryPlace& place) {
   if (label->getFrame()->getPlatformFrame() == nullptr) return false;
-  system = std::make_unique<System>(label, place);
+  auto opening = std::make_unique<System>(label, place);
+  opening->show();
+  system = std::move(opening);
   return true;
 }
 
