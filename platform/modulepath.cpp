@@ -6,8 +6,8 @@
 
 namespace {
 
-// Found while the module loads: a host may name it relative to a folder that it leaves afterwards. Plain memory, which
-// needs no end.
+// Found while the module loads: a host may name it relative to a folder that it leaves afterwards.
+// Plain memory, which needs no end.
 struct OwnFile {
   OwnFile() noexcept { findModuleFile(path); }
   char path[PATH_MAX] = {};

@@ -1,4 +1,5 @@
-// Per-user preferences: strings and byte values under keys, shared by all instances of the plug-in in all hosts.
+// Per-user preferences: strings and byte values under keys, shared by all instances of the plug-in
+// in all hosts.
 #pragma once
 
 #include <cstddef>
@@ -7,20 +8,21 @@
 
 // An object shows the store as it stood at its first question, the only time that it reads; so
 // several questions that belong together cost one reading. Changes are seen by the object's own
-// questions at once and by everybody else, all of them in one step, after synchronise(). Changes that
-// are not synchronised are dropped. Where nothing can be kept (no home, no permission, a full disk)
-// every key is missing and synchronise() returns false.
-// One thread an object; any number of objects on any threads and in any processes.
+// questions at once and by everybody else, all of them in one step, after synchronise(). Changes
+// that are not synchronised are dropped. Where nothing can be kept (no home, no permission, a full
+// disk) every key is missing and synchronise() returns false. One thread an object; any number of
+// objects on any threads and in any processes.
 class PreferenceStore {
  public:
-  // applicationId: a reverse-domain name in three parts, "com.maker.product". Opens and reads nothing.
+  // applicationId: a reverse-domain name in three parts, "com.maker.product". Opens and reads
+  // nothing.
   explicit PreferenceStore(const char* applicationId);
   ~PreferenceStore();
   PreferenceStore(const PreferenceStore&) = delete;
   PreferenceStore& operator=(const PreferenceStore&) = delete;
 
-  // key: letters and digits. False, and the output unchanged, where the key is missing, holds the other type, or the
-  // string with its terminator does not fit into `size` bytes.
+  // key: letters and digits. False, and the output unchanged, where the key is missing, holds the
+  // other type, or the string with its terminator does not fit into `size` bytes.
   bool getString(const char* key, char* buffer, std::size_t size) const;
   bool getBytes(const char* key, std::vector<unsigned char>& out) const;
 
@@ -29,8 +31,9 @@ class PreferenceStore {
   void setBytes(const char* key, const void* bytes, std::size_t size);
   void remove(const char* key);
 
-  // Puts the changes on disk before it returns; what others wrote meanwhile under other keys stays. Writes nothing
-  // where nothing differs. May wait a few seconds for another process that is writing. False: nothing was written.
+  // Puts the changes on disk before it returns; what others wrote meanwhile under other keys stays.
+  // Writes nothing where nothing differs. May wait a few seconds for another process that is
+  // writing. False: nothing was written.
   bool synchronise();
 
  private:

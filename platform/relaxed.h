@@ -3,8 +3,8 @@
 
 #include <atomic>
 
-// The same instructions as a plain load and store, and no data race. Copies copy the value, so records that hold
-// such words stay plain values. Any thread.
+// The same instructions as a plain load and store, and no data race. Copies copy the value, so
+// records that hold such words stay plain values. Any thread.
 template <typename T>
 class Relaxed {
   static_assert(std::atomic<T>::is_always_lock_free);

@@ -1,4 +1,5 @@
-// Byte order, conversions between normalised values and steps, and the float preferences that are not kept.
+// Byte order, conversions between normalised values and steps, and the float preferences that are
+// not kept.
 #include "platform/xplatvalues.h"
 
 #include <algorithm>

@@ -15,8 +15,9 @@ struct FileDialogRequest {
   std::uintptr_t window = 0;  // the host's window (X11 window id, NSView*), which the dialog stays in front of; 0: none
 };
 
-// One dialog at a time, and never a wait: it is started, asked for from the idle pass, and ended with its owner. The
-// user is asked before a file that exists is saved over. User-interface thread only.
+// One dialog at a time, and never a wait: it is started, asked for from the idle pass, and ended
+// with its owner. The user is asked before a file that exists is saved over. User-interface thread
+// only.
 class FileDialog {
  public:
   enum class State {

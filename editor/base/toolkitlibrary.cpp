@@ -14,8 +14,9 @@ namespace {
 std::mutex usersMutex;  // no destructor work, as for everything static here: hosts exit with windows open
 int users = 0;
 
-// A Control click resets a value to its default on every control of the toolkit, buttons and text fields included. It
-// is wanted on sliders only: on a button it would act as a press that nobody made.
+// A Control click resets a value to its default on every control of the toolkit, buttons and text
+// fields included. It is wanted on sliders only: on a button it would act as a press that nobody
+// made.
 bool resetsToDefault(VSTGUI::CControl* control, VSTGUI::MouseDownEvent& event) {
   return dynamic_cast<VSTGUI::CSliderBase*>(control) != nullptr && event.buttonState.isLeft() &&
          event.modifiers.is(VSTGUI::ModifierKey::Control);

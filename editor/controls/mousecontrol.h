@@ -1,4 +1,5 @@
-// Layers between the toolkit's controls and ours: who gets a press, who gets a key, and what is under the pointer.
+// Layers between the toolkit's controls and ours: who gets a press, who gets a key, and what is
+// under the pointer.
 #pragma once
 
 #include "lib/events.h"
@@ -23,7 +24,8 @@ class OwnPresses : public Base {
   VSTGUI::CBaseObject* newCopy() const override { return nullptr; }  // views of ours are not copied
 };
 
-// Reacts to the mouse alone. The toolkit's buttons act on Return, and take the keyboard with every click.
+// Reacts to the mouse alone. The toolkit's buttons act on Return, and take the keyboard with every
+// click.
 template <class Base>
 class MouseControl : public OwnPresses<Base> {
  public:

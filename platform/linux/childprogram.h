@@ -1,4 +1,5 @@
-// A program that runs beside the host: started with an argument vector, its output collected, ended with its owner.
+// A program that runs beside the host: started with an argument vector, its output collected, ended
+// with its owner.
 #pragma once
 
 #include <sys/types.h>
@@ -9,11 +10,13 @@
 // The full path of a program in the folders of PATH; empty where there is none.
 std::string findProgram(const char* name);
 
-// The environment without what hosts put there for themselves: a host's own libraries and modules break other programs.
+// The environment without what hosts put there for themselves: a host's own libraries and modules
+// break other programs.
 std::vector<std::string> cleanedEnvironment();
 
-// One thread at a time. The host's signal handlers and its other children are left alone; if the host collects our
-// child's exit status or ignores ended children, the status is unknown and everything else works.
+// One thread at a time. The host's signal handlers and its other children are left alone; if the
+// host collects our child's exit status or ignores ended children, the status is unknown and
+// everything else works.
 class ChildProgram {
  public:
   enum class State { none, running, ended };
@@ -26,15 +29,16 @@ class ChildProgram {
   ChildProgram(const ChildProgram&) = delete;
   ChildProgram& operator=(const ChildProgram&) = delete;
 
-  // arguments: the program's full path first. Ends the one before. The child has the cleaned environment, none of the
-  // host's open files, no input and no error stream, default signal handling and a process group of its own. False: it
-  // could not be started.
+  // arguments: the program's full path first. Ends the one before. The child has the cleaned
+  // environment, none of the host's open files, no input and no error stream, default signal
+  // handling and a process group of its own. False: it could not be started.
   bool start(const std::vector<std::string>& arguments);
   // Never blocks. Collects what the program has written.
   State poll();
   // Blocks until it has ended.
   void wait();
-  // Asks the program and its own children to end, and makes it if it does not; 0.2 seconds at most, usually 1 ms.
+  // Asks the program and its own children to end, and makes it if it does not; 0.2 seconds at most,
+  // usually 1 ms.
   void end() noexcept;
   // Ends the program alone; what it has started goes on without us.
   void leave() noexcept;

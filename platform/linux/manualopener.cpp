@@ -49,8 +49,9 @@ void ManualOpener::start() {
   system = std::make_unique<System>();
   const std::string file = manualFile();
   const std::string opener = findProgram("xdg-open");
-  // Between us and the viewer stands a shell that can be ended alone: so the viewer can be let go at any time, and its
-  // end is then not ours to collect. The viewer's output goes nowhere, because we will not be there to read it.
+  // Between us and the viewer stands a shell that can be ended alone: so the viewer can be let go
+  // at any time, and its end is then not ours to collect. The viewer's output goes nowhere, because
+  // we will not be there to read it.
   const bool started = !file.empty() && !opener.empty() &&
                        system->program.start({"/bin/sh", "-c", "\"$0\" \"$1\" >/dev/null & wait $!", opener, file});
   if (!started) system->state = State::failed;

@@ -40,7 +40,8 @@ std::string configFolder() {
   return home.starts_with('/') ? home + "/.config" : std::string();
 }
 
-// "com.maker.product" -> ".../maker/product.conf"; empty where the identifier or the folder does not allow it.
+// "com.maker.product" -> ".../maker/product.conf"; empty where the identifier or the folder does
+// not allow it.
 std::string pathOf(const std::string& applicationId) {
   const std::string folder = configFolder();
   const std::size_t maker = applicationId.find('.') + 1;

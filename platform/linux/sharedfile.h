@@ -1,4 +1,5 @@
-// One small file that several processes replace as a whole: bounded reading, a lock, and replacing in one step.
+// One small file that several processes replace as a whole: bounded reading, a lock, and replacing
+// in one step.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +14,8 @@ enum class Reading {
   tooLarge,
 };
 
-// Reads at most `limit` bytes; `out` is only set on `done`. Needs no lock: a file is only ever replaced as a whole.
+// Reads at most `limit` bytes; `out` is only set on `done`. Needs no lock: a file is only ever
+// replaced as a whole.
 Reading read(const std::string& path, std::size_t limit, std::string& out);
 
 // The lock beside the file, held by one thread of one process at a time while the object lives.
@@ -33,8 +35,8 @@ class Lock {
 
 // Both only while the lock is held.
 
-// Puts the content in the file's place and on disk: whoever reads, or cuts the power, finds the old content or the new
-// one. False: the file is as it was.
+// Puts the content in the file's place and on disk: whoever reads, or cuts the power, finds the old
+// content or the new one. False: the file is as it was.
 bool replace(const std::string& path, const std::string& content);
 // Gives the file another name in the same folder, so that its user can still look at it.
 bool keepAside(const std::string& path);

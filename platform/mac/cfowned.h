@@ -1,4 +1,5 @@
-// A Core Foundation object that is ours: from a function with Create or Copy in its name, released once at the end.
+// A Core Foundation object that is ours: from a function with Create or Copy in its name, released
+// once at the end.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

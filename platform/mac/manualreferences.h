@@ -1,5 +1,5 @@
-// Included by every Objective-C++ file: they count their references themselves, and would release what they must not
-// under automatic counting.
+// Included by every Objective-C++ file: they count their references themselves, and would release
+// what they must not under automatic counting.
 #pragma once
 
 #if defined(__has_feature)

@@ -1,4 +1,5 @@
-// Preferences on macOS: the application preferences of Core Foundation, under the plug-in's own identifier.
+// Preferences on macOS: the application preferences of Core Foundation, under the plug-in's own
+// identifier.
 #include "platform/preferencestore.h"
 
 #include <map>
@@ -12,7 +13,8 @@ namespace {
 
 std::mutex storeMutex;  // so that all changes of one synchronise() are seen together in this process
 
-// In the system's 8-bit Roman encoding, which has a character for every byte: strings come back byte for byte.
+// In the system's 8-bit Roman encoding, which has a character for every byte: strings come back
+// byte for byte.
 CFOwned<CFStringRef> romanString(const char* text) {
   return CFOwned<CFStringRef>(CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingMacRoman));
 }

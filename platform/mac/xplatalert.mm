@@ -7,8 +7,8 @@
 
 namespace {
 
-// Never nil, which an alert does not take as its text. Messages are ASCII; of other bytes every one is a character of
-// the Roman encoding.
+// Never nil, which an alert does not take as its text. Messages are ASCII; of other bytes every one
+// is a character of the Roman encoding.
 NSString* textOf(const char* message) {
   if (message == nullptr) return @"";
   NSString* text = [NSString stringWithCString:message encoding:NSASCIIStringEncoding];

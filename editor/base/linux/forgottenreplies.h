@@ -5,8 +5,8 @@
 
 // The toolkit sends a question with each movement of the pointer and leaves the reply in the
 // connection's memory, where it stays as long as the connection, some 150 bytes a movement. Nobody
-// waits across the event handling for a reply that was asked for in it, so what is left of them when
-// it is over goes. User-interface thread.
+// waits across the event handling for a reply that was asked for in it, so what is left of them
+// when it is over goes. User-interface thread.
 class ForgottenReplies {
  public:
   explicit ForgottenReplies(xcb_connection_t* connection);  // null: there is none yet, and nothing to do

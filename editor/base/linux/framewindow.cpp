@@ -17,13 +17,13 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A window in the host's, on a connection apart from the toolkit's, so that what we ask for on it does not mix with its
-// events.
+// A window in the host's, on a connection apart from the toolkit's, so that what we ask for on it
+// does not mix with its events.
 class OwnWindow {
  public:
-  // The window has the root's depth and visual: in a host's window with an alpha channel the toolkit's own would
-  // inherit the depth and stay blank. It also takes the toolkit's window with it when it goes, which
-  // the toolkit leaves there.
+  // The window has the root's depth and visual: in a host's window with an alpha channel the
+  // toolkit's own would inherit the depth and stay blank. It also takes the toolkit's window with
+  // it when it goes, which the toolkit leaves there.
   OwnWindow(xcb_window_t parent, std::uint16_t width, std::uint16_t height)
       : connection(xcb_connect(nullptr, &screenNumber)) {
     if (xcb_connection_has_error(connection) != 0) return;
@@ -68,8 +68,8 @@ class FocusWatch {
     xcb_flush(connection);
   }
 
-  // Window managers focus the top-level window first on every click, so a loss to an ancestor counts only when the
-  // focus has not come back after a moment.
+  // Window managers focus the top-level window first on every click, so a loss to an ancestor
+  // counts only when the focus has not come back after a moment.
   bool lost(xcb_connection_t* connection) {
     constexpr auto kRefocusTime = std::chrono::milliseconds(150);
     bool gone = false;

@@ -24,9 +24,9 @@ bool IdleRunLoop::isDataThere() const {
 }
 
 // The toolkit ends each look with a question to the X server and waits for the reply, so a pass in
-// which nothing goes on does without. An event that came with such a reply waits in the connection's
-// memory, where nobody sees it: another look follows whatever has happened, and one from time to
-// time.
+// which nothing goes on does without. An event that came with such a reply waits in the
+// connection's memory, where nobody sees it: another look follows whatever has happened, and one
+// from time to time.
 void IdleRunLoop::handleEvents(std::uint64_t time) {
   constexpr std::uint64_t kLongest = 200;  // ms without a look
   const bool dataThere = isDataThere();

@@ -1,4 +1,5 @@
-// The toolkit's run loop, driven by the editors' idle passes: nobody runs an event loop for a plug-in.
+// The toolkit's run loop, driven by the editors' idle passes: nobody runs an event loop for a
+// plug-in.
 #pragma once
 
 #include <atomic>
@@ -10,8 +11,8 @@
 #include "lib/platform/platform_x11.h"
 #include "vstgui.h"
 
-// One for the library: the toolkit keeps the first one it is given. Any editor's idle may pump it. Handlers and timers
-// come and go while it pumps. User-interface thread.
+// One for the library: the toolkit keeps the first one it is given. Any editor's idle may pump it.
+// Handlers and timers come and go while it pumps. User-interface thread.
 class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
  public:
   using Actions = std::list<std::function<void()>>;

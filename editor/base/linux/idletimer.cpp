@@ -16,8 +16,8 @@ struct Listener {
   std::thread::id maker;
 };
 
-// Where the maker's thread has no loop of its own and another one runs the process's, the ticks come
-// on that one, and an editor is no business of its.
+// Where the maker's thread has no loop of its own and another one runs the process's, the ticks
+// come on that one, which has no business with an editor.
 gboolean tick(gpointer data) noexcept {
   const auto* listener = static_cast<const Listener*>(data);
   if (listener->editor == nullptr || std::this_thread::get_id() != listener->maker) return G_SOURCE_CONTINUE;
@@ -30,7 +30,7 @@ gboolean tick(gpointer data) noexcept {
 
 }  // namespace
 
-// The source lets go of its listener when it is destroyed, or after the tick that it is destroyed in.
+// The source ends its listener when it is destroyed, or after the tick in which it is.
 void* createTimer(AEffGUIEditor* editor, int intervalMs) {
   auto listener = std::make_unique<Listener>(Listener{editor, std::this_thread::get_id()});
   GSource* timer = g_timeout_source_new(static_cast<guint>(std::max(intervalMs, 1)));

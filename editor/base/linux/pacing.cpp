@@ -1,8 +1,9 @@
-// Ticks from the monotonic clock. There is no event loop of the host's that a plug-in could run here, so it just waits.
+// Ticks from the monotonic clock. There is no event loop of the host's that a plug-in could run
+// here, so it just waits.
+#include "editor/base/pacing.h"
+
 #include <chrono>
 #include <thread>
-
-#include "editor/base/pacing.h"
 
 std::uint32_t platformTickCount() {
   using Ticks = std::chrono::duration<std::uint64_t, std::ratio<1, 60>>;

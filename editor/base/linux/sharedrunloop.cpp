@@ -11,8 +11,9 @@ namespace {
 
 IdleRunLoop* runLoop = nullptr;  // one reference is ours
 
-// The toolkit uses its connection without a look at whether it came to be, so one of the same kind is tried first. The
-// server sees its end before it sees the next one's beginning: a last place is free again.
+// The toolkit uses its connection without a look at whether it came to be, so one of the same kind
+// is tried first. The server sees its end before it sees the next one's beginning: a last place is
+// free again.
 bool displayTakesOneMore() {
   xcb_connection_t* tried = xcb_connect(nullptr, nullptr);
   const bool taken = xcb_connection_has_error(tried) == 0;

@@ -1,9 +1,11 @@
 // Bitmaps for macOS, each with the picture that Retina screens show.
+#include "editor/base/bitmaps.h"
+
 #include <cstdio>
 
-#include "editor/base/bitmaps.h"
 #include "lib/platform/iplatformbitmap.h"
 #include "lib/platform/platformfactory.h"
+#include "vstgui.h"
 
 VSTGUI::SharedPointer<VSTGUI::CBitmap> loadBitmap(std::int32_t number) {
   auto bitmap = VSTGUI::makeOwned<VSTGUI::CBitmap>(VSTGUI::CResourceDescription(number));

@@ -15,8 +15,8 @@ CFBundleRef gBundleRef = nullptr;
 
 namespace {
 
-// Null where it is not in the list. The list may change while it is read, if another thread loads something: then a
-// name may be missed, never one of another image taken.
+// Null where it is not in the list. The list may change while it is read, if another thread loads
+// something: then a name may be missed, never one of another image taken.
 const char* ownImageName() {
   const void* own = &__dso_handle;
   const std::uint32_t count = _dyld_image_count();

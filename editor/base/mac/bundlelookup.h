@@ -5,8 +5,9 @@
 
 extern CFBundleRef gBundleRef;  // one reference for each InitMachOLibrary that found it; null: not found yet
 
-// Finds the bundle that this code was loaded from. Without it the reference stays as it was; where the system cannot
-// make a path or a bundle of it the reference becomes null. Each call is matched by one ExitMachOLibrary: bundle
-// objects of one path are shared and counted by the system. User-interface thread.
+// Finds the bundle that this code was loaded from. Without it the reference stays as it was; where
+// the system cannot make a path or a bundle of it the reference becomes null. Each call is matched
+// by one ExitMachOLibrary: bundle objects of one path are shared and counted by the system.
+// User-interface thread.
 void InitMachOLibrary();
 void ExitMachOLibrary();  // releases one reference and leaves the pointer

@@ -13,8 +13,8 @@ bool isText(const std::string& bytes) {
   return validText(bytes) == bytes;
 }
 
-// One panel. It is held by what runs it as well as by the dialog: the panel runs an event loop of its own, in which a
-// host may do anything, end the dialog's owner included.
+// One panel. It is held by what runs it as well as by the dialog: the panel runs an event loop of
+// its own, in which a host may do anything, end the dialog's owner included.
 struct Panel {
   FileDialogRequest request;
   FileDialog::State state = FileDialog::State::running;
@@ -64,7 +64,8 @@ struct FileDialog::System {
 FileDialog::FileDialog() = default;
 FileDialog::~FileDialog() = default;
 
-// The panel comes up from the run loop, when nothing of the toolkit's or the host's is on the stack any more.
+// The panel comes up from the run loop, when nothing of the toolkit's or the host's is on the stack
+// any more.
 void FileDialog::start(const FileDialogRequest& request) {
   system = std::make_unique<System>();
   system->panel->request = request;

@@ -8,7 +8,8 @@
 #include "editor/base/aeffguieditor.h"
 #include "platform/mac/manualreferences.h"
 
-// The timer's target, apart from its owner: a timer retains its target, and the owner has to be able to go before it.
+// The timer's target, apart from its owner: a timer retains its target, and the owner has to be
+// able to go before it.
 @interface Orv_Tlvn_TimerListener : NSObject {
   AEffGUIEditor* editor;  // not owned
 }

@@ -1,7 +1,7 @@
 // Ticks and waiting on macOS: the system's tick count, and the event loop of the host's thread.
-#include <Carbon/Carbon.h>
-
 #include "editor/base/pacing.h"
+
+#include <Carbon/Carbon.h>
 
 std::uint32_t platformTickCount() {
   return TickCount();

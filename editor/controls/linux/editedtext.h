@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-// Places are offsets in bytes and never lie inside a character of UTF-8. The caret is one end of the selection, the
-// anchor the other; where both are the same nothing is selected.
+// Places are offsets in bytes and never lie inside a character of UTF-8. The caret is one end of
+// the selection, the anchor the other; where both are the same nothing is selected.
 class EditedText {
  public:
   explicit EditedText(std::string valid);  // UTF-8; all of it is selected

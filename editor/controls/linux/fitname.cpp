@@ -12,12 +12,13 @@ FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, doub
     context->setFont(font);
     if (fits(name)) return {name, font};
   }
-  // The toolkit's createTruncatedText would end in two full stops, which a name may have of its own.
+  // The toolkit's createTruncatedText ends in two full stops, which a name may have of its own.
+  constexpr char kEllipsis[] = "\xE2\x80\xA6";
   VSTGUI::UTF8String cut;
   auto end = name.end();
   do {
     if (end != name.begin()) --end;
-    cut = VSTGUI::UTF8String(std::string(name.begin().base(), end.base()) + "\xE2\x80\xA6");  // ellipsis
+    cut = VSTGUI::UTF8String(std::string(name.begin().base(), end.base()) + kEllipsis);
   } while (end != name.begin() && !fits(cut));
   return {cut, VSTGUI::kNormalFontVerySmall};
 }

@@ -5,8 +5,8 @@
 #include "lib/platform/common/genericoptionmenu.h"
 #include "lib/platform/iplatformframe.h"
 
-// From taking to giving back, presses outside the window, in the host's own area, reach the frame too. Ends with the
-// window at the latest. frame: not null, open or not. User-interface thread.
+// From taking to giving back, presses outside the window, in the host's own area, reach the frame
+// too. Ends with the window at the latest. frame: not null, open or not. User-interface thread.
 inline void grabPointer(VSTGUI::CFrame* frame, bool take) {
   auto* grabber = dynamic_cast<VSTGUI::IGenericOptionMenuListener*>(frame->getPlatformFrame());
   if (grabber == nullptr) return;

@@ -1,4 +1,5 @@
-// The list of presets as a modal view inside the frame: the toolkit's own menu shows 12 rows of one column here.
+// The list of presets as a modal view inside the frame: the toolkit's own menu shows 12 rows of one
+// column here.
 #include <algorithm>
 #include <cmath>
 

@@ -5,8 +5,8 @@
 
 #include "vstgui.h"
 
-// Columns of `rows` entries each, filled downwards one after the other, in the middle of the window. All values are
-// whole pixels in the frame's coordinates.
+// Columns of `rows` entries each, filled downwards one after the other, in the middle of the
+// window. All values are whole pixels in the frame's coordinates.
 class PresetPopupLayout {
  public:
   // window: the frame's area. entries: 1 or more. rows: entries a column, 1 or more.

@@ -1,4 +1,5 @@
-// In-place text entry inside the toolkit's frame: a window of its own would need its own keyboard and focus.
+// In-place text entry inside the toolkit's frame: a window of its own would need its own keyboard
+// and focus.
 #include "editor/controls/textentry.h"
 
 #include "editor/controls/corvtextedit.h"

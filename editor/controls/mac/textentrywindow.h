@@ -6,8 +6,8 @@
 class COrvTextEdit;
 @class OrvMCMyTextField;
 
-// Borderless and transparent over the whole main screen, so that a click anywhere comes here. It ends once, by itself,
-// and tells its label; closing releases it. Main thread.
+// Borderless and transparent over the whole main screen, so that a click anywhere comes here. It
+// ends once, by itself, and tells its label; closing releases it. Main thread.
 @interface OrvMCSystemBoxWindow : NSWindow <NSTextFieldDelegate> {
   OrvMCMyTextField* textField;    // owned; nil once the entry has ended
   COrvTextEdit* vstPointer;       // not owned; null once the entry has ended
@@ -15,7 +15,8 @@ class COrvTextEdit;
 }
 - (void)setVstPointer:(COrvTextEdit*)control;
 - (void)setHandle:(OrvMCSystemBoxWindow**)pointer;  // becomes nil when the window ends
-// rect: the field in frame coordinates, from the top. topLeft: the frame's corner on the screen, from the bottom.
+// rect: the field in frame coordinates, from the top. topLeft: the frame's corner on the screen,
+// from the bottom.
 - (void)setUpTextFieldwithRect:(NSRect)rect andTopLeft:(NSPoint)topLeft;
 - (void)setUpFont;
 - (void)setUpWindow;

@@ -17,7 +17,8 @@ NSColor* cocoaColor(const VSTGUI::CColor& color) {
                                    alpha:color.alpha / 255.0];
 }
 
-// Never nil, which a field does not take: a name that was cut to its 24 bytes may end within a character.
+// Never nil, which a field does not take: a name that was cut to its 24 bytes may end within a
+// character.
 NSString* cocoaText(const VSTGUI::UTF8String& text) {
   return [NSString stringWithUTF8String:validText(text.getString()).c_str()];
 }
@@ -128,9 +129,9 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
   return NO;
 }
 
-// What all endings begin with. Null where it has ended already: closing can make the window resign once more, and the
-// label's listener may do anything. The system still uses the window, its field editor and the field in the callback
-// that ends them, so they stay until the pool goes.
+// What all endings begin with. Null where it has ended already: closing can make the window resign
+// once more, and the label's listener may do anything. The system still uses the window, its field
+// editor and the field in the callback that ends them, so they stay until the pool goes.
 - (COrvTextEdit*)takeVstPointer {
   COrvTextEdit* control = vstPointer;
   if (control == nullptr) return nullptr;
