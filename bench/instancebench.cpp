@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "effect/trelvan.h"
-#include "tests/effect/processhost.h"
+#include "tests/support/processhost.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "effect/trelvan.h"
-#include "tests/effect/processhost.h"
-#include "tests/effect/reference.h"
-#include "tests/effect/testsignals.h"
+#include "tests/support/processhost.h"
+#include "tests/support/reference.h"
+#include "tests/support/testsignals.h"
 
 namespace {
 

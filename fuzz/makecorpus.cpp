@@ -7,7 +7,7 @@
 #include "fuzz/imagelayout.h"
 #include "fuzz/records.h"
 #include "presetsystem/image/bytewriter.h"
-#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/imagebytes.h"
 
 namespace {
 

@@ -8,13 +8,10 @@
 #include "fuzz/records.h"
 #include "fuzz/require.h"
 #include "plugin/createeffectinstance.h"
+#include "tests/support/silenthost.h"
 
 namespace fuzz {
 namespace {
-
-VstIntPtr host(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
-  return opcode == audioMasterVersion ? kVstVersion : 0;
-}
 
 class Fixture {
  public:
@@ -24,7 +21,7 @@ class Fixture {
     folder = pattern;
     setenv("XDG_CONFIG_HOME", pattern.c_str(), 1);
     unsetenv("DISPLAY");
-    record = createEffectRecord(host);
+    record = createEffectRecord(silentHost);
     require(record != nullptr, "the effect can be made");
   }
   ~Fixture() {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/platform/temporaryfolder.h"
+#include "tests/support/temporaryfolder.h"
 
 namespace {
 

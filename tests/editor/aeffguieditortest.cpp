@@ -9,7 +9,7 @@
 
 #include "editor/base/pacing.h"
 #include "effect/trelvan.h"
-#include "tests/plugin/recordinghost.h"
+#include "tests/support/recordinghost.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include "tests/platform/fakedesktop.h"
+#include "tests/support/fakedesktop.h"
 
 namespace {
 

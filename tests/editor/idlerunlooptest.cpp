@@ -6,7 +6,7 @@
 #include <new>
 #include <vector>
 
-#include "tests/plugin/failingmemory.h"
+#include "tests/support/failingmemory.h"
 #include "vstgui.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "effect/trelvan.h"
-#include "tests/effect/recordingeditor.h"
-#include "tests/plugin/recordinghost.h"
+#include "tests/support/recordingeditor.h"
+#include "tests/support/recordinghost.h"
 
 namespace {
 

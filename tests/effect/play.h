@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "effect/trelvan.h"
-#include "tests/effect/processhost.h"
-#include "tests/effect/testsignals.h"
+#include "tests/support/processhost.h"
+#include "tests/support/testsignals.h"
 
 inline void processBlock(Trelvan& plugin, float** in, float** out, int frames) {
   plugin.processReplacing(in, out, frames);

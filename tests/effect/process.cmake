@@ -1,7 +1,5 @@
 # Tests of the signal processing: against the reference, of its properties, and of the rules of the audio thread.
-add_library(trelvan_reference STATIC reference.cpp)
-target_link_libraries(trelvan_reference PUBLIC trelvan_options)
-target_compile_options(trelvan_reference PRIVATE -O3)  # benchmarks compare with it
+include(${PROJECT_SOURCE_DIR}/tests/support/reference.cmake)
 
 trelvan_add_test(processtest effect
   SOURCES processtest.cpp processchannelstest.cpp processautomationtest.cpp

@@ -3,7 +3,7 @@
 
 #include "tests/effect/play.h"
 #include "tests/effect/processpair.h"
-#include "tests/platform/guardedmemory.h"
+#include "tests/support/guardedmemory.h"
 
 namespace {
 

@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "effect/trelvan.h"
-#include "tests/effect/processhost.h"
-#include "tests/effect/reference.h"
-#include "tests/effect/testsignals.h"
+#include "tests/support/processhost.h"
+#include "tests/support/reference.h"
+#include "tests/support/testsignals.h"
 
 template <typename Sample>
 using BitsOf = std::conditional_t<sizeof(Sample) == 4, std::uint32_t, std::uint64_t>;

@@ -7,8 +7,8 @@
 #include <cstring>
 #include <string>
 
-#include "tests/effect/recordingeditor.h"
-#include "tests/plugin/recordinghost.h"
+#include "tests/support/recordingeditor.h"
+#include "tests/support/recordinghost.h"
 
 namespace {
 

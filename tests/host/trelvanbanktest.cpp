@@ -10,7 +10,7 @@
 
 #include "host/failure.h"
 #include "plugin/vst24.h"
-#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/imagebytes.h"
 #include "tests/support/imageblocks.h"
 
 namespace {

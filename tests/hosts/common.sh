@@ -86,7 +86,7 @@ unset DISPLAY
 
 # A copy of the bundle in a folder of its own, as a user would put it there. The binary is back-dated: Ardour takes a
 # scan made in the same second for outdated.
-needs python3 gcc
+needs python3 g++
 [ -d "$build/Trelvan.vst/Contents" ] || give_up "$build holds no Trelvan.vst: build it first"
 cp -r "$build/Trelvan.vst" "$work/vst/"
 module=$(find "$work/vst" -name Trelvan.so | head -n 1)
@@ -96,8 +96,9 @@ export VST_PATH="$work/vst" LXVST_PATH="$work/vst"
 
 sound() { python3 "$tests/sound.py" "$@"; }
 
-gcc -std=c11 -O2 -ffp-contract=off -o "$work/reference" "$tests/reference.c" -lm || give_up "reference.c does not build"
-# reference_render IN OUT RATE BEFORE AFTER: what the rule makes of a stereo file; see reference.c.
+g++ -std=c++20 -O2 -ffp-contract=off -I "$tests/../.." -o "$work/reference" \
+  "$tests/reference.cpp" "$tests/../support/reference.cpp" || give_up "reference.cpp does not build"
+# reference_render IN OUT RATE BEFORE AFTER: what the rule makes of a stereo file; see reference.cpp.
 reference_render() {
   sound raw "$1" | "$work/reference" "$3" "$4" "$5" | sound wav "$3" "$2"
 }

@@ -8,7 +8,7 @@ packages=(
   jackd2                                  # a sound server without a sound card
   xvfb openbox xdotool wmctrl x11-utils   # a screen without a display, windows to look at and to click
   imagemagick                             # pictures of that screen
-  python3 gcc libc6-dev                   # the tests' own arithmetic
+  python3 g++                             # the tests' own arithmetic
 )
 
 exec "$(dirname "$0")/../../tools/packages.sh" "${packages[@]}"

@@ -4,7 +4,7 @@
 #include <random>
 
 #include "tests/module/instance.h"
-#include "tests/platform/guardedmemory.h"
+#include "tests/support/guardedmemory.h"
 
 namespace {
 

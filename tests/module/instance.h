@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "plugin/vst24.h"
-#include "tests/plugin/recordinghost.h"
-#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/imagebytes.h"
+#include "tests/support/recordinghost.h"
 
 // Holds the module in the process while it lives.
 class LoadedModule {

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "tests/module/instance.h"
+#include "tests/support/silenthost.h"
 
 namespace {
 
@@ -53,10 +54,6 @@ TEST_F(Loading, AsksNothingThatHostsAnswerWithNullOrZeroWhileItIsMade) {
 }
 
 // Scanners make two, ask the second one its category and leave it.
-VstIntPtr silentHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
-  return opcode == audioMasterVersion ? kVstVersion : 0;
-}
-
 AEffect* leftOver = nullptr;  // reachable until the process ends, as a host's own record of it would be
 
 void useModuleOnce() {

@@ -12,8 +12,8 @@
 #include <chrono>
 #include <thread>
 
-#include "tests/platform/temporaryfolder.h"
-#include "tests/plugin/failingmemory.h"
+#include "tests/support/temporaryfolder.h"
+#include "tests/support/failingmemory.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 # Tests of what only Linux has: preferences, dialogs, alert, manual and module path.
-trelvan_add_test(preferencestoretest platform SOURCES preferencestoretest.cpp preferencesharingtest.cpp tsansuppressions.cpp LIBRARIES trelvan)
+trelvan_add_test(preferencestoretest platform SOURCES preferencestoretest.cpp preferencesharingtest.cpp ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp LIBRARIES trelvan)
 trelvan_add_test(dialogtest platform
   SOURCES childprogramtest.cpp ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp manualopenertest.cpp
-    ${PROJECT_SOURCE_DIR}/tests/plugin/failingmemory.cpp
+    ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 
 add_library(modulepathprobe MODULE ${CMAKE_CURRENT_LIST_DIR}/modulepathprobe.cpp

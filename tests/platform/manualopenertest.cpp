@@ -7,7 +7,7 @@
 #include <signal.h>
 
 #include "platform/modulepath.h"
-#include "tests/platform/fakedesktop.h"
+#include "tests/support/fakedesktop.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <random>
 #include <thread>
 
-#include "tests/platform/preferencestoretest.h"
+#include "tests/support/preferencestoretest.h"
 
 namespace {
 

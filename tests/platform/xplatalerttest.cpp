@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/xplatalert.h"
-#include "tests/platform/fakedesktop.h"
+#include "tests/support/fakedesktop.h"
 
 namespace {
 

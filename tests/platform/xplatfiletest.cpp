@@ -9,7 +9,7 @@
 #include <iterator>
 #include <string>
 
-#include "tests/platform/temporaryfolder.h"
+#include "tests/support/temporaryfolder.h"
 
 namespace {
 

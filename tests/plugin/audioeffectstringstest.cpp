@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-#include "tests/plugin/mockeffect.h"
+#include "tests/support/mockeffect.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-#include "tests/plugin/mockeffect.h"
-#include "tests/plugin/recordinghost.h"
+#include "tests/support/mockeffect.h"
+#include "tests/support/recordinghost.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "plugin/vstkeycode.h"
-#include "tests/plugin/recordinghost.h"
+#include "tests/support/recordinghost.h"
 
 namespace {
 

@@ -6,14 +6,11 @@
 #include <memory>
 
 #include "plugin/audioeffect.h"
-#include "tests/plugin/failingmemory.h"
-#include "tests/plugin/recordinghost.h"
+#include "tests/support/failingmemory.h"
+#include "tests/support/recordinghost.h"
+#include "tests/support/silenthost.h"
 
 namespace {
-
-VstIntPtr silentHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
-  return opcode == audioMasterVersion ? kVstVersion : 0;
-}
 
 void close(AEffect* effect) {
   effect->dispatcher(effect, effClose, 0, 0, nullptr, 0.0F);

@@ -7,16 +7,13 @@
 #include <functional>
 
 #include "plugin/createeffectinstance.h"
-#include "tests/plugin/failingmemory.h"
-#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/failingmemory.h"
+#include "tests/support/imagebytes.h"
+#include "tests/support/silenthost.h"
 
 namespace {
 
 using imagebytes::Bytes;
-
-VstIntPtr silentHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
-  return opcode == audioMasterVersion ? kVstVersion : 0;
-}
 
 class OutOfMemory : public testing::Test {
  protected:

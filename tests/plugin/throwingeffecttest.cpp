@@ -5,7 +5,7 @@
 #include <new>
 #include <stdexcept>
 
-#include "tests/plugin/mockeffect.h"
+#include "tests/support/mockeffect.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <array>
 #include <cstring>
 
-#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/imagebytes.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/imagebytes.h"
 
 namespace {
 

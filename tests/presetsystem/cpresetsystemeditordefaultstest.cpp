@@ -4,8 +4,9 @@
 
 #include <thread>
 
-#include "tests/platform/preferencestoretest.h"
+#include "tests/support/preferencestoretest.h"
 #include "tests/presetsystem/filesfixture.h"
+#include "tests/support/preferencestoretest.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ class Defaults : public Files {
     presetimage::Bank bank;
     const TemporaryFolder empty;
     const ScopedVariable config("XDG_CONFIG_HOME", empty.path);
-    const Trelvan fresh(quietHost);
+    const Trelvan fresh(silentHost);
     bank = const_cast<Trelvan&>(fresh).bank();
     return bank;
   }
@@ -235,7 +236,7 @@ TEST_F(Defaults, AnInstanceThatLearnsNothingWritesNothing) {
   EXPECT_FALSE(std::filesystem::exists(home / "orv"));
   store("MemoAPreset", imagebytes::presetImage(kPad));
   FolderWatch watch(home / "orv", IN_OPEN | IN_MOVED_TO | IN_CREATE);
-  const auto fresh = std::make_unique<Trelvan>(quietHost);
+  const auto fresh = std::make_unique<Trelvan>(silentHost);
   EXPECT_EQ(watch.count("trelvan.conf"), 1);  // read once, for two images and three names
 }
 
@@ -248,7 +249,7 @@ TEST_F(Defaults, MakingAnInstanceReadsOnceAndEndingItWritesAtMostOnce) {
 
   FolderWatch opened(home / "orv", IN_OPEN);
   FolderWatch changed(home / "orv", IN_MOVED_TO | IN_CREATE | IN_DELETE | IN_MODIFY);
-  auto fresh = std::make_unique<Trelvan>(quietHost);
+  auto fresh = std::make_unique<Trelvan>(silentHost);
   EXPECT_EQ(opened.count(""), 1);
   fresh.reset();
   EXPECT_EQ(opened.count(""), 0);
@@ -302,7 +303,7 @@ TEST_F(Defaults, InstancesMayBeMadeAndEndedOnManyThreadsAtOnce) {
   for (int thread = 0; thread < 4; ++thread) {
     threads.emplace_back([&] {
       for (int round = 0; round < 10; ++round) {
-        Trelvan effect(quietHost);
+        Trelvan effect(silentHost);
         EXPECT_TRUE(sameBank(effect.bank(), expected));
         auto* presetBar = static_cast<CPresetSystemEditor*>(effect.getEditor());
         presetBar->storeA();

@@ -8,8 +8,8 @@
 #include "editor/controls/cpskickbutton.h"
 #include "editor/controls/cpsrockerswitch.h"
 #include "editor/controls/csaveloadbutton.h"
-#include "tests/plugin/recordinghost.h"
 #include "tests/presetsystem/filesfixture.h"
+#include "tests/support/recordinghost.h"
 
 namespace {
 

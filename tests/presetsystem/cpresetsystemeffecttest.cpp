@@ -7,9 +7,9 @@
 #include <limits>
 
 #include "effect/trelvan.h"
-#include "tests/effect/recordingeditor.h"
-#include "tests/plugin/recordinghost.h"
-#include "tests/presetsystem/records.h"
+#include "tests/support/recordingeditor.h"
+#include "tests/support/recordinghost.h"
+#include "tests/support/records.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 trelvan_add_test(fileoperationstest presetsystem
   SOURCES cpresetsystemeditorfilestest.cpp cpresetsystemeditorfilesdialogtest.cpp cpresetsystemeditordefaultstest.cpp
     cpresetsystemeditormanualtest.cpp
-    ${PROJECT_SOURCE_DIR}/tests/platform/tsansuppressions.cpp
+    ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
   LIBRARIES trelvan)
 
 # The preset bar in a frame without a display.
 trelvan_add_test(presetbartest presetsystem
-  SOURCES cpresetsystemeditordispatchtest.cpp ${PROJECT_SOURCE_DIR}/tests/platform/tsansuppressions.cpp
+  SOURCES cpresetsystemeditordispatchtest.cpp ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
   LIBRARIES trelvan)

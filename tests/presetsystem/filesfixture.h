@@ -12,9 +12,10 @@
 #include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
 #include "platform/preferencestore.h"
-#include "tests/platform/fakedesktop.h"
-#include "tests/presetsystem/imagebytes.h"
-#include "tests/presetsystem/records.h"
+#include "tests/support/fakedesktop.h"
+#include "tests/support/imagebytes.h"
+#include "tests/support/records.h"
+#include "tests/support/silenthost.h"
 #include "vstgui.h"
 
 // An editor whose window is a frame without a display.
@@ -47,11 +48,6 @@ class FilesEditor : public ADEditor {
   std::unique_ptr<ToolkitLibrary> toolkit;
 };
 
-// Answers the version and nothing else; any thread.
-inline VstIntPtr quietHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
-  return opcode == audioMasterVersion ? kVstVersion : 0;
-}
-
 // An effect with such an editor, window open.
 struct FilesInstance {
   FilesInstance() {
@@ -64,7 +60,7 @@ struct FilesInstance {
 
   ACombProgram& preset(long n) { return effect.preset(n); }
 
-  Trelvan effect{quietHost};
+  Trelvan effect{silentHost};
   FilesEditor* editor;  // the effect's
 };
 

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "presetsystem/image/presetimage.h"
-#include "tests/presetsystem/records.h"
+#include "tests/support/records.h"
 
 namespace {
 

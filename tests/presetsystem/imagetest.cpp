@@ -6,7 +6,7 @@
 #include <array>
 #include <limits>
 
-#include "tests/presetsystem/records.h"
+#include "tests/support/records.h"
 
 namespace {
 

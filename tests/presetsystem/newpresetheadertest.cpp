@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "presetsystem/image/bytewriter.h"
-#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/imagebytes.h"
 
 namespace {
 

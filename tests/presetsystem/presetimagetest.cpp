@@ -8,7 +8,7 @@
 #include <random>
 
 #include "presetsystem/image/image.h"
-#include "tests/presetsystem/records.h"
+#include "tests/support/records.h"
 
 namespace {
 

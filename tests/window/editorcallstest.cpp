@@ -9,7 +9,7 @@
 #include "editor/controls/cvumeter1.h"
 #include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
-#include "tests/plugin/recordinghost.h"
+#include "tests/support/recordinghost.h"
 #include "vstgui.h"
 #include "windowtest.h"
 

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "processstate.h"
+#include "tests/support/silenthost.h"
 #include "windowtest.h"
 
 // The leak detector's, where there is one.
@@ -115,17 +116,13 @@ TEST_F(Exit, AfterEverythingHasBeenClosedIsSafe) {
 
 namespace {
 
-VstIntPtr plainHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
-  return opcode == audioMasterVersion ? kVstVersion : 0;
-}
-
 void* loadModule() {
   return dlopen(std::getenv("TRELVAN_MODULE"), RTLD_NOW | RTLD_LOCAL);
 }
 
 AEffect* makeFrom(void* module) {
   using Entry = AEffect* (*)(audioMasterCallback);
-  return reinterpret_cast<Entry>(dlsym(module, "VSTPluginMain"))(plainHost);
+  return reinterpret_cast<Entry>(dlsym(module, "VSTPluginMain"))(silentHost);
 }
 
 VstIntPtr dispatch(AEffect* effect, VstInt32 opcode, void* ptr = nullptr) {

@@ -6,8 +6,9 @@
 #include <functional>
 
 #include "plugin/createeffectinstance.h"
-#include "tests/plugin/failingmemory.h"
-#include "tests/presetsystem/imagebytes.h"
+#include "tests/support/failingmemory.h"
+#include "tests/support/imagebytes.h"
+#include "tests/support/silenthost.h"
 #include "windowtest.h"
 
 namespace {
@@ -25,10 +26,6 @@ constexpr long kStep = 1;
 
 // How a call ends in which one allocation fails.
 enum class End { refused, done, byTheToolkit, wrong };
-
-VstIntPtr silentHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
-  return opcode == audioMasterVersion ? kVstVersion : 0;
-}
 
 // One instance in a process of its own, and a window for it.
 class Host {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "places.h"
-#include "tests/platform/temporaryfolder.h"
+#include "tests/support/temporaryfolder.h"
 #include "windowhost.h"
 
 // A script in PATH: writes down its arguments, waits for the test's answer, prints it and ends with its status.

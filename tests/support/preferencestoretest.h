@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/preferencestore.h"
-#include "tests/platform/temporaryfolder.h"
-
+<#include "platform/preferencestore.h"
+#include "tests/support/temporaryfolder.h"
+=
 class Preferences : public testing::Test {
  protected:
   static constexpr char kId[] = "com.maker.product";

@@ -1,5 +1,5 @@
 // The transcription: every line is one step of the rules, in their order.
-#include "tests/effect/reference.h"
+#include "tests/support/reference.h"
 
 #include <cmath>
 

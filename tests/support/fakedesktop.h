@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/platform/temporaryfolder.h"
+#include "tests/support/temporaryfolder.h"
 
 class FakeDesktop {
  public:

@@ -1,5 +1,5 @@
 // Operator new and delete in front of malloc and free, with a count of the allocations that may still succeed.
-#include "tests/plugin/failingmemory.h"
+#include "tests/support/failingmemory.h"
 
 #include <cstdlib>
 #include <new>

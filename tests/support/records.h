@@ -7,8 +7,8 @@
 #include <string>
 
 #include "presetsystem/image/presetimage.h"
-#include "tests/presetsystem/imagebytes.h"
 #include "tests/support/imageblocks.h"
+#include "tests/support/imagebytes.h"
 
 // All 24 bytes of the name, as they stand.
 inline std::string nameBytes(const ACombProgram& preset) {

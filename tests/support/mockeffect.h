@@ -6,7 +6,7 @@
 
 #include "plugin/aeffeditor.h"
 #include "plugin/audioeffect.h"
-#include "tests/plugin/recordinghost.h"
+#include "tests/support/recordinghost.h"
 
 class MockEffect : public AudioEffect {
  public:
