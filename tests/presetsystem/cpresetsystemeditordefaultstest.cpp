@@ -4,7 +4,6 @@
 
 #include <thread>
 
-#include "tests/support/preferencestoretest.h"
 #include "tests/presetsystem/filesfixture.h"
 #include "tests/support/preferencestoretest.h"
 

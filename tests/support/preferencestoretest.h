@@ -3,16 +3,15 @@
 
 #include <gtest/gtest.h>
 #include <sys/inotify.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
-<#include "platform/preferencestore.h"
+#include "platform/preferencestore.h"
+#include "tests/support/ownprocess.h"
 #include "tests/support/temporaryfolder.h"
-=
+
 class Preferences : public testing::Test {
  protected:
   static constexpr char kId[] = "com.maker.product";
@@ -69,18 +68,3 @@ class FolderWatch {
   int queue;
   std::uint32_t counted = 0;
 };
-
-// Runs the work in a process of its own; returns its number.
-inline pid_t inProcess(const std::function<void()>& work) {
-  const pid_t process = fork();
-  if (process == 0) {
-    work();
-    _exit(testing::Test::HasFailure() ? 1 : 0);
-  }
-  return process;
-}
-
-inline bool succeeded(pid_t process) {
-  int status = 0;
-  return waitpid(process, &status, 0) == process && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}

@@ -1,116 +1,42 @@
 // The window where memory runs out in the middle of a call.
-#include <sys/wait.h>
-#include <unistd.h>
+#include <gtest/gtest.h>
 
-#include <exception>
-#include <functional>
-
-#include "plugin/createeffectinstance.h"
-#include "tests/support/failingmemory.h"
-#include "tests/support/imagebytes.h"
-#include "tests/support/silenthost.h"
-#include "windowtest.h"
+#include "scarcehost.h"
+#include "tests/support/eachfailure.h"
+#include "tests/support/ownprocess.h"
 
 namespace {
 
 using imagebytes::Bytes;
 
-constexpr Area kWindow{20, 40, 340, 320};  // of the host's on the screen
-
-// Of the allocations every one fails once, or of so many one: with the sanitizers a window takes long.
-#ifdef TRELVAN_SANITIZED
-constexpr long kStep = 17;
-#else
-constexpr long kStep = 1;
-#endif
-
-// How a call ends in which one allocation fails.
-enum class End { refused, done, byTheToolkit, wrong };
-
-// One instance in a process of its own, and a window for it.
-class Host {
- public:
-  VstIntPtr send(VstInt32 opcode, VstIntPtr value = 0, void* ptr = nullptr) {
-    return effect->dispatcher(effect, opcode, 0, value, ptr, 0.0F);
-  }
-  bool open() { return send(effEditOpen, 0, reinterpret_cast<void*>(std::uintptr_t{window})) == 1; }
-  bool isEmpty() { return display.childrenOf(window) == 0; }
-  bool becomesEmpty() {
-    for (int tries = 0; tries < 1000 && !isEmpty(); ++tries) usleep(1000);
-    return isEmpty();
-  }
-  bool close() {
-    send(effEditClose);
-    return becomesEmpty();
-  }
-  Bytes chunk() {
-    void* data = nullptr;
-    const VstIntPtr size = send(effGetChunk, 0, &data);
-    const auto* bytes = static_cast<const unsigned char*>(data);
-    return {bytes, bytes + size};
-  }
-  void click() {
-    display.moveTo(kWindow.left + places::kPhaseSwitch.centreX(), kWindow.top + places::kPhaseSwitch.centreY());
-    display.press(1);
-    display.release(1);
-  }
-  // A click reaches the switch.
-  bool isAlive() {
-    const float before = effect->getParameter(effect, 4);
-    for (int pass = 0; pass < 100 && effect->getParameter(effect, 4) == before; ++pass) {
-      if (pass % 3 == 2) click();
-      send(effEditIdle);
-      usleep(2000);
-    }
-    return effect->getParameter(effect, 4) != before;
-  }
-
- private:
-  TestDisplay display;
-  xcb_window_t window = display.makeWindow(kWindow);
-  AEffect* effect = createEffectRecord(silentHost);
-};
-
-// Runs the scenario in a process of its own. The toolkit's factory is noexcept, so an allocation that fails inside it
-// ends the process: that is its own.
-End endOf(const std::function<End()>& scenario) {
-  const pid_t child = fork();
-  if (child == 0) {
-    std::set_terminate([] { _exit(static_cast<int>(End::byTheToolkit)); });
-    _exit(static_cast<int>(scenario()));
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? static_cast<End>(WEXITSTATUS(status)) : End::wrong;
-}
-
-// Again and again, each time with another allocation that fails, until none does. Returns how often the plug-in
-// refused.
 int failEach(const std::function<End(long succeeding)>& scenario) {
-  int refused = 0;
-  for (long succeeding = 0;; succeeding += kStep) {
-    const End end = endOf([&] { return scenario(succeeding); });
-    EXPECT_NE(end, End::wrong) << "after " << succeeding << " allocations";
-    if (end == End::wrong || end == End::done) return refused;
-    if (end == End::refused) ++refused;
-  }
+  return failEachOwnProcess(scenario, kStep);
 }
 
 }  // namespace
 
 TEST(WindowOutOfMemory, TheWindowOpensLaterWhicheverAllocationFails) {
-  for (const auto fails : {FailingMemory::Fails::one, FailingMemory::Fails::allFromThere}) {
+  for (const auto fails : kBothWaysToFail) {
     const int refused = failEach([fails](long succeeding) {
-      Host host;
-      bool opened = false;
-      {
-        const FailingMemory memory(succeeding, fails);
-        opened = host.open();
+      ScarceHost host;
+      const Bytes before = host.chunk();
+      bool failed = false;
+      for (int time = 0; time < 2; ++time) {
+        bool opened = false;
+        {
+          const FailingMemory memory(succeeding, fails);
+          opened = host.open();
+          failed = failed || memory.hasFailed();
+        }
+        if (opened && !host.close()) return wrong("it does not close");
+        if (!host.becomesEmpty()) return wrong("something is left of a window that did not open");
       }
-      if (opened ? !host.close() : !host.isEmpty()) return End::wrong;
-      if (!host.open() || !host.isAlive() || !host.close()) return End::wrong;
+      if (host.chunk() != before) return wrong("opening changed the state");
+      if (!host.open()) return wrong("it does not open later");
+      if (!host.isAlive()) return wrong("it is dead");
+      if (!host.close()) return wrong("it does not close");
       host.send(effClose);
-      return opened ? End::done : End::refused;
+      return failed ? End::refused : End::done;
     });
     EXPECT_GT(refused * kStep, 100) << "each of its controls takes some";
   }
@@ -120,7 +46,7 @@ TEST(WindowOutOfMemory, TheWindowOpensLaterWhicheverAllocationFails) {
 TEST(WindowOutOfMemory, TheWindowClosesWithoutAny) {
   for (const VstInt32 opcode : {effEditClose, effClose}) {
     const End end = endOf([opcode] {
-      Host host;
+      ScarceHost host;
       if (!host.open() || !host.isAlive()) return End::wrong;
       {
         const FailingMemory memory(0, FailingMemory::Fails::allFromThere);
@@ -134,44 +60,111 @@ TEST(WindowOutOfMemory, TheWindowClosesWithoutAny) {
 
 // A pass that broke off leaves nothing that keeps the window from its end.
 TEST(WindowOutOfMemory, TheWindowClosesAfterAPassWithoutMemory) {
-  failEach([](long succeeding) {
-    Host host;
-    if (!host.open() || !host.isAlive()) return End::wrong;
-    host.click();
-    bool failed = false;
-    {
-      const FailingMemory memory(succeeding);
-      host.send(effEditIdle);
-      failed = memory.hasFailed();
-    }
-    if (!host.close() || !host.open() || !host.isAlive() || !host.close()) return End::wrong;
-    host.send(effClose);
-    return failed ? End::refused : End::done;
-  });
+  for (const auto fails : kBothWaysToFail) {
+    failEach([fails](long succeeding) {
+      ScarceHost host;
+      if (!host.open() || !host.isAlive()) return End::wrong;
+      bool failed = false;
+      for (int time = 0; time < 2; ++time) {
+        host.click();
+        const FailingMemory memory(succeeding, fails);
+        const VstIntPtr answer = host.send(effEditIdle);
+        failed = failed || memory.hasFailed();
+        if (answer != 0) return End::wrong;
+      }
+      if (!host.close() || !host.open() || !host.isAlive() || !host.close()) return End::wrong;
+      host.send(effClose);
+      return failed ? End::refused : End::done;
+    });
+  }
 }
 
 // With a window more than the bank changes, and what has been taken stays taken. The one answer of "taken" that takes
 // nothing is the rule's own: the copy of the bank that is read into cannot be made.
 TEST(WindowOutOfMemory, AChunkIsTakenWholeOrNotAtAll) {
-  const int refused = failEach([](long succeeding) {
-    Host host;
-    const Bytes before = host.chunk();
-    Bytes given = imagebytes::chunk(imagebytes::distinctBank(), 9);
+  for (const auto fails : kBothWaysToFail) {
+    const int failures = failEach([fails](long succeeding) {
+      ScarceHost host;
+      const Bytes before = host.chunk();
+      Bytes given = imagebytes::chunk(imagebytes::distinctBank(), 9);
+      if (!host.open()) return End::wrong;
+      bool everFailed = false;
+      for (int time = 0; time < 2; ++time) {
+        const Bytes old = host.chunk();
+        VstIntPtr answer = 0;
+        bool failed = false;
+        {
+          const FailingMemory memory(succeeding, fails);
+          answer = host.send(effSetChunk, static_cast<VstIntPtr>(given.size()), given.data());
+          failed = memory.hasFailed();
+        }
+        everFailed = everFailed || failed;
+        const Bytes now = host.chunk();
+        const bool refusedIt = answer == -1 && now == old;
+        const bool tookIt = answer == 0 && (now == given || (failed && now == old));
+        if ((!refusedIt && !tookIt) || (now != given && now != before)) return End::wrong;
+      }
+      if (host.send(effSetChunk, static_cast<VstIntPtr>(given.size()), given.data()) != 0 || host.chunk() != given) {
+        return End::wrong;
+      }
+      if (!host.isAlive() || !host.close()) return End::wrong;
+      host.send(effClose);
+      return everFailed ? End::refused : End::done;
+    });
+    EXPECT_GT(failures, 0);
+  }
+}
+
+// Keys, names and questions while the window is open.
+TEST(WindowOutOfMemory, EveryOtherCallLeavesTheWindowAlive) {
+  struct Call {
+    VstInt32 opcode;
+    VstInt32 index;
+    VstIntPtr value;
+  };
+  constexpr VstIntPtr kReturn = 4;  // the interface's virtual key
+  const Call calls[] = {{effSetProgramName, 0, 0},  {effSetProgram, 0, 0},      {effEditGetRect, 0, 0},
+                        {effEditKeyDown, 'a', 0},   {effEditKeyUp, 'a', 0},     {effEditKeyDown, 0, kReturn},
+                        {effEditKeyUp, 0, kReturn}, {effSetEditKnobMode, 0, 1}, {effGetChunk, 0, 0}};
+  for (const auto fails : kBothWaysToFail) {
+    for (const Call& call : calls) {
+      SCOPED_TRACE(testing::Message() << "opcode " << call.opcode << ", value " << call.value);
+      failEach([&call, fails](long succeeding) {
+        ScarceHost host;
+        if (!host.open()) return End::wrong;
+        char name[] = "a name of three words";
+        void* reply = nullptr;
+        void* ptr = call.opcode == effSetProgramName ? static_cast<void*>(name) : &reply;
+        bool failed = false;
+        for (int time = 0; time < 2; ++time) {
+          const FailingMemory memory(succeeding, fails);
+          const VstIntPtr answer = host.send(call.opcode, call.value, ptr, call.index);
+          failed = failed || memory.hasFailed();
+          if (memory.hasFailed() && answer != 0) return End::wrong;
+        }
+        if (!host.isAlive() || !host.close()) return End::wrong;
+        host.send(effClose);
+        return failed ? End::refused : End::done;
+      });
+    }
+  }
+}
+
+// Hosts set parameters from any thread while the window shows them.
+TEST(WindowOutOfMemory, ParametersTakeNone) {
+  const End end = endOf([] {
+    ScarceHost host;
     if (!host.open()) return End::wrong;
-    VstIntPtr answer = 0;
     bool failed = false;
     {
-      const FailingMemory memory(succeeding);
-      answer = host.send(effSetChunk, static_cast<VstIntPtr>(given.size()), given.data());
+      const FailingMemory memory(0, FailingMemory::Fails::allFromThere);
+      for (VstInt32 index = 0; index < 7; ++index) {
+        host.setParameter(index, 0.75F);
+        if (index != 5 && host.parameter(index) != 0.75F) return End::wrong;
+      }
       failed = memory.hasFailed();
     }
-    const Bytes now = host.chunk();
-    const bool refusedIt = answer == -1 && now == before;
-    const bool tookIt = answer == 0 && (now == given || (failed && now == before));
-    if (!refusedIt && !tookIt) return End::wrong;
-    if (!host.isAlive() || !host.close()) return End::wrong;
-    host.send(effClose);
-    return failed ? End::refused : End::done;
+    return !failed && host.isAlive() && host.close() ? End::done : End::wrong;
   });
-  EXPECT_GT(refused, 0);
+  EXPECT_EQ(end, End::done);
 }
