@@ -92,9 +92,11 @@ void StoredPresets::recallPlaces() {
   recallPlaces(PreferenceStore(kApplicationId));
 }
 
+// All three or none: an instance whose making breaks off in between would store the ones that it lacks as empty.
 void StoredPresets::recallPlaces(const PreferenceStore& preferences) {
-  preferences.getString(kDirectoryKey, places.currentDirectory, kLongestText);
-  preferences.getString(kBankNameKey, places.bankFileName, kLongestText);
-  preferences.getString(kPresetNameKey, places.presetFileName, kLongestText);
-  storedPlaces = places;
+  FilePlaces recalled = places;
+  preferences.getString(kDirectoryKey, recalled.currentDirectory, kLongestText);
+  preferences.getString(kBankNameKey, recalled.bankFileName, kLongestText);
+  preferences.getString(kPresetNameKey, recalled.presetFileName, kLongestText);
+  places = storedPlaces = recalled;
 }
