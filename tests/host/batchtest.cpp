@@ -1,5 +1,5 @@
 // Converts all files of a run, several at a time if asked.
-#include "host/batch.h"
+#include "host/cli/batch.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

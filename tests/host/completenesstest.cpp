@@ -1,5 +1,5 @@
 // Whether a sound file is whole: damage is noticed, and whole files are taken.
-#include "host/completeness.h"
+#include "host/sound/completeness.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,8 +9,8 @@
 #include <optional>
 #include <utility>
 
-#include "host/failure.h"
-#include "host/soundreader.h"
+#include "host/base/failure.h"
+#include "host/sound/soundreader.h"
 #include "tests/host/sounds.h"
 #include "tests/host/tempfolder.h"
 

@@ -1,5 +1,5 @@
 // What the person sees: progress on a terminal for long files, and none elsewhere.
-#include "host/console.h"
+#include "host/cli/console.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 // Takes one sound file through an effect: the built program's results against calculations of the test's own.
-#include "host/conversion.h"
+#include "host/cli/conversion.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

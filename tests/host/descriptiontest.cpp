@@ -1,12 +1,12 @@
 // What an effect says of itself.
-#include "host/description.h"
+#include "host/cli/description.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-#include "host/pluginpath.h"
+#include "host/vst/pluginpath.h"
 #include "tests/host/tempfolder.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // The checks that an effect's record must pass.
-#include "host/effectrecord.h"
+#include "host/vst/effectrecord.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 #include <functional>
 #include <limits>
 
-#include "host/failure.h"
+#include "host/base/failure.h"
 
 namespace {
 

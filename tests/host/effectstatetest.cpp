@@ -1,15 +1,15 @@
 // Puts an effect into the state that the command line asks for: with Trelvan, and with an effect that keeps programs.
-#include "host/effectstate.h"
+#include "host/state/effectstate.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-#include "host/failure.h"
-#include "host/pluginpath.h"
-#include "host/trelvanbank.h"
-#include "host/wholefile.h"
+#include "host/base/failure.h"
+#include "host/base/wholefile.h"
+#include "host/state/trelvanbank.h"
+#include "host/vst/pluginpath.h"
 #include "tests/host/tempfolder.h"
 #include "tests/support/imageblocks.h"
 

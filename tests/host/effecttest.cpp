@@ -1,5 +1,5 @@
 // One effect, driven as a careful host drives it.
-#include "host/effect.h"
+#include "host/vst/effect.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,8 +8,8 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "host/blockrunner.h"
-#include "host/failure.h"
+#include "host/base/failure.h"
+#include "host/vst/blockrunner.h"
 #include "tests/host/tempfolder.h"
 
 namespace {

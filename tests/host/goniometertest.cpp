@@ -1,11 +1,11 @@
 // How often a stereo signal is where in the plane of side and mid.
-#include "host/goniometer.h"
+#include "host/plot/goniometer.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "host/goniometerplot.h"
+#include "host/plot/goniometerplot.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // An input opened for reading: pipes of every kind, through the built program.
-#include "host/inputfile.h"
+#include "host/sound/inputfile.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>

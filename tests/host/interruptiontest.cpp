@@ -1,5 +1,5 @@
 // Files that must not outlive the program when a signal ends it.
-#include "host/interruption.h"
+#include "host/base/interruption.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // Between the effect and the file: latency, and where the output ends.
-#include "host/outputstage.h"
+#include "host/sound/outputstage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
 // The picture of what an effect did to the stereo image.
-#include "host/plot.h"
+#include "host/plot/plot.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "host/failure.h"
-#include "host/plotcanvas.h"
+#include "host/base/failure.h"
+#include "host/plot/plotcanvas.h"
 #include "tests/host/tempfolder.h"
 
 namespace {

@@ -1,10 +1,10 @@
 // From a bundle or a binary as named, or from nothing named, to the binary that is loaded.
-#include "host/pluginpath.h"
+#include "host/vst/pluginpath.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/failure.h"
+#include "host/base/failure.h"
 #include "tests/host/tempfolder.h"
 
 namespace {

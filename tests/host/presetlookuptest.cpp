@@ -1,10 +1,10 @@
 // Finds a preset by its number or its name.
-#include "host/presetlookup.h"
+#include "host/state/presetlookup.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/failure.h"
+#include "host/base/failure.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Sample formats and file types.
-#include "host/soundformat.h"
+#include "host/sound/soundformat.h"
 
 #include <gtest/gtest.h>
 #include <sndfile.h>

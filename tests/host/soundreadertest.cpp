@@ -1,10 +1,10 @@
 // Reads a mono or stereo sound file.
-#include "host/soundreader.h"
+#include "host/sound/soundreader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/failure.h"
+#include "host/base/failure.h"
 #include "tests/host/sounds.h"
 #include "tests/host/tempfolder.h"
 

@@ -1,5 +1,5 @@
 // Writes a stereo sound file.
-#include "host/soundwriter.h"
+#include "host/sound/soundwriter.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,8 +8,8 @@
 #include <cmath>
 #include <ostream>
 
-#include "host/failure.h"
-#include "host/soundreader.h"
+#include "host/base/failure.h"
+#include "host/sound/soundreader.h"
 #include "tests/host/sounds.h"
 #include "tests/host/tempfolder.h"
 

@@ -1,5 +1,5 @@
 // The mean power spectrum of a signal.
-#include "host/spectrum.h"
+#include "host/plot/spectrum.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // What an effect did to the stereo image of a signal.
-#include "host/stereoanalysis.h"
+#include "host/plot/stereoanalysis.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // A file that takes its own name only when it is complete.
-#include "host/temporaryfile.h"
+#include "host/base/temporaryfile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "host/failure.h"
+#include "host/base/failure.h"
 #include "tests/host/tempfolder.h"
 
 namespace {

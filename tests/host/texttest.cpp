@@ -1,5 +1,5 @@
 // Small pieces of text.
-#include "host/text.h"
+#include "host/base/text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Trelvan's bank as it travels in the chunk.
-#include "host/trelvanbank.h"
+#include "host/state/trelvanbank.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <cstring>
 #include <functional>
 
-#include "host/failure.h"
+#include "host/base/failure.h"
 #include "plugin/vst24.h"
 #include "tests/support/imagebytes.h"
 #include "tests/support/imageblocks.h"

@@ -1,12 +1,12 @@
 // Values as a person types them.
-#include "host/values.h"
+#include "host/state/values.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <string>
 
-#include "host/failure.h"
+#include "host/base/failure.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // Small files read and written at once.
-#include "host/wholefile.h"
+#include "host/base/wholefile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/failure.h"
+#include "host/base/failure.h"
 #include "tests/host/tempfolder.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // The program as a whole: every kind of bad input gets one clear line, an exit status, and leaves no file behind.
-#include "host/widen.h"
+#include "host/cli/widen.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

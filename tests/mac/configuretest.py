@@ -96,7 +96,7 @@ def main():
     for option in ("-std=c++20", "-fno-objc-arc", "-fvisibility=hidden"):
         expect(all(option in words for words in ours), f"all of ours with {option}")
 
-    spectrum = os.path.join(source, "host/spectrum.cpp")
+    spectrum = os.path.join(source, "host/plot/spectrum.cpp")
     transform = os.path.join(build, "transform")
     for path in (spectrum, os.path.join(transform, "kiss_fft.c"), os.path.join(transform, "kiss_fftr.c")):
         words = sources.get(path, [])

@@ -1,0 +1,70 @@
+// Files that must not outlive the program when a signal ends it.
+#include "host/base/interruption.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <csignal>
+#include <cstddef>
+
+namespace {
+
+constexpr std::size_t kSlots = 1024;  // more than jobs times files a job
+
+std::array<std::atomic<const char*>, kSlots> files;
+std::atomic<bool> ending = false;
+static_assert(std::atomic<const char*>::is_always_lock_free, "the handler reads the slots");
+
+bool isCrash(int signalNumber) {
+  return signalNumber == SIGSEGV || signalNumber == SIGBUS || signalNumber == SIGFPE || signalNumber == SIGILL;
+}
+
+void handle(int signalNumber) {
+  ending.store(true);
+  for (const auto& file : files) {
+    if (const char* path = file.load()) unlink(path);
+  }
+  static constexpr char kCrashed[] = "widen: crashed, most likely inside the effect; unfinished files were removed\n";
+  if (isCrash(signalNumber)) {
+    [[maybe_unused]] const ssize_t told = write(STDERR_FILENO, kCrashed, sizeof kCrashed - 1);
+  }
+  // The default action takes over when this returns and the signal is let in again.
+  std::signal(signalNumber, SIG_DFL);
+  raise(signalNumber);
+}
+
+// Handlers that somebody installed before (a sanitizer, a debugger's preload) know more about crashes.
+void installUnlessTaken(int signalNumber) {
+  struct sigaction now {};
+  if (sigaction(signalNumber, nullptr, &now) != 0 || now.sa_handler != SIG_DFL) return;
+  struct sigaction ours {};
+  ours.sa_handler = handle;
+  sigemptyset(&ours.sa_mask);
+  sigaction(signalNumber, &ours, nullptr);
+}
+
+}  // namespace
+
+void installInterruption() {
+  for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) {
+    installUnlessTaken(number);
+  }
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+int removeOnSignal(const char* path) {
+  for (std::size_t slot = 0; slot < kSlots; ++slot) {
+    const char* free = nullptr;
+    if (files[slot].compare_exchange_strong(free, path)) return static_cast<int>(slot);
+  }
+  return -1;
+}
+
+void forgetOnSignal(int slot) {
+  if (slot >= 0) files[static_cast<std::size_t>(slot)].store(nullptr);
+}
+
+bool endedBySignal() {
+  return ending.load();
+}

@@ -1,0 +1,37 @@
+// Small pieces of text.
+#include "host/base/text.h"
+
+#include <cmath>
+#include <cstdarg>
+#include <cstdio>
+
+std::string formatted(const char* format, ...) {
+  va_list values;
+  va_start(values, format);
+  va_list again;
+  va_copy(again, values);
+  const int length = std::vsnprintf(nullptr, 0, format, values);
+  va_end(values);
+  std::string text(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
+  if (length > 0) std::vsnprintf(text.data(), text.size() + 1, format, again);
+  va_end(again);
+  return text;
+}
+
+std::string decibelText(double magnitude) {
+  if (!(magnitude > 0.0)) return "-inf";
+  const std::string text = formatted("%+.1f", 20.0 * std::log10(magnitude));
+  return text == "-0.0" || text == "+0.0" ? "0.0" : text;
+}
+
+std::string durationText(double seconds) {
+  const auto total = static_cast<long long>(std::llround(seconds * 1000.0));
+  const long long minutes = total / 60000;
+  const std::string tail = formatted("%02lld.%03lld", total / 1000 % 60, total % 1000);
+  if (minutes >= 60) return formatted("%lld:%02lld:", minutes / 60, minutes % 60) + tail;
+  return formatted("%lld:", minutes) + tail;
+}
+
+std::string channelText(int channels) {
+  return channels == 1 ? "mono" : channels == 2 ? "stereo" : std::to_string(channels) + " channels";
+}

@@ -1,0 +1,207 @@
+// Takes one sound file through an effect.
+#include "host/cli/conversion.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+#include "host/base/text.h"
+#include "host/cli/description.h"
+#include "host/plot/plot.h"
+#include "host/plot/stereoanalysis.h"
+#include "host/sound/outputstage.h"
+#include "host/sound/soundreader.h"
+#include "host/sound/soundwriter.h"
+#include "host/state/effectstate.h"
+#include "host/vst/blockrunner.h"
+#include "host/vst/effect.h"
+
+namespace {
+
+constexpr double kLongestAutomaticTail = 30.0;   // s: an effect that never falls silent must not fill the disk
+constexpr double kQuietTime = 2.0;               // s: longer than the gaps between echoes
+constexpr std::int64_t kProgressStep = 1 << 16;  // frames
+
+TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
+  const auto frames = [&](double seconds) { return static_cast<std::int64_t>(std::llround(seconds * sampleRate)); };
+  if (!asked.automatic) return {false, frames(asked.seconds), 0};
+  const std::int64_t longest = frames(kLongestAutomaticTail);
+  // An effect that knows its tail may name a longer gap.
+  const std::int64_t told = std::clamp<std::int64_t>(effect.dispatch(effGetTailSize), 0, longest);
+  return {true, longest, std::max(frames(kQuietTime), told)};
+}
+
+// One run from the first frame to the last.
+class Run {
+ public:
+  Run(Effect& runs, SoundReader& from, SoundWriter& to, const Arguments& arguments, const Job& files, Console& shows)
+      : effect(runs),
+        reader(from),
+        writer(to),
+        gain(arguments.gain),
+        job(files),
+        console(shows),
+        runner(BlockRunner::make(runs, arguments.blockSize, arguments.doublePrecision)),
+        stage([this](const double* l, const double* r, int frames) { take(l, r, frames); }, runs.latency(),
+              planTail(runs, arguments.tail, from.sampleRate())),
+        left(static_cast<std::size_t>(arguments.blockSize)),
+        right(left.size()),
+        outLeft(left.size()),
+        outRight(left.size()) {
+    if (job.plot) analysis = std::make_unique<StereoAnalysis>(from.sampleRate());
+  }
+
+  // Answers how many frames were read.
+  std::int64_t go() {
+    const int blockSize = static_cast<int>(left.size());
+    std::int64_t read = 0;
+    int frames = 0;
+    while ((frames = reader.read(left.data(), right.data(), blockSize)) > 0) {
+      checkFinite(left.data(), right.data(), frames, read, job.input.string() + ": holds");
+      if (analysis) analysis->addBefore(left.data(), right.data(), frames);
+      process(frames);
+      read += frames;
+      showProgress(frames);
+    }
+    stage.endOfInput(read);
+    std::fill(left.begin(), left.end(), 0.0);
+    std::fill(right.begin(), right.end(), 0.0);
+    while (!stage.complete()) process(static_cast<int>(std::min<std::int64_t>(blockSize, stage.framesWanted())));
+    console.advance(unshown);
+    return read;
+  }
+
+  const StereoAnalysis* image() const { return analysis.get(); }
+
+ private:
+  void process(int frames) {
+    runner->run(left.data(), right.data(), outLeft.data(), outRight.data(), frames);
+    stage.setLatency(effect.latency());  // many effects know it only now
+    stage.accept(outLeft.data(), outRight.data(), frames);
+  }
+
+  void take(const double* l, const double* r, int frames) {
+    checkFinite(l, r, frames, taken, job.input.string() + ": the effect put out");
+    taken += frames;
+    if (analysis) analysis->addAfter(l, r, frames);
+    if (gain == 1.0) return writer.write(l, r, frames);
+    for (int frame = 0; frame < frames; ++frame) {
+      const double louder[2] = {l[frame] * gain, r[frame] * gain};
+      writer.write(&louder[0], &louder[1], 1);
+    }
+  }
+
+  void checkFinite(const double* l, const double* r, int frames, std::int64_t first, const std::string& what) const {
+    for (int frame = 0; frame < frames; ++frame) {
+      if (std::isfinite(l[frame]) && std::isfinite(r[frame])) continue;
+      const double seconds = static_cast<double>(first + frame) / reader.sampleRate();
+      throw Failure(what + " a value that is not a number at " + durationText(seconds));
+    }
+  }
+
+  void showProgress(int frames) {
+    unshown += frames;
+    if (unshown < kProgressStep) return;
+    console.advance(unshown);
+    unshown = 0;
+  }
+
+  Effect& effect;
+  SoundReader& reader;
+  SoundWriter& writer;
+  double gain;
+  const Job& job;
+  Console& console;
+  std::unique_ptr<BlockRunner> runner;
+  OutputStage stage;
+  std::unique_ptr<StereoAnalysis> analysis;
+  std::vector<double> left;
+  std::vector<double> right;
+  std::vector<double> outLeft;
+  std::vector<double> outRight;
+  std::int64_t taken = 0;    // frames for the file
+  std::int64_t unshown = 0;  // frames since the progress was told
+};
+
+SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arguments, FileType type) {
+  SoundWriterOptions options;
+  options.type = type;
+  options.format = arguments.format.value_or(keptFormat(reader.format(), type));
+  options.sampleRate = reader.sampleRate();
+  const double tail = arguments.tail.automatic ? kLongestAutomaticTail : arguments.tail.seconds;
+  if (reader.frames()) options.frames = *reader.frames() + std::llround(tail * reader.sampleRate());
+  options.replace = arguments.force;
+  options.texts = reader.texts();
+  return options;
+}
+
+}  // namespace
+
+Conversion convert(PluginModule& module, const Arguments& arguments, const Job& job, Console& console) {
+  SoundReader reader(job.input);
+  Conversion done;
+  done.channels = reader.channels();
+  done.sampleRate = reader.sampleRate();
+  done.type = *fileTypeOf(job.output);
+  done.gain = arguments.gain;
+  const SoundWriterOptions options = writerOptions(reader, arguments, done.type);
+  done.format = options.format;
+  if (job.plot) checkTarget(*job.plot, arguments.force);
+  SoundWriter writer(job.output, options);
+
+  HostCallback callback;
+  Effect effect(module, callback);
+  effect.checkCanProcess(arguments.doublePrecision);
+  if (reader.channels() > effect.record().numInputs) {
+    throw Failure(job.input.string() + ": is stereo, but " + effect.plugin() + " takes mono only");
+  }
+  effect.setUp(reader.sampleRate(), arguments.blockSize);
+  applyState(effect, arguments.state);  // its notes were told when the state was tried
+  done.preset = describeCurrentPreset(effect);
+  done.values = describeValues(effect);
+  effect.start(arguments.doublePrecision);
+  effect.checkCanProcess(arguments.doublePrecision);
+  Run run(effect, reader, writer, arguments, job, console);
+  done.framesRead = run.go();
+  effect.stop();
+
+  // The sound takes its name only when the picture is complete as well, and the other way round.
+  std::unique_ptr<TemporaryFile> picture;
+  if (run.image() != nullptr) picture = drawPlot(*run.image(), done, job, arguments.force);
+  writer.finish();
+  if (picture) picture->keep();
+  done.framesWritten = writer.framesWritten();
+  done.peak = writer.peak();
+  done.clippedSamples = writer.clippedSamples();
+  return done;
+}
+
+std::string reportOf(const Conversion& done, const Job& job) {
+  const auto lengthText = [&](std::int64_t frames) {
+    return durationText(static_cast<double>(frames) / done.sampleRate);
+  };
+  std::string text = job.input.string() + ": " + channelText(done.channels) + ", " + std::to_string(done.sampleRate) +
+                     " Hz, " + std::to_string(done.framesRead) + " frames (" + lengthText(done.framesRead) + ")";
+  if (!done.preset.empty()) text += ", " + done.preset;
+  if (!done.values.empty()) text += ": " + done.values;
+  text += "\n  -> " + job.output.string() + ": " + textOf(done.format) + " " + textOf(done.type);
+  if (done.framesWritten != done.framesRead) {
+    text += ", " + std::to_string(done.framesWritten) + " frames (" + lengthText(done.framesWritten) + ")";
+  }
+  if (done.gain != 1.0) text += ", gain " + decibelText(done.gain) + " dB";
+  text += ", peak " + decibelText(done.peak) + " dBFS";
+  if (job.plot) text += ", picture " + job.plot->string();
+  return text;
+}
+
+std::string clippingWarning(const Conversion& done, const Job& job) {
+  if (done.clippedSamples == 0) return {};
+  // Rounded away from full scale, so that the advice holds.
+  const double advised = std::floor(-20.0 * std::log10(done.peak / done.gain) * 10.0) / 10.0;
+  std::string text = job.output.string() + ": peak " + decibelText(done.peak) + " dBFS is beyond full scale, " +
+                     std::to_string(done.clippedSamples) + (done.clippedSamples == 1 ? " sample" : " samples") +
+                     " clipped; use --gain " + formatted("%.1fdB", advised);
+  if (canHold(done.type, SampleFormat::float32)) text += " or --format float";
+  return text;
+}

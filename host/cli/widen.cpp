@@ -1,0 +1,87 @@
+// The program widen: what a run does, in order.
+#include "host/cli/widen.h"
+
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "host/base/temporaryfile.h"
+#include "host/base/wholefile.h"
+#include "host/cli/arguments.h"
+#include "host/cli/batch.h"
+#include "host/cli/console.h"
+#include "host/cli/description.h"
+#include "host/cli/jobs.h"
+#include "host/state/effectstate.h"
+#include "host/vst/editorwindow.h"
+#include "host/vst/effect.h"
+#include "host/vst/executablepath.h"
+#include "host/vst/pluginmodule.h"
+#include "host/vst/pluginpath.h"
+
+namespace {
+
+constexpr int kUsualRate = 44100;  // Hz, for an effect that is only asked
+
+std::filesystem::path pluginFor(const Arguments& arguments) {
+  if (arguments.plugin) return pluginBinary(*arguments.plugin);
+  return pluginBinary(firstPlugin(defaultPluginPlaces(executablePath())));
+}
+
+// Before any sound is touched: whatever is wrong with the effect or its state shows here, once.
+void tryState(PluginModule& module, const Arguments& arguments, Console& console) {
+  EditorHostCallback callback;
+  Effect effect(module, callback);
+  if (!arguments.inputs.empty()) effect.checkCanProcess(arguments.doublePrecision);
+  effect.setUp(kUsualRate, arguments.blockSize);
+  for (const std::string& note : applyState(effect, arguments.state)) console.warn(note);
+  if (arguments.info) console.print(describeEffect(effect));
+  if (arguments.listParameters) console.print(describeParameters(effect));
+  if (arguments.listPresets) console.print(describePresets(effect));
+  if (arguments.editor) showEditor(effect, callback, effect.plugin());
+  if (arguments.saveState) writeWholeFile(*arguments.saveState, effect.chunk(), arguments.force);
+}
+
+ExitStatus act(const Arguments& arguments, Console& console) {
+  Jobs jobs;
+  if (!arguments.inputs.empty()) jobs = planJobs(arguments);
+  PluginModule module(pluginFor(arguments));
+  tryState(module, arguments, console);
+  if (jobs.list.empty()) return ExitStatus::done;
+  return convertAll(module, arguments, jobs, console) ? ExitStatus::done : ExitStatus::failed;
+}
+
+ExitStatus parseAndAct(const std::vector<std::string>& words) {
+  Console plain(false);
+  try {
+    const ParsedArguments parsed = parseArguments(words);
+    if (!parsed.arguments) {
+      plain.print(parsed.text);
+      plain.checkPrinted();
+      return ExitStatus::done;
+    }
+    Console console(parsed.arguments->quiet);
+    const ExitStatus status = act(*parsed.arguments, console);
+    console.checkPrinted();
+    return status;
+  } catch (const UsageFailure& failure) {
+    plain.warn(std::string(failure.what()) + " (widen --help)");
+    return failure.status();
+  } catch (const Failure& failure) {
+    plain.warn(failure.what());
+    return failure.status();
+  } catch (const std::bad_alloc&) {
+    plain.warn("not enough memory");
+  } catch (const std::exception& error) {
+    plain.warn(error.what());
+  }
+  return ExitStatus::failed;
+}
+
+}  // namespace
+
+int run(int count, const char* const* words) {
+  std::vector<std::string> arguments;
+  for (int word = 1; word < count; ++word) arguments.emplace_back(words[word]);
+  return static_cast<int>(parseAndAct(arguments));
+}

@@ -1,8 +1,0 @@
-// There is no window for the effect here yet: hosts have one.
-#include "host/editorwindow.h"
-
-#include "host/failure.h"
-
-void showEditor(Effect& effect, EditorHostCallback&, const std::string&) {
-  throw Failure(effect.plugin() + ": its window can be opened in a host only, on this system");
-}

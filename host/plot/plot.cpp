@@ -1,0 +1,117 @@
+// The picture of what an effect did to the stereo image.
+#include "host/plot/plot.h"
+
+#include <algorithm>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "host/base/text.h"
+#include "host/plot/goniometerplot.h"
+#include "host/plot/plotcanvas.h"
+#include "host/plot/plotstyle.h"
+#include "host/plot/spectrumplot.h"
+
+namespace {
+
+using namespace plotstyle;
+
+constexpr int kWidth = 1600;  // pixels
+constexpr int kHeight = 1080;
+constexpr double kMargin = 36;
+constexpr double kGap = 20;
+constexpr double kHeader = 104;  // room for the two lines on top
+constexpr PlotArea kBefore{kMargin, kHeader, 540, 564};
+constexpr PlotArea kAfter{kBefore.left + kBefore.width + kGap, kHeader, 540, 564};
+constexpr PlotArea kFigures{kAfter.left + kAfter.width + kGap, kHeader,
+                            kWidth - kMargin - (kAfter.left + kAfter.width + kGap), 564};
+constexpr PlotArea kSpectra{kMargin, kHeader + 564 + kGap, kWidth - 2 * kMargin,
+                            kHeight - kMargin - (kHeader + 564 + kGap)};
+
+// The font library keeps tables that threads share.
+std::mutex drawing;
+
+void drawHeader(PlotCanvas& canvas, const Conversion& done, const Job& job) {
+  const PlotText title{kTitleSize, kBright, 0.0, 0.0, true};
+  const PlotText line{kTextSize, kMuted};
+  const double room = kWidth - 2 * kMargin;
+  canvas.text(canvas.fitted(job.input.filename().string(), title, room), {kMargin, 52}, title);
+  std::string what = channelText(done.channels) + ", " + std::to_string(done.sampleRate) + " Hz, " +
+                     durationText(static_cast<double>(done.framesRead) / done.sampleRate);
+  if (!done.preset.empty()) what += "   |   " + done.preset;
+  if (!done.values.empty()) what += "   |   " + done.values;
+  canvas.text(canvas.fitted(what, line, room), {kMargin, 82}, line);
+}
+
+std::string level(double magnitude) {
+  return magnitude > 0.0 ? decibelText(magnitude) + " dBFS" : "silence";
+}
+
+std::string sideToMid(const StereoImage& image) {
+  if (image.midLevel() == 0.0 || image.sideLevel() == 0.0) return "\u2013";
+  return decibelText(image.sideLevel() / image.midLevel()) + " dB";
+}
+
+void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
+  canvas.fill(kFigures, kPanel, kCorner);
+  const double left = kFigures.left + 22;
+  const double before = kFigures.left + 250;
+  const double after = kFigures.right() - 24;
+  canvas.text("Levels", {left, kFigures.top + 29}, {kHeadSize, kBright, 0.0, 0.0, true});
+  struct Row {
+    const char* name;
+    std::string (*text)(const StereoImage&);
+  };
+  static constexpr Row kRows[] = {
+      {"peak", [](const StereoImage& image) { return level(image.peak()); }},
+      {"mid", [](const StereoImage& image) { return level(image.midLevel()); }},
+      {"side", [](const StereoImage& image) { return level(image.sideLevel()); }},
+      {"side to mid", sideToMid},
+      {"correlation", [](const StereoImage& image) { return formatted("%.2f", image.correlation()); }},
+  };
+  const PlotText muted{kTextSize, kMuted, 1.0, 0.0};
+  const PlotText value{kTextSize, kBright, 1.0, 0.0};
+  double y = kFigures.top + 76;
+  canvas.text("before", {before, y}, muted);
+  canvas.text("after", {after, y}, muted);
+  for (const Row& row : kRows) {
+    canvas.line({left, y + 16.5}, {after, y + 16.5}, kGrid);
+    y += 46;
+    canvas.text(row.name, {left, y}, {kTextSize, kMuted});
+    canvas.text(row.text(analysis.before()), {before, y}, value);
+    canvas.text(row.text(analysis.after()), {after, y}, value);
+  }
+  y += 92;
+  canvas.text("Mono fold error", {left, y}, {kHeadSize, kBright, 0.0, 0.0, true});
+  const bool exact = analysis.foldError() == 0.0;
+  canvas.text(exact ? "none" : decibelText(analysis.foldError()) + " dBFS", {left, y + 52},
+              {kTitleSize + 6, kMid, 0.0, 0.0, true});
+  canvas.text("largest |(L + R)/2 after \u2212 mid before|", {left, y + 84}, {kTextSize - 1, kMuted});
+}
+
+}  // namespace
+
+std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const Conversion& done, const Job& job,
+                                        bool replace) {
+  auto file = std::make_unique<TemporaryFile>(*job.plot, replace);
+  const std::lock_guard guard(drawing);
+  PlotCanvas canvas(kWidth, kHeight, kBackground);
+  drawHeader(canvas, done, job);
+  double extent = std::max(extentOf(analysis.before().goniometer()), extentOf(analysis.after().goniometer()));
+  if (extent == 0.0) extent = 1.0;  // silence
+  extent *= 1.06;                   // a little air around the cloud
+  drawGoniometer(canvas, kBefore, "Before", analysis.before().goniometer(), extent);
+  drawGoniometer(canvas, kAfter, "After", analysis.after().goniometer(), extent);
+  drawFigures(canvas, analysis);
+  // What was before lies below as a wide, faint band, so that what did not change stays inside it.
+  const StereoImage& before = analysis.before();
+  const StereoImage& after = analysis.after();
+  std::vector<SpectrumCurve> curves;
+  if (before.sideLevel() > 0.0) curves.push_back({"side before", before.sidePower(), kSide.faded(0.3), 5.0, false});
+  curves.push_back({"mid before", before.midPower(), kMid.faded(0.35), 6.0, false});
+  curves.push_back({"side after", after.sidePower(), kSide, 2.0, true});
+  curves.push_back({"mid after", after.midPower(), kMid, 1.5, false});
+  drawSpectra(canvas, kSpectra, curves, analysis.sampleRate());
+  canvas.writePng(file->descriptor(), *job.plot);
+  return file;
+}

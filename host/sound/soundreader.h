@@ -1,0 +1,56 @@
+// Reads a mono or stereo sound file as doubles, a piece at a time.
+#pragma once
+
+#include <sndfile.h>
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/sound/soundformat.h"
+
+// Any thread, one thread a reader. Memory does not grow with the file.
+class SoundReader {
+ public:
+  // Throws Failure: no such file, not a sound file, shorter than it says, no frames, more than two channels.
+  explicit SoundReader(const std::filesystem::path& file);
+
+  int channels() const { return static_cast<int>(info.channels); }
+  int sampleRate() const { return info.samplerate; }  // Hz
+  // As the file's header says, an estimate in MP3; none where a writer into a pipe could not know.
+  std::optional<std::int64_t> frames() const {
+    return info.frames == SF_COUNT_MAX ? std::nullopt : std::optional<std::int64_t>(info.frames);
+  }
+  SampleFormat format() const { return sampleFormatOf(info.format); }
+
+  // Fills left and right (the same for mono) with up to `count` frames and answers how many; fewer only at the end.
+  // Integer formats are scaled so that full scale is 1, without a rounding error. Throws Failure where reading fails
+  // and where the file ends before the last frame that its header names.
+  int read(double* left, double* right, int count);
+
+  // Title, artist and the like: libsndfile's string types with their texts.
+  const std::vector<std::pair<int, std::string>>& texts() const { return tags; }
+
+ private:
+  struct Close {
+    void operator()(SNDFILE* open) const { sf_close(open); }
+  };
+
+  void openFile();
+  bool refill();
+  void checkDamage(sf_count_t frames) const;
+
+  std::filesystem::path path;
+  SF_INFO info{};
+  std::unique_ptr<SNDFILE, Close> file;
+  std::vector<std::pair<int, std::string>> tags;
+  std::int64_t framesRead = 0;
+  std::vector<double> buffer;  // interleaved
+  std::size_t position = 0;    // next sample to hand out
+  std::size_t filled = 0;      // samples there are
+};

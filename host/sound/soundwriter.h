@@ -1,0 +1,70 @@
+// Writes a stereo sound file from doubles, rounding to the nearest and never wrapping.
+#pragma once
+
+#include <sndfile.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/base/temporaryfile.h"
+#include "host/sound/soundformat.h"
+
+struct SoundWriterOptions {
+  FileType type = FileType::wav;
+  SampleFormat format = SampleFormat::pcm16;
+  int sampleRate = 0;                              // Hz
+  std::optional<std::int64_t> frames;              // as many as can come, to choose a file type that holds them
+  bool replace = false;                            // an existing file
+  std::vector<std::pair<int, std::string>> texts;  // libsndfile's string types
+};
+
+// Any thread, one thread a writer. Without finish() nothing is left behind.
+class SoundWriter {
+ public:
+  // Throws Failure: the target is there, cannot be written, or cannot hold the format, rate or length.
+  SoundWriter(const std::filesystem::path& target, const SoundWriterOptions& options);
+
+  // Integer formats are rounded to the nearest step and held at full scale. Throws Failure where writing fails.
+  void write(const double* left, const double* right, int frames);
+  // Completes the file and gives it its name.
+  void finish();
+
+  std::int64_t framesWritten() const { return written; }
+  double peak() const { return highest; }                  // largest magnitude met
+  std::int64_t clippedSamples() const { return clipped; }  // beyond full scale, in integer formats
+
+ private:
+  struct Close {
+    void operator()(SNDFILE* open) const { sf_close(open); }
+  };
+
+  // Where the library's bytes go. It keeps the errors of its last steps to itself (what an encoder holds back and the
+  // header's lengths are written when it closes), so each one is remembered here.
+  struct Sink {
+    int descriptor;
+    int error = 0;  // the system's, of the first write that failed
+  };
+  static SF_VIRTUAL_IO writingTo();
+
+  void flush();
+  std::int32_t toInteger(double sample);
+  [[noreturn]] void fail(const std::string& reason) const;
+
+  std::filesystem::path path;
+  FileType fileType;
+  int bits;               // 0: floating point
+  std::int64_t most = 0;  // frames that the type holds
+  TemporaryFile temporary;
+  Sink sink;
+  std::unique_ptr<SNDFILE, Close> file;
+  std::vector<double> samples;         // interleaved
+  std::vector<std::int32_t> integers;  // the same, left-aligned in the word
+  std::int64_t written = 0;            // frames
+  double highest = 0.0;
+  std::int64_t clipped = 0;
+};

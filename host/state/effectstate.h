@@ -1,0 +1,20 @@
+// Puts an effect into the state that the command line asks for.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/cli/arguments.h"
+#include "host/vst/effect.h"
+
+// In the order state, bank, preset, values, so that each goes on top of the one before. Throws Failure: files that
+// cannot be read or taken, unknown presets and parameters, options that are not for this effect. Answers notes for the
+// person, one line each.
+std::vector<std::string> applyState(Effect& effect, const StateArguments& arguments);
+
+struct PresetNames {
+  std::vector<std::string> names;  // by number
+  int current = 0;
+};
+// Trelvan's own presets, other effects' programs.
+PresetNames presetsOf(Effect& effect);

@@ -1,0 +1,214 @@
+// One VST 2.4 effect, driven as a careful host drives it.
+#include "host/vst/effect.h"
+
+#include <array>
+#include <cstring>
+#include <mutex>
+
+#include "host/base/failure.h"
+#include "host/vst/effectrecord.h"
+#include "presetsystem/image/presetimage.h"
+
+namespace {
+
+constexpr VstInt32 kTrelvanID = vstFourChars('T', 'l', 'v', 'n');
+constexpr VstInt32 kTrelvanPresets = presetimage::kPresetCount;  // named by index, though the record says one program
+constexpr std::size_t kTextRoom = 1024;  // bytes; effects have been seen to exceed the published sizes
+constexpr VstIntPtr kAnyCategory = -1;
+
+std::string pinText(VstInt32 inputs, VstInt32 outputs) {
+  return std::to_string(inputs) + " inputs and " + std::to_string(outputs) + " outputs";
+}
+
+std::string cleaned(const char* text) {
+  std::string clean;
+  for (; *text != 0; ++text) clean += static_cast<unsigned char>(*text) < ' ' || *text == 127 ? ' ' : *text;
+  const auto first = clean.find_first_not_of(' ');
+  if (first == std::string::npos) return {};
+  return clean.substr(first, clean.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+Effect::Effect(PluginModule& from, HostCallback& callback)
+    : module(from), host(callback), name(from.path().filename().string()) {
+  const std::lock_guard life(module.lifeLock());
+  {
+    const HostCallback::Scope scope(&host);
+    effect = module.entryPoint()(&HostCallback::entry);
+  }
+  try {
+    checkEffectRecord(effect, name);
+  } catch (const Failure&) {
+    const bool isEffect = effect != nullptr && effect->magic == kEffectMagic && effect->dispatcher != nullptr;
+    if (isEffect) call(effClose, 0, 0, nullptr, 0.0F);
+    throw;
+  }
+  effect->resvd1 = reinterpret_cast<VstIntPtr>(&host);
+  host.setUniqueID(effect->uniqueID);
+  call(effOpen, 0, 0, nullptr, 0.0F);
+}
+
+Effect::~Effect() {
+  stop();
+  const std::lock_guard life(module.lifeLock());
+  call(effClose, 0, 0, nullptr, 0.0F);
+}
+
+bool Effect::isTrelvan() const {
+  return effect->uniqueID == kTrelvanID;
+}
+
+VstIntPtr Effect::call(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+  return effect->dispatcher(effect, opcode, index, value, ptr, opt);
+}
+
+VstIntPtr Effect::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+  const std::lock_guard life(module.lifeLock());
+  return call(opcode, index, value, ptr, opt);
+}
+
+std::string Effect::textUnlocked(VstInt32 opcode, VstInt32 index, VstIntPtr value) {
+  std::array<char, kTextRoom> room{};
+  call(opcode, index, value, room.data(), 0.0F);
+  room.back() = 0;
+  return cleaned(room.data());
+}
+
+std::string Effect::text(VstInt32 opcode, VstInt32 index, VstIntPtr value) {
+  const std::lock_guard life(module.lifeLock());
+  return textUnlocked(opcode, index, value);
+}
+
+float Effect::parameter(int index) const {
+  const std::lock_guard life(module.lifeLock());
+  return effect->getParameter(effect, index);
+}
+
+void Effect::setParameter(int index, float value) {
+  const std::lock_guard life(module.lifeLock());
+  effect->setParameter(effect, index, value);
+}
+
+std::vector<std::string> Effect::programNames() {
+  const std::lock_guard life(module.lifeLock());
+  std::vector<std::string> names;
+  std::array<char, kTextRoom> room{};
+  const VstInt32 count = isTrelvan() ? kTrelvanPresets : effect->numPrograms;
+  for (VstInt32 index = 0; index < count; ++index) {
+    if (call(effGetProgramNameIndexed, index, kAnyCategory, room.data(), 0.0F) == 0) break;
+    room.back() = 0;
+    names.push_back(cleaned(room.data()));
+  }
+  if (static_cast<VstInt32>(names.size()) == count || isTrelvan()) return names;
+  const VstIntPtr current = call(effGetProgram, 0, 0, nullptr, 0.0F);
+  names.clear();
+  for (VstInt32 index = 0; index < count; ++index) {
+    call(effSetProgram, 0, index, nullptr, 0.0F);
+    names.push_back(textUnlocked(effGetProgramName, 0, 0));
+  }
+  call(effSetProgram, 0, current, nullptr, 0.0F);
+  return names;
+}
+
+void Effect::selectProgram(int index) {
+  const std::lock_guard life(module.lifeLock());
+  call(effBeginSetProgram, 0, 0, nullptr, 0.0F);
+  call(effSetProgram, 0, index, nullptr, 0.0F);
+  call(effEndSetProgram, 0, 0, nullptr, 0.0F);
+}
+
+Effect::Bytes Effect::chunk() {
+  if (!hasChunk()) throw Failure(name + ": the effect keeps no state that could be saved or loaded");
+  const std::lock_guard life(module.lifeLock());
+  void* bytes = nullptr;
+  const VstIntPtr size = call(effGetChunk, 0, 0, &bytes, 0.0F);
+  if (size < 0 || size > kLargestChunk) {
+    throw Failure(name + ": the effect answers a state of " + std::to_string(size) + " bytes, which cannot be");
+  }
+  if (size == 0 || bytes == nullptr) throw Failure(name + ": the effect gives no state");
+  const auto* first = static_cast<const unsigned char*>(bytes);
+  return {first, first + size};
+}
+
+void Effect::setChunk(std::span<const unsigned char> bytes) {
+  if (!hasChunk()) throw Failure(name + ": the effect keeps no state that could be saved or loaded");
+  const std::lock_guard life(module.lifeLock());
+  Bytes copy(bytes.begin(), bytes.end());  // effects may change what they are given
+  if (call(effSetChunk, 0, static_cast<VstIntPtr>(copy.size()), copy.data(), 0.0F) < 0) {
+    throw Failure(name + ": the effect refuses the state (damaged, or another plug-in's)");
+  }
+}
+
+void Effect::checkCanProcess(bool doublePrecision) const {
+  if ((effect->flags & effFlagsIsSynth) != 0 || effect->numInputs == 0) {
+    throw Failure(name + ": takes no sound in; widen needs an effect");
+  }
+  if (effect->numOutputs < 2) {
+    throw Failure(name + ": has " + std::to_string(effect->numOutputs) + " outputs; widen needs two");
+  }
+  if ((effect->flags & effFlagsCanReplacing) == 0 || effect->processReplacing == nullptr) {
+    throw Failure(name + ": the effect has no processReplacing");
+  }
+  if (!doublePrecision) return;
+  if ((effect->flags & effFlagsCanDoubleReplacing) == 0 || effect->processDoubleReplacing == nullptr) {
+    throw Failure(name + ": the effect cannot process in double precision (leave --double out)");
+  }
+}
+
+void Effect::setUp(int sampleRate, int blockSize) {
+  host.setSampleRate(sampleRate);
+  host.setBlockSize(blockSize);
+  dispatch(effSetSampleRate, 0, 0, nullptr, static_cast<float>(sampleRate));
+  dispatch(effSetBlockSize, 0, blockSize);
+}
+
+void Effect::start(bool doublePrecision) {
+  const std::lock_guard life(module.lifeLock());
+  // No answer is waited for: effects that can do it have said so in their flags.
+  if ((effect->flags & effFlagsCanDoubleReplacing) != 0) {
+    call(effSetProcessPrecision, 0, doublePrecision ? 1 : 0, nullptr, 0.0F);
+  }
+  position = 0;
+  host.setPosition(0);
+  call(effMainsChanged, 0, 1, nullptr, 0.0F);
+  running = true;
+  call(effStartProcess, 0, 0, nullptr, 0.0F);
+  host.setProcessing(true);
+  checkEffectShape(*effect, name);
+  inputPins = effect->numInputs;
+  outputPins = effect->numOutputs;
+}
+
+void Effect::stop() {
+  if (!running) return;
+  const std::lock_guard life(module.lifeLock());
+  running = false;
+  host.setProcessing(false);
+  call(effStopProcess, 0, 0, nullptr, 0.0F);
+  call(effMainsChanged, 0, 0, nullptr, 0.0F);
+}
+
+void Effect::moveOn(int frames) {
+  position += frames;
+  host.setPosition(position);
+  checkShape();
+}
+
+// Effects change it with and without a word to the host.
+void Effect::checkShape() const {
+  checkEffectShape(*effect, name);
+  if (effect->numInputs == inputPins && effect->numOutputs == outputPins) return;
+  throw Failure(name + ": the effect changed from " + pinText(inputPins, outputPins) + " to " +
+                pinText(effect->numInputs, effect->numOutputs) + " while it was processing");
+}
+
+void Effect::process(float** inputs, float** outputs, int frames) {
+  effect->processReplacing(effect, inputs, outputs, frames);
+  moveOn(frames);
+}
+
+void Effect::process(double** inputs, double** outputs, int frames) {
+  effect->processDoubleReplacing(effect, inputs, outputs, frames);
+  moveOn(frames);
+}

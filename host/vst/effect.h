@@ -1,0 +1,77 @@
+// One VST 2.4 effect, driven as a careful host drives it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "host/vst/hostcallback.h"
+#include "host/vst/pluginmodule.h"
+
+// Life: made (open), set up, started, processed, stopped, ended (close). One thread at a time; making, setting up and
+// ending take the module's life lock themselves, so several effects of a module may live on several threads.
+class Effect {
+ public:
+  using Bytes = std::vector<unsigned char>;
+
+  // callback: the caller's, outlives the effect. Throws Failure where no sound effect comes to be.
+  Effect(PluginModule& module, HostCallback& callback);
+  ~Effect();
+  Effect(const Effect&) = delete;
+  Effect& operator=(const Effect&) = delete;
+
+  const AEffect& record() const { return *effect; }
+  const std::string& plugin() const { return name; }  // the file's name, for messages
+  const std::filesystem::path& path() const { return module.path(); }
+  bool isTrelvan() const;
+
+  // Any opcode, under the life lock.
+  VstIntPtr dispatch(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F);
+  // A text opcode's text, without blanks at its ends and without control characters; empty where it gave none.
+  std::string text(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0);
+
+  int parameterCount() const { return effect->numParams; }
+  float parameter(int index) const;
+  void setParameter(int index, float value);
+
+  // The host's programs, 0..numPrograms-1. Names of programs that are not current are asked for by index, or, where
+  // the effect does not answer that, by selecting one after the other and going back.
+  std::vector<std::string> programNames();
+  void selectProgram(int index);
+
+  bool hasChunk() const { return (effect->flags & effFlagsProgramChunks) != 0; }
+  Bytes chunk();  // the bank. Throws Failure where the effect gives none
+  void setChunk(std::span<const unsigned char> bytes);
+
+  // Throws Failure where the effect cannot process sound so: no replacing operation, no double precision, no input,
+  // fewer than two outputs.
+  void checkCanProcess(bool doublePrecision) const;
+
+  // Rate and block size are told before the state is set up, and the effect is switched on behind it.
+  void setUp(int sampleRate, int blockSize);
+  void start(bool doublePrecision);
+  void stop();
+  int latency() const { return effect->initialDelay; }  // frames; may change on start and with every block
+
+  // As many pointers as the effect has pins. Without the life lock. Throws Failure where the effect has come out with
+  // other pins than it was started with, or with a latency that cannot be.
+  void process(float** inputs, float** outputs, int frames);
+  void process(double** inputs, double** outputs, int frames);
+
+ private:
+  VstIntPtr call(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+  std::string textUnlocked(VstInt32 opcode, VstInt32 index, VstIntPtr value);
+  void moveOn(int frames);
+  void checkShape() const;
+
+  PluginModule& module;
+  HostCallback& host;
+  std::string name;
+  AEffect* effect = nullptr;
+  bool running = false;
+  VstInt32 inputPins = 0;  // when it was started
+  VstInt32 outputPins = 0;
+  std::int64_t position = 0;  // frames processed since start
+};

@@ -1,0 +1,82 @@
+// From a bundle or a binary as named, or from nothing named, to the binary that is loaded.
+#include "host/vst/pluginpath.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <system_error>
+
+#include "host/base/failure.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kParents = 3;  // folders above the executable's own
+
+// Set by the build: "x86_64-linux" and ".so", on macOS "MacOS" and "".
+constexpr const char* kArchitectureFolder = WIDEN_BUNDLE_FOLDER;
+constexpr const char* kBinarySuffix = WIDEN_BINARY_SUFFIX;
+
+fs::path binaryInBundle(const fs::path& bundle) {
+  std::error_code error;
+  const fs::path folder = bundle / "Contents" / kArchitectureFolder;
+  if (!fs::is_directory(folder, error)) {
+    throw Failure(bundle.string() + ": not a plug-in for this system (no Contents/" + kArchitectureFolder + " in it)");
+  }
+  fs::path sameName = folder / (bundle.stem().string() + kBinarySuffix);
+  if (fs::is_regular_file(sameName, error)) return sameName;
+  std::vector<fs::path> candidates;
+  for (const auto& entry : fs::directory_iterator(folder, error)) {
+    if (entry.is_regular_file(error) && entry.path().extension() == kBinarySuffix) candidates.push_back(entry.path());
+  }
+  if (candidates.empty()) throw Failure(bundle.string() + ": no plug-in binary in Contents/" + kArchitectureFolder);
+  if (candidates.size() > 1) {
+    throw Failure(bundle.string() + ": several binaries in Contents/" + kArchitectureFolder +
+                  "; name the one to load with --plugin");
+  }
+  return candidates.front();
+}
+
+}  // namespace
+
+fs::path pluginBinary(const fs::path& bundleOrBinary) {
+  std::error_code error;
+  fs::path named = fs::absolute(bundleOrBinary, error).lexically_normal();
+  if (!named.has_filename()) named = named.parent_path();  // "X.vst/"
+  if (!fs::exists(named, error)) throw Failure(bundleOrBinary.string() + ": no such plug-in");
+  return fs::is_directory(named, error) ? binaryInBundle(named) : named;
+}
+
+std::vector<fs::path> defaultPluginPlaces(const fs::path& executable) {
+  const fs::path bundle = "Trelvan.vst";
+  std::vector<fs::path> places;
+  fs::path folder = executable.parent_path();
+  for (int level = 0; level <= kParents && !folder.empty(); ++level) {
+    places.push_back(folder / bundle);
+    places.push_back(folder / "lib" / "vst" / bundle);
+    places.push_back(folder / "build" / "release" / bundle);
+    if (folder == folder.root_path()) break;
+    folder = folder.parent_path();
+  }
+  const char* home = std::getenv("HOME");
+  const auto addHomeAnd = [&](const char* inHome, std::initializer_list<const char*> folders) {
+    if (home != nullptr && *home != 0) places.push_back(fs::path(home) / inHome / bundle);
+    for (const char* place : folders) places.push_back(fs::path(place) / bundle);
+  };
+  if (std::string_view(kArchitectureFolder) == "MacOS") {
+    addHomeAnd("Library/Audio/Plug-Ins/VST", {"/Library/Audio/Plug-Ins/VST"});
+  } else {
+    addHomeAnd(".vst", {"/usr/local/lib/vst", "/usr/lib/vst"});
+  }
+  return places;
+}
+
+fs::path firstPlugin(const std::vector<fs::path>& places) {
+  std::error_code error;
+  const auto found =
+      std::find_if(places.begin(), places.end(), [&](const fs::path& place) { return fs::exists(place, error); });
+  if (found != places.end()) return *found;
+  throw Failure("Trelvan.vst is neither beside this program" +
+                (places.empty() ? std::string() : " (" + places.front().parent_path().string() + ")") +
+                " nor where plug-ins are installed; name it with --plugin");
+}
