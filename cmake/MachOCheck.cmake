@@ -42,7 +42,8 @@ configure_file(${macho_folder}/toolkit.cmake ${macho_toolkit}/vstgui/CMakeLists.
 set(TRELVAN_TOOLKIT_SOURCE ${macho_toolkit} CACHE PATH "" FORCE)
 
 # What widen has for macOS alone; the rest of it needs libraries that are not here for that system.
-add_library(macho_widen OBJECT host/vst/mac/editorwindow.cpp host/vst/mac/executablepath.cpp)
+add_library(macho_widen OBJECT
+  host/vst/mac/editorwindow.cpp host/vst/mac/executablepath.cpp host/vst/mac/pluginplaces.cpp)
 target_include_directories(macho_widen PRIVATE ${PROJECT_SOURCE_DIR})
 target_compile_features(macho_widen PRIVATE cxx_std_20)
 target_compile_options(macho_widen PRIVATE -Wall -Wextra -Werror -mmacosx-version-min=10.15)

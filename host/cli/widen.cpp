@@ -30,7 +30,8 @@ std::filesystem::path pluginFor(const Arguments& arguments) {
 
 // Before any sound is touched: whatever is wrong with the effect or its state shows here, once.
 void tryState(PluginModule& module, const Arguments& arguments, Console& console) {
-  EditorHostCallback callback;
+  HostCallback callback;
+  callback.setHasWindow(true);
   Effect effect(module, callback);
   if (!arguments.inputs.empty()) effect.checkCanProcess(arguments.doublePrecision);
   effect.setUp(kUsualRate, arguments.blockSize);

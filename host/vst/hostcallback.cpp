@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -45,12 +46,12 @@ HostCallback::Scope::~Scope() {
   creating = before;
 }
 
-VstIntPtr HostCallback::entry(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+VstIntPtr HostCallback::entry(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float) {
   HostCallback* callback = creating;
   if (callback == nullptr && effect != nullptr) callback = reinterpret_cast<HostCallback*>(effect->resvd1);
   // A stray call without a host still learns the version: nothing else can be answered.
   if (callback == nullptr) return opcode == audioMasterVersion ? kVstVersion : 0;
-  return callback->answer(opcode, index, value, ptr, opt);
+  return callback->answer(opcode, index, value, ptr);
 }
 
 void HostCallback::setPosition(std::int64_t frame) {
@@ -65,7 +66,17 @@ VstTimeInfo* HostCallback::timeInfo() {
   return &time;
 }
 
-VstIntPtr HostCallback::answer(VstInt32 opcode, VstInt32, VstIntPtr, void* ptr, float) {
+std::optional<HostCallback::Size> HostCallback::takeWindowSize() {
+  return std::exchange(windowSize, std::nullopt);
+}
+
+VstIntPtr HostCallback::askWindowSize(VstInt32 width, VstIntPtr height) {
+  if (!hasWindow || width <= 0 || height <= 0) return 0;
+  windowSize = Size{width, static_cast<int>(height)};
+  return 1;
+}
+
+VstIntPtr HostCallback::answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr) {
   switch (opcode) {
     case audioMasterVersion:
       return kVstVersion;
@@ -93,7 +104,9 @@ VstIntPtr HostCallback::answer(VstInt32 opcode, VstInt32, VstIntPtr, void* ptr, 
       return canDo(ptr);
     case audioMasterGetLanguage:
       return kLanguageEnglish;
-    case audioMasterIOChanged:  // the shape is looked at behind every block anyway
+    case audioMasterSizeWindow:
+      return askWindowSize(index, value);
+    case audioMasterIOChanged:  // the shape is looked at after every block anyway
     case audioMasterBeginEdit:
     case audioMasterEndEdit:
     case audioMasterUpdateDisplay:

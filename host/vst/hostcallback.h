@@ -3,15 +3,14 @@
 
 #include <atomic>
 #include <cstdint>
-#include <functional>
+#include <optional>
 
 #include "plugin/vst24.h"
 
 // One for each effect, alive as long as the effect. Answers come on whatever thread the effect asks.
-class HostCallback {
+class HostCallback final {
  public:
   HostCallback() = default;
-  virtual ~HostCallback() = default;
   HostCallback(const HostCallback&) = delete;
   HostCallback& operator=(const HostCallback&) = delete;
 
@@ -38,14 +37,25 @@ class HostCallback {
   void setProcessing(bool on) { processing = on; }
   void setPosition(std::int64_t frame);
 
-  // A host with a window answers more: overrides see each call first and hand on what they do not know.
-  virtual VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+  struct Size {
+    int width;  // pixels
+    int height;
+  };
+  // Whether this host can show the effect's window, which then takes the size that the effect asks
+  // for. Set before the effect is made.
+  void setHasWindow(bool has) { hasWindow = has; }
+  // The last size asked for since this was last called. On the window's thread, which asks as well.
+  std::optional<Size> takeWindowSize();
 
  private:
+  VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr);
+  VstIntPtr askWindowSize(VstInt32 width, VstIntPtr height);
   VstTimeInfo* timeInfo();
 
   VstTimeInfo time{};
   std::atomic<int> blockSize = 0;      // frames; 0: not known yet
   std::atomic<VstInt32> uniqueID = 0;  // 0: the effect is still being made
   std::atomic<bool> processing = false;
+  bool hasWindow = false;
+  std::optional<Size> windowSize;  // asked for and not taken yet
 };

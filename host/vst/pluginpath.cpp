@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "host/base/failure.h"
+#include "host/vst/pluginplaces.h"
 
 namespace {
 
@@ -13,26 +14,22 @@ namespace fs = std::filesystem;
 
 constexpr int kParents = 3;  // folders above the executable's own
 
-// Set by the build: "x86_64-linux" and ".so", on macOS "MacOS" and "".
-constexpr const char* kArchitectureFolder = WIDEN_BUNDLE_FOLDER;
-constexpr const char* kBinarySuffix = WIDEN_BINARY_SUFFIX;
-
 fs::path binaryInBundle(const fs::path& bundle) {
   std::error_code error;
-  const fs::path folder = bundle / "Contents" / kArchitectureFolder;
+  const std::string inContents = "Contents/" + binaryFolderInBundle();
+  const fs::path folder = bundle / inContents;
   if (!fs::is_directory(folder, error)) {
-    throw Failure(bundle.string() + ": not a plug-in for this system (no Contents/" + kArchitectureFolder + " in it)");
+    throw Failure(bundle.string() + ": not a plug-in for this system (no " + inContents + " in it)");
   }
-  fs::path sameName = folder / (bundle.stem().string() + kBinarySuffix);
+  fs::path sameName = folder / (bundle.stem().string() + binarySuffix());
   if (fs::is_regular_file(sameName, error)) return sameName;
   std::vector<fs::path> candidates;
   for (const auto& entry : fs::directory_iterator(folder, error)) {
-    if (entry.is_regular_file(error) && entry.path().extension() == kBinarySuffix) candidates.push_back(entry.path());
+    if (entry.is_regular_file(error) && entry.path().extension() == binarySuffix()) candidates.push_back(entry.path());
   }
-  if (candidates.empty()) throw Failure(bundle.string() + ": no plug-in binary in Contents/" + kArchitectureFolder);
+  if (candidates.empty()) throw Failure(bundle.string() + ": no plug-in binary in " + inContents);
   if (candidates.size() > 1) {
-    throw Failure(bundle.string() + ": several binaries in Contents/" + kArchitectureFolder +
-                  "; name the one to load with --plugin");
+    throw Failure(bundle.string() + ": several binaries in " + inContents + "; name the one to load with --plugin");
   }
   return candidates.front();
 }
@@ -59,15 +56,9 @@ std::vector<fs::path> defaultPluginPlaces(const fs::path& executable) {
     folder = folder.parent_path();
   }
   const char* home = std::getenv("HOME");
-  const auto addHomeAnd = [&](const char* inHome, std::initializer_list<const char*> folders) {
-    if (home != nullptr && *home != 0) places.push_back(fs::path(home) / inHome / bundle);
-    for (const char* place : folders) places.push_back(fs::path(place) / bundle);
-  };
-  if (std::string_view(kArchitectureFolder) == "MacOS") {
-    addHomeAnd("Library/Audio/Plug-Ins/VST", {"/Library/Audio/Plug-Ins/VST"});
-  } else {
-    addHomeAnd(".vst", {"/usr/local/lib/vst", "/usr/lib/vst"});
-  }
+  const bool hasHome = home != nullptr && *home != 0;
+  if (hasHome) places.push_back(fs::path(home) / ownPluginFolderInHome() / bundle);
+  for (const fs::path& common : commonPluginFolders()) places.push_back(common / bundle);
   return places;
 }
 

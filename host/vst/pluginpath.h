@@ -5,7 +5,7 @@
 #include <vector>
 
 // Accepts the binary itself and a .vst bundle, in which Contents/<architecture>-linux/ is looked into, on macOS
-// Contents/MacOS/. Answers an absolute path. Throws Failure where there is nothing to load.
+// Contents/MacOS/. Returns an absolute path. Throws Failure where there is nothing to load.
 std::filesystem::path pluginBinary(const std::filesystem::path& bundleOrBinary);
 
 // Where Trelvan.vst is looked for when no plug-in is named, in this order: the folder of `executable` and its parents,

@@ -88,7 +88,7 @@ class PlainWindow {
 };
 
 // Effects are asked for their size before and after opening: some know it only then.
-EditorHostCallback::Size windowSize(Effect& effect) {
+HostCallback::Size windowSize(Effect& effect) {
   ERect* rect = nullptr;
   effect.dispatch(effEditGetRect, 0, 0, &rect);
   if (rect == nullptr || rect->right <= rect->left || rect->bottom <= rect->top) return {320, 200};  // until it knows
@@ -97,18 +97,18 @@ EditorHostCallback::Size windowSize(Effect& effect) {
 
 }  // namespace
 
-void showEditor(Effect& effect, EditorHostCallback& callback, const std::string& title) {
+void showEditor(Effect& effect, HostCallback& callback, const std::string& title) {
   if ((effect.record().flags & effFlagsHasEditor) == 0) throw Failure(effect.plugin() + " has no window");
-  const EditorHostCallback::Size before = windowSize(effect);
+  const HostCallback::Size before = windowSize(effect);
   PlainWindow window(before.width, before.height, title);
   if (effect.dispatch(effEditOpen, 0, 0, window.handle()) == 0) {
     throw Failure(effect.plugin() + " did not open its window");
   }
-  const EditorHostCallback::Size size = windowSize(effect);
+  const HostCallback::Size size = windowSize(effect);
   if (size.width != before.width || size.height != before.height) window.resize(size.width, size.height);
   while (window.wanted()) {
     effect.dispatch(effEditIdle);
-    if (const auto asked = callback.takeSize()) window.resize(asked->width, asked->height);
+    if (const auto asked = callback.takeWindowSize()) window.resize(asked->width, asked->height);
     std::this_thread::sleep_for(kIdleInterval);
   }
   effect.dispatch(effEditClose);

@@ -8,7 +8,7 @@
 
 std::filesystem::path executablePath() {
   std::uint32_t size = 0;
-  _NSGetExecutablePath(nullptr, &size);  // answers the size that it needs
+  _NSGetExecutablePath(nullptr, &size);  // returns the size that it needs
   std::string path(size, '\0');
   if (_NSGetExecutablePath(path.data(), &size) != 0) return {};
   std::error_code ignored;

@@ -1,0 +1,18 @@
+// macOS: where plug-ins lie, and the binary in their bundles.
+#include "host/vst/pluginplaces.h"
+
+std::string binaryFolderInBundle() {
+  return "MacOS";
+}
+
+std::string binarySuffix() {
+  return {};
+}
+
+std::filesystem::path ownPluginFolderInHome() {
+  return "Library/Audio/Plug-Ins/VST";
+}
+
+std::vector<std::filesystem::path> commonPluginFolders() {
+  return {"/Library/Audio/Plug-Ins/VST"};
+}
