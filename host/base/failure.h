@@ -1,6 +1,7 @@
 // How widen says that something cannot be done: one line for the person, and the exit status it leads to.
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -23,3 +24,11 @@ class UsageFailure : public Failure {
  public:
   explicit UsageFailure(const std::string& text) : Failure(text, ExitStatus::wrongUsage) {}
 };
+
+// What the system does not let be done with a file, and its reason.
+inline Failure cannotRead(const std::filesystem::path& file, const std::string& reason) {
+  return Failure(file.string() + ": cannot be read (" + reason + ")");
+}
+inline Failure cannotWrite(const std::filesystem::path& file, const std::string& reason) {
+  return Failure(file.string() + ": cannot be written (" + reason + ")");
+}

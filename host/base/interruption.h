@@ -5,8 +5,9 @@
 // then end the program as the signal would. A file-size limit becomes an error of the writing call instead.
 void installInterruption();
 
-// path: stays the caller's and unchanged until forget. Answers a slot, -1 where all are taken (then nothing is
-// removed by signals). Any thread. To be registered before the file is made, so that no moment is unguarded.
+// path: stays the caller's and unchanged until forget. Returns a slot, -1 where all are taken (then
+// nothing is removed by signals). Any thread. To be registered before the file is made, so that no
+// moment is unguarded.
 int removeOnSignal(const char* path);
 void forgetOnSignal(int slot);
 // True once a signal is ending the program: a file made just now was perhaps not seen and is its maker's to remove.

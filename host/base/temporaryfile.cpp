@@ -25,18 +25,14 @@ std::filesystem::path hiddenNameBeside(const std::filesystem::path& place) {
          formatted(".%s.%d-%u.part", place.filename().c_str(), static_cast<int>(getpid()), count.fetch_add(1));
 }
 
-[[noreturn]] void refuse(const std::filesystem::path& target, const std::string& reason) {
-  throw Failure(target.string() + ": cannot be written (" + reason + ")");
-}
-
 }  // namespace
 
 void checkTarget(const std::filesystem::path& target, bool replace) {
   std::error_code error;
   const auto status = std::filesystem::status(target, error);
   if (!std::filesystem::exists(status)) return;  // what stands in its way shows when it is made
-  if (std::filesystem::is_directory(status)) refuse(target, "it is a folder");
-  if (!std::filesystem::is_regular_file(status)) refuse(target, "it is no regular file");
+  if (std::filesystem::is_directory(status)) throw cannotWrite(target, "it is a folder");
+  if (!std::filesystem::is_regular_file(status)) throw cannotWrite(target, "it is no regular file");
   if (!replace) throw Failure(target.string() + ": is already there (--force replaces it)");
 }
 
@@ -44,7 +40,7 @@ TemporaryFile::TemporaryFile(const std::filesystem::path& named, bool mayReplace
   checkTarget(target, replace);
   std::error_code error;
   place = std::filesystem::weakly_canonical(target, error);
-  if (error) refuse(target, error.message());
+  if (error) throw cannotWrite(target, error.message());
   temporary = hiddenNameBeside(place);
   slot = removeOnSignal(temporary.c_str());
   handle = open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
@@ -52,7 +48,8 @@ TemporaryFile::TemporaryFile(const std::filesystem::path& named, bool mayReplace
   if (handle >= 0 && endedBySignal()) unlink(temporary.c_str());
   if (handle >= 0) return;
   forgetOnSignal(slot);
-  refuse(target, failure == ENOENT ? "there is no folder " + place.parent_path().string() : std::strerror(failure));
+  throw cannotWrite(target,
+                    failure == ENOENT ? "there is no folder " + place.parent_path().string() : std::strerror(failure));
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -67,8 +64,8 @@ void TemporaryFile::keep() {
   if (stat(place.c_str(), &old) == 0) fchmod(handle, old.st_mode & 07777);  // a replaced file keeps who may read it
   const int closed = close(handle);
   handle = -1;
-  if (closed != 0) refuse(target, std::strerror(errno));
-  if (rename(temporary.c_str(), place.c_str()) != 0) refuse(target, std::strerror(errno));
+  if (closed != 0) throw cannotWrite(target, std::strerror(errno));
+  if (rename(temporary.c_str(), place.c_str()) != 0) throw cannotWrite(target, std::strerror(errno));
   forgetOnSignal(slot);
   slot = -1;
   temporary.clear();

@@ -18,6 +18,18 @@ std::string formatted(const char* format, ...) {
   return text;
 }
 
+std::string lowerCase(std::string_view text) {
+  std::string lower(text);
+  for (char& letter : lower) {
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  }
+  return lower;
+}
+
+bool sameLetters(std::string_view a, std::string_view b) {
+  return lowerCase(a) == lowerCase(b);
+}
+
 std::string decibelText(double magnitude) {
   if (!(magnitude > 0.0)) return "-inf";
   const std::string text = formatted("%+.1f", 20.0 * std::log10(magnitude));
@@ -30,6 +42,10 @@ std::string durationText(double seconds) {
   const std::string tail = formatted("%02lld.%03lld", total / 1000 % 60, total % 1000);
   if (minutes >= 60) return formatted("%lld:%02lld:", minutes / 60, minutes % 60) + tail;
   return formatted("%lld:", minutes) + tail;
+}
+
+std::string durationText(std::int64_t frames, int sampleRate) {
+  return durationText(static_cast<double>(frames) / sampleRate);
 }
 
 std::string channelText(int channels) {

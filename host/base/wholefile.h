@@ -1,9 +1,12 @@
 // Small files read at once: states, presets, banks.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <span>
 #include <vector>
+
+constexpr std::uintmax_t kLargestState = 1 << 28;  // bytes: more than any effect keeps
 
 // Throws Failure: no such file, a folder, empty, larger than any state, not readable.
 std::vector<unsigned char> readWholeFile(const std::filesystem::path& file);

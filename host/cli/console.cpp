@@ -17,7 +17,7 @@ constexpr std::chrono::milliseconds kBeforeFirst{500};  // short runs show none
 constexpr std::chrono::milliseconds kBetween{100};
 constexpr int kBarWidth = 30;  // characters
 
-// Answers 0, or the system's error.
+// Returns 0, or the system's error.
 int put(std::FILE* stream, const std::string& text) {
   errno = 0;
   std::fwrite(text.data(), 1, text.size(), stream);

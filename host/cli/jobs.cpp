@@ -7,8 +7,8 @@
 #include <string>
 #include <system_error>
 
+#include "host/base/text.h"
 #include "host/sound/soundformat.h"
-#include "host/state/presetlookup.h"
 
 namespace {
 

@@ -19,5 +19,6 @@ struct Jobs {
 };
 
 // Works the targets out and refuses what would destroy something: an output that is an input, two outputs of one name.
-// Looks at the file system and changes nothing. Throws UsageFailure, and Failure for what the file system answers.
+// Looks at the file system and changes nothing. Throws UsageFailure, and Failure for what stands in
+// the way.
 Jobs planJobs(const Arguments& arguments);

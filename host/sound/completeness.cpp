@@ -1,4 +1,4 @@
-// Whether a sound file is whole, as far as it tells itself.
+// Whether a sound file is whole, as far as the file says itself.
 #include "host/sound/completeness.h"
 
 #include <sys/stat.h>
@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int kMostChunks = 100000;  // in front of the sound; nobody writes more than some dozens
+constexpr int kMostChunks = 100000;  // before the sound; nobody writes more than some dozens
 
 // Bounded looks into a file.
 struct Bytes {
@@ -142,7 +142,7 @@ std::string damageInOgg(const Bytes& file) {
   for (std::int64_t at = 0; at < file.size;) {
     const std::string_view head = file.at(at, kHead, room);
     const bool isPage = head.starts_with("OggS");
-    if (ended && !isPage) return {};  // tags behind the end
+    if (ended && !isPage) return {};  // tags after the end
     if (head.empty()) return kCut;
     if (!isPage) return damagedAt(at);
     const auto segments = static_cast<unsigned char>(head.back());

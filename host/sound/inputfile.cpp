@@ -17,10 +17,6 @@
 
 namespace {
 
-[[noreturn]] void refuse(const std::filesystem::path& path, int error) {
-  throw Failure(path.string() + ": cannot be read (" + std::strerror(error) + ")");
-}
-
 [[noreturn]] void cannotKeep(const std::filesystem::path& path, const std::string& reason) {
   throw Failure(path.string() + ": cannot be kept while it is read (" + reason +
                 "; TMPDIR names the folder that it is kept in)");
@@ -44,7 +40,7 @@ void copyAll(int from, int to, const std::filesystem::path& path) {
   for (;;) {
     const ssize_t count = read(from, piece.data(), piece.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) refuse(path, errno);
+    if (count < 0) throw cannotRead(path, std::strerror(errno));
     if (count == 0) break;
     const int error = writeAll(to, piece.data(), static_cast<std::size_t>(count));
     if (error != 0) cannotKeep(path, std::strerror(error));
@@ -56,7 +52,7 @@ void copyAll(int from, int to, const std::filesystem::path& path) {
 }  // namespace
 
 InputFile::InputFile(const std::filesystem::path& path) : handle(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-  if (handle < 0) refuse(path, errno);
+  if (handle < 0) throw cannotRead(path, std::strerror(errno));
   struct stat status {};
   pipe = fstat(handle, &status) == 0 && (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));
   if (!pipe) return;

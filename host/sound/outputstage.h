@@ -11,9 +11,10 @@ struct TailPlan {
   std::int64_t quietFrames = 0;  // with `automatic`: silence that counts as the end, longer than any gap inside a tail
 };
 
-// Gets what the effect puts out, in blocks of any size, and hands on exactly the frames that belong into the file: as
-// many as there was input, beginning behind the latency, and then the tail. The result does not depend on the blocks,
-// but for a latency that changes: it counts from the first frame of the block in which the effect told it.
+// Gets what the effect puts out, in blocks of any size, and hands on exactly the frames that belong
+// into the file: as many as there was input, beginning after the latency, and then the tail. The
+// result does not depend on the blocks, but for a latency that changes: it counts from the first
+// frame of the block in which the effect named it.
 class OutputStage {
  public:
   using Sink = std::function<void(const double* left, const double* right, int frames)>;
@@ -24,8 +25,9 @@ class OutputStage {
   // latency: frames by which the effect is late.
   OutputStage(Sink sink, std::int64_t latency, const TailPlan& tail);
 
-  // In front of the block from which the effect is late by so many frames. More than before: so many frames repeat what
-  // was handed on and are dropped. Fewer: what the effect has leapt over stays silent.
+  // Called before the block from which the effect is late by so many frames. More than before: so
+  // many frames repeat what was handed on and are dropped. Fewer: what the effect has leapt over
+  // stays silent.
   void setLatency(std::int64_t latency);
   void accept(const double* left, const double* right, int frames);
   // No more input comes; from now on the effect is fed silence until complete().

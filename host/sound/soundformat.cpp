@@ -3,10 +3,10 @@
 
 #include <sndfile.h>
 
-#include <algorithm>
 #include <array>
-#include <cctype>
 #include <limits>
+
+#include "host/base/text.h"
 
 namespace {
 
@@ -66,9 +66,7 @@ int integerBits(SampleFormat format) {
 }
 
 std::optional<FileType> fileTypeOf(const std::filesystem::path& file) {
-  std::string extension = file.extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+  const std::string extension = lowerCase(file.extension().string());
   if (extension == ".wav" || extension == ".wave") return FileType::wav;
   if (extension == ".aif" || extension == ".aiff" || extension == ".aifc") return FileType::aiff;
   if (extension == ".flac") return FileType::flac;

@@ -54,7 +54,7 @@ void SoundReader::openFile() {
   if (!file) {
     const int error = sf_error(nullptr);
     const std::string text = sf_strerror(nullptr);
-    if (error == SF_ERR_SYSTEM) throw Failure(path.string() + ": cannot be read (" + text + ")");
+    if (error == SF_ERR_SYSTEM) throw cannotRead(path, text);
     throw Failure(path.string() + ": not a sound file (" + text + ")");
   }
 }
@@ -72,8 +72,9 @@ SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
   buffer.resize(kBufferFrames * static_cast<std::size_t>(info.channels));
 }
 
-// The library answers what it has before a damage as if the file ended there, with an error that the next call
-// forgets. Behind the last frame an error says nothing: a decoder stumbles over tags that follow the sound.
+// The library returns what it has before a damage as if the file ended there, with an error that the
+// next call forgets. After the last frame an error says nothing: a decoder stumbles over tags that
+// follow the sound.
 void SoundReader::checkDamage(sf_count_t frames) const {
   const std::int64_t reached = framesRead + std::max<sf_count_t>(frames, 0);
   const bool failed = sf_error(file.get()) != SF_ERR_NO_ERROR;

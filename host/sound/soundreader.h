@@ -28,9 +28,10 @@ class SoundReader {
   }
   SampleFormat format() const { return sampleFormatOf(info.format); }
 
-  // Fills left and right (the same for mono) with up to `count` frames and answers how many; fewer only at the end.
-  // Integer formats are scaled so that full scale is 1, without a rounding error. Throws Failure where reading fails
-  // and where the file ends before the last frame that its header names.
+  // Fills left and right (the same for mono) with up to `count` frames and returns how many; fewer
+  // only at the end. Integer formats are scaled so that full scale is 1, without a rounding error.
+  // Throws Failure where reading fails and where the file ends before the last frame that its header
+  // names.
   int read(double* left, double* right, int count);
 
   // Title, artist and the like: libsndfile's string types with their texts.

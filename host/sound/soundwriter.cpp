@@ -69,7 +69,7 @@ SF_VIRTUAL_IO SoundWriter::writingTo() {
 }
 
 void SoundWriter::fail(const std::string& reason) const {
-  throw Failure(path.string() + ": cannot be written (" + (sink.error != 0 ? std::strerror(sink.error) : reason) + ")");
+  throw cannotWrite(path, sink.error != 0 ? std::strerror(sink.error) : reason);
 }
 
 void SoundWriter::write(const double* left, const double* right, int frames) {

@@ -8,17 +8,12 @@
 #include <utility>
 
 #include "host/base/failure.h"
+#include "host/base/text.h"
 
 namespace {
 
 constexpr std::size_t kMostSuggestions = 3;
 constexpr std::size_t kMostDigits = 6;  // more than any effect has programs
-
-std::string lowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-  return text;
-}
 
 bool isNumber(const std::string& text) {
   return !text.empty() && text.size() <= kMostDigits &&
@@ -54,10 +49,6 @@ std::optional<std::size_t> distanceOf(const std::string& name, const std::string
 }
 
 }  // namespace
-
-bool sameLetters(const std::string& a, const std::string& b) {
-  return lowerCase(a) == lowerCase(b);
-}
 
 std::vector<std::string> nearNames(const std::vector<std::string>& names, const std::string& wanted) {
   std::vector<std::pair<std::size_t, std::string>> near;

@@ -13,6 +13,3 @@ int findPreset(const std::vector<std::string>& names, const std::string& wanted)
 std::vector<std::string> nearNames(const std::vector<std::string>& names, const std::string& wanted);
 // ` (did you mean "a" or "b"?)`, or nothing.
 std::string suggestion(const std::vector<std::string>& names, const std::string& wanted);
-
-// Equal without regard to the case of ASCII letters.
-bool sameLetters(const std::string& a, const std::string& b);

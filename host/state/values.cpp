@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "host/base/failure.h"
+#include "host/base/text.h"
 
 namespace {
 
@@ -15,13 +16,6 @@ constexpr double kLowestHz = 20.0;     // base frequency of the raw value 0
 constexpr double kHzRange = 980.0;     // and how much the raw value 1 adds: Hz = 20 + 980 raw^2
 constexpr double kHighestGain = 60.0;  // dB, either way
 constexpr double kLongestTail = 3600;  // s
-
-std::string lowerCase(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-  return lower;
-}
 
 std::string_view trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t");

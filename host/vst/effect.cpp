@@ -6,6 +6,7 @@
 #include <mutex>
 
 #include "host/base/failure.h"
+#include "host/base/wholefile.h"
 #include "host/vst/effectrecord.h"
 #include "presetsystem/image/presetimage.h"
 
@@ -123,7 +124,7 @@ Effect::Bytes Effect::chunk() {
   const std::lock_guard life(module.lifeLock());
   void* bytes = nullptr;
   const VstIntPtr size = call(effGetChunk, 0, 0, &bytes, 0.0F);
-  if (size < 0 || size > kLargestChunk) {
+  if (size < 0 || size > static_cast<VstIntPtr>(kLargestState)) {
     throw Failure(name + ": the effect answers a state of " + std::to_string(size) + " bytes, which cannot be");
   }
   if (size == 0 || bytes == nullptr) throw Failure(name + ": the effect gives no state");

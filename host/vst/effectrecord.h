@@ -5,14 +5,13 @@
 
 #include "plugin/vst24.h"
 
-// Bounds beyond which an answer is nonsense rather than generous.
+// Bounds beyond which a number is nonsense rather than generous.
 constexpr VstInt32 kMostPins = 64;  // inputs, outputs
 constexpr VstInt32 kMostParameters = 1 << 16;
 constexpr VstInt32 kMostPrograms = 1 << 16;
 constexpr VstInt32 kLongestLatency = 1 << 22;  // frames: more than 20 s at 192 kHz
-constexpr VstIntPtr kLargestChunk = 1 << 28;   // bytes
 
-// record: what the entry point answered. Throws Failure, opening with `plugin`.
+// record: what the entry point returned. Throws Failure, opening with `plugin`.
 void checkEffectRecord(const AEffect* record, const std::string& plugin);
 // The same for what an effect may change while it lives: its pins and its latency.
 void checkEffectShape(const AEffect& record, const std::string& plugin);
