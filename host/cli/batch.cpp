@@ -39,7 +39,7 @@ Outcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& j
   }
 }
 
-// Outcomes come in any order and are told in the order of the jobs.
+// Outcomes come in any order and are shown in the order of the jobs.
 class Reporter {
  public:
   Reporter(std::size_t count, Console& shows) : outcomes(count), console(shows) {}
@@ -50,10 +50,10 @@ class Reporter {
     outcomes[index] = std::move(outcome);
     console.fileDone();
     for (; next < outcomes.size() && outcomes[next]; ++next) {
-      const Outcome& told = *outcomes[next];
-      if (!told.report.empty()) console.say(told.report);
-      if (!told.warning.empty()) console.warn(told.warning);
-      if (!told.failure.empty()) console.warn(told.failure);
+      const Outcome& shown = *outcomes[next];
+      if (!shown.report.empty()) console.say(shown.report);
+      if (!shown.warning.empty()) console.warn(shown.warning);
+      if (!shown.failure.empty()) console.warn(shown.failure);
     }
   }
 

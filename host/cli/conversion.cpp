@@ -28,8 +28,8 @@ TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
   if (!asked.automatic) return {false, frames(asked.seconds), 0};
   const std::int64_t longest = frames(kLongestAutomaticTail);
   // An effect that knows its tail may name a longer gap.
-  const std::int64_t told = std::clamp<std::int64_t>(effect.dispatch(effGetTailSize), 0, longest);
-  return {true, longest, std::max(frames(kQuietTime), told)};
+  const std::int64_t named = std::clamp<std::int64_t>(effect.dispatch(effGetTailSize), 0, longest);
+  return {true, longest, std::max(frames(kQuietTime), named)};
 }
 
 // One run from the first frame to the last.
@@ -52,7 +52,7 @@ class Run {
     if (job.plot) analysis = std::make_unique<StereoAnalysis>(from.sampleRate());
   }
 
-  // Answers how many frames were read.
+  // Returns how many frames were read.
   std::int64_t go() {
     const int blockSize = static_cast<int>(left.size());
     std::int64_t read = 0;
@@ -95,8 +95,7 @@ class Run {
   void checkFinite(const double* l, const double* r, int frames, std::int64_t first, const std::string& what) const {
     for (int frame = 0; frame < frames; ++frame) {
       if (std::isfinite(l[frame]) && std::isfinite(r[frame])) continue;
-      const double seconds = static_cast<double>(first + frame) / reader.sampleRate();
-      throw Failure(what + " a value that is not a number at " + durationText(seconds));
+      throw Failure(what + " a value that is not a number at " + durationText(first + frame, reader.sampleRate()));
     }
   }
 
@@ -121,7 +120,7 @@ class Run {
   std::vector<double> outLeft;
   std::vector<double> outRight;
   std::int64_t taken = 0;    // frames for the file
-  std::int64_t unshown = 0;  // frames since the progress was told
+  std::int64_t unshown = 0;  // frames since the progress was shown
 };
 
 SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arguments, FileType type) {
@@ -157,7 +156,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
     throw Failure(job.input.string() + ": is stereo, but " + effect.plugin() + " takes mono only");
   }
   effect.setUp(reader.sampleRate(), arguments.blockSize);
-  applyState(effect, arguments.state);  // its notes were told when the state was tried
+  applyState(effect, arguments.state);  // its notes were shown when the state was tried
   done.preset = describeCurrentPreset(effect);
   done.values = describeValues(effect);
   effect.start(arguments.doublePrecision);
@@ -168,40 +167,11 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
 
   // The sound takes its name only when the picture is complete as well, and the other way round.
   std::unique_ptr<TemporaryFile> picture;
-  if (run.image() != nullptr) picture = drawPlot(*run.image(), done, job, arguments.force);
+  if (run.image() != nullptr) picture = drawPlot(*run.image(), captionOf(done, job), *job.plot, arguments.force);
   writer.finish();
   if (picture) picture->keep();
   done.framesWritten = writer.framesWritten();
   done.peak = writer.peak();
   done.clippedSamples = writer.clippedSamples();
   return done;
-}
-
-std::string reportOf(const Conversion& done, const Job& job) {
-  const auto lengthText = [&](std::int64_t frames) {
-    return durationText(static_cast<double>(frames) / done.sampleRate);
-  };
-  std::string text = job.input.string() + ": " + channelText(done.channels) + ", " + std::to_string(done.sampleRate) +
-                     " Hz, " + std::to_string(done.framesRead) + " frames (" + lengthText(done.framesRead) + ")";
-  if (!done.preset.empty()) text += ", " + done.preset;
-  if (!done.values.empty()) text += ": " + done.values;
-  text += "\n  -> " + job.output.string() + ": " + textOf(done.format) + " " + textOf(done.type);
-  if (done.framesWritten != done.framesRead) {
-    text += ", " + std::to_string(done.framesWritten) + " frames (" + lengthText(done.framesWritten) + ")";
-  }
-  if (done.gain != 1.0) text += ", gain " + decibelText(done.gain) + " dB";
-  text += ", peak " + decibelText(done.peak) + " dBFS";
-  if (job.plot) text += ", picture " + job.plot->string();
-  return text;
-}
-
-std::string clippingWarning(const Conversion& done, const Job& job) {
-  if (done.clippedSamples == 0) return {};
-  // Rounded away from full scale, so that the advice holds.
-  const double advised = std::floor(-20.0 * std::log10(done.peak / done.gain) * 10.0) / 10.0;
-  std::string text = job.output.string() + ": peak " + decibelText(done.peak) + " dBFS is beyond full scale, " +
-                     std::to_string(done.clippedSamples) + (done.clippedSamples == 1 ? " sample" : " samples") +
-                     " clipped; use --gain " + formatted("%.1fdB", advised);
-  if (canHold(done.type, SampleFormat::float32)) text += " or --format float";
-  return text;
 }

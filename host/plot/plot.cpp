@@ -31,16 +31,12 @@ constexpr PlotArea kSpectra{kMargin, kHeader + 564 + kGap, kWidth - 2 * kMargin,
 // The font library keeps tables that threads share.
 std::mutex drawing;
 
-void drawHeader(PlotCanvas& canvas, const Conversion& done, const Job& job) {
+void drawCaption(PlotCanvas& canvas, const PlotCaption& caption) {
   const PlotText title{kTitleSize, kBright, 0.0, 0.0, true};
-  const PlotText line{kTextSize, kMuted};
+  const PlotText details{kTextSize, kMuted};
   const double room = kWidth - 2 * kMargin;
-  canvas.text(canvas.fitted(job.input.filename().string(), title, room), {kMargin, 52}, title);
-  std::string what = channelText(done.channels) + ", " + std::to_string(done.sampleRate) + " Hz, " +
-                     durationText(static_cast<double>(done.framesRead) / done.sampleRate);
-  if (!done.preset.empty()) what += "   |   " + done.preset;
-  if (!done.values.empty()) what += "   |   " + done.values;
-  canvas.text(canvas.fitted(what, line, room), {kMargin, 82}, line);
+  canvas.text(canvas.fitted(caption.title, title, room), {kMargin, 52}, title);
+  canvas.text(canvas.fitted(caption.details, details, room), {kMargin, 82}, details);
 }
 
 std::string level(double magnitude) {
@@ -91,12 +87,12 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
 
 }  // namespace
 
-std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const Conversion& done, const Job& job,
-                                        bool replace) {
-  auto file = std::make_unique<TemporaryFile>(*job.plot, replace);
+std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const PlotCaption& caption,
+                                        const std::filesystem::path& target, bool replace) {
+  auto file = std::make_unique<TemporaryFile>(target, replace);
   const std::lock_guard guard(drawing);
   PlotCanvas canvas(kWidth, kHeight, kBackground);
-  drawHeader(canvas, done, job);
+  drawCaption(canvas, caption);
   double extent = std::max(extentOf(analysis.before().goniometer()), extentOf(analysis.after().goniometer()));
   if (extent == 0.0) extent = 1.0;  // silence
   extent *= 1.06;                   // a little air around the cloud
@@ -112,6 +108,6 @@ std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const Co
   curves.push_back({"side after", after.sidePower(), kSide, 2.0, true});
   curves.push_back({"mid after", after.midPower(), kMid, 1.5, false});
   drawSpectra(canvas, kSpectra, curves, analysis.sampleRate());
-  canvas.writePng(file->descriptor(), *job.plot);
+  canvas.writePng(file->descriptor(), target);
   return file;
 }

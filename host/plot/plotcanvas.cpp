@@ -1,37 +1,24 @@
 // A surface to draw a picture on.
 #include "host/plot/plotcanvas.h"
 
+#include <algorithm>
 #include <cstring>
 #include <numbers>
 
 #include "host/base/failure.h"
 #include "host/base/writeall.h"
+#include "platform/validtext.h"
 
 namespace {
 
 constexpr double kDash[] = {5.0, 4.0};  // pixels on, off
 
-// Cairo refuses everything behind the first byte that is not UTF-8.
-std::string validText(const std::string& bytes) {
-  std::string valid;
-  for (std::size_t i = 0; i < bytes.size();) {
-    const auto first = static_cast<unsigned char>(bytes[i]);
-    std::size_t length = first < 0x80 ? 1 : first >= 0xC2 && first < 0xE0 ? 2 : first >= 0xE0 && first < 0xF0 ? 3 : 0;
-    if (first >= 0xF0 && first < 0xF5) length = 4;
-    bool whole = length != 0 && first >= 0x20 && i + length <= bytes.size();
-    for (std::size_t next = 1; whole && next < length; ++next) {
-      whole = (static_cast<unsigned char>(bytes[i + next]) & 0xC0) == 0x80;
-    }
-    // Encoded surrogates, overlong forms and what lies beyond the last code point are not UTF-8 either.
-    if (whole && length >= 3) {
-      const auto second = static_cast<unsigned char>(bytes[i + 1]);
-      whole = !(first == 0xE0 && second < 0xA0) && !(first == 0xED && second >= 0xA0) &&
-              !(first == 0xF0 && second < 0x90) && !(first == 0xF4 && second >= 0x90);
-    }
-    valid += whole ? bytes.substr(i, length) : "?";
-    i += whole ? length : 1;
-  }
-  return valid;
+// Cairo refuses everything after the first byte that is not UTF-8, and fonts have no control characters.
+std::string drawable(const std::string& bytes) {
+  std::string text = validText(bytes);
+  std::replace_if(
+      text.begin(), text.end(), [](unsigned char byte) { return byte < ' '; }, '?');
+  return text;
 }
 
 // Where the picture goes. The library's own status does not say why a write failed.
@@ -120,13 +107,13 @@ void PlotCanvas::select(const PlotText& look) {
 double PlotCanvas::widthOf(const std::string& text, const PlotText& look) {
   select(look);
   cairo_text_extents_t extents;
-  cairo_text_extents(context.get(), validText(text).c_str(), &extents);
+  cairo_text_extents(context.get(), drawable(text).c_str(), &extents);
   return extents.x_advance;
 }
 
 std::string PlotCanvas::fitted(const std::string& text, const PlotText& look, double width) {
   if (widthOf(text, look) <= width) return text;
-  std::string shorter = validText(text);
+  std::string shorter = drawable(text);
   while (!shorter.empty()) {
     do {
       shorter.pop_back();
@@ -147,7 +134,7 @@ void PlotCanvas::text(const std::string& text, const PlotPoint& at, const PlotTe
   cairo_rotate(cr, look.angle);
   cairo_move_to(cr, -width * look.anchorX, kCapitalHeight * look.size * look.anchorY);
   use(look.colour);
-  cairo_show_text(cr, validText(text).c_str());
+  cairo_show_text(cr, drawable(text).c_str());
   cairo_restore(cr);
   cairo_new_path(cr);
 }
@@ -175,7 +162,7 @@ void PlotCanvas::writePng(int descriptor, const std::filesystem::path& file) con
                           : cairo_surface_write_to_png_stream(surface.get(), writeBytes, &sink);
   if (status == CAIRO_STATUS_SUCCESS) return;
   const char* reason = sink.error != 0 ? std::strerror(sink.error) : cairo_status_to_string(status);
-  throw Failure(file.string() + ": cannot be written (" + reason + ")");
+  throw cannotWrite(file, reason);
 }
 
 PlotCanvas::Clip::Clip(PlotCanvas& canvas, const PlotArea& area) : context(canvas.context.get()) {

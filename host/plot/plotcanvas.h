@@ -47,7 +47,8 @@ class PlotCanvas {
   void curve(const std::vector<PlotPoint>& points, const PlotColour& colour, double width);
   // The area between the curve and the horizontal line at `floor`.
   void under(const std::vector<PlotPoint>& points, double floor, const PlotColour& colour);
-  // text: any bytes; what is not UTF-8 shows as question marks.
+  // text: any bytes; what is not UTF-8 is repaired as in the effect's window, control characters
+  // show as question marks.
   void text(const std::string& text, const PlotPoint& at, const PlotText& look);
   double widthOf(const std::string& text, const PlotText& look);
   // The text as it is, or shortened with an ellipsis so that it fits.

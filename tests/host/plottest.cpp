@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cmath>
 
@@ -25,19 +26,11 @@ class Plots : public TempFolder {
     return {number(16), number(20)};
   }
 
-  static Conversion someConversion() {
-    Conversion done;
-    done.channels = 2;
-    done.sampleRate = 44100;
-    done.framesRead = 4410;
-    done.preset = "preset 1 \"mix 1\"";
-    done.values = std::string(400, 'v');  // longer than the picture is wide
-    return done;
-  }
+  // The second line is longer than the picture is wide.
+  static PlotCaption caption(const std::string& title) { return {title, std::string(400, 'v')}; }
 
   std::string draw(const StereoAnalysis& analysis, const std::string& input) const {
-    Job job{input, in("out.wav"), in("p.png")};
-    drawPlot(analysis, someConversion(), job, true)->keep();
+    drawPlot(analysis, caption(input), in("p.png"), true)->keep();
     return textOf(in("p.png"));
   }
 };
@@ -84,10 +77,28 @@ TEST_F(Plots, ShowTextsThatAreNotText) {
   }
 }
 
+// The rule is the effect's window's: a byte that is no text becomes U+FFFD, a character without its end
+// goes; a font has no control characters.
+TEST_F(Plots, RepairTextsAsTheWindowDoes) {
+  const auto drawn = [&](const std::string& text) {
+    PlotCanvas canvas(60, 30, {0, 0, 0});
+    canvas.text(text, {2, 20}, {12, {1, 1, 1}});
+    const TemporaryFile file(in("p.png"), true);
+    canvas.writePng(file.descriptor(), "p.png");
+    std::string bytes(100000, '\0');  // more than so small a picture takes
+    const ssize_t size = pread(file.descriptor(), bytes.data(), bytes.size(), 0);
+    return bytes.substr(0, size > 0 ? static_cast<std::size_t>(size) : 0);
+  };
+  EXPECT_NE(drawn("a"), drawn("b")) << "the picture shows the text";
+  EXPECT_EQ(drawn("f\xFCr"), drawn("f\uFFFDr"));
+  EXPECT_NE(drawn("f\xFCr"), drawn("f?r"));
+  EXPECT_EQ(drawn("name\xE2\x80"), drawn("name"));
+  EXPECT_EQ(drawn("a\nb"), drawn("a?b"));
+}
+
 TEST_F(Plots, AreNotLeftUnfinished) {
   const StereoAnalysis analysis(44100);
-  const Job job{"a.wav", in("out.wav"), in("p.png")};
-  { const auto file = drawPlot(analysis, someConversion(), job, false); }
+  { const auto file = drawPlot(analysis, caption("a.wav"), in("p.png"), false); }
   EXPECT_THAT(names(), testing::IsEmpty());
 }
 

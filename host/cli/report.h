@@ -1,0 +1,29 @@
+// What was done with a file, in words for the person.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "host/cli/jobs.h"
+#include "host/plot/plot.h"
+#include "host/sound/soundformat.h"
+
+// What was done.
+struct Conversion {
+  int channels = 0;
+  int sampleRate = 0;  // Hz
+  std::int64_t framesRead = 0;
+  std::int64_t framesWritten = 0;
+  FileType type = FileType::wav;
+  SampleFormat format = SampleFormat::pcm16;
+  double gain = 1.0;  // factor
+  double peak = 0.0;  // of what was written, 1 is full scale
+  std::int64_t clippedSamples = 0;
+  std::string preset;  // as describeCurrentPreset
+  std::string values;  // as describeValues
+};
+
+// The report's lines, and the warning about clipping (empty where nothing was clipped).
+std::string reportOf(const Conversion& done, const Job& job);
+std::string clippingWarning(const Conversion& done, const Job& job);
+PlotCaption captionOf(const Conversion& done, const Job& job);
