@@ -29,13 +29,16 @@ Outputs
 
 Exit status: 0 done, 1 failed, 2 wrong usage.)";
 
-// The words as they were typed; what needs more than the option's own rules is checked behind the parser.
+// The words as they were typed; what needs more than the option's own rules is checked after the parser.
 struct Typed {
   std::array<std::string, StateArguments::kTrelvanParameters> values;
   std::vector<std::string> settings;
   std::string output, format, gain, tail, plot, state, bank, preset, saveState, plugin;
   bool version = false;
 };
+
+constexpr std::array<const char*, StateArguments::kTrelvanParameters> kValueOptions = {
+    "--width", "--base-freq", "--emphasis", "--process", "--phase"};
 
 class Formatter : public CLI::Formatter {
  public:
@@ -58,7 +61,7 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
   app.add_flag("-f,--force", arguments.force, "Replace outputs that are already there");
   app.add_option("--format", typed.format, "pcm16, pcm24, pcm32, float or double; default: as the input")
       ->type_name("FORMAT");
-  app.add_option("--gain", typed.gain, "Louder or softer behind the effect, e.g. -3dB")->type_name("DB");
+  app.add_option("--gain", typed.gain, "Louder or softer after the effect, e.g. -3dB")->type_name("DB");
   app.add_option("--tail", typed.tail, "Let the effect ring out: 2s, 250ms, or auto (until it is silent)")
       ->type_name("TIME");
   app.add_option("--plot", typed.plot, "Picture of the stereo image before and after (PNG file or folder)")
@@ -73,13 +76,11 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
   app.add_option("--bank", typed.bank, "Bank file (.orb); its first preset is selected")
       ->group(sound)
       ->type_name("FILE");
-  constexpr std::array<const char*, StateArguments::kTrelvanParameters> kOptions = {
-      "--width", "--base-freq", "--emphasis", "--process", "--phase"};
   constexpr std::array<const char*, StateArguments::kTrelvanParameters> kTexts = {
       "Width of the image, e.g. 75%", "One period of it is the delay, e.g. 265Hz",
       "Emphasis of the highs in the side signal, e.g. 30%", "Effect on or off", "Sides swapped on or off"};
-  for (std::size_t i = 0; i < kOptions.size(); ++i) {
-    app.add_option(kOptions[i], typed.values[i], kTexts[i])->group(sound)->type_name("VALUE");
+  for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
+    app.add_option(kValueOptions[i], typed.values[i], kTexts[i])->group(sound)->type_name("VALUE");
   }
   app.add_option("--set", typed.settings, "Any effect's parameter by name or index, 0 to 1 (may be repeated)")
       ->group(sound)
@@ -112,14 +113,10 @@ std::string oneLine(std::string text) {
 }
 
 void takeValues(const CLI::App& app, const Typed& typed, StateArguments& state) {
-  const auto take = [&](std::size_t index, const char* option, float (*parse)(std::string_view, std::string_view)) {
-    if (app.count(option) != 0) state.values[index] = parse(option, typed.values[index]);
-  };
-  take(0, "--width", parsePercent);
-  take(1, "--base-freq", parseBaseFrequency);
-  take(2, "--emphasis", parsePercent);
-  take(3, "--process", parseSwitch);
-  take(4, "--phase", parseSwitch);
+  for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
+    if (app.count(kValueOptions[i]) == 0) continue;
+    state.values[i] = parseTrelvanValue(static_cast<int>(i), kValueOptions[i], typed.values[i]);
+  }
   for (const std::string& setting : typed.settings) {
     const auto equals = setting.find('=');
     if (equals == std::string::npos || equals == 0 || equals + 1 == setting.size()) {

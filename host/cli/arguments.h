@@ -1,30 +1,13 @@
 // The command line, read and checked as far as it can be without looking at files or at the effect.
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "host/base/failure.h"
 #include "host/sound/soundformat.h"
-
-// --set NAME=VALUE, taken apart at the first "=".
-struct ParameterSetting {
-  std::string parameter;  // name or index
-  std::string value;
-};
-
-// What puts the effect into its state, in the order in which it is applied.
-struct StateArguments {
-  static constexpr int kTrelvanParameters = 5;  // width, baseFreq, emphasis, process, phase
-
-  std::optional<std::string> state;                             // raw chunk
-  std::optional<std::string> bank;                              // .orb
-  std::optional<std::string> preset;                            // name, number or .orv
-  std::array<std::optional<float>, kTrelvanParameters> values;  // normalised, by parameter index
-  std::vector<ParameterSetting> settings;
-};
+#include "host/state/statearguments.h"
 
 struct TailArgument {
   bool automatic = false;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/base/text.h"
+#include "host/state/effectadapter.h"
 #include "host/state/effectstate.h"
 
 namespace {
@@ -241,8 +242,7 @@ std::string describeValues(Effect& effect) {
 
 std::string describeCurrentPreset(Effect& effect) {
   if (effect.record().numPrograms == 0) return {};
-  // Asking other effects for all names may mean to switch their programs, which is no question any more.
-  int current = static_cast<int>(effect.dispatch(effGetProgram));
-  if (effect.isTrelvan()) current = presetsOf(effect).current;
+  // The number alone: asking for all names may mean to switch programs, which is no question any more.
+  const int current = adapterFor(effect)->currentPreset();
   return formatted("preset %d \"%s\"", current, effect.text(effGetProgramName).c_str());
 }

@@ -102,6 +102,18 @@ float parseSwitch(std::string_view option, std::string_view text) {
   return static_cast<float>(read->number);
 }
 
+float parseTrelvanValue(int index, std::string_view option, std::string_view text) {
+  switch (index) {
+    case 0:
+    case 2:
+      return parsePercent(option, text);
+    case 1:
+      return parseBaseFrequency(option, text);
+    default:
+      return parseSwitch(option, text);
+  }
+}
+
 std::optional<float> readGenericValue(std::string_view text) {
   if (const auto value = readSwitch(text)) return value;
   const auto read = readNumber(text);

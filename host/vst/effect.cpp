@@ -8,16 +8,13 @@
 #include "host/base/failure.h"
 #include "host/base/wholefile.h"
 #include "host/vst/effectrecord.h"
-#include "presetsystem/image/presetimage.h"
 
 namespace {
 
-constexpr VstInt32 kTrelvanID = vstFourChars('T', 'l', 'v', 'n');
-constexpr VstInt32 kTrelvanPresets = presetimage::kPresetCount;  // named by index, though the record says one program
 constexpr std::size_t kTextRoom = 1024;  // bytes; effects have been seen to exceed the published sizes
 constexpr VstIntPtr kAnyCategory = -1;
 
-std::string pinText(VstInt32 inputs, VstInt32 outputs) {
+std::string pinCounts(VstInt32 inputs, VstInt32 outputs) {
   return std::to_string(inputs) + " inputs and " + std::to_string(outputs) + " outputs";
 }
 
@@ -56,10 +53,6 @@ Effect::~Effect() {
   call(effClose, 0, 0, nullptr, 0.0F);
 }
 
-bool Effect::isTrelvan() const {
-  return effect->uniqueID == kTrelvanID;
-}
-
 VstIntPtr Effect::call(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
   return effect->dispatcher(effect, opcode, index, value, ptr, opt);
 }
@@ -91,17 +84,27 @@ void Effect::setParameter(int index, float value) {
   effect->setParameter(effect, index, value);
 }
 
-std::vector<std::string> Effect::programNames() {
-  const std::lock_guard life(module.lifeLock());
+std::vector<std::string> Effect::namesUnlocked(int count) {
   std::vector<std::string> names;
   std::array<char, kTextRoom> room{};
-  const VstInt32 count = isTrelvan() ? kTrelvanPresets : effect->numPrograms;
   for (VstInt32 index = 0; index < count; ++index) {
     if (call(effGetProgramNameIndexed, index, kAnyCategory, room.data(), 0.0F) == 0) break;
     room.back() = 0;
     names.push_back(cleaned(room.data()));
   }
-  if (static_cast<VstInt32>(names.size()) == count || isTrelvan()) return names;
+  return names;
+}
+
+std::vector<std::string> Effect::programNamesByIndex(int count) {
+  const std::lock_guard life(module.lifeLock());
+  return namesUnlocked(count);
+}
+
+std::vector<std::string> Effect::programNames() {
+  const std::lock_guard life(module.lifeLock());
+  const VstInt32 count = effect->numPrograms;
+  std::vector<std::string> names = namesUnlocked(count);
+  if (static_cast<VstInt32>(names.size()) == count) return names;
   const VstIntPtr current = call(effGetProgram, 0, 0, nullptr, 0.0F);
   names.clear();
   for (VstInt32 index = 0; index < count; ++index) {
@@ -200,8 +203,8 @@ void Effect::moveOn(int frames) {
 void Effect::checkShape() const {
   checkEffectShape(*effect, name);
   if (effect->numInputs == inputPins && effect->numOutputs == outputPins) return;
-  throw Failure(name + ": the effect changed from " + pinText(inputPins, outputPins) + " to " +
-                pinText(effect->numInputs, effect->numOutputs) + " while it was processing");
+  throw Failure(name + ": the effect changed from " + pinCounts(inputPins, outputPins) + " to " +
+                pinCounts(effect->numInputs, effect->numOutputs) + " while it was processing");
 }
 
 void Effect::process(float** inputs, float** outputs, int frames) {

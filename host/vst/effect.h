@@ -25,7 +25,6 @@ class Effect {
   const AEffect& record() const { return *effect; }
   const std::string& plugin() const { return name; }  // the file's name, for messages
   const std::filesystem::path& path() const { return module.path(); }
-  bool isTrelvan() const;
 
   // Any opcode, under the life lock.
   VstIntPtr dispatch(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F);
@@ -36,8 +35,11 @@ class Effect {
   float parameter(int index) const;
   void setParameter(int index, float value);
 
-  // The host's programs, 0..numPrograms-1. Names of programs that are not current are asked for by index, or, where
-  // the effect does not answer that, by selecting one after the other and going back.
+  // The names of the first `count` programs that the effect gives by index, which may be more than its
+  // record counts; fewer where it gives no more.
+  std::vector<std::string> programNamesByIndex(int count);
+  // The host's programs, 0..numPrograms-1, by index or, where the effect does not give all names so, by
+  // selecting one after the other and going back.
   std::vector<std::string> programNames();
   void selectProgram(int index);
 
@@ -49,7 +51,7 @@ class Effect {
   // fewer than two outputs.
   void checkCanProcess(bool doublePrecision) const;
 
-  // Rate and block size are told before the state is set up, and the effect is switched on behind it.
+  // Rate and block size are set before the state, and the effect is switched on after it.
   void setUp(int sampleRate, int blockSize);
   void start(bool doublePrecision);
   void stop();
@@ -62,6 +64,7 @@ class Effect {
 
  private:
   VstIntPtr call(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+  std::vector<std::string> namesUnlocked(int count);
   std::string textUnlocked(VstInt32 opcode, VstInt32 index, VstIntPtr value);
   void moveOn(int frames);
   void checkShape() const;

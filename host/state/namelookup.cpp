@@ -1,14 +1,16 @@
-// Finds a preset by its number or its name.
-#include "host/state/presetlookup.h"
+// Finds a preset or a parameter by its number or its name.
+#include "host/state/namelookup.h"
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <numeric>
 #include <optional>
 #include <utility>
 
 #include "host/base/failure.h"
 #include "host/base/text.h"
+#include "host/state/values.h"
 
 namespace {
 
@@ -48,7 +50,31 @@ std::optional<std::size_t> distanceOf(const std::string& name, const std::string
   return sharesFirstWord ? std::optional(distance) : std::nullopt;
 }
 
+std::optional<int> findName(const std::vector<std::string>& names, const std::string& wanted) {
+  auto found = std::find(names.begin(), names.end(), wanted);
+  if (found == names.end()) {
+    found =
+        std::find_if(names.begin(), names.end(), [&](const std::string& name) { return sameLetters(name, wanted); });
+  }
+  return found == names.end() ? std::nullopt : std::optional(static_cast<int>(found - names.begin()));
+}
+
+// what: "preset", after an option's name where one was typed.
+[[noreturn]] void refuseNumber(const std::string& what, const std::string& wanted, std::size_t count) {
+  throw Failure(what + " " + wanted + "; they are numbered 0 to " + std::to_string(count - 1));
+}
+
+[[noreturn]] void refuseName(const std::string& what, const std::string& wanted, const std::vector<std::string>& names,
+                             const std::string& listOption) {
+  const std::string near = suggestion(names, wanted);
+  throw Failure(what + " \"" + wanted + "\"" + (near.empty() ? "; " + listOption + " shows them" : near));
+}
+
 }  // namespace
+
+bool sameLetters(const std::string& a, const std::string& b) {
+  return lowerCase(a) == lowerCase(b);
+}
 
 std::vector<std::string> nearNames(const std::vector<std::string>& names, const std::string& wanted) {
   std::vector<std::pair<std::size_t, std::string>> near;
@@ -61,10 +87,10 @@ std::vector<std::string> nearNames(const std::vector<std::string>& names, const 
   }
   std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   if (near.size() > kMostSuggestions) near.resize(kMostSuggestions);
-  std::vector<std::string> answer;
-  answer.reserve(near.size());
-  for (auto& [distance, name] : near) answer.push_back(std::move(name));
-  return answer;
+  std::vector<std::string> nearest;
+  nearest.reserve(near.size());
+  for (auto& [distance, name] : near) nearest.push_back(std::move(name));
+  return nearest;
 }
 
 std::string suggestion(const std::vector<std::string>& names, const std::string& wanted) {
@@ -79,17 +105,22 @@ std::string suggestion(const std::vector<std::string>& names, const std::string&
 }
 
 int findPreset(const std::vector<std::string>& names, const std::string& wanted) {
-  const auto numberOf = [&](auto found) { return static_cast<int>(found - names.begin()); };
-  const auto exact = std::find(names.begin(), names.end(), wanted);
-  if (exact != names.end()) return numberOf(exact);
-  if (isNumber(wanted)) {
-    const int number = std::stoi(wanted);
-    if (number < static_cast<int>(names.size())) return number;
-    throw Failure("there is no preset " + wanted + "; they are numbered 0 to " + std::to_string(names.size() - 1));
+  static const std::string kNone = "there is no preset";
+  if (const auto named = findName(names, wanted)) return *named;
+  if (!isNumber(wanted)) refuseName(kNone, wanted, names, "--list-presets");
+  const int number = std::stoi(wanted);
+  if (number >= static_cast<int>(names.size())) refuseNumber(kNone, wanted, names.size());
+  return number;
+}
+
+int findParameter(const std::vector<std::string>& names, const std::string& wanted) {
+  static const std::string kNone = "--set: there is no parameter";
+  if (const auto named = findName(names, wanted)) return *named;
+  const auto typed = readNumber(wanted);
+  if (!typed || !typed->unit.empty()) refuseName(kNone, wanted, names, "--list-params");
+  const bool isThere = typed->number >= 0 && typed->number < static_cast<double>(names.size());
+  if (!isThere || typed->number != std::floor(typed->number)) {
+    refuseNumber(kNone, wanted, names.size());
   }
-  const auto alike =
-      std::find_if(names.begin(), names.end(), [&](const std::string& name) { return sameLetters(name, wanted); });
-  if (alike != names.end()) return numberOf(alike);
-  throw Failure("there is no preset \"" + wanted + "\"" +
-                (suggestion(names, wanted).empty() ? "; --list-presets shows them" : suggestion(names, wanted)));
+  return static_cast<int>(typed->number);
 }

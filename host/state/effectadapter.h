@@ -1,0 +1,36 @@
+// What differs between Trelvan and any other effect: presets, files, and how parameters are typed.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/state/statearguments.h"
+#include "host/vst/effect.h"
+
+// For one effect, which outlives it; the effect's thread. All that change the state throw Failure where
+// a file cannot be read or taken, a preset or parameter is unknown, or this effect has nothing of the
+// kind.
+class EffectAdapter {
+ public:
+  virtual ~EffectAdapter() = default;
+
+  virtual void loadState(const std::string& file) = 0;
+  // Returns notes for the person, one line each.
+  virtual std::vector<std::string> loadBank(const std::string& file) = 0;
+  virtual void choosePreset(const std::string& preset) = 0;  // name, number, or preset file
+
+  // An option of Trelvan's own: parameter index and normalised value.
+  virtual void setValue(int index, float value) = 0;
+  // In the words of the command line, for the parameter of this index.
+  virtual void setTyped(int index, const ParameterSetting& setting) = 0;
+
+  virtual std::vector<std::string> presetNames() = 0;  // by number, from 0
+  virtual int currentPreset() = 0;
+};
+
+// The one place that asks which effect it is.
+std::unique_ptr<EffectAdapter> adapterFor(Effect& effect);
+
+// Whether a preset is named by a file of Trelvan's.
+bool isPresetFile(const std::string& preset);

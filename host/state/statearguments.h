@@ -1,0 +1,24 @@
+// What of the command line puts an effect into its state.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+// --set NAME=VALUE, taken apart at the first "=".
+struct ParameterSetting {
+  std::string parameter;  // name or index
+  std::string value;
+};
+
+// In the order in which it is applied.
+struct StateArguments {
+  static constexpr int kTrelvanParameters = 5;  // width, baseFreq, emphasis, process, phase
+
+  std::optional<std::string> state;                             // raw chunk
+  std::optional<std::string> bank;                              // .orb
+  std::optional<std::string> preset;                            // name, number or .orv
+  std::array<std::optional<float>, kTrelvanParameters> values;  // normalised, by parameter index
+  std::vector<ParameterSetting> settings;
+};
