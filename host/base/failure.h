@@ -1,4 +1,5 @@
-// How widen says that something cannot be done: one line for the person, and the exit status it leads to.
+// How widen says that something cannot be done: one line for the person, and the exit status it
+// leads to.
 #pragma once
 
 #include <filesystem>
@@ -7,7 +8,8 @@
 
 enum class ExitStatus : int { done = 0, failed = 1, wrongUsage = 2 };
 
-// Thrown anywhere below run(), shown as "widen: <text>". The text says what, where, and what to do; no newline.
+// Thrown anywhere below run(), shown as "widen: <text>". The text says what, where, and what to do;
+// no newline.
 class Failure : public std::runtime_error {
  public:
   explicit Failure(const std::string& text, ExitStatus leadsTo = ExitStatus::failed)

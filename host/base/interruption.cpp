@@ -27,14 +27,15 @@ void handle(int signalNumber) {
   }
   static constexpr char kCrashed[] = "widen: crashed, most likely inside the effect; unfinished files were removed\n";
   if (isCrash(signalNumber)) {
-    [[maybe_unused]] const ssize_t told = write(STDERR_FILENO, kCrashed, sizeof kCrashed - 1);
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, kCrashed, sizeof kCrashed - 1);
   }
   // The default action takes over when this returns and the signal is let in again.
   std::signal(signalNumber, SIG_DFL);
   raise(signalNumber);
 }
 
-// Handlers that somebody installed before (a sanitizer, a debugger's preload) know more about crashes.
+// Handlers that somebody installed before (a sanitizer, a debugger's preload) know more about
+// crashes.
 void installUnlessTaken(int signalNumber) {
   struct sigaction now {};
   if (sigaction(signalNumber, nullptr, &now) != 0 || now.sa_handler != SIG_DFL) return;

@@ -1,8 +1,9 @@
 // Files that must not outlive the program when a signal ends it.
 #pragma once
 
-// Installs the handlers, once, from main: SIGINT, SIGTERM, SIGHUP, SIGPIPE and crashes remove the registered files and
-// then end the program as the signal would. A file-size limit becomes an error of the writing call instead.
+// Installs the handlers, once, from main: SIGINT, SIGTERM, SIGHUP, SIGPIPE and crashes remove the
+// registered files and then end the program as the signal would. A file-size limit becomes an error
+// of the writing call instead.
 void installInterruption();
 
 // path: stays the caller's and unchanged until forget. Returns a slot, -1 where all are taken (then
@@ -10,5 +11,6 @@ void installInterruption();
 // moment is unguarded.
 int removeOnSignal(const char* path);
 void forgetOnSignal(int slot);
-// True once a signal is ending the program: a file made just now was perhaps not seen and is its maker's to remove.
+// True once a signal is ending the program: a file made just now was perhaps not seen and is its
+// maker's to remove.
 bool endedBySignal();

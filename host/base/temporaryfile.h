@@ -3,12 +3,13 @@
 
 #include <filesystem>
 
-// In the target's folder, so that the last step is a rename. Whatever happens before keep(), the half-written file
-// goes: with the object, and with the program on SIGINT, SIGTERM, SIGHUP or a crash. Any thread, one thread an object.
+// In the target's folder, so that the last step is a rename. Whatever happens before keep(), the
+// half-written file goes: with the object, and with the program on SIGINT, SIGTERM, SIGHUP or a
+// crash. Any thread, one thread an object.
 class TemporaryFile {
  public:
-  // replace: an existing file may be. A link is followed: what it points to is replaced. Throws Failure where the
-  // target is in the way or its folder cannot be written to.
+  // replace: an existing file may be. A link is followed: what it points to is replaced. Throws
+  // Failure where the target is in the way or its folder cannot be written to.
   TemporaryFile(const std::filesystem::path& target, bool replace);
   ~TemporaryFile();
   TemporaryFile(const TemporaryFile&) = delete;
@@ -28,5 +29,6 @@ class TemporaryFile {
   int handle = -1;
 };
 
-// Refuses a target that is there already, unless it may be replaced, and one that is no regular file.
+// Refuses a target that is there already, unless it may be replaced, and one that is no regular
+// file.
 void checkTarget(const std::filesystem::path& target, bool replace);

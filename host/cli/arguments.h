@@ -45,7 +45,8 @@ struct Arguments {
   bool quiet = false;
 };
 
-// Either arguments to act on, or a text for the standard output after which nothing is left to do (help, version).
+// Either arguments to act on, or a text for the standard output after which nothing is left to do
+// (help, version).
 struct ParsedArguments {
   std::optional<Arguments> arguments;
   std::string text;

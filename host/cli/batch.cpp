@@ -67,8 +67,8 @@ class Reporter {
   Console& console;
 };
 
-// For the progress alone; a file that cannot be opened counts nothing and fails in its turn. A pipe is left alone: it
-// can be read once.
+// For the progress alone; a file that cannot be opened counts nothing and fails in its turn. A pipe
+// is left alone: it can be read once.
 std::int64_t framesOf(const Jobs& jobs) {
   std::int64_t frames = 0;
   for (const Job& job : jobs.list) {

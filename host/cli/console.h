@@ -1,4 +1,5 @@
-// What the person sees: results on the standard output, errors, warnings and progress on the standard error stream.
+// What the person sees: results on the standard output, errors, warnings and progress on the
+// standard error stream.
 #pragma once
 
 #include <chrono>

@@ -18,7 +18,7 @@ struct Jobs {
   std::vector<std::filesystem::path> foldersToBeMade;  // for the outputs; missing now
 };
 
-// Works the targets out and refuses what would destroy something: an output that is an input, two outputs of one name.
-// Looks at the file system and changes nothing. Throws UsageFailure, and Failure for what stands in
-// the way.
+// Works the targets out and refuses what would destroy something: an output that is an input, two
+// outputs of one name. Looks at the file system and changes nothing. Throws UsageFailure, and
+// Failure for what stands in the way.
 Jobs planJobs(const Arguments& arguments);

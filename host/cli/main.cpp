@@ -7,8 +7,8 @@
 
 namespace {
 
-// A stream that the caller closed would be the next file that is opened, and reports would go into it. Opened for
-// reading only, so that a lost text is still noticed.
+// A stream that the caller closed would be the next file that is opened, and reports would go into
+// it. Opened for reading only, so that a lost text is still noticed.
 void occupyStandardStreams() {
   int opened = 0;
   do {

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-// A square of cells around the origin that grows with the signal: the range doubles as soon as a frame lies outside.
+// A square of cells around the origin that grows with the signal: the range doubles as soon as a
+// frame lies outside.
 class Goniometer {
  public:
   static constexpr int kCells = 512;  // columns and rows

@@ -54,8 +54,9 @@ double tickStep(double extent) {
   return 10.0 * decade;
 }
 
-// 0..1 for every cell, from the picture's upper left: left is to the left and up is up, so both directions turn round.
-// A cell without frames takes a little from its neighbours, or single frames would be too small to see.
+// 0..1 for every cell, from the picture's upper left: left is to the left and up is up, so both
+// directions turn round. A cell without frames takes a little from its neighbours, or single frames
+// would be too small to see.
 std::vector<double> densitiesOf(const Goniometer& goniometer) {
   constexpr double kFromNeighbours = 0.4;
   constexpr double kContrast = 0.75;  // below 1: sparse parts come out brighter

@@ -14,8 +14,8 @@ struct PlotCaption {
   std::string details;
 };
 
-// Goniometers before and after, the spectra of mid and side, levels and fold error, as a PNG for the
-// target. The caller lets the file take its name. replace: an existing picture. Throws Failure. Any
-// thread.
+// Goniometers before and after, the spectra of mid and side, levels and fold error, as a PNG for
+// the target. The caller lets the file take its name. replace: an existing picture. Throws Failure.
+// Any thread.
 std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const PlotCaption& caption,
                                         const std::filesystem::path& target, bool replace);

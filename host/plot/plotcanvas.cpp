@@ -1,7 +1,6 @@
 // A surface to draw a picture on.
 #include "host/plot/plotcanvas.h"
 
-#include <algorithm>
 #include <cstring>
 #include <numbers>
 
@@ -13,11 +12,13 @@ namespace {
 
 constexpr double kDash[] = {5.0, 4.0};  // pixels on, off
 
-// Cairo refuses everything after the first byte that is not UTF-8, and fonts have no control characters.
+// Cairo refuses everything after the first byte that is not UTF-8, and fonts have no control
+// characters.
 std::string drawable(const std::string& bytes) {
   std::string text = validText(bytes);
-  std::replace_if(
-      text.begin(), text.end(), [](unsigned char byte) { return byte < ' '; }, '?');
+  for (char& byte : text) {
+    if (static_cast<unsigned char>(byte) < ' ') byte = '?';
+  }
   return text;
 }
 
@@ -118,7 +119,7 @@ std::string PlotCanvas::fitted(const std::string& text, const PlotText& look, do
     do {
       shorter.pop_back();
     } while (!shorter.empty() && (static_cast<unsigned char>(shorter.back()) & 0xC0) == 0x80);
-    // The rest of a code point whose followers went goes with them.
+    // The first byte of a character whose other bytes are gone goes as well.
     if (!shorter.empty() && static_cast<unsigned char>(shorter.back()) >= 0xC0) shorter.pop_back();
     if (widthOf(shorter + "\u2026", look) <= width) break;
   }

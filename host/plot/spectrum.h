@@ -16,8 +16,8 @@ class Spectrum {
   Spectrum(Spectrum&&) noexcept;
 
   void add(double sample);
-  // Mean power by bin, in which a sine of amplitude 1 on a bin is 1. A signal shorter than a window is taken as one
-  // that is filled up with silence; all zero if there was none.
+  // Mean power by bin, in which a sine of amplitude 1 on a bin is 1. A signal shorter than a window
+  // is taken as one that is filled up with silence; all zero if there was none.
   std::vector<double> power() const;
 
  private:

@@ -14,5 +14,6 @@ struct SpectrumCurve {
   bool filled = false;
 };
 
-// frame: with the labels. Curves are drawn in order, later ones on top. The level axis follows the loudest curve.
+// frame: with the labels. Curves are drawn in order, later ones on top. The level axis follows the
+// loudest curve.
 void drawSpectra(PlotCanvas& canvas, const PlotArea& frame, const std::vector<SpectrumCurve>& curves, int sampleRate);

@@ -37,19 +37,22 @@ class StereoImage {
   double products = 0.0;
 };
 
-// Before and after, frame by frame; "after" may lag behind by the effect's latency and be longer by its tail.
+// Before and after, frame by frame; "after" may lag behind by the effect's latency and be longer by
+// its tail.
 class StereoAnalysis {
  public:
   explicit StereoAnalysis(int hertz) : rate(hertz) {}
 
-  // mono: the same for both. After: what belongs to the frames before, in order; frames beyond them belong to silence.
+  // mono: the same for both. After: what belongs to the frames before, in order; frames beyond them
+  // belong to silence.
   void addBefore(const double* left, const double* right, int frames);
   void addAfter(const double* left, const double* right, int frames);
 
   int sampleRate() const { return rate; }
   const StereoImage& before() const { return imageBefore; }
   const StereoImage& after() const { return imageAfter; }
-  // Largest |(L+R)/2 after - mid before|, 1 is full scale: how far the mono fold is from the original.
+  // Largest |(L+R)/2 after - mid before|, 1 is full scale: how far the mono fold is from the
+  // original.
   double foldError() const { return largestFoldError; }
 
  private:

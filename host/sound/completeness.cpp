@@ -36,8 +36,9 @@ std::uint64_t number(std::string_view bytes, bool bigEndian) {
   return value;
 }
 
-// What a writer names that cannot go back and does not know the length: the most that a size can be or nearly so, less
-// a header or a part of a block. Four bytes are seen at 2^31 or 2^32, and in AIFF at 0x7F000000.
+// What a writer names that cannot go back and does not know the length: the most that a size can be
+// or nearly so, less a header or a part of a block. Four bytes are seen at 2^31 or 2^32, and in
+// AIFF at 0x7F000000.
 bool leftOpen(std::uint64_t size, std::size_t fieldBytes) {
   if (fieldBytes == 8) return size >= std::uint64_t{1} << 62;
   constexpr std::uint64_t kNear = 0x10000;

@@ -4,8 +4,9 @@
 #include <filesystem>
 #include <utility>
 
-// Sound files are read with steps back, which a pipe does not allow: its contents go into a temporary file without a
-// name, so that memory stays bounded and nothing is left behind whatever happens.
+// Sound files are read with steps back, which a pipe does not allow: its contents go into a
+// temporary file without a name, so that memory stays bounded and nothing is left behind whatever
+// happens.
 class InputFile {
  public:
   // Waits for a pipe's end. Throws Failure: cannot be read, or nowhere to keep what a pipe brings.
@@ -14,7 +15,7 @@ class InputFile {
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
 
-  int descriptor() const { return handle; }            // at the file's begin; stays this object's
+  int descriptor() const { return handle; }            // at the file's beginning; stays this object's
   int release() { return std::exchange(handle, -1); }  // becomes the caller's
   bool isPipe() const { return pipe; }
 

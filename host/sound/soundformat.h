@@ -1,4 +1,5 @@
-// Sample formats and file types that widen writes, and how they follow from an input and a file name.
+// Sample formats and file types that widen writes, and how they follow from an input and a file
+// name.
 #pragma once
 
 #include <cstdint>
@@ -24,11 +25,13 @@ bool canHold(FileType type, SampleFormat format);
 
 // libFormat: libsndfile's format word of an input. Lossy and companded inputs count as 16 bits.
 SampleFormat sampleFormatOf(int libFormat);
-// What becomes of a kept format in a file type that cannot hold it: the widest integer format that it can.
+// What becomes of a kept format in a file type that cannot hold it: the widest integer format that
+// it can.
 SampleFormat keptFormat(SampleFormat input, FileType type);
 
-// libsndfile's word for an output of `frames` stereo frames, or of a number that nobody knows. A WAV that comes to more
-// than 4 GB, or may, becomes RF64, its successor of the same look; none where the type cannot hold so much.
+// libsndfile's word for an output of `frames` stereo frames, or of a number that nobody knows. A
+// WAV that comes to more than 4 GB, or may, becomes RF64, its successor of the same look; none
+// where the type cannot hold so much.
 std::optional<int> libFormatFor(FileType type, SampleFormat format, std::optional<std::int64_t> frames);
 // Stereo frames that fit into such a file.
 std::int64_t mostFrames(int libFormat, SampleFormat format);

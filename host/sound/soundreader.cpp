@@ -25,8 +25,8 @@ void checkIsThere(const std::filesystem::path& file) {
   }
 }
 
-// Whether the named number of frames is to be there: MP3 has an estimate, and of two old types the library itself loses
-// the last frames.
+// Whether the named number of frames is to be there: MP3 has an estimate, and of two old types the
+// library itself loses the last frames.
 bool countsFrames(const SF_INFO& info) {
   const int type = info.format & SF_FORMAT_TYPEMASK;
   return info.frames != SF_COUNT_MAX && type != SF_FORMAT_MPEG && type != SF_FORMAT_SDS && type != SF_FORMAT_PAF;
@@ -44,7 +44,7 @@ std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
 
 }  // namespace
 
-// A file that is opened by its name may also be of a type that only the name tells.
+// A file that is opened by its name may also be of a type that only the name shows.
 void SoundReader::openFile() {
   InputFile input(path);
   const std::string damage = damageOf(input.descriptor());
@@ -72,9 +72,9 @@ SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
   buffer.resize(kBufferFrames * static_cast<std::size_t>(info.channels));
 }
 
-// The library returns what it has before a damage as if the file ended there, with an error that the
-// next call forgets. After the last frame an error says nothing: a decoder stumbles over tags that
-// follow the sound.
+// The library returns what it has before a damage as if the file ended there, with an error that
+// the next call forgets. After the last frame an error says nothing: a decoder stumbles over tags
+// that follow the sound.
 void SoundReader::checkDamage(sf_count_t frames) const {
   const std::int64_t reached = framesRead + std::max<sf_count_t>(frames, 0);
   const bool failed = sf_error(file.get()) != SF_ERR_NO_ERROR;

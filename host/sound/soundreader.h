@@ -17,7 +17,8 @@
 // Any thread, one thread a reader. Memory does not grow with the file.
 class SoundReader {
  public:
-  // Throws Failure: no such file, not a sound file, shorter than it says, no frames, more than two channels.
+  // Throws Failure: no such file, not a sound file, shorter than it says, no frames, more than two
+  // channels.
   explicit SoundReader(const std::filesystem::path& file);
 
   int channels() const { return static_cast<int>(info.channels); }
@@ -30,8 +31,8 @@ class SoundReader {
 
   // Fills left and right (the same for mono) with up to `count` frames and returns how many; fewer
   // only at the end. Integer formats are scaled so that full scale is 1, without a rounding error.
-  // Throws Failure where reading fails and where the file ends before the last frame that its header
-  // names.
+  // Throws Failure where reading fails and where the file ends before the last frame that its
+  // header names.
   int read(double* left, double* right, int count);
 
   // Title, artist and the like: libsndfile's string types with their texts.

@@ -83,8 +83,8 @@ void SoundWriter::write(const double* left, const double* right, int frames) {
   written += frames;
 }
 
-// The library's own conversion scales by one step less than full scale when it writes, so that a signal read and
-// written again would not come back the same.
+// The library's own conversion scales by one step less than full scale when it writes, so that a
+// signal read and written again would not come back the same.
 std::int32_t SoundWriter::toInteger(double sample) {
   const double fullScale = std::ldexp(1.0, bits - 1);
   if (std::abs(sample) > 1.0) ++clipped;

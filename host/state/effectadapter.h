@@ -8,9 +8,9 @@
 #include "host/state/statearguments.h"
 #include "host/vst/effect.h"
 
-// For one effect, which outlives it; the effect's thread. All that change the state throw Failure where
-// a file cannot be read or taken, a preset or parameter is unknown, or this effect has nothing of the
-// kind.
+// For one effect, which outlives it; the effect's thread. All that change the state throw Failure
+// where a file cannot be read or taken, a preset or parameter is unknown, or this effect has
+// nothing of the kind.
 class EffectAdapter {
  public:
   virtual ~EffectAdapter() = default;

@@ -7,9 +7,9 @@
 #include "host/state/statearguments.h"
 #include "host/vst/effect.h"
 
-// In the order state, bank, preset, values, so that each goes on top of the one before. Throws Failure:
-// files that cannot be read or taken, unknown presets and parameters, options that are not for this
-// effect. Returns notes for the person, one line each.
+// In the order state, bank, preset, values, so that each goes on top of the one before. Throws
+// Failure: files that cannot be read or taken, unknown presets and parameters, options that are not
+// for this effect. Returns notes for the person, one line each.
 std::vector<std::string> applyState(Effect& effect, const StateArguments& arguments);
 
 struct PresetNames {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-// names: by number, from 0. Digits alone are a number, unless a preset bears exactly that name; a name
-// counts as written, then without regard to case; of several, the first. Returns the number. Throws
-// Failure, suggesting names that come near.
+// names: by number, from 0. Digits alone are a number, unless a preset bears exactly that name; a
+// name counts as written, then without regard to case; of several, the first. Returns the number.
+// Throws Failure, suggesting names that come near.
 int findPreset(const std::vector<std::string>& names, const std::string& wanted);
 
 // The same for a parameter of --set. names: at least one. Any notation of a whole number is one.

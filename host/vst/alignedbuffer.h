@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <new>
 
-// Owns its samples, zero at first. Neither copied nor resized: effects may keep pointers for the length of a call only,
-// but pointer tables to it are made once.
+// Owns its samples, zero at first. Neither copied nor resized: effects may keep pointers for the
+// length of a call only, but pointer tables to it are made once.
 template <typename Sample>
 class AlignedBuffer {
  public:

@@ -7,8 +7,8 @@
 #include "host/vst/alignedbuffer.h"
 #include "host/vst/effect.h"
 
-// Pins beyond the first two get silence in and are not listened to. An effect with one input gets the left channel.
-// One thread. The effect has been started before and outlives the runner.
+// Pins beyond the first two get silence in and are not listened to. An effect with one input gets
+// the left channel. One thread. The effect has been started before and outlives the runner.
 class BlockRunner {
  public:
   virtual ~BlockRunner() = default;

@@ -10,8 +10,9 @@
 #include "host/vst/hostcallback.h"
 #include "host/vst/pluginmodule.h"
 
-// Life: made (open), set up, started, processed, stopped, ended (close). One thread at a time; making, setting up and
-// ending take the module's life lock themselves, so several effects of a module may live on several threads.
+// Life: made (open), set up, started, processed, stopped, ended (close). One thread at a time;
+// making, setting up and ending take the module's life lock themselves, so several effects of a
+// module may live on several threads.
 class Effect {
  public:
   using Bytes = std::vector<unsigned char>;
@@ -28,18 +29,19 @@ class Effect {
 
   // Any opcode, under the life lock.
   VstIntPtr dispatch(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F);
-  // A text opcode's text, without blanks at its ends and without control characters; empty where it gave none.
+  // A text opcode's text, without blanks at its ends and without control characters; empty where it
+  // gave none.
   std::string text(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0);
 
   int parameterCount() const { return effect->numParams; }
   float parameter(int index) const;
   void setParameter(int index, float value);
 
-  // The names of the first `count` programs that the effect gives by index, which may be more than its
-  // record counts; fewer where it gives no more.
+  // The names of the first `count` programs that the effect gives by index, which may be more than
+  // its record counts; fewer where it gives no more.
   std::vector<std::string> programNamesByIndex(int count);
-  // The host's programs, 0..numPrograms-1, by index or, where the effect does not give all names so, by
-  // selecting one after the other and going back.
+  // The host's programs, 0..numPrograms-1, by index or, where the effect does not give all names
+  // so, by selecting one after the other and going back.
   std::vector<std::string> programNames();
   void selectProgram(int index);
 
@@ -47,8 +49,8 @@ class Effect {
   Bytes chunk();  // the bank. Throws Failure where the effect gives none
   void setChunk(std::span<const unsigned char> bytes);
 
-  // Throws Failure where the effect cannot process sound so: no replacing operation, no double precision, no input,
-  // fewer than two outputs.
+  // Throws Failure where the effect cannot process sound so: no replacing operation, no double
+  // precision, no input, fewer than two outputs.
   void checkCanProcess(bool doublePrecision) const;
 
   // Rate and block size are set before the state, and the effect is switched on after it.
@@ -57,8 +59,8 @@ class Effect {
   void stop();
   int latency() const { return effect->initialDelay; }  // frames; may change on start and with every block
 
-  // As many pointers as the effect has pins. Without the life lock. Throws Failure where the effect has come out with
-  // other pins than it was started with, or with a latency that cannot be.
+  // As many pointers as the effect has pins. Without the life lock. Throws Failure where the effect
+  // has come out with other pins than it was started with, or with a latency that cannot be.
   void process(float** inputs, float** outputs, int frames);
   void process(double** inputs, double** outputs, int frames);
 

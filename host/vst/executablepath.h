@@ -3,5 +3,5 @@
 
 #include <filesystem>
 
-// Absolute, links resolved; empty where the system does not tell. Any thread.
+// Absolute, links resolved; empty where the system does not say. Any thread.
 std::filesystem::path executablePath();

@@ -7,18 +7,20 @@
 
 #include "plugin/vst24.h"
 
-// One for each effect, alive as long as the effect. Answers come on whatever thread the effect asks.
+// One for each effect, alive as long as the effect. Answers come on whatever thread the effect
+// asks.
 class HostCallback final {
  public:
   HostCallback() = default;
   HostCallback(const HostCallback&) = delete;
   HostCallback& operator=(const HostCallback&) = delete;
 
-  // What VSTPluginMain is given. Finds the HostCallback by the record's resvd1, which is the host's, and before that
-  // by the Scope of the thread.
+  // What VSTPluginMain is given. Finds the HostCallback by the record's resvd1, which is the
+  // host's, and before that by the Scope of the thread.
   static VstIntPtr entry(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
 
-  // While one lives, calls from this thread without a known record reach `callback`: during the effect's creation.
+  // While one lives, calls from this thread without a known record reach `callback`: during the
+  // effect's creation.
   class Scope {
    public:
     explicit Scope(HostCallback* callback);

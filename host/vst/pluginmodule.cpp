@@ -11,7 +11,8 @@
 
 namespace {
 
-// Effects older than version 2.4 of the interface export `main`, a name that a library behind them may have as well.
+// Effects older than version 2.4 of the interface export `main`, a name that a library they link to
+// may have as well.
 void* ownMain(void* library, const std::filesystem::path& binary) {
   void* symbol = dlsym(library, "main");
   Dl_info info{};

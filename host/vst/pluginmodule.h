@@ -19,7 +19,8 @@ class PluginModule {
   const std::filesystem::path& path() const { return binaryPath; }
   EntryPoint entryPoint() const { return entry; }
 
-  // Effects are made, set up and ended under it, because plug-ins expect one thread for that; processing goes without.
+  // Effects are made, set up and ended under it, because plug-ins expect one thread for that;
+  // processing goes without.
   std::mutex& lifeLock() { return lock; }
 
  private:

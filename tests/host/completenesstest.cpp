@@ -93,12 +93,12 @@ class Completeness : public TempFolder {
   }
 };
 
-// A chunk's size field is `behind` bytes behind the beginning of its name.
+// A chunk's size field is `offset` bytes after the beginning of its name.
 struct SizeField {
   const char* name;
   int libFormat;
   const char* chunk;
-  std::size_t behind;
+  std::size_t offset;
   int bytes;
   bool bigEndian;
 };
@@ -125,7 +125,7 @@ TEST_F(Completeness, TakesEveryTypeThatTheLibraryReads) {
     // One more than the pieces in which it is read: there the library loses the rest of some types.
     for (const auto& [channels, length] : {std::pair(2, 5001UL), std::pair(1, 16385UL)}) {
       const std::string bytes = bytesOf(format, channels, length);
-      // Without a header only the name's end would tell the type.
+      // Without a header only the name's end would show the type.
       if (bytes.empty() || (format & SF_FORMAT_TYPEMASK) == SF_FORMAT_RAW) continue;
       const auto frames = framesByTheLibrary("written");
       if (!frames || *frames == 0) continue;
@@ -147,16 +147,16 @@ TEST_F(Completeness, TakesWhatFollowsTheSound) {
   for (const int format : formats) {
     const std::string bytes = bytesOf(format, 1);
     if (bytes.empty()) continue;  // a library without MP3
-    for (const std::string& behind : {tag, std::string(1, '\0'), std::string(100, '\0')}) {
-      writeText(in("a"), bytes + behind);
+    for (const std::string& after : {tag, std::string(1, '\0'), std::string(100, '\0')}) {
+      writeText(in("a"), bytes + after);
       EXPECT_EQ(reading("a").failure, "") << std::hex << format;
       EXPECT_GE(reading("a").frames, static_cast<std::int64_t>(kFrames)) << std::hex << format;
     }
   }
 }
 
-// The first frame, which holds no sound, tells the length; without it the library guesses, and wrongly where half of
-// the file is silence.
+// The first frame, which holds no sound, gives the length; without it the library guesses, and
+// wrongly where half of the file is silence.
 TEST_F(Completeness, TakesAnMp3ThatNamesNoLength) {
   SF_INFO info{0, 44100, 1, SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, 0, 0};
   SNDFILE* file = sf_open(in("a.mp3").c_str(), SFM_WRITE, &info);
@@ -188,13 +188,13 @@ TEST_F(Completeness, TakesAnOddSoundWithAndWithoutItsPadding) {
   EXPECT_THAT(reading("a.wav").failure, HasSubstr("is cut short: its header names 101 bytes of sound, 100 are there"));
 }
 
-// Sizes of writers that do not know the length: all ones, a little less, or the largest signed number, which some round
-// down to whole frames (6 bytes: 0x7FFFEFFC) or put at 0x7F000000 in AIFF.
+// Sizes of writers that do not know the length: all ones, a little less, or the largest signed
+// number, which some round down to whole frames (6 bytes: 0x7FFFEFFC) or put at 0x7F000000 in AIFF.
 TEST_F(Completeness, TakesLengthsThatAWriterIntoAPipeLeftOpen) {
   for (const SizeField& field : kFields) {
     const std::string bytes = bytesOf(field.libFormat, 2);
     ASSERT_FALSE(bytes.empty()) << field.name;
-    const std::size_t at = bytes.find(field.chunk) + field.behind;
+    const std::size_t at = bytes.find(field.chunk) + field.offset;
     std::vector<std::uint64_t> open = {0xFFFFFFFF, 0xFFFFFFDB, 0x7FFFF000, 0x7FFFEFFC, 0x7FFFFFFF, 0x80000000};
     if (field.bigEndian) open.push_back(0x7F000008 - 4);
     if (field.bytes == 8) open = {~std::uint64_t{0}, ~std::uint64_t{0} >> 1};
@@ -245,7 +245,7 @@ TEST_F(Completeness, RefusesEveryCutThatCostsAFrame) {
     for (int part = 1; part < 20; ++part) {
       writeText(in(name), bytes.substr(0, bytes.size() * static_cast<std::size_t>(part) / 20));
       const Reading cut = reading(name);
-      // Near the end only chunks behind the sound may be missing.
+      // Near the end only chunks after the sound may be missing.
       const bool wholeAllTheSame = part >= 18 && cut.failure.empty() && cut.frames == all;
       EXPECT_TRUE(wholeAllTheSame || !cut.failure.empty()) << name << " " << part << ": " << cut.frames;
     }

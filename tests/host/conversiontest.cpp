@@ -1,4 +1,5 @@
-// Takes one sound file through an effect: the built program's results against calculations of the test's own.
+// Takes one sound file through an effect: the built program's results against calculations of the
+// test's own.
 #include "host/cli/conversion.h"
 
 #include <gmock/gmock.h>
@@ -63,9 +64,9 @@ TEST_F(Conversions, GiveBackTheInputBitForBitWhenProcessIsOff) {
   }
 }
 
-// mid passes at once; the side is mid one period of the base frequency later, less the emphasis of the frame before,
-// times twice the squared width. 1000 Hz at 44100 Hz are 44.1 frames; the read offset from the line's other end is a
-// whole number, so that it is 45 frames back.
+// mid passes at once; the side is mid one period of the base frequency later, less the emphasis of
+// the frame before, times twice the squared width. 1000 Hz at 44100 Hz are 44.1 frames; the read
+// offset from the line's other end is a whole number, so that it is 45 frames back.
 TEST_F(Conversions, WidenAnImpulseAsTheFormulaSays) {
   writeSound(in("in.wav"), impulse(200, 1, 10), kFloatWav);
   const Sound out = result({"in.wav", "--width", "50%", "--base-freq", "1000Hz", "--emphasis", "0.25"});
@@ -178,7 +179,8 @@ TEST_F(Conversions, TakeALatencyAwayThatIsToldWhileProcessing) {
   EXPECT_EQ(readSound(in("out.wav")).frames(), 20000U + 441U) << ringing.error;
 }
 
-// From frame 8192 on it is late by 64 instead of 480: 416 frames, from 8192 - 480 on, have no sound of theirs.
+// From frame 8192 on it is late by 64 instead of 480: 416 frames, from 8192 - 480 on, have no sound
+// of theirs.
 TEST_F(Conversions, LineUpBehindALatencyThatIsLowered) {
   const Sound sound = noise(20000, 2, 8);
   writeSound(in("in.wav"), sound, kFloatWav);
@@ -228,7 +230,7 @@ TEST_F(Conversions, LetTheDelayLineRingOut) {
   auto withTail = setting;
   withTail.insert(withTail.end(), {"--tail", "auto"});
   const Sound out = result(withTail);
-  ASSERT_EQ(out.frames(), 99U + 46U + 1U) << "the side's last frame is 46 frames behind the impulse";
+  ASSERT_EQ(out.frames(), 99U + 46U + 1U) << "the side's last frame is 46 frames after the impulse";
   EXPECT_NEAR(out.at(99 + 45, 0), 0.25, 1e-7);
   withTail.back() = "250ms";
   EXPECT_EQ(result(withTail).frames(), 100U + 11025U);
@@ -326,8 +328,8 @@ TEST_F(Conversions, DrawThePicture) {
   EXPECT_THAT(names(), ElementsAre("in.wav", "out.wav", "p.png"));
 }
 
-// An encoder that writes into a pipe leaves the number of frames at 0, and the sound may come to any length: the output
-// is begun as the type that holds it, which shows in its header afterwards.
+// An encoder that writes into a pipe leaves the number of frames at 0, and the sound may come to
+// any length: the output is begun as the type that holds it, which shows in its header afterwards.
 TEST_F(Conversions, AreReadyForAnyLengthWhereTheInputNamesNone) {
   const Sound sound = noise(3000, 2, 15);
   writeSound(in("in.flac"), sound, SF_FORMAT_FLAC | SF_FORMAT_PCM_16);

@@ -1,4 +1,5 @@
-// Puts an effect into the state that the command line asks for: with Trelvan, and with an effect that keeps programs.
+// Puts an effect into the state that the command line asks for: with Trelvan, and with an effect
+// that keeps programs.
 #include "host/state/effectstate.h"
 
 #include <gmock/gmock.h>

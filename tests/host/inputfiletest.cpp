@@ -115,7 +115,8 @@ TEST_F(InputFiles, RefusePipesThatBringNoWholeSound) {
 TEST_F(InputFiles, KeepNoMemoryAndNoFileOfWhatAPipeBrings) {
   writeSound(in("short.wav"), noise(1000, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   const Outcome brief = widenStandardInput("short.wav", {"-o", "a.wav"});
-  // Written and fed in pieces: the memory of this process counts, for the program starts as its copy. 20 MB.
+  // Written and fed in pieces: the memory of this process counts, for the program starts as its
+  // copy. 20 MB.
   SF_INFO info{0, 44100, 2, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0, 0};
   SNDFILE* file = sf_open(in("long.wav").c_str(), SFM_WRITE, &info);
   ASSERT_NE(file, nullptr);

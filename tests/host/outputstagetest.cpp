@@ -14,7 +14,7 @@ class Stage {
   Stage(std::int64_t latency, const TailPlan& plan)
       : stage([this](const double* l, const double* r, int frames) { take(l, r, frames); }, latency, plan) {}
 
-  // signal: everything the effect would put out if it were fed for ever; silence behind its end.
+  // signal: everything the effect would put out if it were fed for ever; silence after its end.
   std::vector<double> run(const std::vector<double>& signal, std::int64_t inputFrames, int block) {
     std::int64_t position = 0;
     const auto feed = [&](std::int64_t frames) {
@@ -35,7 +35,7 @@ class Stage {
     return out;
   }
 
-  // Told in the block that holds the frame `at`.
+  // Announced in the block that holds the frame `at`.
   struct Change {
     std::int64_t at;
     std::int64_t latency;
@@ -86,7 +86,7 @@ TEST(OutputStage, AddsATailOfTheLengthAsked) {
 TEST(OutputStage, EndsAnAutomaticTailBehindTheLastSound) {
   std::vector<double> signal(200, 0.0);
   signal[10] = 1.0;
-  signal[140] = 0.5;   // a gap of 40 frames behind the input, shorter than the silence that ends it
+  signal[140] = 0.5;   // a gap of 40 frames after the input, shorter than the silence that ends it
   signal[150] = 1e-9;  // below the silence limit
   std::vector<double> expected(signal.begin(), signal.begin() + 141);
   for (const int block : kBlocks) {
@@ -129,7 +129,8 @@ TEST(OutputStage, TakesALatencyAwayThatIsToldWithTheFirstBlock) {
   }
 }
 
-// The effect repeats frames 31 to 40 as frames 41 to 50, because it is late by 10 more from there on.
+// The effect repeats frames 31 to 40 as frames 41 to 50, because it is late by 10 more from there
+// on.
 TEST(OutputStage, DropsWhatAnEffectRepeatsThatBecomesLater) {
   std::vector<double> signal = ramp(1, 40);
   const std::vector<double> rest = ramp(31, 500);
@@ -167,8 +168,9 @@ TEST(OutputStage, CountsSeveralChangesTogether) {
   }
 }
 
-// Told while the effect is fed silence: what it still owes comes all the same, and no frame too many.
-TEST(OutputStage, KeepsTheLengthWhenTheLatencyChangesBehindTheInput) {
+// Announced while the effect is fed silence: what it still owes comes all the same, and no frame
+// too many.
+TEST(OutputStage, KeepsTheLengthWhenTheLatencyChangesAfterTheInput) {
   for (const std::int64_t later : {0, 90}) {
     Stage stage(50, {});
     stage.changes = {{120, later}};

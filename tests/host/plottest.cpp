@@ -15,7 +15,7 @@ namespace {
 
 class Plots : public TempFolder {
  protected:
-  // A PNG tells its size in its first chunk, most significant byte first.
+  // A PNG has its size in its first chunk, most significant byte first.
   static std::pair<int, int> sizeOfPng(const std::string& bytes) {
     const auto number = [&](std::size_t at) {
       int value = 0;
@@ -77,8 +77,8 @@ TEST_F(Plots, ShowTextsThatAreNotText) {
   }
 }
 
-// The rule is the effect's window's: a byte that is no text becomes U+FFFD, a character without its end
-// goes; a font has no control characters.
+// The rule is the effect's window's: a byte that is no text becomes U+FFFD, a character without its
+// end goes; a font has no control characters.
 TEST_F(Plots, RepairTextsAsTheWindowDoes) {
   const auto drawn = [&](const std::string& text) {
     PlotCanvas canvas(60, 30, {0, 0, 0});

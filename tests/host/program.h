@@ -1,4 +1,5 @@
-// Runs the built widen as a person does: with arguments, and with what it prints and its exit status in return.
+// Runs the built widen as a person does: with arguments, and with what it prints and its exit
+// status in return.
 #pragma once
 
 #include <filesystem>
@@ -25,7 +26,8 @@ struct Surroundings {
 // In the working folder `folder`. Ends the program after 30 s.
 Outcome runProgram(const std::filesystem::path& folder, const std::vector<std::string>& words,
                    const Surroundings& surroundings = {});
-// Starts it and answers its process; its output goes to the files "out" and "error" beside the folder.
+// Starts it and returns its process; its output goes to the files "out" and "error" beside the
+// folder.
 int startProgram(const std::filesystem::path& folder, const std::vector<std::string>& words,
                  const Surroundings& surroundings = {});
 Outcome waitForProgram(int process, const std::filesystem::path& folder);
@@ -39,7 +41,8 @@ class ProgramTest : public TempFolder {
   Outcome widen(const std::vector<std::string>& words, const Surroundings& surroundings = {}) {
     return runProgram(folder, words, surroundings);
   }
-  // It failed with the status, said exactly one line on the error stream, which contains the text, and nothing else.
+  // It failed with the status, said exactly one line on the error stream, which contains the text,
+  // and nothing else.
   static void expectRefusal(const Outcome& outcome, int status, const std::string& text);
 
   // A pipe that brings the file's bytes, from a process of its own.

@@ -23,8 +23,8 @@ int libFormatOf(const std::filesystem::path& file);
 // The file's samples as they are stored, left-aligned in 32 bits.
 std::vector<std::int32_t> readIntegers(const std::filesystem::path& file);
 
-// The same noise for the same seed, from -1 to just below 1, on the steps of 15 bits: exact in float and in every
-// integer format from 16 bits on, and so are halves of sums.
+// The same noise for the same seed, from -1 to just below 1, on the steps of 15 bits: exact in
+// float and in every integer format from 16 bits on, and so are halves of sums.
 Sound noise(std::size_t frames, int channels, unsigned seed);
 // One sample of 0.5 and silence else.
 Sound impulse(std::size_t frames, int channels, std::size_t at);

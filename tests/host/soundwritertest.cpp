@@ -169,8 +169,8 @@ TEST_F(SoundWriterFiles, WritesAnOrdinaryWavWhenTheGuessWasTooLong) {
   EXPECT_THAT(readSound(in("a.wav")).samples, ElementsAre(0.5, 0.5));
 }
 
-// Where the length is not known before, and where it was guessed too short. The frames are refused before they are
-// read.
+// Where the length is not known before, and where it was guessed too short. The frames are refused
+// before they are read.
 TEST_F(SoundWriterFiles, RefusesMoreThanTheTypeHoldsWhenItComes) {
   const double half = 0.5;
   constexpr int kBeyond4Gigabytes = 600000000;  // frames of 8 bytes

@@ -13,7 +13,7 @@ TEST(Text, ShowsMagnitudesInDecibels) {
   EXPECT_EQ(decibelText(1.0), "0.0");
   EXPECT_EQ(decibelText(0.5), "-6.0");
   EXPECT_EQ(decibelText(10.0), "+20.0");
-  EXPECT_EQ(decibelText(0.999), "0.0") << "no minus in front of a zero";
+  EXPECT_EQ(decibelText(0.999), "0.0") << "no minus before a zero";
   EXPECT_EQ(decibelText(1.001), "0.0") << "no plus either";
   EXPECT_EQ(decibelText(0.0), "-inf");
 }

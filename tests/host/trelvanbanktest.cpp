@@ -145,8 +145,8 @@ TEST(TrelvanBank, LoadsAnOldBankOfTheOtherByteOrder) {
 TEST(TrelvanBank, RepairsABankAndTakesNotes) {
   presetimage::Bank other = someBank();
   Bytes file = bankFile(other, 0);
-  // Preset 3, parameter 2: behind the header and three presets, its name entry and two parameter entries; the value is
-  // 24 bytes into the entry.
+  // Preset 3, parameter 2: after the header and three presets, its name entry and two parameter
+  // entries; the value is 24 bytes into the entry.
   const std::size_t at = 41 + 3 * (168 + 5 * 32) + 168 + 2 * 32 + 24;
   const float wrong = 1.25F;
   std::memcpy(&file[at], &wrong, sizeof wrong);

@@ -1,4 +1,5 @@
-// The program as a whole: every kind of bad input gets one clear line, an exit status, and leaves no file behind.
+// The program as a whole: every kind of bad input gets one clear line, an exit status, and leaves
+// no file behind.
 #include "host/cli/widen.h"
 
 #include <gmock/gmock.h>
@@ -151,7 +152,7 @@ TEST_F(Program, SaysWhenItsOutputGoesNowhere) {
     refuses({question}, 1, text, full);
   }
   expectRefusal(widen({"in.wav", "-o", "out.wav"}, full), 1, text);
-  EXPECT_EQ(readSound(in("out.wav")).frames(), 5000U) << "the sound is there, only nobody was told";
+  EXPECT_EQ(readSound(in("out.wav")).frames(), 5000U) << "the sound is there, only the report was lost";
   expectRefusal(widen({"in.wav", "in.wav", "missing.wav", "-o", "x"}, full), 2, "for both");
   EXPECT_EQ(widen({"in.wav", "-o", "quiet.wav", "-q"}, full).error, "") << "where nothing is said, nothing is lost";
   Surroundings closed;

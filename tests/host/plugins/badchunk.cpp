@@ -1,4 +1,4 @@
-// Says that it keeps chunks and answers sizes that cannot be; WIDEN_TEST_CHUNK chooses which.
+// Says that it keeps chunks and returns sizes that cannot be; WIDEN_TEST_CHUNK chooses which.
 #include <cstdlib>
 #include <string_view>
 

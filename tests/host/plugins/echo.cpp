@@ -1,4 +1,4 @@
-// Adds one echo, half as loud and 30000 frames late: a tail with a long gap in front of it.
+// Adds one echo, half as loud and 30000 frames late: a tail with a long gap before it.
 #include <vector>
 
 #include "tests/host/plugins/testeffect.h"

@@ -1,6 +1,6 @@
-// Is late by what WIDEN_TEST_LATENCY says: "0:0 8192:480" is by 480 frames from the first call at frame 8192 or later,
-// which is told within that call (or, with WIDEN_TEST_SILENT, not told but only named). The same with pins: "0:0
-// 2000:i3" or "o4" names so many inputs or outputs.
+// Is late by what WIDEN_TEST_LATENCY says: "0:0 8192:480" is by 480 frames from the first call at
+// frame 8192 or later, which is announced within that call (or, with WIDEN_TEST_SILENT, only set).
+// The same with pins: "0:0 2000:i3" or "o4" names so many inputs or outputs.
 #include <cstdlib>
 #include <sstream>
 #include <string>

@@ -1,7 +1,9 @@
-// Exports its entry point under the name that it had before version 2.4 of the interface. Halves its input.
+// Exports its entry point under the name that it had before version 2.4 of the interface. Halves
+// its input.
 #include "tests/host/plugins/testeffect.h"
 
-// C++ keeps the name for programs, so the linker's name is set by hand, with the system's prefix in front.
+// C++ keeps the name for programs, so the linker's name is set by hand, with the system's prefix in
+// front.
 #define TEST_TEXT_OF(name) #name
 #define TEST_TEXT(name) TEST_TEXT_OF(name)
 TEST_EXPORT AEffect* oldEntry(audioMasterCallback callback) asm(TEST_TEXT(__USER_LABEL_PREFIX__) "main");

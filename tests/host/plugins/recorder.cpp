@@ -1,4 +1,5 @@
-// Writes down, into the file WIDEN_TEST_LOG, every call that the host makes and what the host answers meanwhile.
+// Writes down, into the file WIDEN_TEST_LOG, every call that the host makes and what the host
+// answers meanwhile.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

@@ -1,4 +1,5 @@
-// A small VST 2.4 effect to make test plug-ins of: copies its input, and answers nothing it is not told to.
+// A small VST 2.4 effect to make test plug-ins of: copies its input, and answers nothing unless a
+// subclass does.
 #pragma once
 
 #include <algorithm>
@@ -13,9 +14,9 @@ class TestEffect {
   explicit TestEffect(audioMasterCallback callback) : host(callback) {
     record.magic = kEffectMagic;
     record.dispatcher = [](AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
-      const VstIntPtr answer = of(e)->dispatch(opcode, index, value, ptr, opt);
+      const VstIntPtr result = of(e)->dispatch(opcode, index, value, ptr, opt);
       if (opcode == effClose) delete of(e);
-      return answer;
+      return result;
     };
     record.setParameter = [](AEffect* e, VstInt32 index, float value) { of(e)->setParameter(index, value); };
     record.getParameter = [](AEffect* e, VstInt32 index) { return of(e)->getParameter(index); };

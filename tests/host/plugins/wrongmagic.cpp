@@ -1,4 +1,4 @@
-// Answers a record that is none: nothing in it may be used.
+// Returns a record that is none: nothing in it may be used.
 #include "tests/host/plugins/testeffect.h"
 
 TEST_EXPORT AEffect* VSTPluginMain(audioMasterCallback) {
