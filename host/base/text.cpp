@@ -39,9 +39,9 @@ std::string decibelText(double magnitude) {
 std::string durationText(double seconds) {
   const auto total = static_cast<long long>(std::llround(seconds * 1000.0));
   const long long minutes = total / 60000;
-  const std::string tail = formatted("%02lld.%03lld", total / 1000 % 60, total % 1000);
-  if (minutes >= 60) return formatted("%lld:%02lld:", minutes / 60, minutes % 60) + tail;
-  return formatted("%lld:", minutes) + tail;
+  const std::string secondsText = formatted("%02lld.%03lld", total / 1000 % 60, total % 1000);
+  if (minutes >= 60) return formatted("%lld:%02lld:", minutes / 60, minutes % 60) + secondsText;
+  return formatted("%lld:", minutes) + secondsText;
 }
 
 std::string durationText(std::int64_t frames, int sampleRate) {

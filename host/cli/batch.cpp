@@ -42,7 +42,7 @@ Outcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& j
 // Outcomes come in any order and are shown in the order of the jobs.
 class Reporter {
  public:
-  Reporter(std::size_t count, Console& shows) : outcomes(count), console(shows) {}
+  Reporter(std::size_t count, Console& display) : outcomes(count), console(display) {}
 
   void add(std::size_t index, Outcome outcome) {
     const std::lock_guard guard(lock);

@@ -35,39 +35,40 @@ TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
 // One run from the first frame to the last.
 class Run {
  public:
-  Run(Effect& runs, SoundReader& from, SoundWriter& to, const Arguments& arguments, const Job& files, Console& shows)
-      : effect(runs),
-        reader(from),
-        writer(to),
+  Run(Effect& startedEffect, SoundReader& source, SoundWriter& target, const Arguments& arguments, const Job& files,
+      Console& display)
+      : effect(startedEffect),
+        reader(source),
+        writer(target),
         gain(arguments.gain),
         job(files),
-        console(shows),
-        runner(BlockRunner::make(runs, arguments.blockSize, arguments.doublePrecision)),
-        stage([this](const double* l, const double* r, int frames) { take(l, r, frames); }, runs.latency(),
-              planTail(runs, arguments.tail, from.sampleRate())),
+        console(display),
+        runner(BlockRunner::make(startedEffect, arguments.blockSize, arguments.doublePrecision)),
+        stage([this](const double* l, const double* r, int frames) { take(l, r, frames); }, startedEffect.latency(),
+              planTail(startedEffect, arguments.tail, source.sampleRate())),
         left(static_cast<std::size_t>(arguments.blockSize)),
         right(left.size()),
         outLeft(left.size()),
         outRight(left.size()) {
-    if (job.plot) analysis = std::make_unique<StereoAnalysis>(from.sampleRate());
+    if (job.plot) analysis = std::make_unique<StereoAnalysis>(source.sampleRate());
   }
 
   // Returns how many frames were read.
-  std::int64_t go() {
+  std::int64_t process() {
     const int blockSize = static_cast<int>(left.size());
     std::int64_t read = 0;
     int frames = 0;
     while ((frames = reader.read(left.data(), right.data(), blockSize)) > 0) {
       checkFinite(left.data(), right.data(), frames, read, job.input.string() + ": holds");
       if (analysis) analysis->addBefore(left.data(), right.data(), frames);
-      process(frames);
+      processBlock(frames);
       read += frames;
       showProgress(frames);
     }
     stage.endOfInput(read);
     std::fill(left.begin(), left.end(), 0.0);
     std::fill(right.begin(), right.end(), 0.0);
-    while (!stage.complete()) process(static_cast<int>(std::min<std::int64_t>(blockSize, stage.framesWanted())));
+    while (!stage.complete()) processBlock(static_cast<int>(std::min<std::int64_t>(blockSize, stage.framesWanted())));
     console.advance(unshown);
     return read;
   }
@@ -75,7 +76,7 @@ class Run {
   const StereoAnalysis* image() const { return analysis.get(); }
 
  private:
-  void process(int frames) {
+  void processBlock(int frames) {
     runner->run(left.data(), right.data(), outLeft.data(), outRight.data(), frames);
     stage.setLatency(effect.latency());  // many effects know it only now
     stage.accept(outLeft.data(), outRight.data(), frames);
@@ -162,7 +163,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   effect.start(arguments.doublePrecision);
   effect.checkCanProcess(arguments.doublePrecision);
   Run run(effect, reader, writer, arguments, job, console);
-  done.framesRead = run.go();
+  done.framesRead = run.process();
   effect.stop();
 
   // The sound takes its name only when the picture is complete as well, and the other way round.

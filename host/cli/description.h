@@ -1,11 +1,10 @@
-// What an effect says of itself, as texts for the person.
+// An effect's parameters and presets, as texts for the person.
 #pragma once
 
 #include <string>
 
 #include "host/vst/effect.h"
 
-std::string describeEffect(Effect& effect);      // --info
 std::string describeParameters(Effect& effect);  // --list-params
 std::string describePresets(Effect& effect);     // --list-presets
 

@@ -11,6 +11,7 @@
 #include "host/cli/batch.h"
 #include "host/cli/console.h"
 #include "host/cli/description.h"
+#include "host/cli/effectinfo.h"
 #include "host/cli/jobs.h"
 #include "host/state/effectstate.h"
 #include "host/vst/editorwindow.h"

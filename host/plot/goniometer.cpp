@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/plot/midside.h"
+
 void Goniometer::add(double left, double right) {
-  const double mid = (left + right) * 0.5;
-  const double side = (left - right) * 0.5;
+  const double mid = midOf(left, right);
+  const double side = sideOf(left, right);
   if (!std::isfinite(mid) || !std::isfinite(side)) return;
   while (std::max(std::abs(mid), std::abs(side)) >= halfWidth) doubleRange();
   const auto cell = [this](double value) {

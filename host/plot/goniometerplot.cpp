@@ -110,9 +110,7 @@ void drawAxes(PlotCanvas& canvas, const PlotArea& square, double extent) {
   }
   const PlotText title{kTickSize, kMuted, 0.5, 1.0};
   canvas.text("left  \u2190  side  \u2192  right", {square.centreX(), square.bottom() + 30}, title);
-  PlotText upright{kTickSize, kMuted, 0.5, 0.5};
-  upright.angle = -std::acos(0.0);
-  canvas.text("mid", {square.left - 44, square.centreY()}, upright);
+  canvas.text("mid", {square.left - 44, square.centreY()}, kUpright);
 }
 
 }  // namespace
@@ -136,7 +134,7 @@ void drawGoniometer(PlotCanvas& canvas, const PlotArea& frame, const std::string
   canvas.fill(frame, kPanel, kCorner);
   const double side = std::min(frame.width - kLabelRoom - kRightRoom, frame.height - kHeadRoom - kLabelRoom);
   const PlotArea square{frame.left + kLabelRoom, frame.top + kHeadRoom, side, side};
-  canvas.text(title, {frame.left + kRightRoom, frame.top + 29}, {kHeadSize, kBright, 0.0, 0.0, true});
+  canvas.text(title, {frame.left + kRightRoom, frame.top + kHeadingLine}, kHeading);
   canvas.fill(square, kWell);
   drawAxes(canvas, square, extent);
   {

@@ -53,7 +53,7 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
   const double left = kFigures.left + 22;
   const double before = kFigures.left + 250;
   const double after = kFigures.right() - 24;
-  canvas.text("Levels", {left, kFigures.top + 29}, {kHeadSize, kBright, 0.0, 0.0, true});
+  canvas.text("Levels", {left, kFigures.top + kHeadingLine}, kHeading);
   struct Row {
     const char* name;
     std::string (*text)(const StereoImage&);
@@ -78,7 +78,7 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
     canvas.text(row.text(analysis.after()), {after, y}, value);
   }
   y += 92;
-  canvas.text("Mono fold error", {left, y}, {kHeadSize, kBright, 0.0, 0.0, true});
+  canvas.text("Mono fold error", {left, y}, kHeading);
   const bool exact = analysis.foldError() == 0.0;
   canvas.text(exact ? "none" : decibelText(analysis.foldError()) + " dBFS", {left, y + 52},
               {kTitleSize + 6, kMid, 0.0, 0.0, true});

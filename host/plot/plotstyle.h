@@ -1,6 +1,8 @@
 // Colours and text sizes of the picture.
 #pragma once
 
+#include <numbers>
+
 #include "host/plot/plotcanvas.h"
 
 namespace plotstyle {
@@ -21,5 +23,10 @@ constexpr double kHeadSize = 17;
 constexpr double kTextSize = 15;
 constexpr double kTickSize = 13;
 constexpr double kCorner = 10;
+
+constexpr PlotText kHeading{kHeadSize, kBright, 0.0, 0.0, true};
+constexpr double kHeadingLine = 29;  // below a panel's upper edge
+// Beside a vertical axis, read from below.
+constexpr PlotText kUpright{kTickSize, kMuted, 0.5, 0.5, false, -std::numbers::pi / 2};
 
 }  // namespace plotstyle

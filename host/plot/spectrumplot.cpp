@@ -85,16 +85,14 @@ void drawGrid(PlotCanvas& canvas, const Axes& axes) {
     canvas.text(label, {x, area.bottom() + 9}, {kTickSize, kMuted, 0.5, 1.0});
   }
   canvas.text("frequency (Hz)", {area.centreX(), area.bottom() + 31}, {kTickSize, kMuted, 0.5, 1.0});
-  PlotText upright{kTickSize, kMuted, 0.5, 0.5};
-  upright.angle = -std::acos(0.0);
-  canvas.text("level (dBFS)", {area.left - 52, area.centreY()}, upright);
+  canvas.text("level (dBFS)", {area.left - 52, area.centreY()}, kUpright);
 }
 
 void drawLegend(PlotCanvas& canvas, const PlotArea& frame, const std::vector<SpectrumCurve>& curves) {
   double x = frame.right() - 24;
   for (auto curve = curves.rbegin(); curve != curves.rend(); ++curve) {
     const PlotText look{kTextSize, kBright, 1.0, 0.0};
-    canvas.text(curve->name, {x, frame.top + 29}, look);
+    canvas.text(curve->name, {x, frame.top + kHeadingLine}, look);
     x -= canvas.widthOf(curve->name, look) + 8;
     canvas.line({x - 30, frame.top + 24}, {x, frame.top + 24}, curve->colour, curve->width + 0.5);
     x -= 30 + 26;
@@ -105,7 +103,7 @@ void drawLegend(PlotCanvas& canvas, const PlotArea& frame, const std::vector<Spe
 
 void drawSpectra(PlotCanvas& canvas, const PlotArea& frame, const std::vector<SpectrumCurve>& curves, int sampleRate) {
   canvas.fill(frame, kPanel, kCorner);
-  canvas.text("Spectrum", {frame.left + 20, frame.top + 29}, {kHeadSize, kBright, 0.0, 0.0, true});
+  canvas.text("Spectrum", {frame.left + 20, frame.top + kHeadingLine}, kHeading);
   drawLegend(canvas, frame, curves);
   Axes axes{};
   axes.area = {frame.left + 76, frame.top + 46, frame.width - 76 - 30, frame.height - 46 - 56};

@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/plot/midside.h"
+
 void StereoImage::add(double left, double right) {
-  const double mid = (left + right) * 0.5;
-  const double side = (left - right) * 0.5;
+  const double mid = midOf(left, right);
+  const double side = sideOf(left, right);
   plane.add(left, right);
   midSpectrum.add(mid);
   sideSpectrum.add(side);
@@ -36,7 +38,7 @@ void StereoAnalysis::addBefore(const double* left, const double* right, int fram
   }
   for (int frame = 0; frame < frames; ++frame) {
     imageBefore.add(left[frame], right[frame]);
-    mids.push_back((left[frame] + right[frame]) * 0.5);
+    mids.push_back(midOf(left[frame], right[frame]));
   }
 }
 
@@ -44,6 +46,6 @@ void StereoAnalysis::addAfter(const double* left, const double* right, int frame
   for (int frame = 0; frame < frames; ++frame) {
     imageAfter.add(left[frame], right[frame]);
     const double mid = nextMid < mids.size() ? mids[nextMid++] : 0.0;
-    largestFoldError = std::max(largestFoldError, std::abs((left[frame] + right[frame]) * 0.5 - mid));
+    largestFoldError = std::max(largestFoldError, std::abs(midOf(left[frame], right[frame]) - mid));
   }
 }

@@ -20,11 +20,11 @@ struct Bytes {
   int descriptor;
   std::int64_t size;
 
-  std::string_view at(std::int64_t offset, std::size_t count, std::vector<char>& room) const {
+  std::string_view at(std::int64_t offset, std::size_t count, std::vector<char>& buffer) const {
     if (offset < 0 || offset > size - static_cast<std::int64_t>(count)) return {};
-    room.resize(count);
-    const ssize_t got = pread(descriptor, room.data(), count, offset);
-    return {room.data(), got == static_cast<ssize_t>(count) ? count : 0};
+    buffer.resize(count);
+    const ssize_t got = pread(descriptor, buffer.data(), count, offset);
+    return {buffer.data(), got == static_cast<ssize_t>(count) ? count : 0};
   }
 };
 
@@ -47,7 +47,7 @@ bool leftOpen(std::uint64_t size, std::size_t fieldBytes) {
                      [size](std::uint64_t open) { return size + kNear >= open && size <= open + kNear; });
 }
 
-std::string lack(const Bytes& file, std::int64_t begin, std::uint64_t named, std::size_t fieldBytes) {
+std::string shortfall(const Bytes& file, std::int64_t begin, std::uint64_t named, std::size_t fieldBytes) {
   const auto there = static_cast<std::uint64_t>(std::max<std::int64_t>(file.size - begin, 0));
   if (named <= there || leftOpen(named, fieldBytes)) return {};
   return "is cut short: its header names " + std::to_string(named) + " bytes of sound, " + std::to_string(there) +
@@ -74,24 +74,24 @@ constexpr std::array<Chunks, 6> kChunks = {{
     {"caff", 8, 4, 8, true, false, 1},
 }};
 
-std::string lackInChunks(const Bytes& file, const Chunks& type) {
-  std::vector<char> room;
+std::string shortfallInChunks(const Bytes& file, const Chunks& type) {
+  std::vector<char> buffer;
   std::optional<std::uint64_t> wide;  // RF64 keeps the sizes that 32 bits cannot hold in a chunk of their own
   std::int64_t offset = type.first;
   const std::size_t head = type.idBytes + type.sizeBytes;
   for (int count = 0; count < kMostChunks; ++count) {
-    const std::string_view chunk = file.at(offset, head, room);
+    const std::string_view chunk = file.at(offset, head, buffer);
     if (chunk.empty()) return {};
     const std::string id(chunk.substr(0, 4));
     std::uint64_t size = number(chunk.substr(type.idBytes), type.bigEndian);
     offset += static_cast<std::int64_t>(head);
     if (type.countsItself) size -= std::min<std::uint64_t>(size, head);
     if (id == "data" || id == "SSND" || id == "BODY") {
-      if (wide && size == 0xFFFFFFFF) return lack(file, offset, *wide, 8);
-      return lack(file, offset, size, type.sizeBytes);
+      if (wide && size == 0xFFFFFFFF) return shortfall(file, offset, *wide, 8);
+      return shortfall(file, offset, size, type.sizeBytes);
     }
     if (id == "ds64") {
-      const std::string_view sizes = file.at(offset, 16, room);  // of the whole, of the sound
+      const std::string_view sizes = file.at(offset, 16, buffer);  // of the whole, of the sound
       if (!sizes.empty()) wide = number(sizes.substr(8), false);
     }
     if (offset > file.size || size > static_cast<std::uint64_t>(file.size - offset)) return {};
@@ -101,12 +101,12 @@ std::string lackInChunks(const Bytes& file, const Chunks& type) {
   return {};
 }
 
-std::string lackInAu(const Bytes& file, bool bigEndian) {
-  std::vector<char> room;
-  const std::string_view fields = file.at(4, 8, room);  // the sound's offset and size
+std::string shortfallInAu(const Bytes& file, bool bigEndian) {
+  std::vector<char> buffer;
+  const std::string_view fields = file.at(4, 8, buffer);  // the sound's offset and size
   if (fields.empty()) return {};
   const auto begin = static_cast<std::int64_t>(number(fields.substr(0, 4), bigEndian));
-  return lack(file, begin, number(fields.substr(4), bigEndian), 4);
+  return shortfall(file, begin, number(fields.substr(4), bigEndian), 4);
 }
 
 constexpr std::array<std::uint32_t, 256> kPageSums = [] {
@@ -138,20 +138,20 @@ std::string damageInOgg(const Bytes& file) {
   constexpr std::size_t kHead = 27;               // bytes, the last of which counts the segments
   constexpr unsigned char kEndOfStream = 1 << 2;  // in the sixth byte
   static constexpr const char* kCut = "has no last page: it is cut short, or a piece of a stream";
-  std::vector<char> room;
+  std::vector<char> buffer;
   bool ended = false;
   for (std::int64_t at = 0; at < file.size;) {
-    const std::string_view head = file.at(at, kHead, room);
+    const std::string_view head = file.at(at, kHead, buffer);
     const bool isPage = head.starts_with("OggS");
     if (ended && !isPage) return {};  // tags after the end
     if (head.empty()) return kCut;
     if (!isPage) return damagedAt(at);
     const auto segments = static_cast<unsigned char>(head.back());
     std::size_t size = kHead + segments;
-    for (const char segment : file.at(at + static_cast<std::int64_t>(kHead), segments, room)) {
+    for (const char segment : file.at(at + static_cast<std::int64_t>(kHead), segments, buffer)) {
       size += static_cast<unsigned char>(segment);
     }
-    const std::string_view page = file.at(at, size, room);
+    const std::string_view page = file.at(at, size, buffer);
     if (page.empty()) return kCut;
     if (pageSum(page) != number(page.substr(22, 4), false)) return damagedAt(at);
     ended = (static_cast<unsigned char>(page[5]) & kEndOfStream) != 0;
@@ -166,12 +166,12 @@ std::string damageOf(int descriptor) {
   struct stat status {};
   if (fstat(descriptor, &status) != 0) return {};
   const Bytes file{descriptor, status.st_size};
-  std::vector<char> room;
-  const std::string magic(file.at(0, 4, room));
+  std::vector<char> buffer;
+  const std::string magic(file.at(0, 4, buffer));
   if (magic == "OggS") return damageInOgg(file);
-  if (magic == ".snd" || magic == "dns.") return lackInAu(file, magic == ".snd");
+  if (magic == ".snd" || magic == "dns.") return shortfallInAu(file, magic == ".snd");
   for (const Chunks& type : kChunks) {
-    if (magic == type.magic) return lackInChunks(file, type);
+    if (magic == type.magic) return shortfallInChunks(file, type);
   }
   return {};
 }

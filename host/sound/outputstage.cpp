@@ -6,15 +6,15 @@
 #include <cmath>
 #include <utility>
 
-OutputStage::OutputStage(Sink to, std::int64_t late, const TailPlan& tail)
-    : sink(std::move(to)), plan(tail), latency(late), latencyLeft(late), tailLeft(tail.frames) {}
+OutputStage::OutputStage(Sink receiver, std::int64_t frames, const TailPlan& tail)
+    : sink(std::move(receiver)), plan(tail), latency(frames), latencyLeft(frames), tailLeft(tail.frames) {}
 
-void OutputStage::setLatency(std::int64_t late) {
-  latencyLeft += late - latency;
-  latency = late;
-  const std::int64_t leaptOver = std::max<std::int64_t>(-latencyLeft, 0);
-  latencyLeft += leaptOver;
-  acceptSilence(leaptOver);
+void OutputStage::setLatency(std::int64_t frames) {
+  latencyLeft += frames - latency;
+  latency = frames;
+  const std::int64_t skipped = std::max<std::int64_t>(-latencyLeft, 0);
+  latencyLeft += skipped;
+  acceptSilence(skipped);
 }
 
 void OutputStage::acceptSilence(std::int64_t frames) {

@@ -26,7 +26,7 @@ class OutputStage {
   OutputStage(Sink sink, std::int64_t latency, const TailPlan& tail);
 
   // Called before the block from which the effect is late by so many frames. More than before: so
-  // many frames repeat what was handed on and are dropped. Fewer: what the effect has leapt over
+  // many frames repeat what was handed on and are dropped. Fewer: what the effect has skipped
   // stays silent.
   void setLatency(std::int64_t latency);
   void accept(const double* left, const double* right, int frames);

@@ -6,12 +6,12 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "host/sound/soundfilehandle.h"
 #include "host/sound/soundformat.h"
 
 // Any thread, one thread a reader. Memory does not grow with the file.
@@ -39,17 +39,13 @@ class SoundReader {
   const std::vector<std::pair<int, std::string>>& texts() const { return tags; }
 
  private:
-  struct Close {
-    void operator()(SNDFILE* open) const { sf_close(open); }
-  };
-
   void openFile();
   bool refill();
   void checkDamage(sf_count_t frames) const;
 
   std::filesystem::path path;
   SF_INFO info{};
-  std::unique_ptr<SNDFILE, Close> file;
+  SoundFileHandle file;
   std::vector<std::pair<int, std::string>> tags;
   std::int64_t framesRead = 0;
   std::vector<double> buffer;  // interleaved

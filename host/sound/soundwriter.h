@@ -5,13 +5,13 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "host/base/temporaryfile.h"
+#include "host/sound/soundfilehandle.h"
 #include "host/sound/soundformat.h"
 
 struct SoundWriterOptions {
@@ -41,10 +41,6 @@ class SoundWriter {
   std::int64_t clippedSamples() const { return clipped; }  // beyond full scale, in integer formats
 
  private:
-  struct Close {
-    void operator()(SNDFILE* open) const { sf_close(open); }
-  };
-
   // Where the library's bytes go. It keeps the errors of its last steps to itself (what an encoder
   // holds back and the header's lengths are written when it closes), so each one is remembered
   // here.
@@ -64,7 +60,7 @@ class SoundWriter {
   std::int64_t most = 0;  // frames that the type holds
   TemporaryFile temporary;
   Sink sink;
-  std::unique_ptr<SNDFILE, Close> file;
+  SoundFileHandle file;
   std::vector<double> samples;         // interleaved
   std::vector<std::int32_t> integers;  // the same, left-aligned in the word
   std::int64_t written = 0;            // frames

@@ -5,7 +5,7 @@
 
 class GenericAdapter final : public EffectAdapter {
  public:
-  explicit GenericAdapter(Effect& adapts) : effect(adapts) {}
+  explicit GenericAdapter(Effect& adapted) : effect(adapted) {}
 
   void loadState(const std::string& file) override;
   std::vector<std::string> loadBank(const std::string& file) override;

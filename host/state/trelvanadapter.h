@@ -6,7 +6,7 @@
 
 class TrelvanAdapter final : public EffectAdapter {
  public:
-  explicit TrelvanAdapter(Effect& adapts) : effect(adapts) {}
+  explicit TrelvanAdapter(Effect& adapted) : effect(adapted) {}
 
   void loadState(const std::string& file) override;
   std::vector<std::string> loadBank(const std::string& file) override;

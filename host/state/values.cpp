@@ -31,6 +31,12 @@ bool isNormalised(double value) {
   return value >= 0.0 && value <= 1.0;
 }
 
+// "75%" and 0.75 alike; none with another unit.
+std::optional<double> fractionOf(const NumberWithUnit& typed) {
+  if (typed.unit == "%") return typed.number / 100.0;
+  return typed.unit.empty() ? std::optional(typed.number) : std::nullopt;
+}
+
 std::optional<float> readSwitch(std::string_view text) {
   const std::string word = lowerCase(trimmed(text));
   if (word == "on" || word == "yes" || word == "true") return 1.0F;
@@ -75,13 +81,12 @@ float parseNormalised(std::string_view option, std::string_view text) {
 
 float parsePercent(std::string_view option, std::string_view text) {
   const auto read = readNumber(text);
-  const bool percent = read && read->unit == "%";
-  if (!read || (!percent && !read->unit.empty())) refuse(option, text, "a value like 75% or 0.75");
-  const double value = percent ? read->number / 100.0 : read->number;
-  if (!isNormalised(value)) {
-    refuse(option, text, percent ? "within 0% to 100%" : "within 0 to 1 (write 75% for per cent)");
+  const auto value = read ? fractionOf(*read) : std::nullopt;
+  if (!value) refuse(option, text, "a value like 75% or 0.75");
+  if (!isNormalised(*value)) {
+    refuse(option, text, read->unit == "%" ? "within 0% to 100%" : "within 0 to 1 (write 75% for per cent)");
   }
-  return static_cast<float>(value);
+  return static_cast<float>(*value);
 }
 
 float parseBaseFrequency(std::string_view option, std::string_view text) {
@@ -118,12 +123,9 @@ float parseTrelvanValue(int index, std::string_view option, std::string_view tex
 std::optional<float> readGenericValue(std::string_view text) {
   if (const auto value = readSwitch(text)) return value;
   const auto read = readNumber(text);
-  if (!read) return std::nullopt;
-  const bool percent = read->unit == "%";
-  if (!percent && !read->unit.empty()) return std::nullopt;
-  const double value = percent ? read->number / 100.0 : read->number;
-  if (!isNormalised(value)) return std::nullopt;
-  return static_cast<float>(value);
+  const auto value = read ? fractionOf(*read) : std::nullopt;
+  if (!value || !isNormalised(*value)) return std::nullopt;
+  return static_cast<float>(*value);
 }
 
 double parseGain(std::string_view option, std::string_view text) {

@@ -9,7 +9,7 @@ namespace {
 template <typename Sample>
 class PreciseBlockRunner : public BlockRunner {
  public:
-  PreciseBlockRunner(Effect& runs, int blockSize) : effect(runs) {
+  PreciseBlockRunner(Effect& startedEffect, int blockSize) : effect(startedEffect) {
     const auto frames = static_cast<std::size_t>(blockSize);
     addBuffers(static_cast<std::size_t>(effect.record().numInputs), frames, inputBuffers, inputs);
     addBuffers(static_cast<std::size_t>(effect.record().numOutputs), frames, outputBuffers, outputs);

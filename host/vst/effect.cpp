@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::size_t kTextRoom = 1024;  // bytes; effects have been seen to exceed the published sizes
+constexpr std::size_t kTextCapacity = 1024;  // bytes; effects have been seen to exceed the published sizes
 constexpr VstIntPtr kAnyCategory = -1;
 
 std::string pinCounts(VstInt32 inputs, VstInt32 outputs) {
@@ -28,8 +28,8 @@ std::string cleaned(const char* text) {
 
 }  // namespace
 
-Effect::Effect(PluginModule& from, HostCallback& callback)
-    : module(from), host(callback), name(from.path().filename().string()) {
+Effect::Effect(PluginModule& loaded, HostCallback& callback)
+    : module(loaded), host(callback), name(loaded.path().filename().string()) {
   const std::lock_guard life(module.lifeLock());
   {
     const HostCallback::Scope scope(&host);
@@ -63,10 +63,10 @@ VstIntPtr Effect::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value, voi
 }
 
 std::string Effect::textUnlocked(VstInt32 opcode, VstInt32 index, VstIntPtr value) {
-  std::array<char, kTextRoom> room{};
-  call(opcode, index, value, room.data(), 0.0F);
-  room.back() = 0;
-  return cleaned(room.data());
+  std::array<char, kTextCapacity> buffer{};
+  call(opcode, index, value, buffer.data(), 0.0F);
+  buffer.back() = 0;
+  return cleaned(buffer.data());
 }
 
 std::string Effect::text(VstInt32 opcode, VstInt32 index, VstIntPtr value) {
@@ -86,11 +86,11 @@ void Effect::setParameter(int index, float value) {
 
 std::vector<std::string> Effect::namesUnlocked(int count) {
   std::vector<std::string> names;
-  std::array<char, kTextRoom> room{};
+  std::array<char, kTextCapacity> buffer{};
   for (VstInt32 index = 0; index < count; ++index) {
-    if (call(effGetProgramNameIndexed, index, kAnyCategory, room.data(), 0.0F) == 0) break;
-    room.back() = 0;
-    names.push_back(cleaned(room.data()));
+    if (call(effGetProgramNameIndexed, index, kAnyCategory, buffer.data(), 0.0F) == 0) break;
+    buffer.back() = 0;
+    names.push_back(cleaned(buffer.data()));
   }
   return names;
 }
@@ -122,8 +122,13 @@ void Effect::selectProgram(int index) {
   call(effEndSetProgram, 0, 0, nullptr, 0.0F);
 }
 
+void Effect::checkHasChunk() const {
+  if (hasChunk()) return;
+  throw Failure(name + ": the effect keeps no state that could be saved or loaded");
+}
+
 Effect::Bytes Effect::chunk() {
-  if (!hasChunk()) throw Failure(name + ": the effect keeps no state that could be saved or loaded");
+  checkHasChunk();
   const std::lock_guard life(module.lifeLock());
   void* bytes = nullptr;
   const VstIntPtr size = call(effGetChunk, 0, 0, &bytes, 0.0F);
@@ -136,7 +141,7 @@ Effect::Bytes Effect::chunk() {
 }
 
 void Effect::setChunk(std::span<const unsigned char> bytes) {
-  if (!hasChunk()) throw Failure(name + ": the effect keeps no state that could be saved or loaded");
+  checkHasChunk();
   const std::lock_guard life(module.lifeLock());
   Bytes copy(bytes.begin(), bytes.end());  // effects may change what they are given
   if (call(effSetChunk, 0, static_cast<VstIntPtr>(copy.size()), copy.data(), 0.0F) < 0) {
@@ -193,7 +198,7 @@ void Effect::stop() {
   call(effMainsChanged, 0, 0, nullptr, 0.0F);
 }
 
-void Effect::moveOn(int frames) {
+void Effect::advance(int frames) {
   position += frames;
   host.setPosition(position);
   checkShape();
@@ -209,10 +214,10 @@ void Effect::checkShape() const {
 
 void Effect::process(float** inputs, float** outputs, int frames) {
   effect->processReplacing(effect, inputs, outputs, frames);
-  moveOn(frames);
+  advance(frames);
 }
 
 void Effect::process(double** inputs, double** outputs, int frames) {
   effect->processDoubleReplacing(effect, inputs, outputs, frames);
-  moveOn(frames);
+  advance(frames);
 }

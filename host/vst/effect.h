@@ -68,7 +68,8 @@ class Effect {
   VstIntPtr call(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
   std::vector<std::string> namesUnlocked(int count);
   std::string textUnlocked(VstInt32 opcode, VstInt32 index, VstIntPtr value);
-  void moveOn(int frames);
+  void checkHasChunk() const;
+  void advance(int frames);
   void checkShape() const;
 
   PluginModule& module;

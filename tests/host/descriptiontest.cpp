@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 
+#include "host/cli/effectinfo.h"
 #include "host/vst/pluginpath.h"
 #include "tests/host/tempfolder.h"
 
