@@ -6,19 +6,13 @@
 #include <sndfile.h>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
-#include "host/base/failure.h"
-#include "host/sound/soundreader.h"
-#include "tests/host/sounds.h"
-#include "tests/host/tempfolder.h"
+#include "tests/host/completenessfixture.h"
 
 namespace {
 
 using testing::HasSubstr;
-
-constexpr std::size_t kFrames = 20001;  // odd, and no multiple of any block
 
 // Every type and subtype that the library writes, so that it also reads them.
 std::vector<int> everyFormat() {
@@ -38,60 +32,6 @@ std::vector<int> everyFormat() {
   }
   return formats;
 }
-
-class Completeness : public TempFolder {
- protected:
-  // How many frames can be read, or why not all.
-  struct Reading {
-    std::int64_t frames = 0;
-    std::string failure;
-  };
-  Reading reading(const std::string& name) const {
-    Reading done;
-    try {
-      SoundReader reader(in(name));
-      std::vector<double> left(1000);
-      std::vector<double> right(1000);
-      int frames = 0;
-      while ((frames = reader.read(left.data(), right.data(), 1000)) > 0) done.frames += frames;
-    } catch (const Failure& failure) {
-      done.failure = failure.what();
-    }
-    return done;
-  }
-
-  // The file's bytes; empty where the library cannot write so.
-  std::string bytesOf(int libFormat, int channels, std::size_t frames = kFrames) const {
-    SF_INFO info{0, 48000, channels, libFormat, 0, 0};
-    if (sf_format_check(&info) == 0) return {};
-    SNDFILE* file = sf_open(in("written").c_str(), SFM_WRITE, &info);
-    if (file == nullptr) return {};
-    sf_set_string(file, SF_STR_TITLE, "Title");
-    const Sound sound = noise(frames, channels, 1);
-    sf_write_double(file, sound.samples.data(), static_cast<sf_count_t>(sound.samples.size()));
-    sf_close(file);
-    return textOf(in("written"));
-  }
-
-  // What the library alone reads, in the same pieces; none where it does not take its own file.
-  std::optional<std::int64_t> framesByTheLibrary(const std::string& name) const {
-    SF_INFO info{};
-    SNDFILE* file = sf_open(in(name).c_str(), SFM_READ, &info);
-    if (file == nullptr) return std::nullopt;
-    std::vector<double> piece(16384 * static_cast<std::size_t>(info.channels));
-    std::int64_t all = 0;
-    sf_count_t frames = 0;
-    while ((frames = sf_readf_double(file, piece.data(), 16384)) > 0) all += frames;
-    sf_close(file);
-    return all;
-  }
-
-  static std::string number(std::uint64_t value, int bytes, bool bigEndian) {
-    std::string text;
-    for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> 8 * (bigEndian ? bytes - 1 - i : i));
-    return text;
-  }
-};
 
 // A chunk's size field is `offset` bytes after the beginning of its name.
 struct SizeField {
@@ -250,56 +190,4 @@ TEST_F(Completeness, RefusesEveryCutThatCostsAFrame) {
       EXPECT_TRUE(wholeAllTheSame || !cut.failure.empty()) << name << " " << part << ": " << cut.frames;
     }
   }
-}
-
-TEST_F(Completeness, RefusesAnOggWithoutItsLastPage) {
-  for (const int subtype : {SF_FORMAT_VORBIS, SF_FORMAT_OPUS}) {
-    const std::string bytes = bytesOf(SF_FORMAT_OGG | subtype, 2);
-    const std::size_t last = bytes.rfind("OggS");
-    for (const std::string& without : {bytes.substr(0, last), bytes.substr(0, bytes.size() - 1)}) {
-      writeText(in("a.ogg"), without);
-      EXPECT_THAT(reading("a.ogg").failure,
-                  HasSubstr("a.ogg: has no last page: it is cut short, or a piece of a stream"));
-    }
-  }
-}
-
-// Each page carries a checksum of all its bits.
-TEST_F(Completeness, RefusesAnOggWithAFlippedBitAnywhere) {
-  for (const int subtype : {SF_FORMAT_VORBIS, SF_FORMAT_OPUS}) {
-    const std::string bytes = bytesOf(SF_FORMAT_OGG | subtype, 2);
-    for (std::size_t flip = 0; flip < 80; ++flip) {
-      std::string damaged = bytes;
-      damaged[flip * bytes.size() / 80] ^= static_cast<char>(1 << flip % 8);
-      writeText(in("a.ogg"), damaged);
-      EXPECT_NE(reading("a.ogg").failure, "") << flip;
-    }
-    std::string damaged = bytes;
-    damaged.back() ^= 4;
-    writeText(in("a.ogg"), damaged);
-    EXPECT_THAT(reading("a.ogg").failure, HasSubstr("is damaged at byte " + std::to_string(bytes.rfind("OggS"))));
-  }
-}
-
-TEST_F(Completeness, TakesAnOggOfSeveralStreamsOneBehindTheOther) {
-  const std::string bytes = bytesOf(SF_FORMAT_OGG | SF_FORMAT_VORBIS, 2);
-  writeText(in("a.ogg"), bytes + bytesOf(SF_FORMAT_OGG | SF_FORMAT_VORBIS, 2));
-  EXPECT_EQ(reading("a.ogg").failure, "");
-}
-
-// A header that promises more frames than follow, in a type where the library believes it.
-TEST_F(Completeness, RefusesAFlacThatEndsBeforeItsLastFrame) {
-  const std::string bytes = bytesOf(SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 2);
-  std::string longer = bytes;
-  longer.replace(22, 4, number(kFrames + 7, 4, true));  // the low 32 bits of the number of frames
-  writeText(in("a.flac"), longer);
-  EXPECT_THAT(reading("a.flac").failure, HasSubstr("only 20001 of 20008 frames can be read"));
-  std::string unknown = bytes;
-  unknown.replace(22, 4, number(0, 4, true));  // as an encoder leaves it that writes into a pipe
-  writeText(in("a.flac"), unknown);
-  EXPECT_EQ(reading("a.flac").failure, "");
-  EXPECT_EQ(reading("a.flac").frames, static_cast<std::int64_t>(kFrames));
-  EXPECT_EQ(SoundReader(in("a.flac")).frames(), std::nullopt) << "nobody knows";
-  writeText(in("a.flac"), unknown.substr(0, unknown.size() / 2));
-  EXPECT_THAT(reading("a.flac").failure, HasSubstr("a.flac: is damaged"));
 }
