@@ -70,7 +70,7 @@ std::optional<HostCallback::Size> HostCallback::takeWindowSize() {
   return std::exchange(windowSize, std::nullopt);
 }
 
-VstIntPtr HostCallback::askWindowSize(VstInt32 width, VstIntPtr height) {
+VstIntPtr HostCallback::keepWindowSize(VstInt32 width, VstIntPtr height) {
   if (!hasWindow || width <= 0 || height <= 0) return 0;
   windowSize = Size{width, static_cast<int>(height)};
   return 1;
@@ -105,7 +105,7 @@ VstIntPtr HostCallback::answer(VstInt32 opcode, VstInt32 index, VstIntPtr value,
     case audioMasterGetLanguage:
       return kLanguageEnglish;
     case audioMasterSizeWindow:
-      return askWindowSize(index, value);
+      return keepWindowSize(index, value);
     case audioMasterIOChanged:  // the shape is looked at after every block anyway
     case audioMasterBeginEdit:
     case audioMasterEndEdit:

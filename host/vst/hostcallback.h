@@ -51,7 +51,7 @@ class HostCallback final {
 
  private:
   VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr);
-  VstIntPtr askWindowSize(VstInt32 width, VstIntPtr height);
+  VstIntPtr keepWindowSize(VstInt32 width, VstIntPtr height);
   VstTimeInfo* timeInfo();
 
   VstTimeInfo time{};

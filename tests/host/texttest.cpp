@@ -30,3 +30,11 @@ TEST(Text, NamesChannelCounts) {
   EXPECT_EQ(channelText(1), "mono");
   EXPECT_EQ(channelText(2), "stereo");
 }
+
+TEST(Text, MakesAsciiLettersSmallAndNothingElse) {
+  EXPECT_EQ(lowerCase("AZaz@[`{09"), "azaz@[`{09");
+  EXPECT_EQ(lowerCase("\xC4\u00C4"), "\xC4\u00C4") << "other characters' bytes stay";
+  EXPECT_TRUE(sameLetters("Mix 1", "mIX 1"));
+  EXPECT_FALSE(sameLetters("mix 1", "mix1"));
+  EXPECT_FALSE(sameLetters("\u00E4", "\u00C4"));
+}
