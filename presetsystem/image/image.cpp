@@ -79,9 +79,11 @@ void takeChunk(Image& image, std::span<const unsigned char> bytes, std::int32_t 
   const std::int32_t tag = ByteReader(bytes, image.swapped).int32();
   image.content = tag == kChunkTag || tag == kOldChunkTag ? Content::bank : Content::unknown;
   if (tag == kChunkTag) {
-    takeCurrent(image, bytes.subspan(kChunkPrefixSize), sizeKnown);
+    const std::span<const unsigned char> bank = bytes.subspan(kChunkPrefixSize);
+    takeCurrent(image, bank, sizeKnown);
     const ByteOrder named = image.swapped ? ByteOrder::swapped : ByteOrder::native;
-    image.headerIsOurs = image.extent == Extent::headless || byteOrderOf(image.header.uniqueID, uniqueID) == named;
+    const ByteOrder found = byteOrderOf(newpresetheader::read(bank).uniqueID, uniqueID);
+    image.headerIsOurs = bank.size() >= kOldPrefixSize && found == named;
   }
   // Without a size there are no records to be told apart, and nothing after the prefix is looked at.
   if (tag == kOldChunkTag) takeOldChunk(image, sizeKnown ? bytes : bytes.first(kChunkPrefixSize));

@@ -10,8 +10,8 @@
 
 #include "host/base/failure.h"
 #include "plugin/vst24.h"
-#include "tests/support/imagebytes.h"
 #include "tests/support/imageblocks.h"
+#include "tests/support/imagebytes.h"
 
 namespace {
 
@@ -194,6 +194,17 @@ TEST(TrelvanBank, RefusesChunksThatAreNone) {
   EXPECT_THAT(refusalOf([&] { bankOf(unknown); }), HasSubstr("unknown format"));
   EXPECT_THAT(refusalOf([&] { bankOf(cut); }), HasSubstr("cut short"));
   EXPECT_THAT(refusalOf([&] { bankOf({1, 2, 3}); }), HasSubstr("too short"));
+  // The bank inside names its owner a second time, in the four bytes after the chunk's prefix of eight;
+  // its kind is the next byte.
+  Bytes foreignBank = whole;
+  foreignBank[8] ^= 1;
+  const auto firstBytes = [](const Bytes& chunk, int count) { return Bytes(chunk.begin(), chunk.begin() + count); };
+  const auto notOurs = HasSubstr("not a file of this plug-in");
+  EXPECT_THAT(refusalOf([&] { bankOf(foreignBank); }), notOurs);
+  EXPECT_THAT(refusalOf([&] { bankOf(firstBytes(foreignBank, 20)); }), notOurs);
+  EXPECT_THAT(refusalOf([&] { bankOf(firstBytes(whole, 8)); }), notOurs);
+  EXPECT_THAT(refusalOf([&] { bankOf(firstBytes(whole, 12)); }), notOurs);
+  EXPECT_THAT(refusalOf([&] { bankOf(firstBytes(whole, 13)); }), HasSubstr("cut short"));
 }
 
 TEST(TrelvanBank, LetsOldStatesPassTheCheckAndFindsDamageInCurrentOnes) {
