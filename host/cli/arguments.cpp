@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "effect/parameters.h"
+#include "host/base/text.h"
 #include "host/state/values.h"
 
 namespace {
@@ -14,12 +16,23 @@ namespace {
 constexpr const char* kDescription =
     "widen: runs mono or stereo sound files through a VST 2.4 effect, by default Trelvan, and writes stereo files.";
 
-constexpr const char* kNotes =
-    R"(Values
+// The base frequency's range and curve are the effect's own.
+std::string frequencyNotes() {
+  using parametercurves::kHzRange, parametercurves::kLowestHz;
+  const double highest = kLowestHz + kHzRange;
+  const double middle = parameterAt(kBaseFreqIndex).derived(0.5F);
+  return formatted("265Hz or 0.265kHz, from %gHz to %gHz; without a unit 0 to 1 is the raw value\n", kLowestHz,
+                   highest) +
+         formatted("                       (%g + %g x^2 Hz, so that 0.5 is %g Hz) and %g to %g is in Hz.\n", kLowestHz,
+                   kHzRange, middle, kLowestHz, highest);
+}
+
+std::string notes() {
+  return R"(Values
   --width, --emphasis  75% is three quarters; a number without a unit is the raw value, 0 to 1.
-  --base-freq          265Hz or 0.265kHz, from 20Hz to 1000Hz; without a unit 0 to 1 is the raw value
-                       (20 + 980 x^2 Hz, so that 0.5 is 265 Hz) and 20 to 1000 is in Hz.
-  --process, --phase   on or off; a number is the raw value, 0 to 1, on from 0.5.
+  --base-freq          )" +
+         frequencyNotes() +
+         R"(  --process, --phase   on or off; a number is the raw value, 0 to 1, on from 0.5.
   They come on top of --state, --bank and --preset, which are applied in this order.
 
 Outputs
@@ -28,18 +41,19 @@ Outputs
   there is replaced only with --force. What cannot be finished is removed.
 
 Exit status: 0 done, 1 failed, 2 wrong usage.)";
+}
 
 // The words as they were typed; what needs more than the option's own rules is checked after the
 // parser.
 struct Typed {
-  std::array<std::string, StateArguments::kTrelvanParameters> values;
+  std::array<std::string, kParameterCount> values;
   std::vector<std::string> settings;
   std::string output, format, gain, tail, plot, state, bank, preset, saveState, plugin;
   bool version = false;
 };
 
-constexpr std::array<const char*, StateArguments::kTrelvanParameters> kValueOptions = {
-    "--width", "--base-freq", "--emphasis", "--process", "--phase"};
+constexpr std::array<const char*, kParameterCount> kValueOptions = {"--width", "--base-freq", "--emphasis", "--process",
+                                                                    "--phase"};
 
 class Formatter : public CLI::Formatter {
  public:
@@ -77,7 +91,7 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
   app.add_option("--bank", typed.bank, "Bank file (.orb); its first preset is selected")
       ->group(sound)
       ->type_name("FILE");
-  constexpr std::array<const char*, StateArguments::kTrelvanParameters> kTexts = {
+  constexpr std::array<const char*, kParameterCount> kTexts = {
       "Width of the image, e.g. 75%", "One period of it is the delay, e.g. 265Hz",
       "Emphasis of the highs in the side signal, e.g. 30%", "Effect on or off", "Sides swapped on or off"};
   for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
@@ -163,7 +177,7 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   Typed typed;
   CLI::App app(kDescription, "widen");
   app.formatter(std::make_shared<Formatter>());
-  app.footer(kNotes);
+  app.footer(notes());
   addOptions(app, arguments, typed);
   try {
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes the last word first

@@ -118,7 +118,7 @@ std::string PlotCanvas::fitted(const std::string& text, const PlotText& look, do
   while (!shorter.empty()) {
     do {
       shorter.pop_back();
-    } while (!shorter.empty() && (static_cast<unsigned char>(shorter.back()) & 0xC0) == 0x80);
+    } while (!shorter.empty() && continuesCharacter(shorter.back()));
     // The first byte of a character whose other bytes are gone goes as well.
     if (!shorter.empty() && static_cast<unsigned char>(shorter.back()) >= 0xC0) shorter.pop_back();
     if (widthOf(shorter + "\u2026", look) <= width) break;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "effect/parameters.h"
+
 // --set NAME=VALUE, taken apart at the first "=".
 struct ParameterSetting {
   std::string parameter;  // name or index
@@ -14,11 +16,9 @@ struct ParameterSetting {
 
 // In the order in which it is applied.
 struct StateArguments {
-  static constexpr int kTrelvanParameters = 5;  // width, baseFreq, emphasis, process, phase
-
-  std::optional<std::string> state;                             // raw chunk
-  std::optional<std::string> bank;                              // .orb
-  std::optional<std::string> preset;                            // name, number or .orv
-  std::array<std::optional<float>, kTrelvanParameters> values;  // normalised, by parameter index
+  std::optional<std::string> state;                          // raw chunk
+  std::optional<std::string> bank;                           // .orb
+  std::optional<std::string> preset;                         // name, number or .orv
+  std::array<std::optional<float>, kParameterCount> values;  // of Trelvan, normalised, by index
   std::vector<ParameterSetting> settings;
 };

@@ -7,13 +7,12 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "effect/parameters.h"
 #include "host/base/failure.h"
 #include "host/base/text.h"
 
 namespace {
 
-constexpr double kLowestHz = 20.0;     // base frequency of the raw value 0
-constexpr double kHzRange = 980.0;     // and how much the raw value 1 adds: Hz = 20 + 980 raw^2
 constexpr double kHighestGain = 60.0;  // dB, either way
 constexpr double kLongestTail = 3600;  // s
 
@@ -97,8 +96,13 @@ float parseBaseFrequency(std::string_view option, std::string_view text) {
   }
   if (read->unit.empty() && isNormalised(read->number)) return static_cast<float>(read->number);
   const double hertz = read->unit == "khz" ? read->number * 1000.0 : read->number;
-  if (!(hertz >= kLowestHz && hertz <= kLowestHz + kHzRange)) refuse(option, text, "within 20Hz to 1000Hz");
-  return static_cast<float>(std::sqrt((hertz - kLowestHz) / kHzRange));
+  const Parameter& frequency = parameterAt(kBaseFreqIndex);
+  const double lowest = frequency.derived(0.0F);
+  const double highest = frequency.derived(1.0F);
+  if (!(hertz >= lowest && hertz <= highest)) {
+    refuse(option, text, formatted("within %gHz to %gHz", lowest, highest));
+  }
+  return frequency.raw(hertz);
 }
 
 float parseSwitch(std::string_view option, std::string_view text) {
@@ -109,15 +113,15 @@ float parseSwitch(std::string_view option, std::string_view text) {
 }
 
 float parseTrelvanValue(int index, std::string_view option, std::string_view text) {
-  switch (index) {
-    case 0:
-    case 2:
+  switch (parameterAt(index).unit) {
+    case Parameter::Unit::percent:
       return parsePercent(option, text);
-    case 1:
+    case Parameter::Unit::hertz:
       return parseBaseFrequency(option, text);
-    default:
-      return parseSwitch(option, text);
+    case Parameter::Unit::onOff:
+      break;
   }
+  return parseSwitch(option, text);
 }
 
 std::optional<float> readGenericValue(std::string_view text) {

@@ -23,7 +23,7 @@ float parsePercent(std::string_view option, std::string_view text);     // "75%"
 // else.
 float parseBaseFrequency(std::string_view option, std::string_view text);
 float parseSwitch(std::string_view option, std::string_view text);  // on, off, or 0..1
-// As above, by the index of Trelvan's parameter.
+// In the unit of Trelvan's parameter of this index.
 float parseTrelvanValue(int index, std::string_view option, std::string_view text);
 // Any of the notations for an effect that is not known: "0.4", "40%", "on", "off". None where it is
 // none of them.

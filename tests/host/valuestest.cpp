@@ -131,3 +131,16 @@ TEST(Values, TakeSecondsAndMilliseconds) {
 TEST(Values, NameTheOptionAndTheTextThatTheyRefuse) {
   EXPECT_NE(refusalOf(parsePercent, "wide").find("--option: \"wide\""), std::string::npos);
 }
+
+TEST(Values, AreReadInTheUnitOfTheParameter) {
+  EXPECT_EQ(parseTrelvanValue(0, "--width", "75%"), 0.75F);
+  EXPECT_EQ(parseTrelvanValue(1, "--base-freq", "265Hz"), 0.5F);
+  EXPECT_EQ(parseTrelvanValue(2, "--emphasis", "30%"), 0.3F);
+  EXPECT_EQ(parseTrelvanValue(3, "--process", "on"), 1.0F);
+  EXPECT_EQ(parseTrelvanValue(4, "--phase", "off"), 0.0F);
+  EXPECT_THROW(parseTrelvanValue(0, "--width", "265Hz"), UsageFailure);
+  EXPECT_THROW(parseTrelvanValue(1, "--base-freq", "75%"), UsageFailure);
+  EXPECT_THROW(parseTrelvanValue(2, "--emphasis", "on"), UsageFailure);
+  EXPECT_THROW(parseTrelvanValue(3, "--process", "75%"), UsageFailure);
+  EXPECT_THROW(parseTrelvanValue(4, "--phase", "1Hz"), UsageFailure);
+}
