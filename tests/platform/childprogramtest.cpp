@@ -12,8 +12,8 @@
 #include <chrono>
 #include <thread>
 
-#include "tests/support/temporaryfolder.h"
 #include "tests/support/failingmemory.h"
+#include "tests/support/temporaryfolder.h"
 
 namespace {
 
