@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "presetsystem/image/chunkimage.h"
+#include "presetsystem/image/presetimage.h"
 
 namespace fuzz {
 namespace {
@@ -79,9 +79,9 @@ presetimage::Bytes inOtherOrder(presetimage::Bytes image) {
 
 presetimage::Bytes chunkInOtherOrder(presetimage::Bytes chunk) {
   const std::span<unsigned char> bytes(chunk);
-  reverseWordsFrom(bytes.first(chunkimage::kPrefixSize), 0);
-  reverseHeader(bytes.subspan(chunkimage::kPrefixSize));
-  reverseEntries(bytes.subspan(chunkimage::kEntriesOffset), false);
+  reverseWordsFrom(bytes.first(presetimage::kChunkPrefixSize), 0);
+  reverseHeader(bytes.subspan(presetimage::kChunkPrefixSize));
+  reverseEntries(bytes.subspan((presetimage::kChunkPrefixSize + newpresetheader::kSize)), false);
   return chunk;
 }
 

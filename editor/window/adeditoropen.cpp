@@ -6,6 +6,7 @@
 #include "editor/controls/stringconvert.h"
 #include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
+#include "vstgui.h"
 
 using VSTGUI::CBitmap;
 using VSTGUI::CParamDisplay;

@@ -11,6 +11,7 @@
 #include "presetsystem/bar/presetbar.h"
 #include "presetsystem/bar/presetbaractions.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
+#include "vstgui.h"
 
 namespace {
 

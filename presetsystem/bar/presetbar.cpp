@@ -8,6 +8,7 @@
 #include "editor/controls/cpsrockerswitch.h"
 #include "editor/controls/csaveloadbutton.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
+#include "vstgui.h"
 
 using VSTGUI::CBitmap;
 using VSTGUI::CPoint;

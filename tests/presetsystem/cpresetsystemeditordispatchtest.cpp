@@ -10,6 +10,7 @@
 #include "editor/controls/csaveloadbutton.h"
 #include "tests/presetsystem/filesfixture.h"
 #include "tests/support/recordinghost.h"
+#include "vstgui.h"
 
 namespace {
 

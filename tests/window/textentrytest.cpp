@@ -5,6 +5,7 @@
 #include "editor/base/aeffguieditor.h"
 #include "editor/base/myframe.h"
 #include "editor/controls/corvtextedit.h"
+#include "vstgui.h"
 #include "windowtest.h"
 
 namespace {
