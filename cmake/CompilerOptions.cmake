@@ -18,6 +18,9 @@ endif()
 
 add_library(trelvan_options INTERFACE)
 target_include_directories(trelvan_options INTERFACE ${PROJECT_SOURCE_DIR})
+# In all of our code or in none: classes have another size with it.
+target_compile_definitions(trelvan_options INTERFACE
+  $<$<OR:$<CONFIG:Debug>,$<BOOL:${TRELVAN_CHECK_THREADS}>>:TRELVAN_CHECK_THREADS>)
 target_compile_options(trelvan_options INTERFACE
   -Wall -Wextra -Wpedantic -Wcast-align -Wformat=2 -Werror
   # Not against members: the toolkit's classes show theirs, under names that arguments want too.

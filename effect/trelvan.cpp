@@ -87,6 +87,7 @@ void Trelvan::suspend() {
 }
 
 void Trelvan::clearSignal() {
+  processing.ensureNoOther("resume or suspend");
   auxParameter = 0.0F;
   std::fill_n(delayLine.get(), delayLength, 0.0F);
   midEnvelope = 0.0;

@@ -7,6 +7,7 @@
 
 #include "effect/parameters.h"
 #include "platform/relaxed.h"
+#include "platform/threadcontract.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 
 // Parameter indexes and what they mean: effect/parameters.h.
@@ -79,6 +80,7 @@ class Trelvan : public CPresetSystemEffect {
   std::int32_t delayTargetNow() const;
   float meterReading() const;
 
+  [[no_unique_address]] ProcessingContract processing;
   Relaxed<std::int32_t> editorOpen{0};
   Relaxed<bool> inputStereo{true};   // the second input is to be read
   Relaxed<bool> outputStereo{true};  // the second output is to be written

@@ -71,6 +71,7 @@ void Trelvan::bypass(const Frames<Sample>& block) {
 // and a block of no frames may come without arrays.
 template <typename Sample>
 void Trelvan::processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFrames) {
+  const ProcessingScope scope(processing, "process");
   const bool rightIn = isInputConnected(1) && inputStereo;
   const bool rightOut = isOutputConnected(1) && outputStereo;
   if (sampleFrames > 0) {

@@ -72,10 +72,13 @@ bool AEffGUIEditor::openFrame(void* window) {
   frame = made;
   view = root;
   frameWindow = std::move(opening);
+  windowContract.opened();
   return true;
 }
 
 void AEffGUIEditor::closeFrame() {
+  windowContract.ensure("close");
+  windowContract.closed();
   frame = nullptr;
   view = nullptr;
   frameWindow.reset();
@@ -84,6 +87,7 @@ void AEffGUIEditor::closeFrame() {
 // The window may be closed from inside the pump, by a control's callback.
 void AEffGUIEditor::idle() {
   if (inHostIdle || frame == nullptr) return;
+  windowContract.ensure("idle");
   frameWindow->pump();
   if (frame == nullptr) return;
   if (frameWindow->keyboardLost()) frameWindow->during([this] { keyboardLeft(); });
@@ -91,6 +95,7 @@ void AEffGUIEditor::idle() {
 }
 
 bool AEffGUIEditor::dispatch(VSTGUI::Event& event) {
+  windowContract.ensure("a key or the wheel");
   frameWindow->during([target = frame, &event] { target->dispatchEvent(event); });
   return static_cast<bool>(event.consumed);
 }

@@ -7,6 +7,7 @@
 
 #include "editor/base/framewindow.h"
 #include "editor/base/toolkitlibrary.h"
+#include "platform/threadcontract.h"
 #include "plugin/aeffeditor.h"
 #include "vstgui.h"
 
@@ -51,6 +52,7 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   virtual ERect windowSize() = 0;  // pixels; asked with the toolkit set up until it is not empty
 
   MyFrame* view = nullptr;  // the frame's root, null while closed; the frame owns it
+  [[no_unique_address]] WindowContract windowContract;
 
  private:
   void needToolkit();

@@ -120,6 +120,7 @@ void ADEditor::setParameter(VstInt32 index, float /*value*/) {
 
 // Values are read back from the effect: what it was told may have been overtaken.
 void ADEditor::showParameter(VstInt32 index) {
+  windowContract.ensure("a parameter's control");
   const float raw = trelvan->getParameter(index);
   const bool isSwitch = parameterAt(index).unit == Parameter::Unit::onOff;
   show(views[static_cast<std::size_t>(index)].control, isSwitch ? switchPosition(raw) : raw);

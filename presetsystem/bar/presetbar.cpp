@@ -87,6 +87,7 @@ CPresetMenu* makeMenu(VSTGUI::IControlListener* listener, CBitmap* background) {
 }  // namespace
 
 void PresetBar::build(VSTGUI::CViewContainer& root, VSTGUI::IControlListener* listener, CPresetSystemEffect& effect) {
+  contract.opened();
   Builder in(root, listener);
   const auto background = loadBitmap(kBackgroundBitmap);
   const long current = effect.getPresetNo();
@@ -112,18 +113,21 @@ void PresetBar::build(VSTGUI::CViewContainer& root, VSTGUI::IControlListener* li
 }
 
 void PresetBar::showName(const char* name) {
+  contract.ensure("the preset's name");
   if (nameEdit == nullptr) return;
   nameEdit->setText(name);
   nameEdit->invalid();
 }
 
 void PresetBar::showCurrent(long n) {
+  contract.ensure("the current preset");
   if (presetMenu == nullptr) return;
   presetMenu->setCurrent(static_cast<std::int32_t>(n));
   redrawList();
 }
 
 void PresetBar::retitleCurrent(const char* name) {
+  contract.ensure("the list of presets");
   if (presetMenu == nullptr) return;
   if (VSTGUI::CMenuItem* entry = presetMenu->getEntry(presetMenu->getCurrentIndex())) entry->setTitle(name);
   redrawList();
@@ -135,6 +139,7 @@ void PresetBar::redrawList() {
 }
 
 void PresetBar::refresh(CPresetSystemEffect& effect) {
+  contract.ensure("the list of presets");
   if (presetMenu == nullptr) return;
   for (long n = 0; n < CPresetSystemEffect::kPresetCount; ++n) {
     presetMenu->getEntry(static_cast<std::int32_t>(n))->setTitle(ShownName(effect.preset(n)).text);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "platform/threadcontract.h"
 #include "presetsystem/image/acombprogram.h"
 
 namespace VSTGUI {
@@ -72,4 +73,6 @@ class PresetBar {
 
  private:
   void redrawList();
+
+  [[no_unique_address]] WindowContract contract;
 };

@@ -1,14 +1,14 @@
 // The effect without the window: the library alone plays, names its presets and takes and hands out chunks.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <string>
+#include <thread>
 #include <vector>
 
 #include "effect/parameters.h"
 #include "effect/trelvan.h"
 #include "plugin/aeffeditor.h"
 #include "plugin/createeditor.h"
-#include "plugin/createeffectinstance.h"
 #include "presetsystem/store/presetlistener.h"
 
 // In the place of the window's: an editor that shows nothing and writes down what it is told.
@@ -79,6 +79,26 @@ TEST_F(EffectAlone, RestoresItsBankFromItsChunk) {
   EXPECT_EQ(other.getPresetNo(), 14);
   EXPECT_EQ(other.getParameter(kWidthIndex), 0.25F);
   EXPECT_STREQ(other.preset(14).name, "guitar 3");
+}
+
+// Asked for a pin by the thread that processes, it lets another one process the same instance.
+VstIntPtr hostOfTwoThreads(AEffect* effect, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
+  static bool started = false;
+  if (opcode == audioMasterPinConnected && !started) {
+    started = true;
+    std::thread([effect] { effect->processReplacing(effect, nullptr, nullptr, 0); }).join();
+  }
+  return opcode == audioMasterVersion ? kVstVersion : 0;
+}
+
+TEST(EffectAloneDeathTest, IsProcessedByOneThreadAtATimeWhereThatIsChecked) {
+  if (!kThreadsAreChecked) GTEST_SKIP() << "not in this build";
+  EXPECT_DEATH(
+      {
+        Trelvan effect(hostOfTwoThreads);
+        effect.processReplacing(nullptr, nullptr, 0);
+      },
+      "process: another thread is processing");
 }
 
 TEST_F(EffectAlone, Widens) {

@@ -1,6 +1,7 @@
 // What each value of each control of the preset bar does, and when the bar is there.
 #include <cmath>
 #include <limits>
+#include <thread>
 
 #include "editor/base/myframe.h"
 #include "editor/controls/corvtextedit.h"
@@ -310,6 +311,12 @@ TEST_F(BarDispatch, ARenamingFromTheHostReachesFieldAndList) {
   EXPECT_EQ(title(0), kTooLong.substr(0, 24));
   EXPECT_STREQ(effect.preset(0).name, kTooLong.substr(0, 23).c_str());
   EXPECT_TRUE(host.calls.empty());
+}
+
+using BarDispatchDeathTest = BarDispatch;
+TEST_F(BarDispatchDeathTest, IsTheWindowsThreadsWhereThatIsChecked) {
+  if (!kThreadsAreChecked) GTEST_SKIP() << "not in this build";
+  EXPECT_DEATH(std::thread([&] { editor->bar.showName("name"); }).join(), "the window belongs to another thread");
 }
 
 }  // namespace
