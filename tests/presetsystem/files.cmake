@@ -1,11 +1,11 @@
 # Tests of preset and bank files, stored values and the manual button.
 trelvan_add_test(fileoperationstest presetsystem
-  SOURCES cpresetsystemeditorfilestest.cpp cpresetsystemeditorfilesdialogtest.cpp cpresetsystemeditordefaultstest.cpp
-    cpresetsystemeditormanualtest.cpp
+  SOURCES presetfilestest.cpp presetfilesdialogtest.cpp storedpresetstest.cpp
+    manualtest.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
   LIBRARIES trelvan)
 
 # The preset bar in a frame without a display.
 trelvan_add_test(presetbartest presetsystem
-  SOURCES cpresetsystemeditordispatchtest.cpp ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
+  SOURCES barclickstest.cpp ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
   LIBRARIES trelvan)
