@@ -37,7 +37,7 @@ void float2string2(float value, int digits, char* text) {
   if (negative) reversed[length++] = '-';
   while (length > 0) *text++ = reversed[--length];
 
-  const int places = kCounted - count;  // digits there is room for behind the point
+  const int places = kCounted - count;  // digits there is room for after the point
   const auto fraction = static_cast<std::int64_t>(std::fmod(magnitude, 1.0) * std::pow(10.0, places));
   char padded[32];
   std::snprintf(padded, sizeof padded, "%0*lld", places, static_cast<long long>(fraction));

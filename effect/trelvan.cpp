@@ -52,7 +52,7 @@ Trelvan::Trelvan(audioMasterCallback host)
   suspend();
 }
 
-// A window that is still open goes while there is a whole effect behind it.
+// A window that is still open goes while the effect is still whole.
 Trelvan::~Trelvan() {
   editor.reset();
 }
@@ -109,7 +109,7 @@ float Trelvan::getVu() {
   return peak;
 }
 
-// Hosts' records may end behind the short label, so nothing is cleared. An index below 0 is taken as the first pins'.
+// Hosts' records may end after the short label, so nothing is cleared. An index below 0 is taken as the first pins'.
 bool Trelvan::getInputProperties(VstInt32 index, VstPinProperties* pin) {
   if (index > 1) return false;
   std::snprintf(pin->label, sizeof pin->label, "My %1d In", index + 1);

@@ -87,7 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   const auto named = fuzz::namedPart(image.entries, header.dataSize);
   require(same(readOver(before, Bytes(named.begin(), named.end()), header, image.swapped), reading),
-          "nothing behind the data size is looked at");
+          "nothing after the data size is looked at");
   Bytes turned = image.entries;
   fuzz::reverseEntries(turned, image.swapped);
   require(same(readOver(before, turned, header, !image.swapped), reading), "the other byte order reads the same");

@@ -92,7 +92,7 @@ presetimage::Bytes validChunkOf(Trelvan& effect) {
     requirePreset(walk, number, effect.preset(number));
     requireName(record, number, effect.preset(number));
   }
-  require(walk.atEnd(), "there is nothing behind the last preset");
+  require(walk.atEnd(), "there is nothing after the last preset");
   return chunk;
 }
 

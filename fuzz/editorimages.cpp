@@ -52,7 +52,7 @@ bool isPresetKind(ImageKind kind) {
   return kind == ImageKind::preset || kind == ImageKind::oldPreset;
 }
 
-// A preset that is read takes its name as if it were typed: 23 characters, zeros behind them.
+// A preset that is read takes its name as if it were typed: 23 characters, zeros after them.
 void renameAsTyped(ACombProgram& preset) {
   char name[ACombProgram::kNameSize + 1] = {};
   std::memcpy(name, preset.name, sizeof preset.name);

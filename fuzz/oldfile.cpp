@@ -12,7 +12,7 @@ using presetimage::Bytes;
 using presetimage::DummySlots;
 using presetimage::Reading;
 
-// An old file behind its prefix.
+// An old file after its prefix.
 struct OldFile {
   Bytes data;
   bool swapped;

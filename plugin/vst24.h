@@ -38,7 +38,7 @@ using AEffectProcessDoubleProc = void (*)(AEffect* effect, double** inputs, doub
 using AEffectSetParameterProc = void (*)(AEffect* effect, VstInt32 index, float value);
 using AEffectGetParameterProc = float (*)(AEffect* effect, VstInt32 index);
 
-// What the entry point answers: everything a host may touch of an effect.
+// What the entry point returns: everything a host may touch of an effect.
 struct AEffect {
   VstInt32 magic;
   AEffectDispatcherProc dispatcher;

@@ -1,4 +1,4 @@
-// A key of the host's: the record behind effEditKeyDown and effEditKeyUp.
+// A key of the host's: the record of effEditKeyDown and effEditKeyUp.
 #pragma once
 
 #include <cstdint>

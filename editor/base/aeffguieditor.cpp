@@ -143,13 +143,13 @@ void AEffGUIEditor::draw(ERect* area) {
 
 // A pass at most every 50 to 100 ms while a control keeps the mouse.
 void AEffGUIEditor::doIdleStuff() {
-  constexpr std::uint32_t kBreath = 4;      // ms given to the event loop before a pass that is not due
+  constexpr std::uint32_t kEventTime = 4;   // ms given to the event loop before a pass that is not due
   constexpr std::uint32_t kEarly = 50;      // ms before its time that a pass is let through
   constexpr std::uint32_t kInterval = 100;  // ms from one pass to the next
   std::uint32_t now = getTicks();
   if (now < nextIdleTicks) {
-    wait(kBreath);
-    now += kBreath;
+    wait(kEventTime);
+    now += kEventTime;
     if (now < nextIdleTicks - kEarly) return;
   }
   idle();

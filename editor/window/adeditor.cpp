@@ -38,7 +38,7 @@ ERect ADEditor::windowSize() {
 }
 
 bool ADEditor::open(void* window) {
-  if (frame != nullptr) close();  // opening twice would leave the first frame behind
+  if (frame != nullptr) close();  // opening twice would lose the first frame
   try {
     return openWindow(window);
   } catch (...) {

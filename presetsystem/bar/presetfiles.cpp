@@ -37,7 +37,7 @@ class File {
   std::size_t size() const { return static_cast<std::size_t>(length); }  // bytes; 0 where it could not be opened
 
  private:
-  void* handle = nullptr;  // in front of the length, whose finding sets it
+  void* handle = nullptr;  // before the length, whose finding sets it
   long length;
 };
 

@@ -23,7 +23,7 @@ struct ACombProgram {
   // A record of zero bytes: no name, all values 0.
   static ACombProgram zeroed();
 
-  // Keeps the first 23 characters; the bytes behind them are zero.
+  // Keeps the first 23 characters; the bytes after them are zero.
   void rename(const char* text) {
     const std::size_t length = strnlen(text, kNameSize - 1);
     std::memset(name, 0, sizeof name);

@@ -121,7 +121,7 @@ Reading readOldBank(std::span<const unsigned char> data, bool swapped, int recor
 // Of a chunk. A record is read where its first five floats are there; what was read before a refusal stays in `bank`.
 Reading readOldChunk(std::span<const unsigned char> data, bool swapped, int recordCount, int floatsPerRecord,
                      const DummySlots& dummies, const ACombProgram& defaultPreset, Bank& bank);
-// The assignments in front of the first value outside 0..1.
+// The assignments before the first value outside 0..1.
 std::vector<MidiAssignment> readOldMidiMap(std::span<const unsigned char> data, bool swapped, int floatCount,
                                            const DummySlots& dummies);
 

@@ -124,7 +124,7 @@ inline Bytes chunk(const Bank& bank, std::int32_t currentPreset, bool otherOrder
   return Writer(otherOrder).word(0x02000000).word(kTrelvan).append(bankImage(bank, currentPreset, otherOrder)).bytes;
 }
 
-// What a record of the old layouts holds: a name and the first `floats` values; values behind the fifth are 0.25.
+// What a record of the old layouts holds: a name and the first `floats` values; values after the fifth are 0.25.
 inline Writer& oldRecord(Writer& writer, const Preset& preset, int floats) {
   writer.text(preset.name, 24);
   for (int i = 0; i < floats; ++i) writer.real(i < 5 ? preset.values[static_cast<std::size_t>(i)] : 0.25F);
