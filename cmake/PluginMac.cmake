@@ -18,9 +18,6 @@ target_sources(trelvan PRIVATE
   platform/mac/xplatalert.mm
   platform/mac/xplatmutex.mm)
 target_compile_options(trelvan PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-objc-arc>)
-if(NOT DEFINED MACHO_LLVM)  # the Mach-O check keeps them errors
-  target_compile_options(trelvan_options INTERFACE -Wno-error)  # compilers there are newer than any that was tried
-endif()
 target_link_libraries(trelvan PUBLIC "-framework Cocoa" "-framework Carbon" "-framework CoreFoundation")
 # The toolkit makes errors of its warnings, and a newer system's headers bring new ones.
 target_compile_options(vstgui PRIVATE -Wno-error)
@@ -41,8 +38,7 @@ list(TRANSFORM TRELVAN_PICTURES REPLACE "(.+)" "${TRELVAN_RESOURCES}/bmp\\1.png"
 find_program(TRELVAN_RST2PDF rst2pdf DOC "Makes the manual")
 find_file(TRELVAN_FONT LiberationSans-Regular.ttf PATHS $ENV{HOME}/Library/Fonts /Library/Fonts NO_DEFAULT_PATH
   DOC "The manual's font")
-option(TRELVAN_MANUAL "macOS: put the manual into the bundle, if it can be made" ON)
-if(TRELVAN_MANUAL AND TRELVAN_RST2PDF AND TRELVAN_FONT)
+if(TRELVAN_RST2PDF AND TRELVAN_FONT)
   set(manual_file "${TRELVAN_RESOURCES}/Trelvan Operation Manual.pdf")
   trelvan_add_manual(trelvan_manual "${manual_file}")
   add_dependencies(Trelvan trelvan_manual)

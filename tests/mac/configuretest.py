@@ -60,7 +60,7 @@ def configure(source, build, toolkit, options):
     pkg_config = write(build, "pkg-config", PKG_CONFIG)
     os.chmod(pkg_config, stat.S_IRWXU)
     run("cmake", "-S", source, "-B", build, "-G", "Ninja",
-        "--toolchain", os.path.join(source, "cmake/toolchain-macho-check.cmake"),
+        "--toolchain", os.path.join(source, "tests/mac/macho/toolchain.cmake"),
         "-DCMAKE_HOST_APPLE=1",  # the toolkit's list of sources follows it
         "-DCMAKE_HAVE_LIBC_PTHREAD=1",  # so it is on a Mac, and here nothing is linked to find out
         "-DTRELVAN_CODESIGN=" + shutil.which("true"), "-DPKG_CONFIG_EXECUTABLE=" + pkg_config,

@@ -1,5 +1,5 @@
-# Included by project() of the Mach-O check (CMAKE_PROJECT_INCLUDE), together with toolchain-macho-check.cmake: what a Mac
-# has and Linux has not.
+# What a Mac has and Linux has not, for the Mach-O check: included by project() (CMAKE_PROJECT_INCLUDE), beside
+# toolchain.cmake.
 if(NOT PROJECT_NAME STREQUAL "Trelvan")
   return()
 endif()
@@ -20,8 +20,7 @@ endforeach()
 
 # Frameworks and libraries that hold the allowed symbols and nothing else. The C and C++ libraries' and the toolkit's
 # Cocoa backend are left open here; the check of imports looks at them.
-set(macho_folder ${PROJECT_SOURCE_DIR}/tests/mac/macho)
-execute_process(COMMAND ${Python3_EXECUTABLE} ${macho_folder}/stubs.py ${CMAKE_BINARY_DIR}/stubs
+execute_process(COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/stubs.py ${CMAKE_BINARY_DIR}/stubs
   COMMAND_ERROR_IS_FATAL ANY)
 file(GLOB macho_stubs ${CMAKE_BINARY_DIR}/stubs/*.tbd)
 list(JOIN macho_stubs " " macho_stubs)
@@ -38,7 +37,7 @@ foreach(entry ${entries})
   cmake_path(GET entry FILENAME name)
   file(CREATE_LINK ${entry} ${macho_toolkit}/vstgui/${name} SYMBOLIC)
 endforeach()
-configure_file(${macho_folder}/toolkit.cmake ${macho_toolkit}/vstgui/CMakeLists.txt COPYONLY)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/toolkit.cmake ${macho_toolkit}/vstgui/CMakeLists.txt COPYONLY)
 set(TRELVAN_TOOLKIT_SOURCE ${macho_toolkit} CACHE PATH "" FORCE)
 
 # What widen has for macOS alone; the rest of it needs libraries that are not here for that system.
