@@ -1,0 +1,1 @@
+// Nothing: the targets of the precompiled headers need a source.
