@@ -28,10 +28,6 @@ toolkit_file="vst3sdk_3.7.10.14+~${toolkit_version}.orig-vstgui4.tar.gz"
 toolkit_sha256=5a7673c7b22a66086a6749a0c7ff447fcfc4a10d2c2013d58ff1320be4e8456f
 toolkit_folder=".deps/vstgui-${toolkit_version}"
 
-as_root() {
-  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
-}
-
 # LLVM and GNUSTEP stand for versions that each Debian has one of: its packages without a version in their names need them.
 read_versions() {
   local needs
@@ -48,7 +44,7 @@ fetch_toolkit() {
   archive=".deps/$toolkit_file"
   mkdir -p .deps
   if [ ! -f "$archive" ]; then
-    apt-get indextargets --format '$(REPO_URI)' | grep -q . || as_root apt-get update -qq
+    apt-get indextargets --format '$(REPO_URI)' | grep -q . || tools/asroot.sh apt-get update -qq
     echo "fetching the toolkit's source"
     for mirror in $(apt-get indextargets --format '$(REPO_URI)' | sort -u); do
       /usr/lib/apt/apt-helper download-file "${mirror%/}/pool/main/v/vst3sdk/$toolkit_file" "$archive" \
@@ -67,7 +63,7 @@ fetch_toolkit() {
 
 command -v apt-get >/dev/null || { echo "no apt here: see README, Dependencies" >&2; exit 1; }
 if [ "${1:-build}" = test ]; then
-  read_versions || { as_root apt-get update -qq && read_versions; } ||
+  read_versions || { tools/asroot.sh apt-get update -qq && read_versions; } ||
     { echo "apt knows no clang or no libgnustep-gui-dev: see README, Dependencies" >&2; exit 1; }
   test_packages=("${test_packages[@]//LLVM/$llvm}")
   tools/packages.sh "${build_packages[@]}" "${test_packages[@]//GNUSTEP/$gnustep}"

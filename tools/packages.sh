@@ -2,10 +2,7 @@
 # Installs those of the named Debian packages that are missing. Silent and quick when all are there.
 # Usage: tools/packages.sh PACKAGE...
 set -euo pipefail
-
-as_root() {
-  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
-}
+as_root=$(dirname "$0")/asroot.sh
 
 missing=()
 for package in "$@"; do
@@ -13,5 +10,5 @@ for package in "$@"; do
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 echo "installing: ${missing[*]}"
-as_root apt-get update -qq
-as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+"$as_root" apt-get update -qq
+"$as_root" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

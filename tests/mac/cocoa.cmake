@@ -7,6 +7,7 @@ enable_language(OBJCXX)
 set(CMAKE_OBJCXX_STANDARD 20)
 set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
 set(CMAKE_OBJCXX_EXTENSIONS OFF)
+list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_SOURCE_DIR})
 find_package(GNUstep REQUIRED)
 include(${PROJECT_SOURCE_DIR}/tests/window/windowhost.cmake)  # the user's keys and mouse
 
