@@ -1,4 +1,3 @@
-# The benchmarks of the window: the program of bench/editor.
 # The benchmarks of the window: the program that bench/editor runs.
 include(${PROJECT_SOURCE_DIR}/tests/window/windowhost.cmake)
 add_executable(trelvan_editor_bench ${CMAKE_CURRENT_LIST_DIR}/editor.cpp)
