@@ -84,7 +84,7 @@ TEST(Arguments, TakeAnAutomaticTail) {
   EXPECT_TRUE(parsed({"a.wav", "-o", "b.wav", "--tail", "auto"}).tail.automatic);
 }
 
-TEST(Arguments, TakeFileNamesBehindTwoDashes) {
+TEST(Arguments, TakeFileNamesAfterTwoDashes) {
   EXPECT_THAT(parsed({"-o", "b.wav", "--", "-a.wav"}).inputs, ElementsAre("-a.wav"));
 }
 
@@ -120,7 +120,7 @@ TEST(Arguments, AskQuestionsWithoutFiles) {
   EXPECT_EQ(parsed({"--save-state", "s"}).saveState, "s") << "a state can be saved without a sound";
 }
 
-TEST(Arguments, AnswerHelpAndVersionAsTexts) {
+TEST(Arguments, ReturnHelpAndVersionAsTexts) {
   const ParsedArguments help = parseArguments({"--help"});
   EXPECT_FALSE(help.arguments);
   for (const char* option :

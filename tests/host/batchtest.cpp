@@ -58,7 +58,7 @@ TEST_F(Batches, ReportInTheOrderOfTheInputs) {
   }
 }
 
-TEST_F(Batches, GoOnBehindAFileThatFails) {
+TEST_F(Batches, GoOnAfterAFileThatFails) {
   auto files = makeFiles(3);
   writeText(in("bad.wav"), "no sound");
   files.insert(files.begin() + 1, "bad.wav");

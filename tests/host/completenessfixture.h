@@ -10,10 +10,10 @@
 
 #include "host/base/failure.h"
 #include "host/sound/soundreader.h"
+#include "tests/host/foldertest.h"
 #include "tests/host/sounds.h"
-#include "tests/host/tempfolder.h"
 
-class Completeness : public TempFolder {
+class Completeness : public FolderTest {
  protected:
   static constexpr std::size_t kFrames = 20001;  // odd, and no multiple of any block
 

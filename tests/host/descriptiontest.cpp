@@ -8,13 +8,13 @@
 
 #include "host/cli/effectinfo.h"
 #include "host/vst/pluginpath.h"
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 
 namespace {
 
 using testing::HasSubstr;
 
-class Descriptions : public TempFolder {
+class Descriptions : public FolderTest {
  protected:
   Descriptions() { setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1); }
 

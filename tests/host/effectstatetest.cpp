@@ -11,7 +11,7 @@
 #include "host/base/wholefile.h"
 #include "host/state/trelvanbank.h"
 #include "host/vst/pluginpath.h"
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 #include "tests/support/imageblocks.h"
 
 namespace {
@@ -24,7 +24,7 @@ std::string pluginFile(const std::string& name) {
   return std::string(WIDEN_TEST_PLUGINS) + "/" + name + ".so";
 }
 
-class EffectStates : public TempFolder {
+class EffectStates : public FolderTest {
  protected:
   EffectStates() { setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1); }
 

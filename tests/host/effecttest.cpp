@@ -10,7 +10,7 @@
 
 #include "host/base/failure.h"
 #include "host/vst/blockrunner.h"
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ std::string pluginFile(const std::string& name) {
   return std::string(WIDEN_TEST_PLUGINS) + "/" + name + ".so";
 }
 
-class Effects : public TempFolder {
+class Effects : public FolderTest {
  protected:
   // What the recording plug-in wrote down.
   std::vector<std::string> log() const {

@@ -81,7 +81,7 @@ TEST_F(Interruptions, KeepAnExistingFileAsItWas) {
   EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav", "out.wav"));
 }
 
-TEST_F(Interruptions, CleanUpBehindACrash) {
+TEST_F(Interruptions, CleanUpAfterACrash) {
 #ifdef WIDEN_SANITIZED
   GTEST_SKIP() << "the sanitizer handles crashes itself";
 #endif

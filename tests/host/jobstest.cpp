@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 
 namespace {
 
@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class JobPlans : public TempFolder {
+class JobPlans : public FolderTest {
  protected:
   Arguments arguments(const std::vector<std::string>& inputs, const std::string& output) const {
     Arguments made;

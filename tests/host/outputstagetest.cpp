@@ -83,7 +83,7 @@ TEST(OutputStage, AddsATailOfTheLengthAsked) {
   }
 }
 
-TEST(OutputStage, EndsAnAutomaticTailBehindTheLastSound) {
+TEST(OutputStage, EndsAnAutomaticTailAfterTheLastSound) {
   std::vector<double> signal(200, 0.0);
   signal[10] = 1.0;
   signal[140] = 0.5;   // a gap of 40 frames after the input, shorter than the silence that ends it

@@ -9,11 +9,11 @@
 
 #include "host/base/failure.h"
 #include "host/plot/plotcanvas.h"
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 
 namespace {
 
-class Plots : public TempFolder {
+class Plots : public FolderTest {
  protected:
   // A PNG has its size in its first chunk, most significant byte first.
   static std::pair<int, int> sizeOfPng(const std::string& bytes) {

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "host/base/failure.h"
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 using testing::Contains;
 using testing::HasSubstr;
 
-class PluginPaths : public TempFolder {
+class PluginPaths : public FolderTest {
  protected:
   fs::path makeBundle(const std::string& bundle, const std::vector<std::string>& binaries) const {
     fs::path inside = in(bundle) / "Contents" / WIDEN_ARCHITECTURE_FOLDER;

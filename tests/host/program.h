@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 
 struct Outcome {
   int status = -1;  // exit status; -number where a signal ended it
@@ -33,7 +33,7 @@ int startProgram(const std::filesystem::path& folder, const std::vector<std::str
 Outcome waitForProgram(int process, const std::filesystem::path& folder);
 
 // Tests in a folder of their own; relative file names are in it.
-class ProgramTest : public TempFolder {
+class ProgramTest : public FolderTest {
  protected:
   ProgramTest();
   ~ProgramTest() override;

@@ -5,14 +5,14 @@
 #include <gtest/gtest.h>
 
 #include "host/base/failure.h"
+#include "tests/host/foldertest.h"
 #include "tests/host/sounds.h"
-#include "tests/host/tempfolder.h"
 
 namespace {
 
 using testing::HasSubstr;
 
-class SoundReaderFiles : public TempFolder {
+class SoundReaderFiles : public FolderTest {
  protected:
   std::string refusalOf(const std::string& name) const {
     try {

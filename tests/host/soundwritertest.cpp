@@ -10,8 +10,8 @@
 
 #include "host/base/failure.h"
 #include "host/sound/soundreader.h"
+#include "tests/host/foldertest.h"
 #include "tests/host/sounds.h"
-#include "tests/host/tempfolder.h"
 
 namespace {
 
@@ -29,9 +29,9 @@ void PrintTo(const Case& tested, std::ostream* out) {
   *out << tested.name;
 }
 
-class SoundWriterFormats : public TempFolder, public testing::WithParamInterface<Case> {};
+class SoundWriterFormats : public FolderTest, public testing::WithParamInterface<Case> {};
 
-class SoundWriterFiles : public TempFolder {
+class SoundWriterFiles : public FolderTest {
  protected:
   static SoundWriterOptions options(SampleFormat format, FileType type = FileType::wav) {
     SoundWriterOptions chosen;

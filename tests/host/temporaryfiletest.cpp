@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include "host/base/failure.h"
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class TemporaryFiles : public TempFolder {
+class TemporaryFiles : public FolderTest {
  protected:
   static void fill(const TemporaryFile& file) { ASSERT_EQ(write(file.descriptor(), "new", 3), 3); }
 

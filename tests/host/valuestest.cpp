@@ -28,7 +28,7 @@ double hertz(float raw) {
 
 }  // namespace
 
-TEST(Values, ReadANumberAndTheLettersBehindIt) {
+TEST(Values, ReadANumberAndTheLettersAfterIt) {
   const auto read = readNumber(" 2.5 kHz ");
   ASSERT_TRUE(read);
   EXPECT_EQ(read->number, 2.5);

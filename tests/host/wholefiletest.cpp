@@ -5,11 +5,11 @@
 #include <gtest/gtest.h>
 
 #include "host/base/failure.h"
-#include "tests/host/tempfolder.h"
+#include "tests/host/foldertest.h"
 
 namespace {
 
-class WholeFiles : public TempFolder {
+class WholeFiles : public FolderTest {
  protected:
   std::string refusalOf(const std::string& name) const {
     try {

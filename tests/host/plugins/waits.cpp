@@ -1,4 +1,4 @@
-// Tells with a file (WIDEN_TEST_FILE) that it is processing, and then waits to be interrupted.
+// Shows with a file (WIDEN_TEST_FILE) that it is processing, and then waits to be interrupted.
 #include <unistd.h>
 
 #include <cstdio>
