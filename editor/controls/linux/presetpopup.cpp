@@ -1,5 +1,7 @@
 // The list of presets as a modal view inside the frame: the toolkit's own menu shows 12 rows of one
 // column here.
+#include "editor/controls/presetpopup.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,9 +9,9 @@
 #include "editor/controls/linux/fitname.h"
 #include "editor/controls/linux/pointergrab.h"
 #include "editor/controls/linux/presetpopuplayout.h"
-#include "editor/controls/presetpopup.h"
 #include "editor/controls/wheelsteps.h"
 #include "lib/cgraphicspath.h"
+#include "vstgui.h"
 
 using VSTGUI::CButtonState;
 using VSTGUI::CColor;
