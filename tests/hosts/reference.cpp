@@ -1,8 +1,9 @@
 // Renders raw stereo floats the way every host must: the reference as a program of its own.
 //
 // reference RATE BEFORE AFTER <in >out
-// RATE: Hz, at which the host switched the effect on. BEFORE, AFTER: width,baseFreq,emphasis,process,phase, each 0..1;
-// the effect was switched on with the first and glides to the second from the first frame on.
+// RATE: Hz, at which the host switched the effect on. BEFORE, AFTER: width, baseFreq, emphasis,
+// process and phase, each 0..1, with commas between; the effect was switched on with the first and
+// glides to the second from the first frame on.
 // Build without contraction into fused operations: the results are compared bit by bit.
 #include "tests/support/reference.h"
 
@@ -12,12 +13,12 @@
 namespace {
 
 void set(Reference& reference, const char* text) {
-  float values[5];
-  if (std::sscanf(text, "%f,%f,%f,%f,%f", &values[0], &values[1], &values[2], &values[3], &values[4]) != 5) {
+  float v[5];
+  if (std::sscanf(text, "%f,%f,%f,%f,%f", &v[0], &v[1], &v[2], &v[3], &v[4]) != 5) {
     std::fprintf(stderr, "reference: \"%s\" is not five numbers\n", text);
     std::exit(2);
   }
-  for (int index = 0; index < 5; ++index) reference.setParameter(index, values[index]);
+  for (int index = 0; index < 5; ++index) reference.setParameter(index, v[index]);
 }
 
 }  // namespace

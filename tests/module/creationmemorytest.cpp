@@ -1,6 +1,9 @@
 // An instance that is made and ended where memory runs out.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <utility>
+
 #include "tests/module/instance.h"
 #include "tests/support/eachfailure.h"
 #include "tests/support/silenthost.h"
@@ -23,15 +26,22 @@ std::string fullPreferences() {
     return digits;
   };
   const imagebytes::Bank bank = imagebytes::distinctBank();
-  return "[Preferences]\nCurrDir=" + text("/home/somebody/sounds/presets/") +
-         "\nCurrBank=" + text("all that I made in spring.fxb") + "\nCurrPreset=" + text("the one for the strings.fxp") +
-         "\nDefaultBank=" + bytes(imagebytes::bankImage(bank, 9)) +
-         "\nDefaultPreset=" + bytes(imagebytes::presetImage(bank[20])) +
-         "\nMemoAPreset=" + bytes(imagebytes::presetImage(bank[21])) +
-         "\nMemoBPreset=" + bytes(imagebytes::presetImage(bank[22])) + "\n";
+  const std::pair<const char*, std::string> values[] = {
+      {"CurrDir", text("/home/somebody/sounds/presets/")},
+      {"CurrBank", text("all that I made in spring.orb")},
+      {"CurrPreset", text("the one for the strings.orv")},
+      {"DefaultBank", bytes(imagebytes::bankImage(bank, 9))},
+      {"DefaultPreset", bytes(imagebytes::presetImage(bank[20]))},
+      {"MemoAPreset", bytes(imagebytes::presetImage(bank[21]))},
+      {"MemoBPreset", bytes(imagebytes::presetImage(bank[22]))},
+  };
+  std::string file = "[Preferences]\n";
+  for (const auto& [key, value] : values) file += key + ("=" + value) + "\n";
+  return file;
 }
 
-// What an instance is that starts with them: the default preset stands in the default bank's first place.
+// What an instance is that starts with them: the default preset stands in the default bank's
+// first place.
 Bytes fullChunk() {
   imagebytes::Bank bank = imagebytes::distinctBank();
   bank[0] = bank[20];
@@ -80,7 +90,7 @@ class MemoryOfInstances : public testing::TestWithParam<bool> {
 };
 
 INSTANTIATE_TEST_SUITE_P(With, MemoryOfInstances, testing::Bool(),
-                         [](const auto& kind) { return kind.param ? "FullPreferences" : "NoPreferences"; });
+                         [](const auto& kind) { return kind.param ? "Preferences" : "None"; });
 
 // A host gets no effect, or one that works where the effect can do without.
 TEST_P(MemoryOfInstances, NoneOrOneThatWorksIsMade) {
@@ -114,10 +124,14 @@ TEST_P(MemoryOfInstances, TheEndTakesNone) {
   for (int time = 0; time < 2; ++time) {
     effect = module.create(silentHost);
     ASSERT_NE(effect, nullptr);
-    const EndOfProcess end(0);
-    const FailingMemory memory(0, FailingMemory::Fails::allFromThere);
-    const VstIntPtr answer = close();
-    const bool failed = memory.hasFailed();
+    VstIntPtr answer = 0;
+    bool failed = false;
+    {
+      const EndOfProcess end(0);
+      const FailingMemory memory(0, FailingMemory::Fails::allFromThere);
+      answer = close();
+      failed = memory.hasFailed();
+    }
     EXPECT_EQ(answer, 1);
     EXPECT_FALSE(failed);
   }

@@ -10,7 +10,8 @@ namespace {
 
 using Fails = FailingMemory::Fails;
 
-// The toolkit is made ready once in a process, by the first question: so each is asked in a process of its own.
+// The toolkit is made ready once in a process, by the first question: so each is asked in a process
+// of its own.
 class EditorOutOfMemory : public ModuleTest {
  protected:
   VstIntPtr ask(ERect** rect) { return instance.send(effEditGetRect, 0, 0, rect); }
@@ -66,15 +67,16 @@ TEST_F(EditorOutOfMemory, TheWindowsSizeIsToldByALaterQuestion) {
   EXPECT_EQ(with(0), End::refused) << "before the toolkit is touched";
   EXPECT_EQ(with(1), End::refused) << "the first thing in its set-up";
   for (const Fails fails : kBothWaysToFail) {
-    const int refused = failEachOwnProcess([&](long succeeding) { return endOfSizeQuestion(succeeding, fails); });
+    const auto ending = [&](long succeeding) { return endOfSizeQuestion(succeeding, fails); };
+    const int refused = failEachOwnProcess(ending);
     EXPECT_GT(refused, fails == Fails::one ? 8 : 0) << "the factory and eight fonts, at the least";
   }
 }
 
 TEST_F(EditorOutOfMemory, NoWindowOpensWithoutADisplay) {
   for (const Fails fails : kBothWaysToFail) {
-    const int refused = failEachOwnProcess([&](long succeeding) { return endOfOpening(succeeding, fails); });
-    EXPECT_GT(refused, 0);
+    const auto ending = [&](long succeeding) { return endOfOpening(succeeding, fails); };
+    EXPECT_GT(failEachOwnProcess(ending), 0);
   }
 }
 

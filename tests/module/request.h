@@ -11,7 +11,8 @@
 
 // What an instance shows of itself.
 struct State {
-  explicit State(Instance& instance) : chunk(instance.chunk()), name(instance.text(effGetProgramName)) {
+  explicit State(Instance& instance) : chunk(instance.chunk()) {
+    name = instance.text(effGetProgramName);
     for (VstInt32 i = 0; i < 8; ++i) {
       parameters[static_cast<std::size_t>(i)] = instance.getParameter(i);
     }
@@ -23,7 +24,8 @@ struct State {
   std::array<float, 8> parameters{};
 };
 
-// One call of the dispatcher with arguments that make sense for it, or without the pointer, and what came of it.
+// One call of the dispatcher with arguments that make sense for it, or without the pointer, and
+// what came of it.
 class Request {
  public:
   // chunk: for effSetChunk.
@@ -52,7 +54,10 @@ class Request {
   void ask(Instance& instance) { answer = instance.send(opcode, index, value, ptr, 48000.0F); }
 
   // The host is told that it cannot be, and gets nothing.
-  bool isRefused() const { return answer == (opcode == effSetChunk ? -1 : 0) && data == nullptr && block == untouched; }
+  bool isRefused() const {
+    const VstIntPtr cannot = opcode == effSetChunk ? -1 : 0;
+    return answer == cannot && data == nullptr && block == untouched;
+  }
   bool isAnsweredAs(const Request& same) const {
     return answer == same.answer && block == same.block && bytes() == same.bytes();
   }

@@ -13,14 +13,17 @@
 // Names the allocation whose failure ended the process.
 class EndOfProcess {
  public:
-  explicit EndOfProcess(long succeeding) : before(std::set_terminate(tell)) { allocations = succeeding; }
+  explicit EndOfProcess(long succeeding) {
+    allocations = succeeding;
+    before = std::set_terminate(tell);
+  }
   ~EndOfProcess() { std::set_terminate(before); }
   EndOfProcess(const EndOfProcess&) = delete;
   EndOfProcess& operator=(const EndOfProcess&) = delete;
 
  private:
   [[noreturn]] static void tell() {
-    std::fprintf(stderr, "ended by std::terminate without memory after %ld allocations\n", allocations);
+    std::fprintf(stderr, "std::terminate without memory after %ld allocations\n", allocations);
     std::abort();
   }
 
@@ -34,8 +37,9 @@ struct FailingCall {
   std::function<void()> callOnceMore = call;  // with all the memory it wants, after two failures
 };
 
-// Each allocation fails in two calls in a row, before one that gets all it wants. Returns how many allocations the call
-// makes; the last call was one that needed no more than succeeded. Stops at the first allocation that shows a fault.
+// Each allocation fails in two calls in a row, before one that gets all it wants. Returns how many
+// allocations the call makes; in the last call none failed. Stops at the first one that shows a
+// fault.
 inline long failEach(const FailingCall& tested, FailingMemory::Fails fails) {
   for (long succeeding = 0;; ++succeeding) {
     SCOPED_TRACE(testing::Message() << "without memory after " << succeeding << " allocations");
@@ -55,4 +59,7 @@ inline long failEach(const FailingCall& tested, FailingMemory::Fails fails) {
   }
 }
 
-constexpr FailingMemory::Fails kBothWaysToFail[] = {FailingMemory::Fails::one, FailingMemory::Fails::allFromThere};
+constexpr FailingMemory::Fails kBothWaysToFail[] = {
+    FailingMemory::Fails::one,
+    FailingMemory::Fails::allFromThere,
+};

@@ -24,8 +24,8 @@ inline bool succeeded(pid_t process) {
   return waitpid(process, &status, 0) == process && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// How a scenario ends in which memory runs out. terminated: by std::terminate, as the toolkit does where an allocation
-// fails inside its factory, which is noexcept.
+// How a scenario ends in which memory runs out. terminated: by std::terminate, as the toolkit ends
+// the process where an allocation fails inside its factory, which is noexcept.
 enum class End { refused, done, terminated, wrong };
 
 inline End wrong(const char* what) {
@@ -37,7 +37,13 @@ inline End endOf(const std::function<End()>& scenario) {
   const pid_t process = fork();
   if (process == 0) {
     std::set_terminate([] { _exit(static_cast<int>(End::terminated)); });
-    _exit(static_cast<int>(scenario()));
+    End end = End::wrong;
+    try {
+      end = scenario();
+    } catch (...) {
+      wrong("something was thrown at the host");
+    }
+    _exit(static_cast<int>(end));
   }
   int status = 0;
   if (waitpid(process, &status, 0) != process) return wrong("the process is lost");
@@ -45,7 +51,8 @@ inline End endOf(const std::function<End()>& scenario) {
   return static_cast<End>(WEXITSTATUS(status));
 }
 
-// Every allocation fails in a scenario, or of `step` one, until one ends as done. Returns how many were refused.
+// Every allocation fails in a scenario, or of `step` one, until one ends as done. Returns how many
+// were refused.
 inline int failEachOwnProcess(const std::function<End(long succeeding)>& scenario, long step = 1) {
   int refused = 0;
   for (long succeeding = 0;; succeeding += step) {

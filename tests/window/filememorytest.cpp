@@ -1,4 +1,4 @@
-// Files, stored values and their preferences where memory runs out in the window's pass or at the instance's end.
+// Files and stored values where memory runs out in the window's pass or at the instance's end.
 #include "scarcehost.h"
 #include "tests/support/eachfailure.h"
 #include "tests/support/ownprocess.h"
@@ -11,7 +11,7 @@ constexpr std::size_t kPresetSize = 369;  // bytes of a preset's file
 
 class FileMemory : public WindowTest {
  protected:
-  // A window whose user has clicked the button and chosen the file. The passes from here on take it over.
+  // The user has clicked the button and chosen the file. The passes from here on take it over.
   bool choose(ScarceHost& host, const Area& button) {
     host.click(button);
     if (!host.idleUntil([&] { return zenity.wasAsked(); })) return false;
@@ -52,7 +52,7 @@ TEST_F(FileMemory, APresetIsSavedWholeOrNotAtAll) {
           if (now != kOldPreset && now.size() != kPresetSize) return wrong("half a preset");
           if (!finish(host) || !host.isAlive()) return wrong("the window is dead");
           if (!choose(host, places::kSavePreset)) return wrong("there is no dialog any more");
-          if (!finish(host) || contentOf(file).size() != kPresetSize) return wrong("not saved later");
+          if (!finish(host) || contentOf(file).size() != kPresetSize) return wrong("not saved");
           if (!host.close() || host.send(effClose) != 1) return wrong("it does not close");
           return failed ? End::refused : End::done;
         },
@@ -92,8 +92,10 @@ TEST_F(FileMemory, APresetIsLoadedWholeOrNotAtAll) {
 
 // The bar's other buttons: what they keep is the old or the new, and the window stays alive.
 TEST_F(FileMemory, AClickOnTheBarDoesItsWorkOrNothing) {
-  const Area buttons[] = {places::kStoreA,        places::kRecallA,     places::kStoreB,      places::kRecallB,
-                          places::kDefaultPreset, places::kDefaultBank, places::kRockerRight, places::kMenu};
+  const Area buttons[] = {
+      places::kStoreA,        places::kRecallA,     places::kStoreB,      places::kRecallB,
+      places::kDefaultPreset, places::kDefaultBank, places::kRockerRight, places::kMenu,
+  };
   for (const Area& button : buttons) {
     SCOPED_TRACE(testing::Message() << "at " << button.left << ", " << button.top);
     // What the click makes of the preferences where it gets all the memory it wants.

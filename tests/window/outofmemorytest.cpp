@@ -79,8 +79,9 @@ TEST(WindowOutOfMemory, TheWindowClosesAfterAPassWithoutMemory) {
   }
 }
 
-// With a window more than the bank changes, and what has been taken stays taken. The one answer of "taken" that takes
-// nothing is the rule's own: the copy of the bank that is read into cannot be made.
+// With a window more than the bank changes, and what has been taken stays taken. The one answer of
+// "taken" that takes nothing is the rule's own: the copy of the bank that is read into cannot be
+// made.
 TEST(WindowOutOfMemory, AChunkIsTakenWholeOrNotAtAll) {
   for (const auto fails : kBothWaysToFail) {
     const int failures = failEach([fails](long succeeding) {
@@ -104,9 +105,9 @@ TEST(WindowOutOfMemory, AChunkIsTakenWholeOrNotAtAll) {
         const bool tookIt = answer == 0 && (now == given || (failed && now == old));
         if ((!refusedIt && !tookIt) || (now != given && now != before)) return End::wrong;
       }
-      if (host.send(effSetChunk, static_cast<VstIntPtr>(given.size()), given.data()) != 0 || host.chunk() != given) {
-        return End::wrong;
-      }
+      const auto size = static_cast<VstIntPtr>(given.size());
+      if (host.send(effSetChunk, size, given.data()) != 0) return wrong("it is refused later");
+      if (host.chunk() != given) return wrong("it is not taken later");
       if (!host.isAlive() || !host.close()) return End::wrong;
       host.send(effClose);
       return everFailed ? End::refused : End::done;
@@ -123,9 +124,11 @@ TEST(WindowOutOfMemory, EveryOtherCallLeavesTheWindowAlive) {
     VstIntPtr value;
   };
   constexpr VstIntPtr kReturn = 4;  // the interface's virtual key
-  const Call calls[] = {{effSetProgramName, 0, 0},  {effSetProgram, 0, 0},      {effEditGetRect, 0, 0},
-                        {effEditKeyDown, 'a', 0},   {effEditKeyUp, 'a', 0},     {effEditKeyDown, 0, kReturn},
-                        {effEditKeyUp, 0, kReturn}, {effSetEditKnobMode, 0, 1}, {effGetChunk, 0, 0}};
+  const Call calls[] = {
+      {effSetProgramName, 0, 0},  {effSetProgram, 0, 0},      {effEditGetRect, 0, 0},
+      {effEditKeyDown, 'a', 0},   {effEditKeyUp, 'a', 0},     {effEditKeyDown, 0, kReturn},
+      {effEditKeyUp, 0, kReturn}, {effSetEditKnobMode, 0, 1}, {effGetChunk, 0, 0},
+  };
   for (const auto fails : kBothWaysToFail) {
     for (const Call& call : calls) {
       SCOPED_TRACE(testing::Message() << "opcode " << call.opcode << ", value " << call.value);
