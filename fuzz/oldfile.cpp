@@ -19,12 +19,11 @@ struct OldFile {
   DummySlots dummies;  // none in a file of ours; a foreign unique ID names them
 };
 
-OldFile fileFrom(const Bytes& file) {
-  const std::int32_t uniqueID = fuzz::wordAt(file, 0, false);
-  const ByteOrder order = byteOrderOf(uniqueID, fuzz::kUniqueID);
-  const std::uint32_t bits = order == ByteOrder::foreign ? static_cast<std::uint32_t>(uniqueID) : 0;
-  return {Bytes(file.begin() + presetimage::kOldPrefixSize, file.end()), order == ByteOrder::swapped,
-          fuzz::dummiesFrom(bits)};
+OldFile fileFrom(const Bytes& file, const presetimage::Image& image) {
+  const bool isForeign = image.content == presetimage::Image::Content::foreign;
+  const auto bits = static_cast<std::uint32_t>(fuzz::wordAt(file, 0, false));
+  return {Bytes(file.begin() + presetimage::kOldPrefixSize, file.end()), image.swapped,
+          fuzz::dummiesFrom(isForeign ? bits : 0)};
 }
 
 // Names stay, floats are turned. stride: bytes of a record, its name included.
@@ -95,14 +94,17 @@ void readBank(const OldFile& file, int records, int floats) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < presetimage::kOldPrefixSize) return 0;
-  const OldFile file = fileFrom(Bytes(data, data + size));
+  const Bytes bytes(data, data + size);
+  const presetimage::Image image = presetimage::identify(bytes, fuzz::kUniqueID);
+  const OldFile file = fileFrom(bytes, image);
   const auto fileSize = static_cast<std::int64_t>(size);
-  if (data[newpresetheader::kKindOffset] == static_cast<std::uint8_t>(ImageKind::oldPreset)) {
-    readPreset(file, presetimage::floatsInOldPreset(fileSize));
+  if (image.content == presetimage::Image::Content::preset && image.isOld) {
+    require(image.floatsPerRecord == presetimage::floatsInOldPreset(fileSize), "the size tells the floats");
+    readPreset(file, image.floatsPerRecord);
   } else {
     readBank(file, presetimage::kPresetCount, presetimage::floatsPerOldBankRecord(fileSize));
     // Counts that do not follow from the size: the readers stop at the end all the same.
-    const auto wild = static_cast<std::int8_t>(data[newpresetheader::kKindOffset]);
+    const auto wild = static_cast<std::int8_t>(data[presetimage::kOldPrefixSize - 1]);
     readBank(file, wild, wild / 4);
   }
   return 0;
