@@ -16,7 +16,7 @@ if(TRELVAN_SANITIZE)
   add_link_options(-fsanitize=${TRELVAN_SANITIZE})
 endif()
 
-option(TRELVAN_WERROR "Make warnings errors: for who works on the code, not for who builds it with a newer compiler" OFF)
+option(TRELVAN_WERROR "Make warnings errors: for who works on the code, not for who builds it" OFF)
 add_library(trelvan_options INTERFACE)
 target_include_directories(trelvan_options INTERFACE ${PROJECT_SOURCE_DIR})
 # In all of our code or in none: classes have another size with it.

@@ -5,7 +5,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 preset=$1
 shift
-# Warnings are errors for the tests only: a compiler that is newer than those tried must not stop who wants to listen.
+# Warnings are errors for the tests only: a compiler that is newer than those tried must not stop
+# who wants to listen.
 options=(-DTRELVAN_TESTS=OFF -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_FUZZERS=OFF -DTRELVAN_WERROR=OFF)
 packages=build
 if [ "${1:-}" = --tests ]; then
@@ -13,8 +14,10 @@ if [ "${1:-}" = --tests ]; then
   options=(-DTRELVAN_TESTS=ON -DTRELVAN_WERROR=ON)
   [ "$preset" != release ] || options+=(-DTRELVAN_BENCHMARKS=ON)
   packages=test
-  # Apple's clang has no libFuzzer and is newer than any that was tried; the window's benchmark needs an X server.
-  [ "$(uname -s)" != Darwin ] || options+=(-DTRELVAN_FUZZERS=OFF -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_WERROR=OFF)
+  # Apple's clang has no libFuzzer and is newer than any that was tried; the window's benchmark
+  # needs an X server.
+  [ "$(uname -s)" != Darwin ] ||
+    options+=(-DTRELVAN_FUZZERS=OFF -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_WERROR=OFF)
 fi
 tools/dependencies.sh "$packages"
 

@@ -1,5 +1,5 @@
-# What a Mac has and Linux has not, for the Mach-O check: included by project() (CMAKE_PROJECT_INCLUDE), beside
-# toolchain.cmake.
+# What a Mac has and Linux has not, for the Mach-O check: included by project()
+# (CMAKE_PROJECT_INCLUDE), beside toolchain.cmake.
 if(NOT PROJECT_NAME STREQUAL "Trelvan")
   return()
 endif()
