@@ -33,6 +33,11 @@ CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback host)
   defaultPreset = preset(0);
 }
 
+// An effect whose making breaks off ends here: the editor takes its leave of a store that is there.
+CPresetSystemEffect::~CPresetSystemEffect() {
+  editor.reset();
+}
+
 void CPresetSystemEffect::setParameter(VstInt32 index, float value) {
   if (isParameterIndex(index)) preset(getPresetNo()).setParameter(index, value);
 }

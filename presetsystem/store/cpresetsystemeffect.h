@@ -20,6 +20,7 @@ class CPresetSystemEffect : public AudioEffectX {
   static constexpr int kParameterCount = presetimage::kParameterCount;
 
   explicit CPresetSystemEffect(audioMasterCallback host);
+  ~CPresetSystemEffect() override;
 
   void resume() override {}
   // Stores into the current preset, as given; an index outside 0..4 is ignored.
