@@ -22,7 +22,8 @@ class FileMemory : public WindowTest {
   // Passes without memory until one misses some, or all is done; true where one did.
   bool passesWithout(ScarceHost& host, long succeeding, FailingMemory::Fails fails) {
     bool failed = false;
-    while (!failed && zenity.isRunning()) {
+    for (int pass = 0; !failed && pass < 5000 && zenity.isRunning(); ++pass) {
+      usleep(1000);
       const FailingMemory memory(succeeding, fails);
       host.send(effEditIdle);
       failed = memory.hasFailed();

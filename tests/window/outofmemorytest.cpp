@@ -130,26 +130,27 @@ TEST(WindowOutOfMemory, EveryOtherCallLeavesTheWindowAlive) {
       {effEditKeyUp, 0, kReturn}, {effSetEditKnobMode, 0, 1}, {effGetChunk, 0, 0},
   };
   for (const auto fails : kBothWaysToFail) {
-    for (const Call& call : calls) {
-      SCOPED_TRACE(testing::Message() << "opcode " << call.opcode << ", value " << call.value);
-      failEach([&call, fails](long succeeding) {
-        ScarceHost host;
-        if (!host.open()) return End::wrong;
-        char name[] = "a name of three words";
+    failEach([&calls, fails](long succeeding) {
+      ScarceHost host;
+      if (!host.open()) return wrong("it does not open");
+      char name[] = "a name of three words";
+      bool everFailed = false;
+      for (const Call& call : calls) {
         void* reply = nullptr;
         void* ptr = call.opcode == effSetProgramName ? static_cast<void*>(name) : &reply;
-        bool failed = false;
         for (int time = 0; time < 2; ++time) {
           const FailingMemory memory(succeeding, fails);
           const VstIntPtr answer = host.send(call.opcode, call.value, ptr, call.index);
-          failed = failed || memory.hasFailed();
-          if (memory.hasFailed() && answer != 0) return End::wrong;
+          const bool failed = memory.hasFailed();
+          everFailed = everFailed || failed;
+          if (failed && answer != 0) return wrong("it failed and says otherwise");
         }
-        if (!host.isAlive() || !host.close()) return End::wrong;
-        host.send(effClose);
-        return failed ? End::refused : End::done;
-      });
-    }
+      }
+      if (!host.isAlive()) return wrong("it is dead");
+      if (!host.close()) return wrong("it does not close");
+      host.send(effClose);
+      return everFailed ? End::refused : End::done;
+    });
   }
 }
 
