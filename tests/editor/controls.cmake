@@ -13,9 +13,11 @@ trelvan_add_test(controlstest editor
     doubleclicktest.cpp
     editedtexttest.cpp
     fitnametest.cpp
+    mousecontroltest.cpp
     myframetest.cpp
     presetpopuplayouttest.cpp
     presetpopuptest.cpp
+    pressguardtest.cpp
     wheelstepstest.cpp
   LIBRARIES trelvan)
 

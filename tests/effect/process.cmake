@@ -2,7 +2,7 @@
 include(${PROJECT_SOURCE_DIR}/tests/support/reference.cmake)
 
 trelvan_add_test(processtest effect
-  SOURCES processtest.cpp processchannelstest.cpp processautomationtest.cpp
+  SOURCES trelvanprocesstest.cpp processchannelstest.cpp processautomationtest.cpp
   LIBRARIES trelvan trelvan_reference)
 
 trelvan_add_test(propertiestest effect

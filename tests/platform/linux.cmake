@@ -1,7 +1,11 @@
 # Tests of what only Linux has: preferences, dialogs, alert, manual and module path.
-trelvan_add_test(preferencestoretest platform SOURCES preferencestoretest.cpp preferencesharingtest.cpp ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp LIBRARIES trelvan)
+trelvan_add_test(preferencestoretest platform
+  SOURCES preferencestoretest.cpp preferencesharingtest.cpp sharedfiletest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
+  LIBRARIES trelvan)
 trelvan_add_test(dialogtest platform
-  SOURCES childprogramtest.cpp ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp manualopenertest.cpp
+  SOURCES childprogramtest.cpp desktopdialogtest.cpp environmenttest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp manualopenertest.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 
