@@ -108,8 +108,8 @@ TEST(Float2String2, LosesTheLeadingDigitsOfAnEvenLongerWholePart) {
 }
 
 TEST(Float2String2, LeavesTheTextWhereTheNumberIsTooLarge) {
-  EXPECT_TRUE(leavesTheText(100000000.0F)) << "the float behind 99999992";
-  EXPECT_TRUE(leavesTheText(-10000000.0F)) << "the float behind -9999999";
+  EXPECT_TRUE(leavesTheText(100000000.0F)) << "the float after 99999992";
+  EXPECT_TRUE(leavesTheText(-10000000.0F)) << "the float after -9999999";
   EXPECT_TRUE(leavesTheText(3e38F));
   EXPECT_TRUE(leavesTheText(-3e38F));
   EXPECT_TRUE(leavesTheText(std::numeric_limits<float>::infinity()));

@@ -21,8 +21,8 @@
 template <typename Sample>
 using BitsOf = std::conditional_t<sizeof(Sample) == 4, std::uint32_t, std::uint64_t>;
 
-// Which NaN an operation on two NaNs answers depends on the order in which the compiler hands them over, so all NaNs
-// count as one.
+// Which NaN an operation on two NaNs returns depends on the order in which the compiler hands them
+// over, so all NaNs count as one.
 template <typename Sample>
 bool sameBits(Sample a, Sample b) {
   return std::bit_cast<BitsOf<Sample>>(a) == std::bit_cast<BitsOf<Sample>>(b) || (std::isnan(a) && std::isnan(b));

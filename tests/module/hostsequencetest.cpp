@@ -247,13 +247,13 @@ TEST_F(HostSequence, MusesSong) {
 }
 
 void juceStart(Instance& instance, float rate, VstInt32 block) {
-  // Its records end behind the short label.
+  // Its records end after the short label.
   struct ShortPin {
     char label[64];
     VstInt32 flags;
     VstInt32 arrangement;
     char shortLabel[8];
-    unsigned char behind[48];
+    unsigned char more[48];
   } pin;
   std::memset(&pin, 0x5A, sizeof pin);
   instance.send(effIdentify);
@@ -275,7 +275,7 @@ void juceStart(Instance& instance, float rate, VstInt32 block) {
       EXPECT_EQ(instance.send(effSetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&stereo), &stereo), 1);
     }
   }
-  for (const unsigned char byte : pin.behind) EXPECT_EQ(byte, 0x5A);
+  for (const unsigned char byte : pin.more) EXPECT_EQ(byte, 0x5A);
   for (VstInt32 i = 0; i < 5; ++i) instance.send(effCanBeAutomated, i);
   std::string bypass = "bypass";
   EXPECT_EQ(instance.send(effCanDo, 0, 0, bypass.data()), 0);

@@ -30,7 +30,7 @@ class LoadedModule {
 
   void* symbol(const char* name) const { return handle != nullptr ? dlsym(handle, name) : nullptr; }
 
-  // What the entry point answers; the caller closes it.
+  // What the entry point returns; the caller closes it.
   AEffect* create(audioMasterCallback host) const {
     using EntryPoint = AEffect* (*)(audioMasterCallback);
     const auto entry = reinterpret_cast<EntryPoint>(symbol("VSTPluginMain"));
@@ -91,7 +91,7 @@ class Instance {
   VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F) {
     return effect->dispatcher(effect, opcode, index, value, ptr, opt);
   }
-  // Answers what effClose answers; 0 if there is nothing to close.
+  // Returns what effClose returns; 0 if there is nothing to close.
   VstIntPtr close() {
     const VstIntPtr answer = effect != nullptr ? send(effClose) : 0;
     effect = nullptr;

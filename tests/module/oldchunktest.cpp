@@ -11,7 +11,7 @@ using imagebytes::Writer;
 
 class ModuleOldChunk : public ModuleTest {
  protected:
-  // The bank of the old chunk's first `floats` values, with the first factory preset's behind them.
+  // The bank of the old chunk's first `floats` values, with the first factory preset's after them.
   static imagebytes::Bank withDefaults(int floats) {
     const float defaults[] = {0.0F, 0.5F, 0.0F, 1.0F, 0.0F};
     imagebytes::Bank bank = distinctBank();

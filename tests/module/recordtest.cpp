@@ -112,7 +112,7 @@ TEST_F(Record, HasPinsUpToTheSecondAndBelowTheFirst) {
   Instance instance(module);
   struct {
     VstPinProperties pin;
-    char behind[64];  // for hosts' records that are longer than ours
+    char more[64];  // for hosts' records that are longer than ours
   } room{};
   EXPECT_EQ(instance.send(effGetOutputProperties, 1, 0, &room.pin), 1);
   EXPECT_STREQ(room.pin.label, "My 2 Out");

@@ -1,4 +1,4 @@
-// The least host that processing needs: it has a version and answers which right pins are connected.
+// The least host that processing needs: it has a version and knows which right pins are connected.
 #pragma once
 
 #include "plugin/vst24.h"

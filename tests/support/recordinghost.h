@@ -1,4 +1,4 @@
-// A host for tests: it writes down every callback and answers as it is told.
+// A host for tests: it writes down every callback and returns what it is told to.
 #pragma once
 
 #include <functional>

@@ -16,8 +16,8 @@ class Reference {
   void resume();
   void suspend();
 
-  // The buffers may be the same or, for the right channels, null. The answers of the host about the right pins come as
-  // arguments.
+  // The buffers may be the same or, for the right channels, null. What the host says about the right
+  // pins comes as arguments.
   void processReplacing(float** inputs, float** outputs, int frames, bool rightInConnected, bool rightOutConnected);
   void processDoubleReplacing(double** inputs, double** outputs, int frames, bool rightInConnected,
                               bool rightOutConnected);

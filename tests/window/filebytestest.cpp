@@ -24,8 +24,8 @@ std::int32_t word(const Bytes& bytes, std::size_t at) {  // of a file of this ma
   return value;
 }
 
-// Everything but the unique ID turned into the other byte order: the header's nine words behind the kind, the head of
-// each entry, and the index and value of each parameter entry.
+// Everything but the unique ID turned into the other byte order: the header's nine words after the
+// kind, the head of each entry, and the index and value of each parameter entry.
 Bytes withForeignContent(Bytes bytes) {
   const std::size_t size = bytes.size();
   for (std::size_t at = kHeader; at < size;) {

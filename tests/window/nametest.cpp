@@ -138,7 +138,7 @@ TEST_F(Name, AClickInTheHostsOwnAreaConfirms) {
 TEST_F(Name, AClickIntoTheFieldGoesOnEditing) {
   startEntry();
   host.type("abcd");
-  host.click(places::kName.right - 5, places::kName.centreY());  // the caret goes behind the text
+  host.click(places::kName.right - 5, places::kName.centreY());  // the caret goes after the text
   host.type("e");
   EXPECT_EQ(host.programName(), "init");
   host.key(XKB_KEY_Return);
@@ -296,7 +296,7 @@ TEST_F(Name, InAnyLanguageIsEditedCharacterByCharacter) {
   startEntry();
   host.moveAway();  // drawn with all of it selected
   host.settle();
-  host.click(places::kName.right - 5, places::kName.centreY());  // behind the text
+  host.click(places::kName.right - 5, places::kName.centreY());  // after the text
   host.key(XKB_KEY_BackSpace);
   host.key(XKB_KEY_BackSpace);
   host.type("y");
