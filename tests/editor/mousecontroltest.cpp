@@ -2,6 +2,7 @@
 #include "editor/controls/mousecontrol.h"
 
 #include "controltest.h"
+#include "vstgui.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 #include "editor/base/pressguard.h"
 
 #include "controltest.h"
+#include "vstgui.h"
 
 namespace {
 
