@@ -9,10 +9,15 @@ namespace {
 constexpr char kOldPreset[] = "what was in the file before";
 constexpr std::size_t kPresetSize = 369;  // bytes of a preset's file
 
-class FileMemory : public WindowTest {
- protected:
-  // The user has clicked the button and chosen the file. The passes from here on take it over.
-  bool choose(ScarceHost& host, const Area& button) {
+// A user who answers one process's dialogs. A process that is ended leaves its dialog behind, which
+// must not take what the next one's is told.
+class User {
+ public:
+  User(ScarceHost& theHost, const std::string& tools, std::string chosen)
+      : host(theHost), path("PATH", bin.path + ":" + tools), file(std::move(chosen)) {}
+
+  // Clicks the button and chooses the file. The passes from here on take it over.
+  bool choose(const Area& button) {
     host.click(button);
     if (!host.idleUntil([&] { return zenity.wasAsked(); })) return false;
     zenity.takeArguments();
@@ -20,7 +25,7 @@ class FileMemory : public WindowTest {
     return true;
   }
   // Passes without memory until one misses some, or all is done; true where one did.
-  bool passesWithout(ScarceHost& host, long succeeding, FailingMemory::Fails fails) {
+  bool passesWithout(long succeeding, FailingMemory::Fails fails) {
     bool failed = false;
     for (int pass = 0; !failed && pass < 5000 && zenity.isRunning(); ++pass) {
       usleep(1000);
@@ -30,11 +35,21 @@ class FileMemory : public WindowTest {
     }
     return failed;
   }
-  bool finish(ScarceHost& host) {
+  bool finish() {
     return host.idleUntil([&] { return !zenity.isRunning(); });
   }
 
-  FakeProgram zenity{folder / "bin", "zenity"};
+ private:
+  ScarceHost& host;
+  TemporaryFolder bin;
+  FakeProgram zenity{bin.path, "zenity"};
+  ScopedVariable path;
+  std::string file;
+};
+
+class FileMemory : public WindowTest {
+ protected:
+  std::string tools = folder / "bin";
   std::string file = folder / "files/a preset with a long name.orv";
 };
 
@@ -46,14 +61,15 @@ TEST_F(FileMemory, APresetIsSavedWholeOrNotAtAll) {
         [&](long succeeding) {
           writeFile(file, kOldPreset);
           ScarceHost host;
+          User user(host, tools, file);
           if (!host.open() || !host.isAlive()) return wrong("the window does not open");
-          if (!choose(host, places::kSavePreset)) return wrong("there is no dialog");
-          const bool failed = passesWithout(host, succeeding, fails);
+          if (!user.choose(places::kSavePreset)) return wrong("there is no dialog");
+          const bool failed = user.passesWithout(succeeding, fails);
           const std::string now = contentOf(file);
           if (now != kOldPreset && now.size() != kPresetSize) return wrong("half a preset");
-          if (!finish(host) || !host.isAlive()) return wrong("the window is dead");
-          if (!choose(host, places::kSavePreset)) return wrong("there is no dialog any more");
-          if (!finish(host) || contentOf(file).size() != kPresetSize) return wrong("not saved");
+          if (!user.finish() || !host.isAlive()) return wrong("the window is dead");
+          if (!user.choose(places::kSavePreset)) return wrong("there is no dialog any more");
+          if (!user.finish() || contentOf(file).size() != kPresetSize) return wrong("not saved");
           if (!host.close() || host.send(effClose) != 1) return wrong("it does not close");
           return failed ? End::refused : End::done;
         },
@@ -70,19 +86,20 @@ TEST_F(FileMemory, APresetIsLoadedWholeOrNotAtAll) {
     const int failures = failEachOwnProcess(
         [&](long succeeding) {
           ScarceHost host;
+          User user(host, tools, file);
           if (!host.open() || !host.isAlive()) return wrong("the window does not open");
           const imagebytes::Bytes before = host.chunk();
-          if (!choose(host, places::kLoadPreset)) return wrong("there is no dialog");
-          const bool failed = passesWithout(host, succeeding, fails);
+          if (!user.choose(places::kLoadPreset)) return wrong("there is no dialog");
+          const bool failed = user.passesWithout(succeeding, fails);
           const bool isLoaded = host.chunk() != before;
           for (VstInt32 i = 0; isLoaded && i < 5; ++i) {
             if (host.parameter(i) != preset.values[static_cast<std::size_t>(i)]) {
               return wrong("half a preset");
             }
           }
-          if (!finish(host) || !host.isAlive()) return wrong("the window is dead");
-          if (!choose(host, places::kLoadPreset)) return wrong("there is no dialog any more");
-          if (!finish(host) || host.parameter(2) != 0.75F) return wrong("it is not loaded later");
+          if (!user.finish() || !host.isAlive()) return wrong("the window is dead");
+          if (!user.choose(places::kLoadPreset)) return wrong("there is no dialog any more");
+          if (!user.finish() || host.parameter(2) != 0.75F) return wrong("it is not loaded later");
           if (!host.close() || host.send(effClose) != 1) return wrong("it does not close");
           return failed ? End::refused : End::done;
         },
@@ -138,8 +155,9 @@ TEST_F(FileMemory, AClickOnTheBarDoesItsWorkOrNothing) {
 TEST_F(FileMemory, TheEndOfAnInstanceThatUsedFilesTakesNone) {
   const End end = endOf([&] {
     ScarceHost host;
+    User user(host, tools, file);
     if (!host.open() || !host.isAlive()) return wrong("the window does not open");
-    if (!choose(host, places::kSavePreset) || !finish(host)) return wrong("there is no dialog");
+    if (!user.choose(places::kSavePreset) || !user.finish()) return wrong("there is no dialog");
     const FailingMemory memory(0, FailingMemory::Fails::allFromThere);
     return host.send(effClose) == 1 ? End::done : wrong("it is not closed");
   });
