@@ -1,4 +1,4 @@
-// The table of parameters: what each is called, what its value means, how it is shown and stepped.
+// The table of parameters: what each is called, what its value means and how it is shown; and the plug-in's number.
 #pragma once
 
 #include <array>
@@ -7,6 +7,9 @@
 #include "platform/saturate.h"
 #include "plugin/vst24.h"
 #include "presetsystem/image/acombprogram.h"
+
+// The plug-in's own number: in its record, and in every image and chunk.
+constexpr VstInt32 kTrelvanID = vstFourChars('T', 'l', 'v', 'n');
 
 // The host's index, the control's tag and the place in a preset.
 enum ParameterIndex : VstInt32 {

@@ -15,7 +15,7 @@
 // toward which the frames glide. What crosses threads is a relaxed word, the rest is the audio thread's.
 class Trelvan : public CPresetSystemEffect {
  public:
-  static constexpr VstInt32 kUniqueID = vstFourChars('T', 'l', 'v', 'n');
+  static constexpr VstInt32 kUniqueID = kTrelvanID;
 
   // Complete with factory presets, stored defaults and coefficients; needs no display. Throws on lack of memory.
   explicit Trelvan(audioMasterCallback host);

@@ -3,20 +3,18 @@
 
 #include <filesystem>
 
+#include "effect/parameters.h"
 #include "host/base/text.h"
-#include "host/state/genericadapter.h"
-#include "host/state/trelvanadapter.h"
 
 namespace {
 
-constexpr VstInt32 kTrelvanID = vstFourChars('T', 'l', 'v', 'n');
 constexpr const char* kPresetExtension = ".orv";
 
 }  // namespace
 
 std::unique_ptr<EffectAdapter> adapterFor(Effect& effect) {
-  if (effect.record().uniqueID == kTrelvanID) return std::make_unique<TrelvanAdapter>(effect);
-  return std::make_unique<GenericAdapter>(effect);
+  if (effect.record().uniqueID == kTrelvanID) return trelvanAdapter(effect);
+  return genericAdapter(effect);
 }
 
 bool isPresetFile(const std::string& preset) {

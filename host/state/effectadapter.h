@@ -31,6 +31,9 @@ class EffectAdapter {
 
 // The one place that asks which effect it is.
 std::unique_ptr<EffectAdapter> adapterFor(Effect& effect);
+// What it chooses from.
+std::unique_ptr<EffectAdapter> trelvanAdapter(Effect& effect);
+std::unique_ptr<EffectAdapter> genericAdapter(Effect& effect);
 
 // Whether a preset is named by a file of Trelvan's.
 bool isPresetFile(const std::string& preset);

@@ -1,47 +1,53 @@
-// Any effect's programs and parameters.
-#include "host/state/genericadapter.h"
-
+// Any effect, as its interface describes it: programs for presets, and its own words for values.
 #include "host/base/failure.h"
 #include "host/base/wholefile.h"
+#include "host/state/effectadapter.h"
 #include "host/state/namelookup.h"
 #include "host/state/values.h"
 
-void GenericAdapter::loadState(const std::string& file) {
-  effect.setChunk(readWholeFile(file));
-}
+namespace {
 
-std::vector<std::string> GenericAdapter::loadBank(const std::string&) {
-  throw Failure("--bank: " + effect.plugin() + " takes no bank files of Trelvan");
-}
+class GenericAdapter final : public EffectAdapter {
+ public:
+  explicit GenericAdapter(Effect& adapted) : effect(adapted) {}
 
-void GenericAdapter::choosePreset(const std::string& preset) {
-  if (isPresetFile(preset)) {
-    throw Failure(preset + ": " + effect.plugin() + " takes no preset files of Trelvan");
+  void loadState(const std::string& file) override { effect.setChunk(readWholeFile(file)); }
+
+  std::vector<std::string> loadBank(const std::string&) override {
+    throw Failure("--bank: " + effect.plugin() + " takes no bank files of Trelvan");
   }
-  if (effect.record().numPrograms == 0) {
-    throw Failure(effect.plugin() + ": the effect has no presets");
+
+  void choosePreset(const std::string& preset) override {
+    if (isPresetFile(preset)) {
+      throw Failure(preset + ": " + effect.plugin() + " takes no preset files of Trelvan");
+    }
+    if (effect.record().numPrograms == 0) throw Failure(effect.plugin() + ": the effect has no presets");
+    effect.selectProgram(findPreset(presetNames(), preset));
   }
-  effect.selectProgram(findPreset(presetNames(), preset));
-}
 
-void GenericAdapter::setValue(int, float) {
-  throw Failure(effect.plugin() + " is not Trelvan: its parameters are set with --set NAME=VALUE");
-}
-
-void GenericAdapter::setTyped(int index, const ParameterSetting& setting) {
-  if (const auto value = readGenericValue(setting.value)) {
-    return effect.setParameter(index, *value);
+  void setValue(int, float) override {
+    throw Failure(effect.plugin() + " is not Trelvan: its parameters are set with --set NAME=VALUE");
   }
-  std::string typed = setting.value;  // in the effect's own words, if it understands any
-  if (effect.dispatch(effString2Parameter, index, 0, typed.data()) != 0) return;
-  throw Failure("--set " + setting.parameter + ": \"" + setting.value +
-                "\" is not 0 to 1, 0% to 100%, on or off, and the effect does not understand it either");
-}
 
-std::vector<std::string> GenericAdapter::presetNames() {
-  return effect.programNames();
-}
+  void setTyped(int index, const ParameterSetting& setting) override {
+    if (const auto value = readGenericValue(setting.value)) {
+      return effect.setParameter(index, *value);
+    }
+    std::string typed = setting.value;  // in the effect's own words, if it understands any
+    if (effect.dispatch(effString2Parameter, index, 0, typed.data()) != 0) return;
+    throw Failure("--set " + setting.parameter + ": \"" + setting.value +
+                  "\" is not 0 to 1, 0% to 100%, on or off, and the effect does not understand it either");
+  }
 
-int GenericAdapter::currentPreset() {
-  return static_cast<int>(effect.dispatch(effGetProgram));
+  std::vector<std::string> presetNames() override { return effect.programNames(); }
+  int currentPreset() override { return static_cast<int>(effect.dispatch(effGetProgram)); }
+
+ private:
+  Effect& effect;
+};
+
+}  // namespace
+
+std::unique_ptr<EffectAdapter> genericAdapter(Effect& effect) {
+  return std::make_unique<GenericAdapter>(effect);
 }
