@@ -1,4 +1,6 @@
 // The factory presets.
+#include <iterator>
+
 #include "effect/parameters.h"
 #include "effect/trelvan.h"
 
@@ -22,6 +24,7 @@ constexpr FactoryPreset kFactoryPresets[] = {
     {"kick 1", 0.5F, 0.38F, 0.0F},           {"kick 2", 0.7F, 0.35F, 0.2F},          {"toms", 0.7F, 0.5F, 0.25F},
     {"over heads 1", 0.8F, 0.3F, 0.4F},      {"over heads 2", 0.9F, 0.38F, 0.6F},
 };
+static_assert(std::size(kFactoryPresets) < CPresetSystemEffect::kPresetCount);
 
 }  // namespace
 

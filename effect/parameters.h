@@ -64,7 +64,7 @@ inline float switchPosition(float raw) {  // 0 or 1
 }  // namespace parametercurves
 
 // In index order.
-inline constexpr std::array<Parameter, kParameterCount> kParameters = {{
+inline constexpr auto kParameters = std::to_array<Parameter>({
     {"width", "    %   ", "depth", Parameter::Unit::percent, 0.0F, parametercurves::widthGain,
      parametercurves::rawWidth},
     {"baseFreq", "    Hz   ", "freq", Parameter::Unit::hertz, 0.5F, parametercurves::baseFreqHz,
@@ -75,13 +75,14 @@ inline constexpr std::array<Parameter, kParameterCount> kParameters = {{
      parametercurves::rawSame},
     {"phase", "         ", nullptr, Parameter::Unit::onOff, 0.0F, parametercurves::switchPosition,
      parametercurves::rawSame},
-}};
+});
+static_assert(kParameters.size() == kParameterCount && kParameterCount <= kAuxIndex);
 static_assert(kParameterCount == ACombProgram::kParameterCount);  // every preset holds them all
 
 constexpr bool isParameter(VstInt32 index) {
   return index >= 0 && index < kParameterCount;
 }
-// index: 0..4.
+// index: a parameter's.
 constexpr const Parameter& parameterAt(VstInt32 index) {
   return kParameters[static_cast<std::size_t>(index)];
 }

@@ -64,16 +64,12 @@ void Trelvan::resume() {
   meterCoeff =
       1.0 - std::pow(kRemainder, 1.0 / (static_cast<double>(getSampleRate()) * kMeterTime * kSecondsPerMillisecond));
   const double glideFrames = static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
-  const auto coefficient = static_cast<float>(1.0 - std::pow(kRemainder, 1.0 / glideFrames));
-  widthCoeff = coefficient;
-  emphasisCoeff = coefficient;
-  delayCoeff = coefficient;
+  glideCoeff = static_cast<float>(1.0 - std::pow(kRemainder, 1.0 / glideFrames));
   getOutputLatency();
   updateBlockSize();
   clearSignal();
   delayCurrent = delayTarget;
-  emphasisSmoothed = derived[kEmphasisIndex];  // no glide after a resume
-  widthGainSmoothed = derived[kWidthIndex];
+  std::copy(derived.begin(), derived.end(), smoothed.begin());  // no glide after a resume
 }
 
 // Coefficients and glides stay as they are.

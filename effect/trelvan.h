@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "effect/glide.h"
 #include "effect/parameters.h"
 #include "platform/relaxed.h"
 #include "platform/threadcontract.h"
@@ -76,6 +77,7 @@ class Trelvan : public CPresetSystemEffect {
   template <typename Sample>
   void bypass(const Frames<Sample>& block);
 
+  Glide glide(ParameterIndex index);  // toward the derived value, for one block
   void clearSignal();
   std::int32_t delayTargetNow() const;
   float meterReading() const;
@@ -92,12 +94,9 @@ class Trelvan : public CPresetSystemEffect {
   Relaxed<std::int32_t> sampleRateInt{44100};
   Relaxed<float> auxParameter;
 
-  // The glides: one-pole coefficients and where they are.
-  float widthGainSmoothed = 0.0F;
-  float emphasisSmoothed = 0.0F;
-  float widthCoeff = 0.0F;
-  float emphasisCoeff = 0.0F;
-  float delayCoeff = 0.0F;
+  // The glides: where they are, and their one-pole coefficient.
+  std::array<float, kParameterCount> smoothed{};  // by parameter index; a switch does not glide
+  float glideCoeff = 0.0F;
   double delayCurrent = 0.0;
   float sampleRateFloat = 44100.0F;
 

@@ -1,7 +1,6 @@
 // The processing: mid, its delayed and shaped copy as side, and the ratio of the two for the meter.
 #include <cmath>
 
-#include "effect/glide.h"
 #include "effect/trelvan.h"
 
 // Where the channels of one block are; several may be the same buffer. Each frame is read before it is written, left is
@@ -15,13 +14,18 @@ struct Trelvan::Frames {
   VstInt32 count;
 };
 
+Glide Trelvan::glide(ParameterIndex index) {
+  const auto slot = static_cast<std::size_t>(index);
+  return Glide(smoothed[slot], derived[slot], glideCoeff);
+}
+
 // The order of operations and the types in here are the definition of the sound: results are the same bits for every
 // division into blocks.
 template <typename Sample>
 void Trelvan::widen(const Frames<Sample>& block) {
-  Glide gain(widthGainSmoothed, derived[kWidthIndex], widthCoeff);
-  Glide shape(emphasisSmoothed, derived[kEmphasisIndex], emphasisCoeff);
-  DelayGlide offset(delayCurrent, delayTarget, delayCoeff);
+  Glide gain = glide(kWidthIndex);
+  Glide shape = glide(kEmphasisIndex);
+  DelayGlide offset(delayCurrent, delayTarget, glideCoeff);
   DelayCursor line(delayLine.get(), delayMask, writeIndex);
   Envelope midLevel(midEnvelope, meterCoeff);
   Envelope sideLevel(sideEnvelope, meterCoeff);
@@ -47,8 +51,8 @@ void Trelvan::widen(const Frames<Sample>& block) {
 // Passes the input; the parameters keep gliding and the delay line keeps filling, so that switching on is smooth.
 template <typename Sample>
 void Trelvan::bypass(const Frames<Sample>& block) {
-  Glide gain(widthGainSmoothed, derived[kWidthIndex], widthCoeff);
-  Glide shape(emphasisSmoothed, derived[kEmphasisIndex], emphasisCoeff);
+  Glide gain = glide(kWidthIndex);
+  Glide shape = glide(kEmphasisIndex);
   DelayCursor line(delayLine.get(), delayMask, writeIndex);
   Envelope midLevel(midEnvelope, meterCoeff);
   Envelope sideLevel(sideEnvelope, meterCoeff);

@@ -25,7 +25,7 @@ class ADEditor : public CPresetSystemEditor {
   void close() override;
   void idle() override;
   void valueChanged(VSTGUI::CControl* control) override;
-  void setParameter(VstInt32 index, float value) override;  // any thread; an index outside 0..4 is ignored
+  void setParameter(VstInt32 index, float value) override;  // any thread; others' indexes are ignored
   virtual void suspend();                                   // the meter shows the centre
 
  protected:

@@ -21,6 +21,7 @@ using Converter = void (*)(float, char*);
 constexpr std::int32_t kSliderStyle = VSTGUI::CSlider::kRight;
 
 constexpr std::int32_t kNoTag = -1;
+constexpr std::int32_t kAboutTag = 6;  // of no parameter
 constexpr std::int32_t kMeterSteps = 182;
 
 // The parameters' controls, in the order in which the keyboard reaches them.
@@ -60,6 +61,14 @@ CParamDisplay* makeDisplay(const DisplayPlace& place, CBitmap* background, Conve
   return display;
 }
 
+// What parameterNameStringConvert turns into the parameter's caption: 0.2 for the first that has one, then 0.1 more
+// each.
+float captionSelector(VstInt32 index) {
+  int place = 2;
+  for (VstInt32 before = 0; before < index; ++before) place += parameterAt(before).caption != nullptr ? 1 : 0;
+  return 0.1F * static_cast<float>(place);
+}
+
 CRect sizedLike(double left, double top, const CBitmap& bitmap, double images = 1) {
   return {left, top, left + bitmap.getWidth(), top + bitmap.getHeight() / images};
 }
@@ -74,11 +83,9 @@ void ADEditor::addCaptions() {
   };
   add({{2, 24, 42, 41}, 27, VSTGUI::kRightText}, 0.0F);    // captionS
   add({{258, 24, 298, 41}, 27, VSTGUI::kLeftText}, 0.1F);  // captionM
-  float selector = 0.2F;
-  for (const SliderPlace& slider : kSliders) {  // captionDepth, captionFreq, captionEmph
+  for (const SliderPlace& slider : kSliders) {             // captionDepth, captionFreq, captionEmph
     const double top = slider.top + kTextBelowSlider;
-    add({{2, top, 42, top + kTextHeight}, top + 5, VSTGUI::kRightText}, selector);
-    selector += 0.1F;
+    add({{2, top, 42, top + kTextHeight}, top + 5, VSTGUI::kRightText}, captionSelector(slider.index));
   }
 }
 
@@ -139,6 +146,6 @@ void ADEditor::addAbout() {
   CRect displayArea = sizedLike((kAreaWidth - panel->getWidth()) / 2, (kAreaHeight - panel->getHeight()) / 2, *panel);
   CPoint offset(0, 0);
   CPoint textOrigin(0, 8);
-  about = new CAbout(size, this, 6, panel, displayArea, offset, textOrigin);
+  about = new CAbout(size, this, kAboutTag, panel, displayArea, offset, textOrigin);
   view->addView(about);
 }

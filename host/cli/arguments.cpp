@@ -52,8 +52,19 @@ struct Typed {
   bool version = false;
 };
 
-constexpr std::array<const char*, kParameterCount> kValueOptions = {"--width", "--base-freq", "--emphasis", "--process",
-                                                                    "--phase"};
+struct ValueOption {
+  const char* name;
+  const char* help;
+};
+// By parameter index.
+constexpr auto kValueOptions = std::to_array<ValueOption>({
+    {"--width", "Width of the image, e.g. 75%"},
+    {"--base-freq", "One period of it is the delay, e.g. 265Hz"},
+    {"--emphasis", "Emphasis of the highs in the side signal, e.g. 30%"},
+    {"--process", "Effect on or off"},
+    {"--phase", "Sides swapped on or off"},
+});
+static_assert(kValueOptions.size() == kParameterCount);
 
 class Formatter : public CLI::Formatter {
  public:
@@ -91,11 +102,8 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
   app.add_option("--bank", typed.bank, "Bank file (.orb); its first preset is selected")
       ->group(sound)
       ->type_name("FILE");
-  constexpr std::array<const char*, kParameterCount> kTexts = {
-      "Width of the image, e.g. 75%", "One period of it is the delay, e.g. 265Hz",
-      "Emphasis of the highs in the side signal, e.g. 30%", "Effect on or off", "Sides swapped on or off"};
   for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
-    app.add_option(kValueOptions[i], typed.values[i], kTexts[i])->group(sound)->type_name("VALUE");
+    app.add_option(kValueOptions[i].name, typed.values[i], kValueOptions[i].help)->group(sound)->type_name("VALUE");
   }
   app.add_option("--set", typed.settings, "Any effect's parameter by name or index, 0 to 1 (may be repeated)")
       ->group(sound)
@@ -129,8 +137,8 @@ std::string oneLine(std::string text) {
 
 void takeValues(const CLI::App& app, const Typed& typed, StateArguments& state) {
   for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
-    if (app.count(kValueOptions[i]) == 0) continue;
-    state.values[i] = parseTrelvanValue(static_cast<int>(i), kValueOptions[i], typed.values[i]);
+    if (app.count(kValueOptions[i].name) == 0) continue;
+    state.values[i] = parseTrelvanValue(static_cast<int>(i), kValueOptions[i].name, typed.values[i]);
   }
   for (const std::string& setting : typed.settings) {
     const auto equals = setting.find('=');

@@ -11,7 +11,7 @@
 // write one on the audio thread while another thread saves the bank; the name is the user-interface thread's.
 struct ACombProgram {
   static constexpr int kNameSize = 24;       // bytes; a stored name ends with a zero among them
-  static constexpr int kParameterCount = 5;  // in parameter-index order below
+  static constexpr int kParameterCount = 5;  // in parameter-index order
 
   char name[kNameSize] = "init";
   Relaxed<float> width{0.5F};
@@ -30,14 +30,16 @@ struct ACombProgram {
     std::memcpy(name, text, length);
   }
 
-  // index: 0..4.
+  // index: 0 .. kParameterCount - 1.
   float parameter(int index) const { return this->*kParameters[static_cast<std::size_t>(index)]; }
   void setParameter(int index, float value) { this->*kParameters[static_cast<std::size_t>(index)] = value; }
 
  private:
-  static constexpr std::array<Relaxed<float> ACombProgram::*, kParameterCount> kParameters = {
-      &ACombProgram::width, &ACombProgram::baseFreq, &ACombProgram::emphasis, &ACombProgram::process,
-      &ACombProgram::phase};
+  // to_array: a list that is too short does not compile.
+  static constexpr std::array<Relaxed<float> ACombProgram::*, kParameterCount> kParameters =
+      std::to_array<Relaxed<float> ACombProgram::*>({&ACombProgram::width, &ACombProgram::baseFreq,
+                                                     &ACombProgram::emphasis, &ACombProgram::process,
+                                                     &ACombProgram::phase});
 };
 
 static_assert(offsetof(ACombProgram, width) == ACombProgram::kNameSize);

@@ -54,7 +54,7 @@ Reading readOldPreset(std::span<const unsigned char> data, bool swapped, int flo
   if (floatCount < 0) return Reading::stopped;
   ByteReader in(data, swapped);
   in.bytes(preset.name, sizeof preset.name);
-  for (int index = 0; index < floatCount && index < kParameterCount; ++index) {
+  for (int index = 0; index < floatCount && index < kOldParameterCount; ++index) {
     const float value = in.float32();
     if (dummies[static_cast<std::size_t>(index)]) continue;
     if (!isNormalised(value)) return Reading::refused;
@@ -73,7 +73,7 @@ Reading readOldBank(std::span<const unsigned char> data, bool swapped, int recor
 Reading readOldChunk(std::span<const unsigned char> data, bool swapped, int recordCount, int floatsPerRecord,
                      const DummySlots& dummies, const ACombProgram& defaultPreset, Bank& bank) {
   if (floatsPerRecord < 0) return Reading::stopped;
-  const int taken = std::min(floatsPerRecord, kParameterCount);
+  const int taken = std::min(floatsPerRecord, kOldParameterCount);
   const OldRecords records{data, recordCount, recordSize(floatsPerRecord), recordSize(taken)};
   return readOldRecords(records, swapped, taken, dummies, defaultPreset, bank);
 }
@@ -82,7 +82,7 @@ std::vector<MidiAssignment> readOldMidiMap(std::span<const unsigned char> data, 
                                            const DummySlots& dummies) {
   std::vector<MidiAssignment> assignments;
   ByteReader in(data, swapped);
-  for (int index = 0; index < floatCount && index < kParameterCount && in.left() >= sizeof(float); ++index) {
+  for (int index = 0; index < floatCount && index < kOldParameterCount && in.left() >= sizeof(float); ++index) {
     const float value = in.float32();
     if (dummies[static_cast<std::size_t>(index)]) continue;
     if (!isNormalised(value)) break;

@@ -27,10 +27,17 @@ constexpr std::size_t kOldPrefixSize = 5;    // unique ID and kind byte of an ol
 constexpr std::size_t kChunkPrefixSize = 8;  // format tag and unique ID
 constexpr std::size_t kChunkSize = kChunkPrefixSize + kBankImageSize;
 constexpr std::size_t kOldChunkHeaderSize = 32;
-constexpr std::size_t kOldChunkSize = kOldChunkHeaderSize + kPresetCount * sizeof(ACombProgram);
+constexpr int kOldParameterCount = 5;  // floats of an old record that are taken; nobody writes more any more
+constexpr std::size_t kOldChunkSize =
+    kOldChunkHeaderSize + kPresetCount * (ACombProgram::kNameSize + kOldParameterCount * sizeof(float));
 // Hosts' projects and users' files have these shapes.
-static_assert(sizeof(ACombProgram) == 44 && kPresetImageSize == 369 && kBankImageSize == 10537 &&
-              kMidiMapImageSize == 201 && kChunkSize == 10545 && kOldChunkSize == 1440);
+static_assert(sizeof(ACombProgram) == 44);
+static_assert(kPresetImageSize == 369);
+static_assert(kBankImageSize == 10537);
+static_assert(kMidiMapImageSize == 201);
+static_assert(kChunkSize == 10545);
+static_assert(kOldChunkSize == 1440);
+static_assert(kOldParameterCount <= kParameterCount);
 
 constexpr std::int32_t kChunkTag = 0x02000000;
 constexpr std::int32_t kOldChunkTag = 0x01000000;
@@ -101,7 +108,7 @@ Reading readPreset(std::span<const unsigned char> entries, const newpresetheader
                    ACombProgram& preset);
 
 struct MidiAssignment {
-  int parameter;  // 0..4
+  int parameter;  // index
   float value;    // 0..1
 };
 std::vector<MidiAssignment> readMidiMap(std::span<const unsigned char> entries, const newpresetheader& header,

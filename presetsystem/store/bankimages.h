@@ -19,8 +19,8 @@ class BankImages {
   // Of files and stored values; what is not of that content is ignored. A preset goes into the current one.
   void takeBank(const presetimage::Image& image);
   void takePreset(const presetimage::Image& image);
-  // False: it is no chunk of ours, or an old one with a value outside 0..1; of that one the presets before it stay, and
-  // the listener is told nothing, as it has always been.
+  // False: it is no chunk of ours, or an old one with a value outside 0..1; of that one what was read before it stays,
+  // and the listener is told nothing, as it has always been.
   bool takeChunk(const presetimage::Image& image);
 
   // Return the size in bytes and allocate nothing.

@@ -23,9 +23,9 @@ class CPresetSystemEffect : public AudioEffectX {
   ~CPresetSystemEffect() override;
 
   void resume() override {}
-  // Stores into the current preset, as given; an index outside 0..4 is ignored.
+  // Stores into the current preset, as given; an index that is no parameter's is ignored.
   void setParameter(VstInt32 index, float value) override;
-  // -1.0 for an index outside 0..4.
+  // -1.0 for an index that is no parameter's.
   float getParameter(VstInt32 index) override;
   VstInt32 getProgram() override { return 0; }
   void setProgram(VstInt32) override {}

@@ -38,7 +38,7 @@ class FilesEditor : public ADEditor {
     frame = nullptr;
     toolkit.reset();
   }
-  void hostWindow(std::uintptr_t window) { parentWindow = reinterpret_cast<void*>(window); }
+  void setHostWindow(std::uintptr_t window) { parentWindow = reinterpret_cast<void*>(window); }
 
   char (&bankFileName)[FilePlaces::kSize] = places.bankFileName;
   char (&currentDirectory)[FilePlaces::kSize] = places.currentDirectory;

@@ -37,7 +37,7 @@ TEST_F(Files, TheDialogsSayWhatTheyAreFor) {
   std::strcpy(editor().currentDirectory, (home.path + "/").c_str());
   std::strcpy(editor().presetFileName, "pad.orv");
   std::strcpy(editor().bankFileName, "all.orb");
-  editor().hostWindow(4711);
+  editor().setHostWindow(4711);
   run([this] { editor().savePreset(); });
   run([this] { editor().saveBank(); });
 
