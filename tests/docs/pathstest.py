@@ -1,0 +1,55 @@
+"""Tests that the documents name files that are there, and of the checker on a small tree."""
+import pathlib
+import sys
+import tempfile
+import unittest
+
+from paths import missing, words_of
+
+ROOT = pathlib.Path(sys.argv.pop())
+DOCUMENTS = ("CONTRIBUTING.md", "FEATURES.md", "README.md", "docs/benchmarks.md", "docs/fuzzing.md",
+             "docs/macos.md", "docs/where.md")
+
+
+class Documents(unittest.TestCase):
+    def test_name_files_that_are_there(self):
+        for document in DOCUMENTS:
+            with self.subTest(document):
+                self.assertEqual(missing(ROOT, document), [])
+
+    def test_are_read(self):  # a document without a word names nothing that is missing either
+        for document, word in (("docs/where.md", "plugin/vst24.h"), ("CONTRIBUTING.md", "bench/run")):
+            self.assertIn(word, words_of((ROOT / document).read_text()))
+
+
+class Checker(unittest.TestCase):
+    def check(self, text, *expected):
+        with tempfile.TemporaryDirectory() as folder:
+            root = pathlib.Path(folder)
+            for path in ("house/low/a.h", "house/linux/b.cpp", "docs/other.md", "run"):
+                (root / path).parent.mkdir(parents=True, exist_ok=True)
+                (root / path).write_text("")
+            (root / "docs/where.md").write_text(text)
+            self.assertEqual(missing(root, "docs/where.md"), list(expected))
+
+    def test_finds_nothing_where_all_is_there(self):
+        self.check("`house/low/a.h`, `house/low/`, `house/low`, `a.h`, `linux/`, `house/*/b.*`\n"
+                   "[other](other.md#a-part)\n"
+                   "```\n./run x.wav -o ~/y/z.wav  # gone/for/good\nhouse/low/a.h --all\n```\n")
+
+    def test_sees_what_is_not_there(self):
+        for name in ("house/low/c.h", "house/c.h", "gone/a.h", "c.h", "gone/", "house/gone/",
+                     "house/*.mm", "a.h/"):
+            with self.subTest(name):
+                self.check(f"| a thing | `{name}` (`house/low/a.h`) |\n", name)
+
+    def test_sees_it_in_a_command_and_in_a_link(self):
+        self.check("`ctest house/x.sh -V`\n```\nhouse/y.sh\n```\n[the other](gone.md#a-part)\n",
+                   "house/y.sh", "house/x.sh", "gone.md")
+
+    def test_leaves_out_what_is_not_the_trees(self):
+        self.check("`build/release/x.so`, `~/.vst/a`, `/usr/lib/vst`, `std::vector`, `$HOME/x`, "
+                   "`a=b/c`, plain/text.h, [far](https://orv.example)")
+
+
+unittest.main(argv=sys.argv[:1] + [sys.argv[1]])
