@@ -16,7 +16,6 @@ class ImageBuilder {
       : out(memory), entries(memory.subspan(newpresetheader::kSize)) {
     header.kind = kind;
     header.uniqueID = uniqueID;
-    header.parameterCount = kParameterCount;
   }
 
   void name(std::int32_t preset, const char (&text)[ACombProgram::kNameSize]) {

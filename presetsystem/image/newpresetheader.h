@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 
+#include "presetsystem/image/acombprogram.h"
+
 class ByteReader;
 class ByteWriter;
 
@@ -27,7 +29,7 @@ struct newpresetheader {
   std::int32_t uniqueID = 0;
   ImageKind kind = ImageKind::preset;
   std::int32_t formatVersion = kFormatVersion;
-  std::int32_t parameterCount = 0;
+  std::int32_t parameterCount = ACombProgram::kParameterCount;
   std::int32_t entryCount = 0;
   std::int32_t currentPreset = 0;  // bank only
   std::int32_t dataSize = 0;       // bytes of entries after the header: readers look no further
