@@ -1,4 +1,5 @@
-// What the window's calls take: opening, closing, and idle passes with nothing, the meter and a slider to draw.
+// What the window's calls take: opening, closing, and idle passes with nothing, the meter and a
+// slider to draw.
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -9,19 +10,21 @@
 
 namespace {
 
-// The host waits for each of these calls, so the time of the clock on the wall counts, answers of the X server
-// included.
+// The host waits for each of these calls, so the time of the clock on the wall counts, answers of
+// the X server included.
 void timed(benchmark::State& loop, const std::function<void()>& call) {
   const auto begin = std::chrono::steady_clock::now();
   call();
-  loop.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+  loop.SetIterationTime(
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
 }
 
 void waitForRedraw() {
   std::this_thread::sleep_for(std::chrono::milliseconds(17));  // the toolkit draws every 16
 }
 
-// The first opening of a process reads fonts and makes the X connection, and is not among those measured.
+// The first opening of a process reads fonts and makes the X connection, and is not among those
+// measured.
 void open(benchmark::State& loop) {
   WindowHost host;
   host.openEditor();
@@ -93,16 +96,30 @@ void idleMeter(benchmark::State& loop) {
 }
 
 void idleSlider(benchmark::State& loop) {
-  idleAfter(loop, [](WindowHost& host, int pass) { host.setParameter(1, static_cast<float>(pass % 10) * 0.1F); });
+  idleAfter(loop, [](WindowHost& host, int pass) {
+    host.setParameter(1, static_cast<float>(pass % 10) * 0.1F);
+  });
 }
 
 void idleEverything(benchmark::State& loop) {
   idleAfter(loop, [](WindowHost& host, int) { host.setChunk(host.chunk()); });
 }
 
-BENCHMARK(open)->Name("editor/open")->UseManualTime()->Iterations(200)->Unit(benchmark::kMicrosecond);
-BENCHMARK(openingIdles)->Name("editor/first drawing")->UseManualTime()->Iterations(100)->Unit(benchmark::kMicrosecond);
-BENCHMARK(close)->Name("editor/close")->UseManualTime()->Iterations(30)->Unit(benchmark::kMicrosecond);
+BENCHMARK(open)
+    ->Name("editor/open")
+    ->UseManualTime()
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(openingIdles)
+    ->Name("editor/first drawing")
+    ->UseManualTime()
+    ->Iterations(100)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(close)
+    ->Name("editor/close")
+    ->UseManualTime()
+    ->Iterations(30)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(idleUnchanged)
     ->Name("editor/idle, nothing changed")
     ->UseManualTime()
@@ -113,7 +130,11 @@ BENCHMARK(idleAsks)
     ->UseManualTime()
     ->Iterations(20)
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK(idleMeter)->Name("editor/idle, meter drawn")->UseManualTime()->Iterations(60)->Unit(benchmark::kMicrosecond);
+BENCHMARK(idleMeter)
+    ->Name("editor/idle, meter drawn")
+    ->UseManualTime()
+    ->Iterations(60)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(idleSlider)
     ->Name("editor/idle, slider drawn")
     ->UseManualTime()

@@ -1,4 +1,5 @@
-// Time a frame takes, in the plug-in and in the reference transcription: settled, gliding and bypassed.
+// Time a frame takes, in the plug-in and in the reference transcription: settled, gliding and
+// bypassed.
 #include <benchmark/benchmark.h>
 
 #include <memory>
@@ -15,7 +16,7 @@ namespace {
 enum class State { kSettled, kGliding, kBypassed };
 
 constexpr int kBlocks[] = {16, 64, 256, 1024, 4096};  // frames
-constexpr int kMoveEvery = 4096;                      // frames at 44100 Hz: a third of the glides' closing time
+constexpr int kMoveEvery = 4096;  // frames at 44100 Hz: a third of the glides' closing time
 
 void process(Trelvan& plugin, float** in, float** out, int frames) {
   plugin.processReplacing(in, out, frames);
@@ -67,17 +68,19 @@ void add(const std::string& name, State state, int frames) {
     Trelvan plugin(processHost);
     run<Sample>(loop, plugin, state, frames);
   });
-  benchmark::RegisterBenchmark((name + "/reference").c_str(), [state, frames](benchmark::State& loop) {
-    const auto reference = std::make_unique<Reference>();
-    run<Sample>(loop, *reference, state, frames);
-  });
+  benchmark::RegisterBenchmark((name + "/reference").c_str(),
+                               [state, frames](benchmark::State& loop) {
+                                 const auto reference = std::make_unique<Reference>();
+                                 run<Sample>(loop, *reference, state, frames);
+                               });
 }
 
 const bool added = [] {
   constexpr const char* kStates[] = {"settled", "gliding", "bypassed"};
   for (const State state : {State::kSettled, State::kGliding, State::kBypassed}) {
     for (const int frames : kBlocks) {
-      const std::string name = std::string(kStates[static_cast<int>(state)]) + '/' + std::to_string(frames);
+      const std::string name =
+          std::string(kStates[static_cast<int>(state)]) + '/' + std::to_string(frames);
       add<float>("process/single/" + name, state, frames);
       add<double>("process/double/" + name, state, frames);
     }

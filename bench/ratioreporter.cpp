@@ -59,18 +59,23 @@ double RatioReporter::median(const std::string& name) const {
 }
 
 void RatioReporter::printProcessing() {
-  std::printf("\nProcessing: the plug-in's time as a part of the reference's (1: as fast, below: faster)\n\n");
-  std::printf("| precision | state    | block | ratio | plug-in, ns a frame | reference, ns a frame |\n");
-  std::printf("|-----------|----------|------:|------:|--------------------:|----------------------:|\n");
+  std::printf(
+      "\nProcessing: the plug-in's time as a part of the reference's (1: as fast, below: "
+      "faster)\n\n");
+  std::printf(
+      "| precision | state    | block | ratio | plug-in, ns a frame | reference, ns a frame |\n");
+  std::printf(
+      "|-----------|----------|------:|------:|--------------------:|----------------------:|\n");
   for (const char* precision : {"single", "double"}) {
     for (const char* state : {"settled", "gliding", "bypassed"}) {
       for (const int block : {16, 64, 256, 1024, 4096}) {
-        const std::string name = std::string("process/") + precision + '/' + state + '/' + std::to_string(block) + '/';
+        const std::string name =
+            std::string("process/") + precision + '/' + state + '/' + std::to_string(block) + '/';
         const double plugin = median(name + "plugin");
         const double reference = median(name + "reference");
         if (plugin <= 0.0 || reference <= 0.0) continue;
-        std::printf("| %-9s | %-8s | %5d | %5.2f | %19.2f | %21.2f |\n", precision, state, block, plugin / reference,
-                    plugin / block, reference / block);
+        std::printf("| %-9s | %-8s | %5d | %5.2f | %19.2f | %21.2f |\n", precision, state, block,
+                    plugin / reference, plugin / block, reference / block);
       }
     }
   }
@@ -79,12 +84,15 @@ void RatioReporter::printProcessing() {
 void RatioReporter::printInstances() {
   const double block = median(kBlockOf1024);
   if (block <= 0.0) return;
-  std::printf("\nInstances: time as a multiple of one settled block of 1024 frames in single precision\n\n");
+  std::printf(
+      "\nInstances: time as a multiple of one settled block of 1024 frames in single "
+      "precision\n\n");
   std::printf("| operation    | ratio |      µs |\n|--------------|------:|--------:|\n");
   for (const std::string& name : order) {
     const auto parts = partsOf(name);
     if (parts.front() != "instance") continue;
     const double time = median(name);
-    std::printf("| %-12s | %5.2f | %7.2f |\n", parts.back().c_str(), time / block, time / kNanosecondsPerMicrosecond);
+    std::printf("| %-12s | %5.2f | %7.2f |\n", parts.back().c_str(), time / block,
+                time / kNanosecondsPerMicrosecond);
   }
 }

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-// Names are paths: process/<precision>/<state>/<block>/<plugin or reference>, and instance/<operation>. Processor
-// time, the median of all repetitions.
+// Names are paths: process/<precision>/<state>/<block>/<plugin or reference>, and
+// instance/<operation>. Processor time, the median of all repetitions.
 class RatioReporter : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context& context) override;

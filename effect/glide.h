@@ -1,11 +1,12 @@
-// The tiny objects of the frame loop: glides, envelopes and the delay line, held in locals and written back at the end.
+// The tiny objects of the frame loop: glides, envelopes and the delay line, held in locals and
+// written back at the end.
 #pragma once
 
 #include <cmath>
 #include <cstdint>
 
-// Adds and takes away a tiny constant, which turns a denormal into zero. The order of the two operations is the
-// definition of the result.
+// Adds and takes away a tiny constant, which turns a denormal into zero. The order of the two
+// operations is the definition of the result.
 inline float flushed(float value) {
   return (value + 1e-16F) - 1e-16F;
 }
@@ -13,8 +14,8 @@ inline double flushed(double value) {
   return (value + 1e-21) - 1e-21;
 }
 
-// One-pole glide of a parameter toward its target, one step a frame, always in float. Writes its state back when it
-// goes out of scope. Audio thread.
+// One-pole glide of a parameter toward its target, one step a frame, always in float. Writes its
+// state back when it goes out of scope. Audio thread.
 class Glide {
  public:
   Glide(float& heldState, float heldTarget, float heldCoefficient)
@@ -35,12 +36,15 @@ class Glide {
   const float coefficient;
 };
 
-// Glide of the read offset, in frames. It may grow by one frame a frame but shrink by half a frame only, and stands
-// still once it is within a hundredth of its target.
+// Glide of the read offset, in frames. It may grow by one frame a frame but shrink by half a frame
+// only, and stands still once it is within a hundredth of its target.
 class DelayGlide {
  public:
   DelayGlide(double& heldState, std::int32_t heldTarget, float heldCoefficient)
-      : state(heldState), value(heldState), target(heldTarget), coefficient(static_cast<double>(heldCoefficient)) {}
+      : state(heldState),
+        value(heldState),
+        target(heldTarget),
+        coefficient(static_cast<double>(heldCoefficient)) {}
   ~DelayGlide() { state = value; }
   DelayGlide(const DelayGlide&) = delete;
   DelayGlide& operator=(const DelayGlide&) = delete;
@@ -82,7 +86,8 @@ class Envelope {
   const double coefficient;
 };
 
-// The ring of past mid samples, floats in both precisions. mask: its length, a power of two, minus one.
+// The ring of past mid samples, floats in both precisions. mask: its length, a power of two, minus
+// one.
 class DelayCursor {
  public:
   DelayCursor(float* heldLine, std::int32_t heldMask, std::int32_t& heldIndex)
@@ -101,7 +106,8 @@ class DelayCursor {
     const auto whole = static_cast<std::int32_t>(offset);
     const double fraction = offset - whole;
     const std::int32_t k = (whole + index) & mask;
-    return (1.0 - fraction) * static_cast<double>(line[k]) + fraction * static_cast<double>(line[(k + 1) & mask]);
+    return (1.0 - fraction) * static_cast<double>(line[k]) +
+           fraction * static_cast<double>(line[(k + 1) & mask]);
   }
 
  private:

@@ -11,13 +11,15 @@ double round(double x, int digits) {
   const double scaled = scale * x;
   const double fraction = scaled - std::trunc(scaled);
   const double unit = std::pow(0.1, digits);
-  if (fraction >= 0.49999) return (scaled + 1.0) * unit;  // a hair below one half, for binary fractions
+  // a hair below one half, for binary fractions
+  if (fraction >= 0.49999) return (scaled + 1.0) * unit;
   if (fraction <= -0.49999) return (scaled - 1.0) * unit;
   return x;
 }
 
+// eight digits
 void float2string2(float value, int digits, char* text) {
-  constexpr double kLargest = 99999999.0;   // eight digits
+  constexpr double kLargest = 99999999.0;
   constexpr double kSmallest = -9999999.0;  // a sign and seven
   constexpr int kCounted = 8;               // characters, the point and the sign among them
   const double rounded = round(value, digits);
@@ -38,7 +40,8 @@ void float2string2(float value, int digits, char* text) {
   while (length > 0) *text++ = reversed[--length];
 
   const int places = kCounted - count;  // digits there is room for after the point
-  const auto fraction = static_cast<std::int64_t>(std::fmod(magnitude, 1.0) * std::pow(10.0, places));
+  const auto fraction =
+      static_cast<std::int64_t>(std::fmod(magnitude, 1.0) * std::pow(10.0, places));
   char padded[32];
   std::snprintf(padded, sizeof padded, "%0*lld", places, static_cast<long long>(fraction));
   const int shown = places < digits ? places : digits;

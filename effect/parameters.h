@@ -1,4 +1,5 @@
-// The table of parameters: what each is called, what its value means and how it is shown; and the plug-in's number.
+// The table of parameters: what each is called, what its value means and how it is shown; and the
+// plug-in's number.
 #pragma once
 
 #include <array>
@@ -22,7 +23,8 @@ enum ParameterIndex : VstInt32 {
   kAuxIndex = 6,  // an internal value, not a parameter; 5 has never been anything
 };
 
-// One parameter. Raw values are those that hosts and presets hold, 0..1; derived ones are what the processing uses.
+// One parameter. Raw values are those that hosts and presets hold, 0..1; derived ones are what the
+// processing uses.
 struct Parameter {
   enum class Unit { percent, hertz, onOff };
 
@@ -87,11 +89,12 @@ constexpr const Parameter& parameterAt(VstInt32 index) {
   return kParameters[static_cast<std::size_t>(index)];
 }
 
-// The factory's first preset, which fills the slots after its list and stands in for what a file leaves out: no
-// widening.
+// The factory's first preset, which fills the slots after its list and stands in for what a file
+// leaves out: no widening.
 inline ACombProgram initialPreset() {
   ACombProgram preset;
   preset.rename("init");
-  for (int index = 0; index < kParameterCount; ++index) preset.setParameter(index, parameterAt(index).initial);
+  for (int index = 0; index < kParameterCount; ++index)
+    preset.setParameter(index, parameterAt(index).initial);
   return preset;
 }

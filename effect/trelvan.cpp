@@ -61,9 +61,10 @@ void Trelvan::resume() {
   CPresetSystemEffect::resume();
   sampleRateInt = truncatedToInt32(getSampleRate());
   sampleRateFloat = static_cast<float>(sampleRateInt);
-  meterCoeff =
-      1.0 - std::pow(kRemainder, 1.0 / (static_cast<double>(getSampleRate()) * kMeterTime * kSecondsPerMillisecond));
-  const double glideFrames = static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
+  meterCoeff = 1.0 - std::pow(kRemainder, 1.0 / (static_cast<double>(getSampleRate()) * kMeterTime *
+                                                 kSecondsPerMillisecond));
+  const double glideFrames =
+      static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
   glideCoeff = static_cast<float>(1.0 - std::pow(kRemainder, 1.0 / glideFrames));
   getOutputLatency();
   updateBlockSize();
@@ -105,7 +106,8 @@ float Trelvan::getVu() {
   return peak;
 }
 
-// Hosts' records may end after the short label, so nothing is cleared. An index below 0 is taken as the first pins'.
+// Hosts' records may end after the short label, so nothing is cleared. An index below 0 is taken as
+// the first pins'.
 bool Trelvan::getInputProperties(VstInt32 index, VstPinProperties* pin) {
   if (index > 1) return false;
   std::snprintf(pin->label, sizeof pin->label, "My %1d In", index + 1);
@@ -146,7 +148,10 @@ VstPlugCategory Trelvan::getPlugCategory() {
 
 // Never -1: hosts take it for yes.
 VstInt32 Trelvan::canDo(char* text) {
-  constexpr std::string_view kAbilities[] = {"offline", "plugAsChannelInsert", "1in2out", "2in2out"};
-  return std::find(std::begin(kAbilities), std::end(kAbilities), std::string_view(text)) != std::end(kAbilities) ? 1
-                                                                                                                 : 0;
+  constexpr std::string_view kAbilities[] = {"offline", "plugAsChannelInsert", "1in2out",
+                                             "2in2out"};
+  return std::find(std::begin(kAbilities), std::end(kAbilities), std::string_view(text)) !=
+                 std::end(kAbilities)
+             ? 1
+             : 0;
 }

@@ -1,4 +1,5 @@
-// The effect: widens by adding a delayed, shaped copy of mid on the left and subtracting it on the right.
+// The effect: widens by adding a delayed, shaped copy of mid on the left and subtracting it on the
+// right.
 #pragma once
 
 #include <array>
@@ -12,13 +13,15 @@
 #include "presetsystem/store/cpresetsystemeffect.h"
 
 // Parameter indexes and what they mean: effect/parameters.h.
-// resume and suspend reset; the audio thread processes; setParameter comes from any thread and only moves targets,
-// toward which the frames glide. What crosses threads is a relaxed word, the rest is the audio thread's.
+// resume and suspend reset; the audio thread processes; setParameter comes from any thread and only
+// moves targets, toward which the frames glide. What crosses threads is a relaxed word, the rest is
+// the audio thread's.
 class Trelvan : public CPresetSystemEffect {
  public:
   static constexpr VstInt32 kUniqueID = kTrelvanID;
 
-  // Complete with factory presets, stored defaults and coefficients; needs no display. Throws on lack of memory.
+  // Complete with factory presets, stored defaults and coefficients; needs no display. Throws on
+  // lack of memory.
   explicit Trelvan(audioMasterCallback host);
   ~Trelvan() override;
 
@@ -30,7 +33,8 @@ class Trelvan : public CPresetSystemEffect {
 
   void setParameter(VstInt32 index, float value) override;  // value: raw, 0..1, taken as given
   float getParameter(VstInt32 index) override;              // raw; 0 for an index without a value
-  // Side gain (0), base frequency in Hz (1), emphasis (2), switch 0 or 1 (3, 4), internal value (6), else 0.
+  // Side gain (0), base frequency in Hz (1), emphasis (2), switch 0 or 1 (3, 4), internal value
+  // (6), else 0.
   virtual float getParameterValue(VstInt32 index);
   void getParameterLabel(VstInt32 index, char* label) override;
   void getParameterDisplay(VstInt32 index, char* text) override;
@@ -55,7 +59,8 @@ class Trelvan : public CPresetSystemEffect {
   float getVu() override;  // returns the peak value and clears it
 
   // For the editor, on the user-interface thread.
-  float getWidthMeter() const { return widthMeter; }  // -0.5 side outweighs .. 0 equal .. +0.5 mid outweighs
+  // -0.5 side outweighs .. 0 equal .. +0.5 mid outweighs
+  float getWidthMeter() const { return widthMeter; }
   void setEditorOpen(bool open) { editorOpen = open ? 1 : 0; }
   bool isEditorOpen() const { return editorOpen != 0; }
 
@@ -87,10 +92,12 @@ class Trelvan : public CPresetSystemEffect {
   Relaxed<bool> inputStereo{true};   // the second input is to be read
   Relaxed<bool> outputStereo{true};  // the second output is to be written
 
-  // By parameter index: raw values, and what follows from them: the targets of the glides, the switches.
+  // By parameter index: raw values, and what follows from them: the targets of the glides, the
+  // switches.
   std::array<Relaxed<float>, kParameterCount> raw;
   std::array<Relaxed<float>, kParameterCount> derived;
-  Relaxed<std::int32_t> delayTarget{0};  // read offset in frames: length minus one period of the base frequency
+  // read offset in frames: length minus one period of the base frequency
+  Relaxed<std::int32_t> delayTarget{0};
   Relaxed<std::int32_t> sampleRateInt{44100};
   Relaxed<float> auxParameter;
 

@@ -17,7 +17,8 @@ void copyText(char* to, VstInt32 index, const char* (*text)(const Parameter&)) {
 
 }  // namespace
 
-// Any thread. The write index needs no wrapping here: the audio thread keeps it below the length at all times.
+// Any thread. The write index needs no wrapping here: the audio thread keeps it below the length at
+// all times.
 void Trelvan::setParameter(VstInt32 index, float value) {
   if (!isPresetChangeInProgress()) CPresetSystemEffect::setParameter(index, value);
   if (isParameter(index)) {

@@ -3,8 +3,8 @@
 
 #include "effect/trelvan.h"
 
-// Where the channels of one block are; several may be the same buffer. Each frame is read before it is written, left is
-// written before right, so a single output ends up with the right channel.
+// Where the channels of one block are; several may be the same buffer. Each frame is read before it
+// is written, left is written before right, so a single output ends up with the right channel.
 template <typename Sample>
 struct Trelvan::Frames {
   const Sample* inL;
@@ -19,8 +19,8 @@ Glide Trelvan::glide(ParameterIndex index) {
   return Glide(smoothed[slot], derived[slot], glideCoeff);
 }
 
-// The order of operations and the types in here are the definition of the sound: results are the same bits for every
-// division into blocks.
+// The order of operations and the types in here are the definition of the sound: results are the
+// same bits for every division into blocks.
 template <typename Sample>
 void Trelvan::widen(const Frames<Sample>& block) {
   Glide gain = glide(kWidthIndex);
@@ -48,7 +48,8 @@ void Trelvan::widen(const Frames<Sample>& block) {
   lastDelayed = previous;
 }
 
-// Passes the input; the parameters keep gliding and the delay line keeps filling, so that switching on is smooth.
+// Passes the input; the parameters keep gliding and the delay line keeps filling, so that switching
+// on is smooth.
 template <typename Sample>
 void Trelvan::bypass(const Frames<Sample>& block) {
   Glide gain = glide(kWidthIndex);
@@ -71,8 +72,8 @@ void Trelvan::bypass(const Frames<Sample>& block) {
   }
 }
 
-// A right buffer counts only where the host says that there is one: its arrays may end after the left one's pointer,
-// and a block of no frames may come without arrays.
+// A right buffer counts only where the host says that there is one: its arrays may end after the
+// left one's pointer, and a block of no frames may come without arrays.
 template <typename Sample>
 void Trelvan::processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFrames) {
   const ProcessingScope scope(processing, "process");
@@ -81,8 +82,8 @@ void Trelvan::processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFra
   if (sampleFrames > 0) {
     const bool hasRightIn = rightIn && inputs[1] != nullptr && inputs[1] != inputs[0];
     const bool hasRightOut = rightOut && outputs[1] != nullptr && outputs[1] != outputs[0];
-    const Frames<Sample> block{inputs[0], inputs[hasRightIn ? 1 : 0], outputs[0], outputs[hasRightOut ? 1 : 0],
-                               sampleFrames};
+    const Frames<Sample> block{inputs[0], inputs[hasRightIn ? 1 : 0], outputs[0],
+                               outputs[hasRightOut ? 1 : 0], sampleFrames};
     if (derived[kProcessIndex] >= 0.5F) {
       widen(block);
     } else {
@@ -100,8 +101,8 @@ void Trelvan::processDoubleReplacing(double** inputs, double** outputs, VstInt32
   processBlock(inputs, outputs, sampleFrames);
 }
 
-// Logarithm to base 16 of four times mid over side, shifted so that equal levels read 0 and a ratio of four either way
-// is the end of the scale.
+// Logarithm to base 16 of four times mid over side, shifted so that equal levels read 0 and a ratio
+// of four either way is the end of the scale.
 float Trelvan::meterReading() const {
   constexpr double kMidFloor = 1e-5;
   constexpr double kSideFloor = 1e-7;
@@ -110,7 +111,8 @@ float Trelvan::meterReading() const {
   const bool mid = midEnvelope > kMidFloor;
   const bool side = sideEnvelope > kSideFloor;
   if (mid && side) {
-    const double reading = (std::log10(midEnvelope / sideEnvelope) + kLog10Of4) * kPerLog10Of16 - 0.5;
+    const double reading =
+        (std::log10(midEnvelope / sideEnvelope) + kLog10Of4) * kPerLog10Of16 - 0.5;
     if (reading < -0.5) return -0.5F;
     if (reading > 0.5) return 0.5F;
     return static_cast<float>(reading);

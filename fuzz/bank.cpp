@@ -19,27 +19,31 @@ struct BankReading {
   InvalidParameters repaired;
 };
 
-BankReading readOver(const Bank& before, const Bytes& entries, const newpresetheader& header, bool swapped) {
+BankReading readOver(const Bank& before, const Bytes& entries, const newpresetheader& header,
+                     bool swapped) {
   BankReading reading{Reading::refused, before, {}};
-  reading.result =
-      presetimage::readBank(entries, header, swapped, fuzz::sampleDefault(), reading.bank, reading.repaired);
+  reading.result = presetimage::readBank(entries, header, swapped, fuzz::sampleDefault(),
+                                         reading.bank, reading.repaired);
   return reading;
 }
 
 bool same(const BankReading& a, const BankReading& b) {
-  return a.result == b.result && fuzz::identical(a.bank, b.bank) && a.repaired.size() == b.repaired.size();
+  return a.result == b.result && fuzz::identical(a.bank, b.bank) &&
+         a.repaired.size() == b.repaired.size();
 }
 
 void requireHonestNotes(const BankReading& reading, std::size_t entries) {
   require(reading.repaired.size() <= entries, "there are no more diagnostics than entries");
   for (const presetimage::InvalidParameter& note : reading.repaired) {
     require(note.value < 0.0F || note.value > 1.0F, "a diagnostic tells a value outside 0..1");
-    require(note.preset >= 0 && note.preset < presetimage::kPresetCount, "a diagnostic tells a preset of the bank");
+    require(note.preset >= 0 && note.preset < presetimage::kPresetCount,
+            "a diagnostic tells a preset of the bank");
   }
 }
 
 // Every preset has the name of its last name entry, and one that no entry names is as it was.
-void requireNamedOnly(const Bank& before, const BankReading& reading, const std::vector<fuzz::EntryPlace>& places) {
+void requireNamedOnly(const Bank& before, const BankReading& reading,
+                      const std::vector<fuzz::EntryPlace>& places) {
   for (std::size_t number = 0; number < before.size(); ++number) {
     const char* name = before[number].name;
     bool named = false;
@@ -50,14 +54,17 @@ void requireNamedOnly(const Bank& before, const BankReading& reading, const std:
       if (renames) name = reinterpret_cast<const char*>(place.payload.data());
     }
     const ACombProgram& preset = reading.bank[number];
-    require(std::memcmp(preset.name, name, sizeof preset.name) == 0, "a preset has the name of its last name entry");
-    require(named || fuzz::identical(preset, before[number]), "a preset that no entry names stays as it was");
+    require(std::memcmp(preset.name, name, sizeof preset.name) == 0,
+            "a preset has the name of its last name entry");
+    require(named || fuzz::identical(preset, before[number]),
+            "a preset that no entry names stays as it was");
   }
 }
 
 void requireRoundTrip(const Bank& bank, std::int32_t currentPreset) {
   const int select = presetimage::presetToSelect(currentPreset);
-  require(select >= 0 && select < presetimage::kPresetCount, "the preset to select is one of the bank");
+  require(select >= 0 && select < presetimage::kPresetCount,
+          "the preset to select is one of the bank");
   InvalidParameters repaired;
   const Bytes written = presetimage::writeBank(bank, fuzz::kUniqueID, select, {}, repaired);
   require(repaired.empty(), "what was read is written without repair");
@@ -79,10 +86,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   require((reading.result == Reading::stopped) == (header.entryCount < 0),
           "a negative entry count, and it alone, stops");
-  require(fuzz::normalised(reading.bank), "all values lie in 0..1, even where the reading was refused");
+  require(fuzz::normalised(reading.bank),
+          "all values lie in 0..1, even where the reading was refused");
   require(reading.result != Reading::stopped || fuzz::identical(reading.bank, before),
           "a stopped reading reads nothing");
-  const auto places = fuzz::entryPlaces(image.entries, header.entryCount, header.dataSize, image.swapped);
+  const auto places =
+      fuzz::entryPlaces(image.entries, header.entryCount, header.dataSize, image.swapped);
   requireHonestNotes(reading, places.size());
 
   const auto named = fuzz::namedPart(image.entries, header.dataSize);
@@ -90,7 +99,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
           "nothing after the data size is looked at");
   Bytes turned = image.entries;
   fuzz::reverseEntries(turned, image.swapped);
-  require(same(readOver(before, turned, header, !image.swapped), reading), "the other byte order reads the same");
+  require(same(readOver(before, turned, header, !image.swapped), reading),
+          "the other byte order reads the same");
 
   if (reading.result == Reading::done) {
     requireNamedOnly(before, reading, places);

@@ -82,7 +82,8 @@ void requireName(AEffect* effect, VstInt32 number, const ACombProgram& preset) {
 presetimage::Bytes validChunkOf(Trelvan& effect) {
   AEffect* record = effect.getAeffect();
   void* data = nullptr;
-  const VstIntPtr size = record->dispatcher(record, effGetChunk, 0, 0, static_cast<void*>(&data), 0.0F);
+  const VstIntPtr size =
+      record->dispatcher(record, effGetChunk, 0, 0, static_cast<void*>(&data), 0.0F);
   require(size == kChunkSize && data != nullptr, "the chunk is 10545 bytes");
   const auto* bytes = static_cast<const unsigned char*>(data);
   presetimage::Bytes chunk(bytes, bytes + size);

@@ -1,5 +1,5 @@
-// Fuzz target: files of every kind, read into the whole effect through the editor's operations as a file loader calls
-// them.
+// Fuzz target: files of every kind, read into the whole effect through the editor's operations as a
+// file loader calls them.
 #include <algorithm>
 #include <cstring>
 #include <memory>
@@ -18,8 +18,9 @@ using Content = presetimage::Image::Content;
 
 constexpr long kCurrentBefore = 30;
 
-// Into the effect by the operation that a loader calls for such a file. The bytes are a block of their own that ends
-// where the file ends. What is none of ours is read as an old MIDI map, which no kind names.
+// Into the effect by the operation that a loader calls for such a file. The bytes are a block of
+// their own that ends where the file ends. What is none of ours is read as an old MIDI map, which
+// no kind names.
 void readFile(const presetimage::Image& image, const Bytes& file) {
   CPresetSystemEditor& editor = fuzz::wholeEffectsEditor();
   Bytes copy(image.body.begin(), image.body.end());
@@ -31,8 +32,9 @@ void readFile(const presetimage::Image& image, const Bytes& file) {
                   : editor.BufferToPreset(body, &header, image.swapped);
       break;
     case Content::bank:
-      image.isOld ? editor.BufferToBankOld(body, image.swapped, image.recordCount, image.floatsPerRecord)
-                  : editor.BufferToBank(body, &header, image.swapped);
+      image.isOld
+          ? editor.BufferToBankOld(body, image.swapped, image.recordCount, image.floatsPerRecord)
+          : editor.BufferToBank(body, &header, image.swapped);
       break;
     case Content::midiMap:
       editor.BufferToMidi(body, &header, image.swapped);
@@ -82,12 +84,16 @@ Outcome expectedFrom(const presetimage::Image& image, const Bank& before) {
 void requireOutcome(const presetimage::Image& image, const Bank& before) {
   Trelvan& effect = fuzz::wholeEffect();
   const Outcome expected = expectedFrom(image, before);
-  require(fuzz::identical(effect.bank(), expected.bank), "the bank is what the file says, or what it was");
+  require(fuzz::identical(effect.bank(), expected.bank),
+          "the bank is what the file says, or what it was");
   const bool done = expected.result == presetimage::Reading::done;
   const bool isBank = image.content == Content::bank;
-  require((done && isBank) || effect.getPresetNo() == kCurrentBefore, "only a bank moves the selection");
-  require(!(done && isBank) || effect.getPresetNo() == image.presetToSelect, "and to the preset that it selects");
-  require(!(done && isBank && image.isOld) || effect.getPresetNo() == 0, "an old bank selects its first preset");
+  require((done && isBank) || effect.getPresetNo() == kCurrentBefore,
+          "only a bank moves the selection");
+  require(!(done && isBank) || effect.getPresetNo() == image.presetToSelect,
+          "and to the preset that it selects");
+  require(!(done && isBank && image.isOld) || effect.getPresetNo() == 0,
+          "an old bank selects its first preset");
   if (done) fuzz::requireCurrentPresetPlays();
 }
 
@@ -105,9 +111,11 @@ void requireFixPoint(Writer write, Content content, std::size_t expectedSize) {
   const Bytes image(out, out + length);
   for (const Bytes& file : {image, fuzz::inOtherOrder(image)}) {
     const presetimage::Image read = presetimage::identify(file, fuzz::kUniqueID);
-    require(read.content == content && read.extent == presetimage::Image::Extent::whole, "it is told for what it is");
+    require(read.content == content && read.extent == presetimage::Image::Extent::whole,
+            "it is told for what it is");
     readFile(read, file);
-    require(fuzz::identical(fuzz::wholeEffect().bank(), before), "what was written reads back the same");
+    require(fuzz::identical(fuzz::wholeEffect().bank(), before),
+            "what was written reads back the same");
     require(fuzz::wholeEffect().getPresetNo() == current, "the selection stays");
   }
 }
@@ -118,7 +126,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
   if (size < presetimage::kOldPrefixSize) return 0;
   const Bytes file(input, input + size);
   const presetimage::Image image = presetimage::identify(file, fuzz::kUniqueID);
-  if (image.isChunk || image.extent == presetimage::Image::Extent::headless) return 0;  // no file, or none to be read
+  // no file, or none to be read
+  if (image.isChunk || image.extent == presetimage::Image::Extent::headless) return 0;
   const Bank before = fuzz::sampleBank();
   fuzz::resetWholeEffect(before, kCurrentBefore);
 
@@ -126,7 +135,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
   fuzz::requireSoundState();
   requireOutcome(image, before);
   requireFixPoint(&CPresetSystemEditor::BankToBuffer, Content::bank, presetimage::kBankImageSize);
-  requireFixPoint(&CPresetSystemEditor::PresetToBuffer, Content::preset, presetimage::kPresetImageSize);
-  requireFixPoint(&CPresetSystemEditor::MidiToBuffer, Content::midiMap, presetimage::kMidiMapImageSize);
+  requireFixPoint(&CPresetSystemEditor::PresetToBuffer, Content::preset,
+                  presetimage::kPresetImageSize);
+  requireFixPoint(&CPresetSystemEditor::MidiToBuffer, Content::midiMap,
+                  presetimage::kMidiMapImageSize);
   return 0;
 }

@@ -32,12 +32,13 @@ void reverseWordsFrom(std::span<unsigned char> data, std::size_t at) {
   for (; at + kWord <= data.size(); at += kWord) reverseWordAt(data, at);
 }
 
-std::span<const unsigned char> namedPart(std::span<const unsigned char> entries, std::int32_t dataSize) {
+std::span<const unsigned char> namedPart(std::span<const unsigned char> entries,
+                                         std::int32_t dataSize) {
   return entries.first(std::min(entries.size(), static_cast<std::size_t>(std::max(dataSize, 0))));
 }
 
-std::vector<EntryPlace> entryPlaces(std::span<const unsigned char> entries, std::int32_t count, std::int32_t dataSize,
-                                    bool swapped) {
+std::vector<EntryPlace> entryPlaces(std::span<const unsigned char> entries, std::int32_t count,
+                                    std::int32_t dataSize, bool swapped) {
   std::vector<EntryPlace> places;
   entries = namedPart(entries, dataSize);
   for (; count > 0 && entries.size() >= kEntryHead; --count) {

@@ -1,4 +1,5 @@
-// Writes the fuzz targets' seeds: small images and chunks of every kind, in both byte orders, made by the writers.
+// Writes the fuzz targets' seeds: small images and chunks of every kind, in both byte orders, made
+// by the writers.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -16,10 +17,12 @@ using presetimage::Bytes;
 constexpr std::size_t kPresetEntries =
     presetimage::kNameEntrySize + presetimage::kParameterCount * presetimage::kParameterEntrySize;
 
-Bytes withHeader(newpresetheader header, std::size_t entriesSize, std::int32_t entryCount, const Bytes& image) {
+Bytes withHeader(newpresetheader header, std::size_t entriesSize, std::int32_t entryCount,
+                 const Bytes& image) {
   header.dataSize = static_cast<std::int32_t>(entriesSize);
   header.entryCount = entryCount;
-  Bytes made(image.begin(), image.begin() + static_cast<std::ptrdiff_t>(newpresetheader::kSize + entriesSize));
+  Bytes made(image.begin(),
+             image.begin() + static_cast<std::ptrdiff_t>(newpresetheader::kSize + entriesSize));
   ByteWriter front(made);
   header.write(front);
   return made;
@@ -29,8 +32,8 @@ Bytes withHeader(newpresetheader header, std::size_t entriesSize, std::int32_t e
 Bytes bankImage(int presets) {
   presetimage::InvalidParameters repaired;
   const Bytes whole = presetimage::writeBank(fuzz::sampleBank(), fuzz::kUniqueID, 3, {}, repaired);
-  return withHeader(newpresetheader::read(whole), static_cast<std::size_t>(presets) * kPresetEntries, 6 * presets,
-                    whole);
+  return withHeader(newpresetheader::read(whole),
+                    static_cast<std::size_t>(presets) * kPresetEntries, 6 * presets, whole);
 }
 
 // Values beyond 0..1: a bank is repaired, a preset refused.
@@ -54,25 +57,35 @@ Bytes oldRecords(int records, int floats) {
   for (int number = 0; number < records; ++number) {
     const ACombProgram& preset = bank[static_cast<std::size_t>(number)];
     out.text(std::string(preset.name, sizeof preset.name), sizeof preset.name);
-    for (int index = 0; index < floats; ++index) out.real(preset.parameter(index % presetimage::kParameterCount));
+    for (int index = 0; index < floats; ++index)
+      out.real(preset.parameter(index % presetimage::kParameterCount));
   }
   return out.bytes;
 }
 
 Bytes oldFile(ImageKind kind, const Bytes& records, bool otherOrder) {
-  Bytes file = imagebytes::Writer().number(fuzz::kUniqueID).byte(static_cast<int>(kind)).append(records).bytes;
+  Bytes file = imagebytes::Writer()
+                   .number(fuzz::kUniqueID)
+                   .byte(static_cast<int>(kind))
+                   .append(records)
+                   .bytes;
   if (otherOrder) fuzz::reverseWordAt(file, 0);
   return file;
 }
 
 Bytes oldChunk(int records, int floats, std::int32_t current) {
   imagebytes::Writer out;
-  out.number(presetimage::kOldChunkTag).number(fuzz::kUniqueID).number(records).number(current).zeros(16);
+  out.number(presetimage::kOldChunkTag)
+      .number(fuzz::kUniqueID)
+      .number(records)
+      .number(current)
+      .zeros(16);
   return out.append(oldRecords(records, floats)).bytes;
 }
 
 Bytes oldChunkInOtherOrder(Bytes chunk) {
-  fuzz::reverseWordsFrom(std::span<unsigned char>(chunk).first(presetimage::kOldChunkHeaderSize), 0);
+  fuzz::reverseWordsFrom(std::span<unsigned char>(chunk).first(presetimage::kOldChunkHeaderSize),
+                         0);
   return chunk;
 }
 
@@ -90,7 +103,8 @@ class Corpus {
   void add(const std::string& target, const std::string& name, const Bytes& seed) {
     std::filesystem::create_directories(folder / target);
     std::ofstream out(folder / target / name, std::ios::binary | std::ios::trunc);
-    out.write(reinterpret_cast<const char*>(seed.data()), static_cast<std::streamsize>(seed.size()));
+    out.write(reinterpret_cast<const char*>(seed.data()),
+              static_cast<std::streamsize>(seed.size()));
     written = written && out.good();
   }
   void addBothOrders(const std::string& target, const std::string& name, const Bytes& image) {
@@ -106,7 +120,8 @@ class Corpus {
 
 void addImages(Corpus& corpus) {
   const Bytes preset = presetimage::writePreset(fuzz::sampleDefault(), fuzz::kUniqueID, {});
-  const Bytes midiMap = presetimage::writeMidiMap({0.0F, 0.25F, 0.5F, 0.75F, 1.0F}, fuzz::kUniqueID, {});
+  const Bytes midiMap =
+      presetimage::writeMidiMap({0.0F, 0.25F, 0.5F, 0.75F, 1.0F}, fuzz::kUniqueID, {});
   for (const char* target : {"bank", "editorimages"}) {
     corpus.add(target, "bank-empty", bankImage(0));
     corpus.addBothOrders(target, "bank-2-presets", bankImage(2));
@@ -117,15 +132,18 @@ void addImages(Corpus& corpus) {
     corpus.addBothOrders(target, "preset", preset);
     corpus.add(target, "preset-wild", wildPresetImage());
   }
-  for (const char* target : {"midimap", "editorimages"}) corpus.addBothOrders(target, "midimap", midiMap);
+  for (const char* target : {"midimap", "editorimages"})
+    corpus.addBothOrders(target, "midimap", midiMap);
   corpus.add("midimap", "old-floats", oldRecords(1, 5));
 }
 
 void addOld(Corpus& corpus) {
   for (const char* target : {"oldfile", "editorimages"}) {
     corpus.add(target, "old-preset", oldFile(ImageKind::oldPreset, oldRecords(1, 5), false));
-    corpus.add(target, "old-preset-other-order", oldFile(ImageKind::oldPreset, oldRecords(1, 3), true));
-    corpus.add(target, "old-bank", oldFile(ImageKind::oldBank, oldRecords(presetimage::kPresetCount, 5), false));
+    corpus.add(target, "old-preset-other-order",
+               oldFile(ImageKind::oldPreset, oldRecords(1, 3), true));
+    corpus.add(target, "old-bank",
+               oldFile(ImageKind::oldBank, oldRecords(presetimage::kPresetCount, 5), false));
     corpus.add(target, "old-bank-other-order",
                oldFile(ImageKind::oldBank, oldRecords(presetimage::kPresetCount, 1), true));
   }
@@ -138,13 +156,15 @@ void addOld(Corpus& corpus) {
 
 void addChunks(Corpus& corpus) {
   const Bytes small = presetimage::wrapBank(bankImage(2), fuzz::kUniqueID);
-  corpus.add("setchunk", "whole", steered(0, 0, presetimage::wrapBank(bankImage(32), fuzz::kUniqueID)));
+  corpus.add("setchunk", "whole",
+             steered(0, 0, presetimage::wrapBank(bankImage(32), fuzz::kUniqueID)));
   corpus.add("setchunk", "small", steered(0, 0, small));
   corpus.add("setchunk", "other-order", steered(0, 0, fuzz::chunkInOtherOrder(small)));
   corpus.add("setchunk", "cut", steered(1, 128, small));
   corpus.add("setchunk", "no-size", steered(2, 0, small));
   corpus.add("setchunk", "negative-size", steered(3, 0, fuzz::chunkInOtherOrder(small)));
-  corpus.add("setchunk", "wild", steered(0, 0, presetimage::wrapBank(wildBankImage(), fuzz::kUniqueID)));
+  corpus.add("setchunk", "wild",
+             steered(0, 0, presetimage::wrapBank(wildBankImage(), fuzz::kUniqueID)));
   corpus.add("setchunk", "old", steered(0, 0, oldChunk(32, 5, 7)));
   corpus.add("setchunk", "old-other-order", steered(0, 0, oldChunkInOtherOrder(oldChunk(2, 0, 1))));
 

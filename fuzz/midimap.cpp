@@ -14,16 +14,19 @@ using presetimage::MidiAssignment;
 using Assignments = std::vector<MidiAssignment>;
 
 bool same(const Assignments& a, const Assignments& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const MidiAssignment& x, const MidiAssignment& y) {
-    return x.parameter == y.parameter && std::bit_cast<std::uint32_t>(x.value) == std::bit_cast<std::uint32_t>(y.value);
-  });
+  return std::equal(
+      a.begin(), a.end(), b.begin(), b.end(), [](const MidiAssignment& x, const MidiAssignment& y) {
+        return x.parameter == y.parameter &&
+               std::bit_cast<std::uint32_t>(x.value) == std::bit_cast<std::uint32_t>(y.value);
+      });
 }
 
 void requireUsable(const Assignments& assignments) {
   for (const MidiAssignment& assignment : assignments) {
     require(assignment.parameter >= 0 && assignment.parameter < presetimage::kParameterCount,
             "an assignment is for one of the five");
-    require(assignment.value >= 0.0F && assignment.value <= 1.0F, "an assignment's value lies in 0..1");
+    require(assignment.value >= 0.0F && assignment.value <= 1.0F,
+            "an assignment's value lies in 0..1");
   }
 }
 
@@ -34,7 +37,8 @@ void requireRoundTrip(const Assignments& assignments, std::uint32_t dummyBits) {
     values[static_cast<std::size_t>(assignment.parameter)] = assignment.value;
   }
   const presetimage::DummySlots dummies = fuzz::dummiesFrom(dummyBits);
-  const fuzz::Image image = fuzz::imageFrom(presetimage::writeMidiMap(values, fuzz::kUniqueID, dummies));
+  const fuzz::Image image =
+      fuzz::imageFrom(presetimage::writeMidiMap(values, fuzz::kUniqueID, dummies));
   Assignments expected;
   for (std::size_t slot = 0; slot < values.size(); ++slot) {
     if (!dummies[slot]) expected.push_back({static_cast<int>(slot), values[slot]});
@@ -47,9 +51,12 @@ void readCurrent(const fuzz::Image& image) {
   const newpresetheader& header = image.header;
   const Assignments assignments = presetimage::readMidiMap(image.entries, header, image.swapped);
   requireUsable(assignments);
-  const auto places = fuzz::entryPlaces(image.entries, header.entryCount, header.dataSize, image.swapped);
-  const auto ofItsKind = std::count_if(places.begin(), places.end(), [](const auto& place) { return place.kind == 2; });
-  require(assignments.size() <= static_cast<std::size_t>(ofItsKind), "only MIDI entries make assignments");
+  const auto places =
+      fuzz::entryPlaces(image.entries, header.entryCount, header.dataSize, image.swapped);
+  const auto ofItsKind = std::count_if(places.begin(), places.end(),
+                                       [](const auto& place) { return place.kind == 2; });
+  require(assignments.size() <= static_cast<std::size_t>(ofItsKind),
+          "only MIDI entries make assignments");
 
   Bytes turned = image.entries;
   fuzz::reverseEntries(turned, image.swapped);
@@ -63,10 +70,12 @@ void readOld(const Bytes& data, int floatCount, const presetimage::DummySlots& d
   const Assignments assignments = presetimage::readOldMidiMap(data, false, floatCount, dummies);
   requireUsable(assignments);
   const auto there = static_cast<std::int64_t>(data.size() / sizeof(float));
-  require(static_cast<std::int64_t>(assignments.size()) <= std::min<std::int64_t>(std::max(floatCount, 0), there),
+  require(static_cast<std::int64_t>(assignments.size()) <=
+              std::min<std::int64_t>(std::max(floatCount, 0), there),
           "an assignment needs a float that was named and is there");
   for (const MidiAssignment& assignment : assignments) {
-    require(!dummies[static_cast<std::size_t>(assignment.parameter)], "a placeholder is not assigned");
+    require(!dummies[static_cast<std::size_t>(assignment.parameter)],
+            "a placeholder is not assigned");
   }
   Bytes turned = data;
   fuzz::reverseWordsFrom(turned, 0);

@@ -20,8 +20,8 @@ constexpr std::size_t kReservedOffset = 16;  // four words that mean nothing
 
 // A chunk as long as is taken in at most, zero-filled.
 Bytes takenIn(std::span<const unsigned char> chunk) {
-  Bytes data(chunk.begin(),
-             chunk.begin() + static_cast<std::ptrdiff_t>(std::min(chunk.size(), presetimage::kOldChunkSize)));
+  Bytes data(chunk.begin(), chunk.begin() + static_cast<std::ptrdiff_t>(std::min(
+                                                chunk.size(), presetimage::kOldChunkSize)));
   data.resize(presetimage::kOldChunkSize);
   data.shrink_to_fit();
   return data;
@@ -33,11 +33,13 @@ struct OldReading {
 };
 
 // byteSize: what the host says; data: what is there of it, and all that may be looked at.
-OldReading readOver(const Bytes& data, std::int64_t byteSize, const DummySlots& dummies, Bank& bank) {
+OldReading readOver(const Bytes& data, std::int64_t byteSize, const DummySlots& dummies,
+                    Bank& bank) {
   bank = fuzz::sampleBank();
   const bool known = byteSize > 0;
   const std::size_t size = known ? static_cast<std::size_t>(byteSize) : data.size();
-  const presetimage::Image image = presetimage::identify({data.data(), size}, fuzz::kUniqueID, {.sizeKnown = known});
+  const presetimage::Image image =
+      presetimage::identify({data.data(), size}, fuzz::kUniqueID, {.sizeKnown = known});
   if (!image.isChunk) return {false, 0};
   presetimage::InvalidParameters none;
   const auto reading = presetimage::readBank(image, dummies, fuzz::sampleDefault(), bank, none);
@@ -47,7 +49,8 @@ OldReading readOver(const Bytes& data, std::int64_t byteSize, const DummySlots& 
 // Bytes from one record to the next; 0: too small for a name.
 std::size_t strideOf(std::int64_t byteSize, std::int32_t count) {
   const std::int64_t share = (byteSize - 32) / count;
-  return byteSize < 32 || share < ACombProgram::kNameSize ? 0 : static_cast<std::size_t>(share / 4 * 4);
+  return byteSize < 32 || share < ACombProgram::kNameSize ? 0
+                                                          : static_cast<std::size_t>(share / 4 * 4);
 }
 
 // Floats are turned, names stay, as the stride tells them apart.
@@ -55,8 +58,10 @@ Bytes inOtherOrder(Bytes data, std::size_t stride) {
   const std::span<unsigned char> bytes(data);
   fuzz::reverseWordsFrom(bytes.first(presetimage::kOldChunkHeaderSize), 0);
   if (stride == 0) return data;
-  for (std::size_t at = presetimage::kOldChunkHeaderSize; at < data.size(); at += std::min(stride, data.size())) {
-    fuzz::reverseWordsFrom(bytes.subspan(at, std::min(stride, data.size() - at)), ACombProgram::kNameSize);
+  for (std::size_t at = presetimage::kOldChunkHeaderSize; at < data.size();
+       at += std::min(stride, data.size())) {
+    fuzz::reverseWordsFrom(bytes.subspan(at, std::min(stride, data.size() - at)),
+                           ACombProgram::kNameSize);
   }
   return data;
 }
@@ -66,7 +71,8 @@ void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlo
   Bank bank;
   const OldReading reading = readOver(data, byteSize, dummies, bank);
   require(fuzz::normalised(bank), "all values lie in 0..1, even where the reading was refused");
-  require(!reading.complete || (reading.presetToSelect >= 0 && reading.presetToSelect < presetimage::kPresetCount),
+  require(!reading.complete ||
+              (reading.presetToSelect >= 0 && reading.presetToSelect < presetimage::kPresetCount),
           "the preset to select is one of the bank");
 
   const std::int32_t count = fuzz::wordAt(data, kCountOffset, swapped);
@@ -74,9 +80,11 @@ void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlo
   const std::size_t taken = std::min(stride, sizeof(ACombProgram));  // of a record
   for (std::size_t number = 0; number < bank.size(); ++number) {
     const std::size_t at = presetimage::kOldChunkHeaderSize + number * stride;
-    const bool there = stride != 0 && static_cast<std::int64_t>(number) < count && at + taken <= data.size();
+    const bool there =
+        stride != 0 && static_cast<std::int64_t>(number) < count && at + taken <= data.size();
     if (!there) {
-      require(fuzz::identical(bank[number], before[number]), "a preset without a record stays as it was");
+      require(fuzz::identical(bank[number], before[number]),
+              "a preset without a record stays as it was");
     } else if (reading.complete) {
       require(std::memcmp(bank[number].name, data.data() + at, ACombProgram::kNameSize) == 0,
               "a preset has its record's name");
@@ -100,7 +108,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
   const bool known = tag == presetimage::kChunkTag || tag == presetimage::kOldChunkTag;
   const bool isBank = image.content == presetimage::Image::Content::bank;
   require(!image.isChunk || isBank == known, "a chunk's tag is told in this machine's order");
-  require(!image.isChunk || image.isOld == (tag == presetimage::kOldChunkTag), "and so is its generation");
+  require(!image.isChunk || image.isOld == (tag == presetimage::kOldChunkTag),
+          "and so is its generation");
 
   // Whatever it is, as an old chunk of ours.
   Bytes data = takenIn(chunk);

@@ -29,7 +29,8 @@ OldFile fileFrom(const Bytes& file, const presetimage::Image& image) {
 // Names stay, floats are turned. stride: bytes of a record, its name included.
 Bytes inOtherOrder(Bytes records, std::size_t stride) {
   for (std::size_t at = 0; at + stride <= records.size(); at += stride) {
-    fuzz::reverseWordsFrom(std::span<unsigned char>(records).subspan(at, stride), ACombProgram::kNameSize);
+    fuzz::reverseWordsFrom(std::span<unsigned char>(records).subspan(at, stride),
+                           ACombProgram::kNameSize);
   }
   return records;
 }
@@ -50,10 +51,12 @@ void readPreset(const OldFile& file, int floats) {
   };
   ACombProgram preset;
   const Reading reading = read(file.data, file.swapped, preset);
-  require((reading == Reading::stopped) == (floats < 0), "a file too short for its name, and it alone, stops");
+  require((reading == Reading::stopped) == (floats < 0),
+          "a file too short for its name, and it alone, stops");
   require(fuzz::normalised(preset), "all values lie in 0..1, even where the reading was refused");
   if (reading == Reading::stopped) return;
-  require(std::memcmp(preset.name, file.data.data(), sizeof preset.name) == 0, "the name is the file's");
+  require(std::memcmp(preset.name, file.data.data(), sizeof preset.name) == 0,
+          "the name is the file's");
   requireDefaults(preset, floats, file.dummies);
   ACombProgram turned;
   const Bytes other = inOtherOrder(file.data, file.data.size());
@@ -65,28 +68,35 @@ void readBank(const OldFile& file, int records, int floats) {
   const Bank before = fuzz::sampleBank();
   const auto read = [&](const Bytes& data, bool swapped, Bank& bank) {
     bank = before;
-    return presetimage::readOldBank(data, swapped, records, floats, file.dummies, fuzz::sampleDefault(), bank);
+    return presetimage::readOldBank(data, swapped, records, floats, file.dummies,
+                                    fuzz::sampleDefault(), bank);
   };
   Bank bank;
   const Reading reading = read(file.data, file.swapped, bank);
-  require((reading == Reading::stopped) == (floats < 0), "records too short for their names, and they alone, stop");
+  require((reading == Reading::stopped) == (floats < 0),
+          "records too short for their names, and they alone, stop");
   require(fuzz::normalised(bank), "all values lie in 0..1, even where the reading was refused");
-  require(reading != Reading::stopped || fuzz::identical(bank, before), "a stopped reading reads nothing");
+  require(reading != Reading::stopped || fuzz::identical(bank, before),
+          "a stopped reading reads nothing");
   if (reading == Reading::stopped) return;
 
   const std::size_t stride = ACombProgram::kNameSize + 4 * static_cast<std::size_t>(floats);
   for (std::size_t number = 0; number < bank.size(); ++number) {
-    const bool there = static_cast<std::int64_t>(number) < records && (number + 1) * stride <= file.data.size();
+    const bool there =
+        static_cast<std::int64_t>(number) < records && (number + 1) * stride <= file.data.size();
     if (!there) {
-      require(fuzz::identical(bank[number], before[number]), "a preset without a record stays as it was");
+      require(fuzz::identical(bank[number], before[number]),
+              "a preset without a record stays as it was");
     } else if (reading == Reading::done) {
-      require(std::memcmp(bank[number].name, file.data.data() + number * stride, ACombProgram::kNameSize) == 0,
+      require(std::memcmp(bank[number].name, file.data.data() + number * stride,
+                          ACombProgram::kNameSize) == 0,
               "a preset has its record's name");
       requireDefaults(bank[number], floats, file.dummies);
     }
   }
   Bank turned;
-  require(read(inOtherOrder(file.data, stride), !file.swapped, turned) == reading && fuzz::identical(turned, bank),
+  require(read(inOtherOrder(file.data, stride), !file.swapped, turned) == reading &&
+              fuzz::identical(turned, bank),
           "the other byte order reads the same");
 }
 
@@ -99,7 +109,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const OldFile file = fileFrom(bytes, image);
   const auto fileSize = static_cast<std::int64_t>(size);
   if (image.content == presetimage::Image::Content::preset && image.isOld) {
-    require(image.floatsPerRecord == presetimage::floatsInOldPreset(fileSize), "the size tells the floats");
+    require(image.floatsPerRecord == presetimage::floatsInOldPreset(fileSize),
+            "the size tells the floats");
     readPreset(file, image.floatsPerRecord);
   } else {
     readBank(file, presetimage::kPresetCount, presetimage::floatsPerOldBankRecord(fileSize));

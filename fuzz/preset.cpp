@@ -16,7 +16,8 @@ struct PresetReading {
   ACombProgram preset;  // what was read into
 };
 
-PresetReading readOver(const ACombProgram& before, const Bytes& entries, const newpresetheader& header, bool swapped) {
+PresetReading readOver(const ACombProgram& before, const Bytes& entries,
+                       const newpresetheader& header, bool swapped) {
   PresetReading reading{Reading::refused, before};
   reading.result = presetimage::readPreset(entries, header, swapped, reading.preset);
   return reading;
@@ -31,7 +32,8 @@ void requireName(const PresetReading& reading, const std::vector<fuzz::EntryPlac
   const ACombProgram before = fuzz::sampleDefault();
   const void* name = before.name;
   for (const fuzz::EntryPlace& place : places) {
-    if (place.kind == 0 && place.payload.size() >= ACombProgram::kNameSize) name = place.payload.data();
+    if (place.kind == 0 && place.payload.size() >= ACombProgram::kNameSize)
+      name = place.payload.data();
   }
   require(std::memcmp(reading.preset.name, name, ACombProgram::kNameSize) == 0,
           "the preset has the name of the last name entry");
@@ -40,8 +42,10 @@ void requireName(const PresetReading& reading, const std::vector<fuzz::EntryPlac
 // A slot left out of the image keeps the default record's value.
 void requireRoundTrip(const ACombProgram& preset, std::uint32_t dummyBits) {
   const presetimage::DummySlots dummies = fuzz::dummiesFrom(dummyBits);
-  const fuzz::Image image = fuzz::imageFrom(presetimage::writePreset(preset, fuzz::kUniqueID, dummies));
-  const PresetReading back = readOver(fuzz::sampleDefault(), image.entries, image.header, image.swapped);
+  const fuzz::Image image =
+      fuzz::imageFrom(presetimage::writePreset(preset, fuzz::kUniqueID, dummies));
+  const PresetReading back =
+      readOver(fuzz::sampleDefault(), image.entries, image.header, image.swapped);
   ACombProgram expected = preset;
   for (std::size_t slot = 0; slot < dummies.size(); ++slot) {
     const int index = static_cast<int>(slot);
@@ -62,7 +66,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   require((reading.result == Reading::stopped) == (header.entryCount < 0),
           "a negative entry count, and it alone, stops");
-  require(fuzz::normalised(reading.preset), "all values lie in 0..1, even where the reading was refused");
+  require(fuzz::normalised(reading.preset),
+          "all values lie in 0..1, even where the reading was refused");
   require(reading.result != Reading::stopped || fuzz::identical(reading.preset, before),
           "a stopped reading reads nothing");
 
@@ -71,10 +76,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
           "nothing after the data size is looked at");
   Bytes turned = image.entries;
   fuzz::reverseEntries(turned, image.swapped);
-  require(same(readOver(before, turned, header, !image.swapped), reading), "the other byte order reads the same");
+  require(same(readOver(before, turned, header, !image.swapped), reading),
+          "the other byte order reads the same");
 
   if (reading.result == Reading::done) {
-    requireName(reading, fuzz::entryPlaces(image.entries, header.entryCount, header.dataSize, image.swapped));
+    requireName(reading, fuzz::entryPlaces(image.entries, header.entryCount, header.dataSize,
+                                           image.swapped));
     requireRoundTrip(reading.preset, static_cast<std::uint32_t>(header.reserved[0]));
   }
   return 0;

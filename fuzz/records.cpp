@@ -13,9 +13,11 @@ presetimage::Bank sampleBank() {
   for (int number = 0; number < presetimage::kPresetCount; ++number) {
     ACombProgram& preset = bank[static_cast<std::size_t>(number)];
     char name[64];
-    std::snprintf(name, sizeof name, "preset %d%s", number, number % 2 == 0 ? "" : ", with a long, long name");
+    std::snprintf(name, sizeof name, "preset %d%s", number,
+                  number % 2 == 0 ? "" : ", with a long, long name");
     preset.rename(name);
-    if (number % 4 == 3) preset.name[ACombProgram::kNameSize - 1] = '!';  // full: not terminated among its 24 bytes
+    // full: not terminated among its 24 bytes
+    if (number % 4 == 3) preset.name[ACombProgram::kNameSize - 1] = '!';
     for (int index = 0; index < presetimage::kParameterCount; ++index) {
       // 160 different values strictly between 0 and 1.
       const int slot = number * presetimage::kParameterCount + index + 1;
@@ -59,7 +61,8 @@ bool normalised(const ACombProgram& preset) {
 }
 
 bool normalised(const presetimage::Bank& bank) {
-  return std::all_of(bank.begin(), bank.end(), [](const ACombProgram& preset) { return normalised(preset); });
+  return std::all_of(bank.begin(), bank.end(),
+                     [](const ACombProgram& preset) { return normalised(preset); });
 }
 
 Image imageFrom(std::span<const unsigned char> data) {
@@ -72,7 +75,8 @@ Image imageFrom(std::span<const unsigned char> data) {
 
 presetimage::DummySlots dummiesFrom(std::uint32_t bits) {
   presetimage::DummySlots dummies{};
-  for (std::size_t slot = 0; slot < dummies.size(); ++slot) dummies[slot] = ((bits >> slot) & 1U) != 0;
+  for (std::size_t slot = 0; slot < dummies.size(); ++slot)
+    dummies[slot] = ((bits >> slot) & 1U) != 0;
   return dummies;
 }
 

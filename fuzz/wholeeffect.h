@@ -1,4 +1,5 @@
-// One whole effect for all inputs of a fuzz target, with a host that answers little and preferences that are empty.
+// One whole effect for all inputs of a fuzz target, with a host that answers little and preferences
+// that are empty.
 #pragma once
 
 #include "effect/trelvan.h"
@@ -6,11 +7,13 @@
 
 namespace fuzz {
 
-// Made at the first call, with XDG_CONFIG_HOME set to an empty temporary folder that goes away with the program.
+// Made at the first call, with XDG_CONFIG_HOME set to an empty temporary folder that goes away with
+// the program.
 Trelvan& wholeEffect();
 CPresetSystemEditor& wholeEffectsEditor();
 
-// Puts the bank, the default record's slots and the selection back, so that no input depends on the one before it.
+// Puts the bank, the default record's slots and the selection back, so that no input depends on the
+// one before it.
 void resetWholeEffect(const presetimage::Bank& bank, long current);
 
 // What every state of the effect must keep: the bank normalised, the selection one of the bank.

@@ -18,8 +18,8 @@ constexpr bool kThreadsAreChecked = false;
   std::abort();
 }
 
-// The signal's memory belongs to whoever processes: one thread at a time, and nobody resets it meanwhile. A call from
-// inside a call on the same thread is the host's right. Any thread.
+// The signal's memory belongs to whoever processes: one thread at a time, and nobody resets it
+// meanwhile. A call from inside a call on the same thread is the host's right. Any thread.
 template <bool kChecked>
 class ProcessingContractOf {
  public:
@@ -85,7 +85,9 @@ using WindowContract = WindowContractOf<kThreadsAreChecked>;
 // Processing as long as it lives.
 class ProcessingScope {
  public:
-  ProcessingScope(ProcessingContract& entered, const char* operation) : contract(entered) { contract.enter(operation); }
+  ProcessingScope(ProcessingContract& entered, const char* operation) : contract(entered) {
+    contract.enter(operation);
+  }
   ~ProcessingScope() { contract.leave(); }
   ProcessingScope(const ProcessingScope&) = delete;
   ProcessingScope& operator=(const ProcessingScope&) = delete;

@@ -45,8 +45,9 @@ std::string validText(std::string_view bytes) {
     if (good > 0 && good == length) {
       text += bytes.substr(at, length);
       at += length;
+      // cut off at the end
     } else if (good > 0 && at + good == bytes.size()) {
-      break;  // cut off at the end
+      break;
     } else {
       text += kReplacement;
       ++at;

@@ -5,7 +5,8 @@
 
 class AudioEffect;
 
-// Owned by its effect. All calls on the host's user-interface thread, which may differ from call to call.
+// Owned by its effect. All calls on the host's user-interface thread, which may differ from call to
+// call.
 class AEffEditor {
  public:
   explicit AEffEditor(AudioEffect* owner) : effect(owner) {}

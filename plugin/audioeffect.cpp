@@ -9,8 +9,8 @@ AudioEffect* objectOf(AEffect* effect) {
   return static_cast<AudioEffect*>(effect->object);
 }
 
-// Every entry of the record goes through here: hosts are not compiled to be unwound, so what is thrown (memory has run
-// out) ends as the answer that the request could not be met.
+// Every entry of the record goes through here: hosts are not compiled to be unwound, so what is
+// thrown (memory has run out) ends as the answer that the request could not be met.
 template <typename Answer, typename Work>
 Answer guarded(Answer cannot, Work&& work) noexcept {
   try {
@@ -29,10 +29,12 @@ void guarded(Work&& work) noexcept {
 }
 
 // The object is gone when effClose returns; the host must not touch the record afterwards.
-VstIntPtr dispatch(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+VstIntPtr dispatch(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                   float opt) {
   AudioEffect* object = objectOf(effect);
   const VstIntPtr cannot = opcode == effSetChunk ? AudioEffect::kChunkRefused : 0;
-  const VstIntPtr answer = guarded(cannot, [&] { return object->dispatcher(opcode, index, value, ptr, opt); });
+  const VstIntPtr answer =
+      guarded(cannot, [&] { return object->dispatcher(opcode, index, value, ptr, opt); });
   if (opcode != effClose) return answer;
   delete object;
   return 1;
@@ -81,9 +83,10 @@ AudioEffect::AudioEffect(audioMasterCallback host, VstInt32 programs, VstInt32 p
 
 AudioEffect::~AudioEffect() = default;
 
-VstIntPtr AudioEffect::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
-  const bool needsPointer =
-      (opcode >= effSetProgramName && opcode <= effGetParamName) || opcode == effEditGetRect || opcode == effGetChunk;
+VstIntPtr AudioEffect::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                                  float opt) {
+  const bool needsPointer = (opcode >= effSetProgramName && opcode <= effGetParamName) ||
+                            opcode == effEditGetRect || opcode == effGetChunk;
   if (needsPointer && ptr == nullptr) return 0;
   auto* text = static_cast<char*>(ptr);
   switch (opcode) {
@@ -204,7 +207,8 @@ bool AudioEffect::isOutputConnected(VstInt32 output) {
   return callHost(audioMasterPinConnected, output, 1) == 0;
 }
 
-VstIntPtr AudioEffect::callHost(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+VstIntPtr AudioEffect::callHost(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                                float opt) {
   return audioMaster != nullptr ? audioMaster(&cEffect, opcode, index, value, ptr, opt) : 0;
 }
 

@@ -7,13 +7,14 @@
 #include "plugin/aeffeditor.h"
 #include "plugin/vst24.h"
 
-// One instance per AEffect. The host makes and ends it on its user-interface thread, calls the dispatcher there (some
-// hosts also call effMainsChanged, effCanBeAutomated and getParameter on the audio thread), processes on its audio
-// thread, and may set parameters from any thread. Nothing here locks. The virtual operations stand in the published
-// order.
+// One instance per AEffect. The host makes and ends it on its user-interface thread, calls the
+// dispatcher there (some hosts also call effMainsChanged, effCanBeAutomated and getParameter on the
+// audio thread), processes on its audio thread, and may set parameters from any thread. Nothing
+// here locks. The virtual operations stand in the published order.
 class AudioEffect {
  public:
-  static constexpr VstInt32 kChunkRefused = -1;  // setChunk returns it for what it does not take; 0: taken
+  // setChunk returns it for what it does not take; 0: taken
+  static constexpr VstInt32 kChunkRefused = -1;
 
   AudioEffect(audioMasterCallback host, VstInt32 programs, VstInt32 parameters);
   virtual ~AudioEffect();  // deletes the editor
@@ -21,13 +22,16 @@ class AudioEffect {
   AudioEffect& operator=(const AudioEffect&) = delete;
 
   // Opcodes below 25; every other returns 0.
-  virtual VstIntPtr dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+  virtual VstIntPtr dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                               float opt);
   virtual void open() {}
   virtual void close() {}
   virtual void suspend() {}
   virtual void resume() {}
-  virtual void setSampleRate(float newSampleRate) { sampleRate = newSampleRate; }  // Hz, as the host says it
-  virtual void setBlockSize(VstInt32 newBlockSize) { blockSize = newBlockSize; }   // frames; a hint, blocks may differ
+  // Hz, as the host says it
+  virtual void setSampleRate(float newSampleRate) { sampleRate = newSampleRate; }
+  // frames; a hint, blocks may differ
+  virtual void setBlockSize(VstInt32 newBlockSize) { blockSize = newBlockSize; }
   // Audio thread. The buffers may be the same ones; sampleFrames may be 0 or more than announced.
   virtual void processReplacing(float** inputs, float** outputs, VstInt32 sampleFrames) = 0;
   virtual void processDoubleReplacing(double** inputs, double** outputs, VstInt32 sampleFrames) = 0;
@@ -40,11 +44,13 @@ class AudioEffect {
   virtual void setProgram(VstInt32 program) { curProgram = program; }
   virtual void setProgramName(char* name);
   virtual void getProgramName(char* name);
-  // text: the host's buffer, at least kVstMaxParamStrLen characters by the interface; hosts give more.
+  // text: the host's buffer, at least kVstMaxParamStrLen characters by the interface; hosts give
+  // more.
   virtual void getParameterLabel(VstInt32 index, char* label);
   virtual void getParameterDisplay(VstInt32 index, char* text);
   virtual void getParameterName(VstInt32 index, char* text);
-  // The block stays this effect's, valid until the next call. Returns its size in bytes, 0 where there is none.
+  // The block stays this effect's, valid until the next call. Returns its size in bytes, 0 where
+  // there is none.
   virtual VstInt32 getChunk(void** data, bool isPreset);
   virtual VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset);
 
@@ -68,15 +74,25 @@ class AudioEffect {
   virtual bool isInputConnected(VstInt32 input);
   virtual bool isOutputConnected(VstInt32 output);
 
-  // Texts for displays. maxLen: bytes of `text`, the end among them. "Huge!" where the whole part finds no room.
-  virtual void dB2string(float amplitude, char* text, VstInt32 maxLen);  // "-6.02"; "-oo" for 0 and below
-  virtual void Hz2string(float samples, char* text, VstInt32 maxLen);    // the frequency of a period in frames
-  virtual void ms2string(float samples, char* text, VstInt32 maxLen);    // that many frames in milliseconds
-  virtual void float2string(float value, char* text, VstInt32 maxLen);   // two digits after the point
+  // Texts for displays. maxLen: bytes of `text`, the end among them. "Huge!" where the whole part
+  // finds no room.
+  // "-6.02"; "-oo" for 0 and below
+  virtual void dB2string(float amplitude, char* text,
+                         VstInt32 maxLen);
+  // the frequency of a period in frames
+  virtual void Hz2string(float samples, char* text,
+                         VstInt32 maxLen);
+  // that many frames in milliseconds
+  virtual void ms2string(float samples, char* text,
+                         VstInt32 maxLen);
+  // two digits after the point
+  virtual void float2string(float value, char* text,
+                            VstInt32 maxLen);
   virtual void int2string(VstInt32 value, char* text, VstInt32 maxLen);
 
   // Of the interface before version 2.4. Hosts no longer ask; each does nothing and returns 0.
-  virtual void processDeprecated(float** /*inputs*/, float** /*outputs*/, VstInt32 /*sampleFrames*/) {}
+  virtual void processDeprecated(float** /*inputs*/, float** /*outputs*/,
+                                 VstInt32 /*sampleFrames*/) {}
   virtual float getVuDeprecated() { return 0.0F; }
   virtual void hasVuDeprecated(bool /*state*/ = true) {}
   virtual void hasClipDeprecated(bool /*state*/ = true) {}
@@ -88,7 +104,8 @@ class AudioEffect {
 
  protected:
   // Sends an opcode to the host; 0 where there is none.
-  VstIntPtr callHost(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F);
+  VstIntPtr callHost(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr,
+                     float opt = 0.0F);
 
   audioMasterCallback audioMaster;
   std::unique_ptr<AEffEditor> editor;

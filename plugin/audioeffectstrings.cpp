@@ -20,7 +20,8 @@ void copyCut(const char* whole, char* text, VstInt32 maxLen) {
 
 void AudioEffect::dB2string(float amplitude, char* text, VstInt32 maxLen) {
   if (amplitude > 0.0F) {
-    float2string(static_cast<float>(20.0 * std::log10(static_cast<double>(amplitude))), text, maxLen);
+    float2string(static_cast<float>(20.0 * std::log10(static_cast<double>(amplitude))), text,
+                 maxLen);
   } else {
     copyCut("-oo", text, maxLen);
   }
@@ -34,17 +35,21 @@ void AudioEffect::ms2string(float samples, char* text, VstInt32 maxLen) {
   float2string(samples * 1000.0F / sampleRate, text, maxLen);  // 1000 ms a second
 }
 
-// Two digits after the point, cut where they find no room; a whole part that finds none would be another number.
+// Two digits after the point, cut where they find no room; a whole part that finds none would be
+// another number.
+// a float's 39 digits, sign, point and two more
 void AudioEffect::float2string(float value, char* text, VstInt32 maxLen) {
-  char whole[64];  // a float's 39 digits, sign, point and two more
+  char whole[64];
   std::snprintf(whole, sizeof whole, "%.2f", static_cast<double>(value));
   const char* point = std::strchr(whole, '.');
-  const std::size_t needed = point != nullptr ? static_cast<std::size_t>(point - whole) : std::strlen(whole);
+  const std::size_t needed =
+      point != nullptr ? static_cast<std::size_t>(point - whole) : std::strlen(whole);
   copyCut(static_cast<VstInt32>(needed) < maxLen ? whole : "Huge!", text, maxLen);
 }
 
+// ten digits and a sign
 void AudioEffect::int2string(VstInt32 value, char* text, VstInt32 maxLen) {
-  char whole[16];  // ten digits and a sign
+  char whole[16];
   const int length = std::snprintf(whole, sizeof whole, "%d", value);
   copyCut(length < maxLen ? whole : "Huge!", text, maxLen);
 }

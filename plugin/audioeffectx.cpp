@@ -12,7 +12,8 @@ VstKeyCode keyCode(VstInt32 character, VstIntPtr virtualKey, float modifiers) {
 
 }  // namespace
 
-VstIntPtr AudioEffectX::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+VstIntPtr AudioEffectX::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                                   float opt) {
   auto* text = static_cast<char*>(ptr);
   switch (opcode) {
     case effProcessEvents:
@@ -22,11 +23,15 @@ VstIntPtr AudioEffectX::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr va
     case effString2Parameter:
       return string2parameter(index, text) ? 1 : 0;
     case effGetProgramNameIndexed:
-      return text != nullptr && getProgramNameIndexed(static_cast<VstInt32>(value), index, text) ? 1 : 0;
+      return text != nullptr && getProgramNameIndexed(static_cast<VstInt32>(value), index, text)
+                 ? 1
+                 : 0;
     case effGetInputProperties:
-      return ptr != nullptr && getInputProperties(index, static_cast<VstPinProperties*>(ptr)) ? 1 : 0;
+      return ptr != nullptr && getInputProperties(index, static_cast<VstPinProperties*>(ptr)) ? 1
+                                                                                              : 0;
     case effGetOutputProperties:
-      return ptr != nullptr && getOutputProperties(index, static_cast<VstPinProperties*>(ptr)) ? 1 : 0;
+      return ptr != nullptr && getOutputProperties(index, static_cast<VstPinProperties*>(ptr)) ? 1
+                                                                                               : 0;
     case effGetPlugCategory:
       return getPlugCategory();
     case effSetSpeakerArrangement:
@@ -55,7 +60,10 @@ VstIntPtr AudioEffectX::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr va
     case effGetTailSize:
       return getTailSize();
     case effGetParameterProperties:
-      return ptr != nullptr && getParameterProperties(index, static_cast<VstParameterProperties*>(ptr)) ? 1 : 0;
+      return ptr != nullptr &&
+                     getParameterProperties(index, static_cast<VstParameterProperties*>(ptr))
+                 ? 1
+                 : 0;
     case effGetVstVersion:
       return getVstVersion();
     case effEditKeyDown: {

@@ -1,25 +1,30 @@
-// The extended interface: opcodes from effProcessEvents upward, and what else a plug-in may ask its host.
+// The extended interface: opcodes from effProcessEvents upward, and what else a plug-in may ask its
+// host.
 #pragma once
 
 #include "plugin/audioeffect.h"
 
-// Every operation that an effect does not override keeps the interface's default answer: 0, false or nothing.
-// Threads as in AudioEffect. The virtual operations stand in the published order.
+// Every operation that an effect does not override keeps the interface's default answer: 0, false
+// or nothing. Threads as in AudioEffect. The virtual operations stand in the published order.
 class AudioEffectX : public AudioEffect {
  public:
   using AudioEffect::AudioEffect;
 
-  VstIntPtr dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) override;
+  VstIntPtr dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                       float opt) override;
 
   virtual VstInt32 processEvents(VstEvents*) { return 0; }
   virtual bool canParameterBeAutomated(VstInt32) { return true; }
-  virtual bool string2parameter(VstInt32, char*) { return false; }  // a null text only asks whether it could
+  // a null text only asks whether it could
+  virtual bool string2parameter(VstInt32, char*) { return false; }
   virtual bool getProgramNameIndexed(VstInt32, VstInt32, char*) { return false; }
   // Writes no more than label, flags, arrangement and short label: some hosts' records end there.
   virtual bool getInputProperties(VstInt32, VstPinProperties*) { return false; }
   virtual bool getOutputProperties(VstInt32, VstPinProperties*) { return false; }
   virtual VstPlugCategory getPlugCategory() { return kPlugCategUnknown; }
-  virtual bool setSpeakerArrangement(VstSpeakerArrangement*, VstSpeakerArrangement*) { return false; }
+  virtual bool setSpeakerArrangement(VstSpeakerArrangement*, VstSpeakerArrangement*) {
+    return false;
+  }
   virtual bool setBypass(bool) { return false; }  // false: the host bypasses by itself
   virtual bool getEffectName(char*) { return false; }
   virtual bool getVendorString(char*) { return false; }
@@ -30,7 +35,9 @@ class AudioEffectX : public AudioEffect {
   virtual VstInt32 getTailSize() { return 0; }
   virtual bool getParameterProperties(VstInt32, VstParameterProperties*) { return false; }
   virtual VstInt32 getVstVersion() { return kVstVersion; }
-  virtual bool getSpeakerArrangement(VstSpeakerArrangement**, VstSpeakerArrangement**) { return false; }
+  virtual bool getSpeakerArrangement(VstSpeakerArrangement**, VstSpeakerArrangement**) {
+    return false;
+  }
   virtual VstInt32 startProcess() { return 0; }
   virtual VstInt32 stopProcess() { return 0; }
   virtual bool setPanLaw(VstInt32, float) { return false; }
@@ -51,7 +58,7 @@ class AudioEffectX : public AudioEffect {
   virtual bool beginEdit(VstInt32 index);
   virtual bool endEdit(VstInt32 index);
   virtual bool sizeWindow(VstInt32 width, VstInt32 height);  // pixels
-  virtual VstTimeInfo* getTimeInfo(VstInt32 filter);         // null in scanners; sampleRate may be 0
+  virtual VstTimeInfo* getTimeInfo(VstInt32 filter);  // null in scanners; sampleRate may be 0
   virtual bool getHostVendorString(char* text);
   virtual VstInt32 canHostDo(const char* text);
   virtual void* getDirectory();

@@ -4,7 +4,8 @@
 #include "plugin/audioeffect.h"
 
 bool hostHasVersion(audioMasterCallback audioMaster) {
-  return audioMaster != nullptr && audioMaster(nullptr, audioMasterVersion, 0, 0, nullptr, 0.0F) != 0;
+  return audioMaster != nullptr &&
+         audioMaster(nullptr, audioMasterVersion, 0, 0, nullptr, 0.0F) != 0;
 }
 
 AEffect* createEffectRecord(audioMasterCallback audioMaster) {
@@ -13,6 +14,7 @@ AEffect* createEffectRecord(audioMasterCallback audioMaster) {
     AudioEffect* effect = createEffectInstance(audioMaster);
     return effect == nullptr ? nullptr : effect->getAeffect();
   } catch (...) {
-    return nullptr;  // out of memory is the host's null effect, never an exception through its stack
+    // out of memory is the host's null effect, never an exception through its stack
+    return nullptr;
   }
 }

@@ -5,11 +5,13 @@
 
 class AudioEffect;
 
-// True where the host answers the version query with anything but 0: real hosts answer 2400, 2300 and 2.
+// True where the host answers the version query with anything but 0: real hosts answer 2400, 2300
+// and 2.
 bool hostHasVersion(audioMasterCallback audioMaster);
 
-// A new effect, or null where the host has no version. The caller owns it; effClose deletes it. Throws what the
-// effect's construction throws. Implemented in the effect's room, the only thing the entry knows of it.
+// A new effect, or null where the host has no version. The caller owns it; effClose deletes it.
+// Throws what the effect's construction throws. Implemented in the effect's room, the only thing
+// the entry knows of it.
 AudioEffect* createEffectInstance(audioMasterCallback audioMaster);
 
 // The entry point's work: no exception leaves it, failure is null.

@@ -1,4 +1,5 @@
-// The VST 2.4 binary interface: types, records, opcodes and flags that a plug-in and a host agree on.
+// The VST 2.4 binary interface: types, records, opcodes and flags that a plug-in and a host agree
+// on.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +13,9 @@ struct AEffect;
 
 // Four characters in one word, the first in the highest byte: 'V','s','t','P' is 0x56737450.
 constexpr VstInt32 vstFourChars(char a, char b, char c, char d) {
-  const auto byte = [](char x) { return static_cast<std::uint32_t>(static_cast<unsigned char>(x)); };
+  const auto byte = [](char x) {
+    return static_cast<std::uint32_t>(static_cast<unsigned char>(x));
+  };
   return static_cast<VstInt32>((byte(a) << 24) | (byte(b) << 16) | (byte(c) << 8) | byte(d));
 }
 
@@ -20,7 +23,8 @@ constexpr VstInt32 kEffectMagic = vstFourChars('V', 's', 't', 'P');
 constexpr VstInt32 kEffectIdentity = vstFourChars('N', 'v', 'E', 'f');  // answer to effIdentify
 constexpr VstInt32 kVstVersion = 2400;
 
-// Text sizes with their terminating zero. Hosts give at least these; parameter texts often get 64 or more.
+// Text sizes with their terminating zero. Hosts give at least these; parameter texts often get 64
+// or more.
 constexpr int kVstMaxProgNameLen = 24;
 constexpr int kVstMaxParamStrLen = 8;
 constexpr int kVstMaxEffectNameLen = 32;
@@ -29,12 +33,14 @@ constexpr int kVstMaxProductStrLen = 64;
 constexpr int kVstMaxLabelLen = 64;
 constexpr int kVstMaxShortLabelLen = 8;
 
-using audioMasterCallback = VstIntPtr (*)(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
-                                          float opt);
-using AEffectDispatcherProc = VstIntPtr (*)(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value,
-                                            void* ptr, float opt);
-using AEffectProcessProc = void (*)(AEffect* effect, float** inputs, float** outputs, VstInt32 sampleFrames);
-using AEffectProcessDoubleProc = void (*)(AEffect* effect, double** inputs, double** outputs, VstInt32 sampleFrames);
+using audioMasterCallback = VstIntPtr (*)(AEffect* effect, VstInt32 opcode, VstInt32 index,
+                                          VstIntPtr value, void* ptr, float opt);
+using AEffectDispatcherProc = VstIntPtr (*)(AEffect* effect, VstInt32 opcode, VstInt32 index,
+                                            VstIntPtr value, void* ptr, float opt);
+using AEffectProcessProc = void (*)(AEffect* effect, float** inputs, float** outputs,
+                                    VstInt32 sampleFrames);
+using AEffectProcessDoubleProc = void (*)(AEffect* effect, double** inputs, double** outputs,
+                                          VstInt32 sampleFrames);
 using AEffectSetParameterProc = void (*)(AEffect* effect, VstInt32 index, float value);
 using AEffectGetParameterProc = float (*)(AEffect* effect, VstInt32 index);
 
@@ -245,8 +251,9 @@ enum VstSpeakerArrangementType : VstInt32 {
   kSpeakerArrStereo = 1,
 };
 
+// 1 MIDI, 6 system exclusive
 struct VstEvent {
-  VstInt32 type;  // 1 MIDI, 6 system exclusive
+  VstInt32 type;
   VstInt32 byteSize;
   VstInt32 deltaFrames;
   VstInt32 flags;

@@ -3,7 +3,8 @@
 
 #include <cstdint>
 
-// The toolkit's headers define this very record too, so a file includes this header or the toolkit, never both.
+// The toolkit's headers define this very record too, so a file includes this header or the toolkit,
+// never both.
 struct VstKeyCode {
   int32_t character;
   unsigned char virt;      // the interface's virtual key number

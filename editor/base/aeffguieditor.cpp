@@ -13,10 +13,11 @@ namespace {
 
 int knobMode = 0;  // one for all editors, as the host sets it; 0 circular
 
-// The toolkit ends the process where memory runs out in its factory, which is noexcept: there has to be enough before.
-// Throws where there is not.
+// The toolkit ends the process where memory runs out in its factory, which is noexcept: there has
+// to be enough before. Throws where there is not.
 void needMemory() {
-  constexpr std::size_t kEnough = 4U << 20U;        // bytes; a window with its pictures was seen to take one million
+  // bytes; a window with its pictures was seen to take one million
+  constexpr std::size_t kEnough = 4U << 20U;
   void* volatile memory = ::operator new(kEnough);  // volatile, or the compiler leaves both out
   ::operator delete(memory);
 }
@@ -38,8 +39,8 @@ AEffGUIEditor::AEffGUIEditor(AudioEffect* owner) : AEffEditor(owner), nextIdleTi
 
 AEffGUIEditor::~AEffGUIEditor() = default;
 
-// A size that could not be found out (its picture did not load: the process may have no file left to open) is asked for
-// again.
+// A size that could not be found out (its picture did not load: the process may have no file left
+// to open) is asked for again.
 void AEffGUIEditor::needToolkit() {
   if (rect.right != 0) return;
   needMemory();
@@ -47,8 +48,9 @@ void AEffGUIEditor::needToolkit() {
   rect = windowSize();
 }
 
+// should the toolkit fail
 bool AEffGUIEditor::getRect(ERect** out) {
-  *out = nullptr;  // should the toolkit fail
+  *out = nullptr;
   needToolkit();
   *out = &rect;
   return true;
@@ -143,7 +145,8 @@ void AEffGUIEditor::draw(ERect* area) {
 
 // A pass at most every 50 to 100 ms while a control keeps the mouse.
 void AEffGUIEditor::doIdleStuff() {
-  constexpr std::uint32_t kEventTime = 4;   // ms given to the event loop before a pass that is not due
+  // ms given to the event loop before a pass that is not due
+  constexpr std::uint32_t kEventTime = 4;
   constexpr std::uint32_t kEarly = 50;      // ms before its time that a pass is let through
   constexpr std::uint32_t kInterval = 100;  // ms from one pass to the next
   std::uint32_t now = getTicks();

@@ -14,16 +14,17 @@
 class AudioEffect;
 class MyFrame;
 
-// Made with its effect and ended by it; making one opens nothing, reads nothing and needs no display. Its owner
-// installs it with setEditor. Every call on the host's user-interface thread, which may be one of its own, but for
-// setParameter, which comes from any.
+// Made with its effect and ended by it; making one opens nothing, reads nothing and needs no
+// display. Its owner installs it with setEditor. Every call on the host's user-interface thread,
+// which may be one of its own, but for setParameter, which comes from any.
 class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
  public:
   explicit AEffGUIEditor(AudioEffect* owner);
   ~AEffGUIEditor() override;
 
   bool getRect(ERect** out) override;  // pixels; right at any time, before the first opening too
-  bool open(void* window) override;    // keeps the host's window; subclasses open the frame and answer true
+  bool open(
+      void* window) override;  // keeps the host's window; subclasses open the frame and answer true
   void idle() override;
   bool onKeyDown(VstKeyCode& key) override;
   bool onKeyUp(VstKeyCode& key) override;
@@ -31,11 +32,13 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   bool setKnobMode(int mode) override;
 
   virtual void draw(ERect* area);  // null: everything; corners in any order
-  virtual std::int32_t mouse(std::int32_t /*x*/, std::int32_t /*y*/) { return 0; }  // the toolkit has a window for that
+  // the toolkit has a window for that
+  virtual std::int32_t mouse(std::int32_t /*x*/, std::int32_t /*y*/) { return 0; }
 
   void doIdleStuff() override;
   std::int32_t getKnobMode() const override;
-  // Gestures on the effect's parameters reach the host; those on other controls are none of its business.
+  // Gestures on the effect's parameters reach the host; those on other controls are none of its
+  // business.
   void beginEdit(std::int32_t index) override;
   void endEdit(std::int32_t index) override;
 
@@ -43,8 +46,8 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   static void wait(std::uint32_t ms);
 
  protected:
-  // Opens a frame of the editor's size with an empty root view in the host's window. False, or an exception: no usable
-  // display, or no memory; all is as before.
+  // Opens a frame of the editor's size with an empty root view in the host's window. False, or an
+  // exception: no usable display, or no memory; all is as before.
   bool openFrame(void* window);
   // Ends the frame with all views. Safe from inside a control's callback.
   void closeFrame();

@@ -8,11 +8,12 @@
 struct FileDialogRequest {
   bool save = false;
   std::string title;
-  std::string folder;         // where it opens; empty or gone: the user's home
-  std::string typeName;       // of the files offered, "Orv Preset"
-  std::string extension;      // theirs, without the dot; appended to a saved name that lacks it
-  std::string proposedName;   // for saving; may be empty
-  std::uintptr_t window = 0;  // the host's window (X11 window id, NSView*), which the dialog stays in front of; 0: none
+  std::string folder;        // where it opens; empty or gone: the user's home
+  std::string typeName;      // of the files offered, "Orv Preset"
+  std::string extension;     // theirs, without the dot; appended to a saved name that lacks it
+  std::string proposedName;  // for saving; may be empty
+  // the host's window (X11 window id, NSView*), which the dialog stays in front of; 0: none
+  std::uintptr_t window = 0;
 };
 
 // One dialog at a time, and never a wait: it is started, asked for from the idle pass, and ended

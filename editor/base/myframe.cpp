@@ -23,25 +23,29 @@ void MyFrame::drawRect(VSTGUI::CDrawContext* context, const CRect& updateRect) {
   CViewContainer::drawRect(context, updateRect);
   if (modalView == nullptr) return;
   const CRect& view = modalView->getViewSize();
-  const bool apart = view.right < updateRect.left || view.left > updateRect.right || view.bottom < updateRect.top ||
+  const bool apart = view.right < updateRect.left || view.left > updateRect.right ||
+                     view.bottom < updateRect.top ||
                      view.top > updateRect.bottom;  // a touched edge counts as overlap
   if (!apart) modalView->drawRect(context, updateRect);
 }
 
 CMouseEventResult MyFrame::onMouseDown(CPoint& where, const CButtonState& buttons) {
-  return modalView != nullptr ? modalView->onMouseDown(where, buttons) : CViewContainer::onMouseDown(where, buttons);
+  return modalView != nullptr ? modalView->onMouseDown(where, buttons)
+                              : CViewContainer::onMouseDown(where, buttons);
 }
 
 CMouseEventResult MyFrame::onMouseUp(CPoint& where, const CButtonState& buttons) {
-  return modalView != nullptr ? modalView->onMouseUp(where, buttons) : CViewContainer::onMouseUp(where, buttons);
+  return modalView != nullptr ? modalView->onMouseUp(where, buttons)
+                              : CViewContainer::onMouseUp(where, buttons);
 }
 
 CMouseEventResult MyFrame::onMouseMoved(CPoint& where, const CButtonState& buttons) {
-  return modalView != nullptr ? modalView->onMouseMoved(where, buttons) : CViewContainer::onMouseMoved(where, buttons);
+  return modalView != nullptr ? modalView->onMouseMoved(where, buttons)
+                              : CViewContainer::onMouseMoved(where, buttons);
 }
 
-// The toolkit's container offers its children what the operations above have not handled. With a modal view they get
-// nothing.
+// The toolkit's container offers its children what the operations above have not handled. With a
+// modal view they get nothing.
 void MyFrame::onMouseDownEvent(VSTGUI::MouseDownEvent& event) {
   modalView != nullptr ? CView::onMouseDownEvent(event) : CViewContainer::onMouseDownEvent(event);
 }

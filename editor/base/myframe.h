@@ -3,8 +3,9 @@
 
 #include "vstgui.h"
 
-// The only child of the toolkit's frame, which cannot be derived from; the background picture is its own. The modal
-// view is not owned: it gets every mouse event and is drawn last. User-interface thread.
+// The only child of the toolkit's frame, which cannot be derived from; the background picture is
+// its own. The modal view is not owned: it gets every mouse event and is drawn last. User-interface
+// thread.
 class MyFrame : public VSTGUI::CViewContainer {
  public:
   explicit MyFrame(const VSTGUI::CRect& size) : CViewContainer(size) {}
@@ -16,9 +17,12 @@ class MyFrame : public VSTGUI::CViewContainer {
   void idle();  // invalidates what has become dirty, and everything while there is a modal view
 
   void drawRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& updateRect) override;
-  VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
-  VSTGUI::CMouseEventResult onMouseUp(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
-  VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
+  VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
+                                        const VSTGUI::CButtonState& buttons) override;
+  VSTGUI::CMouseEventResult onMouseUp(VSTGUI::CPoint& where,
+                                      const VSTGUI::CButtonState& buttons) override;
+  VSTGUI::CMouseEventResult onMouseMoved(VSTGUI::CPoint& where,
+                                         const VSTGUI::CButtonState& buttons) override;
   void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
   void onMouseUpEvent(VSTGUI::MouseUpEvent& event) override;
   void onMouseMoveEvent(VSTGUI::MouseMoveEvent& event) override;

@@ -7,9 +7,9 @@
 #include "lib/events.h"
 #include "vstgui.h"
 
-// Registered with a frame while it is open; asks `closed` at each press, and swallows it where the answer is true. The
-// file dialog is such a time: a second press on a button would open a second dialog, and a preset chosen meanwhile
-// would be overwritten by the file. User-interface thread.
+// Registered with a frame while it is open; asks `closed` at each press, and swallows it where the
+// answer is true. The file dialog is such a time: a second press on a button would open a second
+// dialog, and a preset chosen meanwhile would be overwritten by the file. User-interface thread.
 class PressGuard final : public VSTGUI::IMouseObserver {
  public:
   explicit PressGuard(std::function<bool()> isClosed) : closed(std::move(isClosed)) {}

@@ -11,7 +11,8 @@
 
 namespace {
 
-std::mutex usersMutex;  // no destructor work, as for everything static here: hosts exit with windows open
+// no destructor work, as for everything static here: hosts exit with windows open
+std::mutex usersMutex;
 int users = 0;
 
 // A Control click resets a value to its default on every control of the toolkit, buttons and text

@@ -4,11 +4,12 @@
 #include "editor/controls/csplashscreenmyview.h"
 
 CAbout::CAbout(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
-               VSTGUI::CBitmap* background, const VSTGUI::CRect& displayArea, const VSTGUI::CPoint& offset,
-               const VSTGUI::CPoint& origin)
+               VSTGUI::CBitmap* background, const VSTGUI::CRect& displayArea,
+               const VSTGUI::CPoint& offset, const VSTGUI::CPoint& origin)
     : OwnPresses(size, listener, tag, background, displayArea, offset), textOrigin(origin) {}
 
-VSTGUI::CMouseEventResult CAbout::onMouseDown(VSTGUI::CPoint& /*where*/, const VSTGUI::CButtonState& buttons) {
+VSTGUI::CMouseEventResult CAbout::onMouseDown(VSTGUI::CPoint& /*where*/,
+                                              const VSTGUI::CButtonState& buttons) {
   VSTGUI::CFrame* frame = getFrame();
   if (!(buttons & VSTGUI::kLButton) || frame == nullptr) return VSTGUI::kMouseEventNotHandled;
   // The release goes to the panel.
@@ -18,7 +19,8 @@ VSTGUI::CMouseEventResult CAbout::onMouseDown(VSTGUI::CPoint& /*where*/, const V
     return kHandled;
   }
   auto* panel = new CSplashScreenMyView(toDisplay, this, textOrigin);
-  const auto session = frame->beginModalViewSession(panel);  // the frame owns the panel from here on
+  // the frame owns the panel from here on
+  const auto session = frame->beginModalViewSession(panel);
   if (!session) {
     panel->forget();
     return kHandled;

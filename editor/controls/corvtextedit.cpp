@@ -9,8 +9,9 @@
 using VSTGUI::CPoint;
 using VSTGUI::CRect;
 
-COrvTextEdit::COrvTextEdit(const CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag, const char* text,
-                           VSTGUI::CBitmap* background, std::int32_t style, bool keptFlag)
+COrvTextEdit::COrvTextEdit(const CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
+                           const char* text, VSTGUI::CBitmap* background, std::int32_t style,
+                           bool keptFlag)
     : CTextLabel(size, text, background, style), flag(keptFlag) {
   setListener(listener);
   setTag(tag);
@@ -33,7 +34,8 @@ void COrvTextEdit::draw(VSTGUI::CDrawContext* context) {
   setDirty(false);
 }
 
-VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/, const VSTGUI::CButtonState& /*buttons*/) {
+VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/,
+                                                    const VSTGUI::CButtonState& /*buttons*/) {
   if (beingEdited || !isAttached()) return VSTGUI::kMouseEventHandled;
   beingEdited = true;
   setDirty(true);
@@ -41,10 +43,12 @@ VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/, const VST
   CPoint corner = getViewSize().getTopLeft();
   localToFrame(corner);
   CPoint origin;
-  if (VSTGUI::IPlatformFrame* platform = getFrame()->getPlatformFrame()) platform->getGlobalPosition(origin);
+  if (VSTGUI::IPlatformFrame* platform = getFrame()->getPlatformFrame())
+    platform->getGlobalPosition(origin);
   // As wide as the label, two points taller than the font, centred on the label.
-  const TextEntryPlace place{
-      corner.x, corner.y + (getHeight() - fontSize - 1) * 0.5, getWidth(), fontSize + 2, origin.x, origin.y};
+  const TextEntryPlace place{corner.x,   corner.y + (getHeight() - fontSize - 1) * 0.5,
+                             getWidth(), fontSize + 2,
+                             origin.x,   origin.y};
   if (!entry.open(this, place)) {
     beingEdited = false;
     setDirty(true);

@@ -4,9 +4,9 @@
 #include "editor/controls/textentry.h"
 #include "vstgui.h"
 
-// A press of any mouse button opens the entry; while it is open the label draws no text and swallows presses.
-// Confirming tells the listener once through valueChanged, between beginEdit and endEdit; cancelling tells nobody.
-// User-interface thread.
+// A press of any mouse button opens the entry; while it is open the label draws no text and
+// swallows presses. Confirming tells the listener once through valueChanged, between beginEdit and
+// endEdit; cancelling tells nobody. User-interface thread.
 class COrvTextEdit : public VSTGUI::CTextLabel {
  public:
   // One of the entry's colours; not set: the label's font colour, or the system's.
@@ -17,17 +17,22 @@ class COrvTextEdit : public VSTGUI::CTextLabel {
     VSTGUI::CColor orElse(const VSTGUI::CColor& usual) const { return set ? color : usual; }
   };
 
-  COrvTextEdit(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag, const char* text,
-               VSTGUI::CBitmap* background, std::int32_t style, bool flag);
+  COrvTextEdit(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
+               const char* text, VSTGUI::CBitmap* background, std::int32_t style, bool flag);
   COrvTextEdit(const COrvTextEdit&) = delete;
 
   using CTextLabel::getText;
   using CTextLabel::setText;
   virtual void setText(const char* text);
   virtual bool isBeingEdited() { return beingEdited; }
-  virtual char* getText(char* buffer) const;  // buffer: large enough for the text; null comes back as it is
-  virtual void setCustomFontEditionColor(const VSTGUI::CColor& color) { fontEdition = {true, color}; }
-  virtual void setCustomFontHighlightedColor(const VSTGUI::CColor& color) { fontHighlighted = {true, color}; }
+  // buffer: large enough for the text; null comes back as it is
+  virtual char* getText(char* buffer) const;
+  virtual void setCustomFontEditionColor(const VSTGUI::CColor& color) {
+    fontEdition = {true, color};
+  }
+  virtual void setCustomFontHighlightedColor(const VSTGUI::CColor& color) {
+    fontHighlighted = {true, color};
+  }
   virtual void setCustomHighlightColor(const VSTGUI::CColor& color) { highlight = {true, color}; }
   virtual void setCustomCaretColor(const VSTGUI::CColor& color) { caret = {true, color}; }
 
@@ -37,7 +42,8 @@ class COrvTextEdit : public VSTGUI::CTextLabel {
   const CustomColor& caretColor() const { return caret; }
 
   void draw(VSTGUI::CDrawContext* context) override;
-  VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
+  VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
+                                        const VSTGUI::CButtonState& buttons) override;
   bool removed(VSTGUI::CView* parent) override;
 
   void endEntry(bool confirm);     // from the editor; nothing where none is open

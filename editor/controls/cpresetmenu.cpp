@@ -5,7 +5,8 @@
 
 using VSTGUI::VirtualKey;
 
-VSTGUI::CMenuItem* CPresetMenu::addEntry(const VSTGUI::UTF8String& title, std::int32_t index, std::int32_t itemFlags) {
+VSTGUI::CMenuItem* CPresetMenu::addEntry(const VSTGUI::UTF8String& title, std::int32_t index,
+                                         std::int32_t itemFlags) {
   return COptionMenu::addEntry(new VSTGUI::CMenuItem(title, "", 0, nullptr, itemFlags), index);
 }
 
@@ -24,16 +25,19 @@ void CPresetMenu::choose(std::int32_t index) {
   invalid();
 }
 
-VSTGUI::CMouseEventResult CPresetMenu::onMouseDown(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) {
+VSTGUI::CMouseEventResult CPresetMenu::onMouseDown(VSTGUI::CPoint& where,
+                                                   const VSTGUI::CButtonState& buttons) {
   lastButton = buttons;
   if (!(buttons & (VSTGUI::kLButton | VSTGUI::kRButton))) return VSTGUI::kMouseEventNotHandled;
   openList(translateToGlobal(where, true));
-  return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;  // the list follows the mouse from here on
+  // the list follows the mouse from here on
+  return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }
 
 void CPresetMenu::onKeyboardEvent(VSTGUI::KeyboardEvent& event) {
   if (event.type != VSTGUI::EventType::KeyDown || !event.modifiers.empty()) return;
-  // From the entry shown, not from the value: whoever steps through the presets elsewhere sets the entry alone.
+  // From the entry shown, not from the value: whoever steps through the presets elsewhere sets the
+  // entry alone.
   const std::int32_t current = getCurrentIndex(true);
   if (event.virt == VirtualKey::Return || event.virt == VirtualKey::Enter) {
     openList({});

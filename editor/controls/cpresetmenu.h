@@ -6,9 +6,10 @@
 #include "editor/controls/mousecontrol.h"
 #include "vstgui.h"
 
-// A press of the left or right button opens the list, and so does Return; Up and Down step without it. A choice sets
-// the value and tells the listener once, also when it is the current entry again; getLastResult is the entry chosen,
-// and negative from each opening until then. User-interface thread.
+// A press of the left or right button opens the list, and so does Return; Up and Down step without
+// it. A choice sets the value and tells the listener once, also when it is the current entry again;
+// getLastResult is the entry chosen, and negative from each opening until then. User-interface
+// thread.
 class CPresetMenu : public OwnPresses<VSTGUI::COptionMenu> {
  public:
   using OwnPresses::OwnPresses;
@@ -24,7 +25,8 @@ class CPresetMenu : public OwnPresses<VSTGUI::COptionMenu> {
   void closed() { inPopup = false; }
   void choose(std::int32_t index);  // 0 .. entries - 1; else nothing
 
-  VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
+  VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
+                                        const VSTGUI::CButtonState& buttons) override;
   void onKeyboardEvent(VSTGUI::KeyboardEvent& event) override;
 
  private:

@@ -5,10 +5,12 @@ using VSTGUI::CButtonState;
 using VSTGUI::CMouseEventResult;
 using VSTGUI::CPoint;
 
-CPSKickButton::CPSKickButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
-                             VSTGUI::CCoord heightOfOneImage, VSTGUI::CBitmap* background, const CPoint& offset,
+CPSKickButton::CPSKickButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener,
+                             std::int32_t tag, VSTGUI::CCoord heightOfOneImage,
+                             VSTGUI::CBitmap* background, const CPoint& offset,
                              bool needsDoubleClick)
-    : HoverControl(size, listener, tag, heightOfOneImage, background, offset), requireDoubleClick(needsDoubleClick) {}
+    : HoverControl(size, listener, tag, heightOfOneImage, background, offset),
+      requireDoubleClick(needsDoubleClick) {}
 
 void CPSKickButton::draw(VSTGUI::CDrawContext* context) {
   const int image = pressed ? 2 : mouseOver ? 1 : 0;
@@ -20,7 +22,8 @@ CMouseEventResult CPSKickButton::onMouseDown(CPoint& where, const CButtonState& 
     clicks.forget();
     return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
   }
-  if (requireDoubleClick && !clicks.press(where)) return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+  if (requireDoubleClick && !clicks.press(where))
+    return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
   pressed = true;
   value = requireDoubleClick && (buttons & VSTGUI::kControl) ? 0.5F : 1.0F;
   valueChanged();

@@ -1,8 +1,8 @@
 // Presses and pictures of the switch with two positions.
 #include "editor/controls/cpsonoffbutton.h"
 
-CPSOnOffButton::CPSOnOffButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
-                               VSTGUI::CBitmap* background)
+CPSOnOffButton::CPSOnOffButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener,
+                               std::int32_t tag, VSTGUI::CBitmap* background)
     : HoverControl(size, listener, tag, background, 0) {}
 
 void CPSOnOffButton::draw(VSTGUI::CDrawContext* context) {
@@ -12,7 +12,8 @@ void CPSOnOffButton::draw(VSTGUI::CDrawContext* context) {
   drawPart(context, 0, image * third);
 }
 
-VSTGUI::CMouseEventResult CPSOnOffButton::onMouseDown(VSTGUI::CPoint& /*where*/, const VSTGUI::CButtonState& buttons) {
+VSTGUI::CMouseEventResult CPSOnOffButton::onMouseDown(VSTGUI::CPoint& /*where*/,
+                                                      const VSTGUI::CButtonState& buttons) {
   if (!(buttons & VSTGUI::kLButton)) return VSTGUI::kMouseEventNotHandled;
   value = 1 - value;
   valueChanged();

@@ -7,8 +7,9 @@ using VSTGUI::CButtonState;
 using VSTGUI::CMouseEventResult;
 using VSTGUI::CPoint;
 
-CPSRockerSwitch::CPSRockerSwitch(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
-                                 VSTGUI::CCoord heightOfOneImage, VSTGUI::CBitmap* background, const CPoint& offset,
+CPSRockerSwitch::CPSRockerSwitch(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener,
+                                 std::int32_t tag, VSTGUI::CCoord heightOfOneImage,
+                                 VSTGUI::CBitmap* background, const CPoint& offset,
                                  std::int32_t style)
     : MouseControl(size, listener, tag, heightOfOneImage, background, offset, style) {}
 
@@ -56,7 +57,8 @@ CMouseEventResult CPSRockerSwitch::onMouseEntered(CPoint& where, const CButtonSt
   return VSTGUI::kMouseEventHandled;
 }
 
-CMouseEventResult CPSRockerSwitch::onMouseExited(CPoint& /*where*/, const CButtonState& /*buttons*/) {
+CMouseEventResult CPSRockerSwitch::onMouseExited(CPoint& /*where*/,
+                                                 const CButtonState& /*buttons*/) {
   hoverSide = 0;
   invalid();
   return VSTGUI::kMouseEventHandled;

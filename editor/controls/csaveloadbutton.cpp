@@ -1,9 +1,9 @@
 // Presses and pictures of the load and save buttons.
 #include "editor/controls/csaveloadbutton.h"
 
-CSaveLoadButton::CSaveLoadButton(VSTGUI::CRect size, VSTGUI::IControlListener* listener, std::int32_t tag,
-                                 VSTGUI::CCoord heightOfOneImage, VSTGUI::CBitmap* background,
-                                 const VSTGUI::CPoint& offset)
+CSaveLoadButton::CSaveLoadButton(VSTGUI::CRect size, VSTGUI::IControlListener* listener,
+                                 std::int32_t tag, VSTGUI::CCoord heightOfOneImage,
+                                 VSTGUI::CBitmap* background, const VSTGUI::CPoint& offset)
     : HoverControl(size, listener, tag, heightOfOneImage, background, offset) {}
 
 void CSaveLoadButton::draw(VSTGUI::CDrawContext* context) {
@@ -11,8 +11,10 @@ void CSaveLoadButton::draw(VSTGUI::CDrawContext* context) {
   drawPart(context, offset.x, offset.y + image * heightOfOneImage);
 }
 
-VSTGUI::CMouseEventResult CSaveLoadButton::onMouseDown(VSTGUI::CPoint& /*where*/, const VSTGUI::CButtonState& buttons) {
-  if (!(buttons & (VSTGUI::kLButton | VSTGUI::kRButton)) || listener == nullptr) return VSTGUI::kMouseEventNotHandled;
+VSTGUI::CMouseEventResult CSaveLoadButton::onMouseDown(VSTGUI::CPoint& /*where*/,
+                                                       const VSTGUI::CButtonState& buttons) {
+  if (!(buttons & (VSTGUI::kLButton | VSTGUI::kRButton)) || listener == nullptr)
+    return VSTGUI::kMouseEventNotHandled;
   // A quick second right click is a right click like the first.
   const std::int32_t state = buttons() & ~VSTGUI::kDoubleClick;
   value = state == VSTGUI::kRButton ? 0.5F : 1.0F;

@@ -9,11 +9,13 @@ using VSTGUI::CMouseEventResult;
 using VSTGUI::CPoint;
 using VSTGUI::CRect;
 
-CSplashScreenMyView::CSplashScreenMyView(const CRect& size, VSTGUI::CSplashScreen* opener, const CPoint& origin)
+CSplashScreenMyView::CSplashScreenMyView(const CRect& size, VSTGUI::CSplashScreen* opener,
+                                         const CPoint& origin)
     : CControl(size, nullptr, 0, opener->getBackground()), owner(opener), textOrigin(origin) {}
 
 bool CSplashScreenMyView::isTypeOf(const char* className) const {
-  constexpr std::array<std::string_view, 4> kNames = {"CSplashScreenMyView", "CControl", "CView", "CBaseObject"};
+  constexpr std::array<std::string_view, 4> kNames = {"CSplashScreenMyView", "CControl", "CView",
+                                                      "CBaseObject"};
   return std::find(kNames.begin(), kNames.end(), className) != kNames.end();
 }
 
@@ -22,14 +24,16 @@ VSTGUI::CBaseObject* CSplashScreenMyView::newCopy() const {
 }
 
 void CSplashScreenMyView::draw(VSTGUI::CDrawContext* context) {
-  if (VSTGUI::CBitmap* picture = getDrawBackground()) picture->draw(context, getViewSize(), CPoint(0, 0), 1.0F);
+  if (VSTGUI::CBitmap* picture = getDrawBackground())
+    picture->draw(context, getViewSize(), CPoint(0, 0), 1.0F);
 
   CRect line;  // 15 pixels high, as wide as the panel
   line.left = getViewSize().left + textOrigin.x;
   line.right = line.left + getViewSize().getWidth();
   line.top = getViewSize().top + textOrigin.y;
   line.bottom = line.top + 15;
-  const auto write = [&](double down, VSTGUI::CFontRef font, const VSTGUI::CColor& colour, const char* text) {
+  const auto write = [&](double down, VSTGUI::CFontRef font, const VSTGUI::CColor& colour,
+                         const char* text) {
     line.offset(0, down);
     context->setFont(font);
     context->setFontColor(colour);
@@ -42,7 +46,8 @@ void CSplashScreenMyView::draw(VSTGUI::CDrawContext* context) {
   setDirty(false);
 }
 
-CMouseEventResult CSplashScreenMyView::onMouseDown(CPoint& /*where*/, const VSTGUI::CButtonState& buttons) {
+CMouseEventResult CSplashScreenMyView::onMouseDown(CPoint& /*where*/,
+                                                   const VSTGUI::CButtonState& buttons) {
   if (!(buttons & VSTGUI::kLButton)) return VSTGUI::kMouseEventNotHandled;
   owner->unSplash();
   VSTGUI::CFrame* frame = getFrame();

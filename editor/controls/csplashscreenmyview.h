@@ -8,12 +8,14 @@
 inline constexpr VSTGUI::CColor kDarkBlueCColor(45, 45, 120, 255);
 inline constexpr VSTGUI::CColor kDarkGreyCColor(60, 60, 60, 255);
 
-// Closes on a left press anywhere in the window, and closes its owner with it. Goes with its frame while it is open.
-// User-interface thread.
+// Closes on a left press anywhere in the window, and closes its owner with it. Goes with its frame
+// while it is open. User-interface thread.
 class CSplashScreenMyView : public VSTGUI::CControl {
  public:
-  // owner: outlives the panel; the picture is its bitmap. textOrigin: the first line's place, from the panel's corner.
-  CSplashScreenMyView(const VSTGUI::CRect& size, VSTGUI::CSplashScreen* owner, const VSTGUI::CPoint& textOrigin);
+  // owner: outlives the panel; the picture is its bitmap. textOrigin: the first line's place, from
+  // the panel's corner.
+  CSplashScreenMyView(const VSTGUI::CRect& size, VSTGUI::CSplashScreen* owner,
+                      const VSTGUI::CPoint& textOrigin);
 
   void setSession(VSTGUI::ModalViewSessionID id) { session = id; }  // what its closing ends
 
@@ -21,7 +23,8 @@ class CSplashScreenMyView : public VSTGUI::CControl {
   VSTGUI::CBaseObject* newCopy() const override;
 
   void draw(VSTGUI::CDrawContext* context) override;
-  VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons) override;
+  VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
+                                        const VSTGUI::CButtonState& buttons) override;
 
  private:
   VSTGUI::CSplashScreen* owner;

@@ -3,11 +3,11 @@
 
 #include <algorithm>
 
-CVuMeter1::CVuMeter1(const VSTGUI::CRect& size, VSTGUI::CBitmap* onBitmap, VSTGUI::CBitmap* offBitmap,
-                     std::int32_t nbLed, std::int32_t style)
+CVuMeter1::CVuMeter1(const VSTGUI::CRect& size, VSTGUI::CBitmap* onBitmap,
+                     VSTGUI::CBitmap* offBitmap, std::int32_t nbLed, std::int32_t style)
     : CVuMeter(size, onBitmap, offBitmap, nbLed, style) {
-  // The toolkit's own timer would let the meter fall between the editor's idle passes, and its updater is a static
-  // object that a host's exit with an open window leaves in pieces.
+  // The toolkit's own timer would let the meter fall between the editor's idle passes, and its
+  // updater is a static object that a host's exit with an open window leaves in pieces.
   setWantsIdle(false);
   setMouseEnabled(false);  // a Control click would set the default value
 }
@@ -22,7 +22,8 @@ void CVuMeter1::draw(VSTGUI::CDrawContext* context) {
   const VSTGUI::CRect& area = getViewSize();
   const auto leds = static_cast<float>(nbLed);
   const bool horizontal = (style & kHorizontal) != 0;
-  const auto steps = static_cast<std::int32_t>(leds * (horizontal ? shown : getMax() - shown) + 0.5F);
+  const auto steps =
+      static_cast<std::int32_t>(leds * (horizontal ? shown : getMax() - shown) + 0.5F);
   const double share = static_cast<float>(steps) / leds;
   VSTGUI::CPoint litFrom, unlitFrom;
   if (horizontal) {

@@ -9,18 +9,20 @@
 #include "editor/base/steadytime.h"
 #include "vstgui.h"
 
-// The toolkit's own flag misses double clicks after a lone click and takes a right click for the first half. One object
-// a control, asked once for each press of the button that counts.
+// The toolkit's own flag misses double clicks after a lone click and takes a right click for the
+// first half. One object a control, asked once for each press of the button that counts.
 class DoubleClick {
  public:
   using Clock = std::function<std::uint64_t()>;  // ms, never backwards
 
   void setClock(Clock other) { clock = std::move(other); }
 
-  // True for the second of two presses that are close in time and place. A third one is a first one again.
+  // True for the second of two presses that are close in time and place. A third one is a first one
+  // again.
   bool press(const VSTGUI::CPoint& where) {
     const std::uint64_t time = clock();
-    const bool second = first && time - first->time <= kLongest && std::abs(where.x - first->where.x) <= kFarthest &&
+    const bool second = first && time - first->time <= kLongest &&
+                        std::abs(where.x - first->where.x) <= kFarthest &&
                         std::abs(where.y - first->where.y) <= kFarthest;
     first.reset();
     if (!second) first = {time, where};
@@ -31,12 +33,14 @@ class DoubleClick {
   void forget() { first.reset(); }
 
  private:
+  // ms
   struct Press {
-    std::uint64_t time;  // ms
+    std::uint64_t time;
     VSTGUI::CPoint where;
   };
-  static constexpr std::uint64_t kLongest = 300;  // ms, also between presses that a slow idle hands over late
-  static constexpr double kFarthest = 5;          // pixels, each way
+  // ms, also between presses that a slow idle hands over late
+  static constexpr std::uint64_t kLongest = 300;
+  static constexpr double kFarthest = 5;  // pixels, each way
 
   Clock clock = steadyMilliseconds;
   std::optional<Press> first;

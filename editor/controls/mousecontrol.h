@@ -52,10 +52,12 @@ class HoverControl : public MouseControl<Base> {
  public:
   using MouseControl<Base>::MouseControl;
 
-  VSTGUI::CMouseEventResult onMouseEntered(VSTGUI::CPoint& /*where*/, const VSTGUI::CButtonState&) override {
+  VSTGUI::CMouseEventResult onMouseEntered(VSTGUI::CPoint& /*where*/,
+                                           const VSTGUI::CButtonState&) override {
     return hover(true);
   }
-  VSTGUI::CMouseEventResult onMouseExited(VSTGUI::CPoint& /*where*/, const VSTGUI::CButtonState&) override {
+  VSTGUI::CMouseEventResult onMouseExited(VSTGUI::CPoint& /*where*/,
+                                          const VSTGUI::CButtonState&) override {
     return hover(false);
   }
 

@@ -25,8 +25,9 @@ void stepStringConvert(float value, char* text) {
   strictStringConvert(value, text);
 }
 
+// the product in float
 void percentStringConvert(float value, char* text) {
-  const float percent = value * 100.0F;  // the product in float
+  const float percent = value * 100.0F;
   std::snprintf(text, kTextSize, "%d%%", truncatedToInt32(static_cast<double>(percent)));
 }
 
@@ -52,11 +53,14 @@ void parameterNameStringConvert(float value, char* text) {
   }
 }
 
-// Two numbers with a point between them, the second neither rounded nor padded: 0.05 Hz shows as 0.50Hz.
+// Two numbers with a point between them, the second neither rounded nor padded: 0.05 Hz shows as
+// 0.50Hz.
 void frequencyStringConvert(float value, char* text) {
   const int whole = truncatedToInt32(static_cast<double>(value));
   const float fraction = value - static_cast<float>(whole);
-  const auto digits = [fraction](float scale) { return truncatedToInt32(static_cast<double>(fraction * scale)); };
+  const auto digits = [fraction](float scale) {
+    return truncatedToInt32(static_cast<double>(fraction * scale));
+  };
   if (static_cast<double>(value) < 0.2) {
     std::snprintf(text, kTextSize, "%d.%dHz", whole, digits(1000.0F));
   } else if (value < 1.0F) {

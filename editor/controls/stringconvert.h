@@ -1,11 +1,11 @@
 // Functions that turn a display's float into its text, and the names of MIDI controllers.
 #pragma once
 
-// Each writes one zero-terminated text of at most 16 bytes for values in the ranges named, and never more than 32 for
-// any. Every conversion to an integer truncates toward zero. Any thread.
+// Each writes one zero-terminated text of at most 16 bytes for values in the ranges named, and
+// never more than 32 for any. Every conversion to an integer truncates toward zero. Any thread.
 
-void strictStringConvert(float value, char* text);         // the whole number
-void stepStringConvert(float value, char* text);           // the same under the name that step displays use
+void strictStringConvert(float value, char* text);  // the whole number
+void stepStringConvert(float value, char* text);  // the same under the name that step displays use
 void percentStringConvert(float value, char* text);        // 0..1 as "50%"
 void dampStringConvert(float value, char* text);           // 0..1 as "closed", "50%", "thru"
 void parameterNameStringConvert(float value, char* text);  // 0.0, 0.1 .. 0.4 select a caption

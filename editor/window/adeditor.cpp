@@ -34,15 +34,18 @@ ADEditor::~ADEditor() {
 
 ERect ADEditor::windowSize() {
   background = loadBitmap(kBackgroundBitmap);
-  return {0, 0, static_cast<VstInt16>(background->getHeight()), static_cast<VstInt16>(background->getWidth())};
+  return {0, 0, static_cast<VstInt16>(background->getHeight()),
+          static_cast<VstInt16>(background->getWidth())};
 }
 
+// opening twice would lose the first frame
 bool ADEditor::open(void* window) {
-  if (frame != nullptr) close();  // opening twice would lose the first frame
+  if (frame != nullptr) close();
   try {
     return openWindow(window);
+    // memory ran out: half a window is none
   } catch (...) {
-    ADEditor::close();  // memory ran out: half a window is none
+    ADEditor::close();
     return false;
   }
 }
@@ -73,7 +76,8 @@ void ADEditor::close() {
   closeFrame();
 }
 
-// A control that is held by the mouse never hears of its release: the host would wait for the end of the gesture.
+// A control that is held by the mouse never hears of its release: the host would wait for the end
+// of the gesture.
 void ADEditor::endGestures() {
   for (std::size_t slot = 0; slot < views.size(); ++slot) {
     // A reference, since the host may close once more when it is told.
@@ -98,7 +102,8 @@ void ADEditor::idle() {
   CPresetSystemEditor::idle();
   const bool splashShown = about != nullptr && about->getValue() != 0.0F;
   const float reading = trelvan->getWidthMeter();
-  const bool isNumber = reading == reading;  // a host that sends NaNs gets them back, but the meter waits for numbers
+  // a host that sends NaNs gets them back, but the meter waits for numbers
+  const bool isNumber = reading == reading;
   if (!splashShown && isNumber) show(meter, 0.5F + reading);
 }
 

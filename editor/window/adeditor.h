@@ -13,9 +13,9 @@ class CAbout;
 class CVuMeter1;
 class Trelvan;
 
-// Made once by its effect. The frame owns the controls; the pointers are valid while the window is open. Gestures go to
-// the host as automation; changes of the effect's parameters, from any thread, are marked and reach the controls at the
-// next idle pass.
+// Made once by its effect. The frame owns the controls; the pointers are valid while the window is
+// open. Gestures go to the host as automation; changes of the effect's parameters, from any thread,
+// are marked and reach the controls at the next idle pass.
 class ADEditor : public CPresetSystemEditor {
  public:
   explicit ADEditor(Trelvan* owner);
@@ -25,8 +25,9 @@ class ADEditor : public CPresetSystemEditor {
   void close() override;
   void idle() override;
   void valueChanged(VSTGUI::CControl* control) override;
-  void setParameter(VstInt32 index, float value) override;  // any thread; others' indexes are ignored
-  virtual void suspend();                                   // the meter shows the centre
+  // any thread; others' indexes are ignored
+  void setParameter(VstInt32 index, float value) override;
+  virtual void suspend();  // the meter shows the centre
 
  protected:
   ERect windowSize() override;
@@ -45,8 +46,9 @@ class ADEditor : public CPresetSystemEditor {
   Trelvan* trelvan;
   std::atomic<std::uint32_t> changed{0};  // one bit a parameter that the controls do not show yet
   VSTGUI::SharedPointer<VSTGUI::CBitmap> background;
+  // slider or switch
   struct ParameterViews {
-    VSTGUI::CControl* control = nullptr;       // slider or switch
+    VSTGUI::CControl* control = nullptr;
     VSTGUI::CParamDisplay* display = nullptr;  // of its value; none beside a switch
   };
   std::array<ParameterViews, kParameterCount> views;  // by parameter index

@@ -30,7 +30,8 @@ struct SliderPlace {
   double top;
 };
 constexpr SliderPlace kSliders[] = {{kWidthIndex, 51}, {kBaseFreqIndex, 83}, {kEmphasisIndex, 115}};
-constexpr double kTextBelowSlider = 3;  // caption at the left, value at the right, so much below the slider's top
+// caption at the left, value at the right, so much below the slider's top
+constexpr double kTextBelowSlider = 3;
 constexpr double kTextHeight = 17;
 
 struct SwitchPlace {
@@ -61,11 +62,12 @@ CParamDisplay* makeDisplay(const DisplayPlace& place, CBitmap* background, Conve
   return display;
 }
 
-// What parameterNameStringConvert turns into the parameter's caption: 0.2 for the first that has one, then 0.1 more
-// each.
+// What parameterNameStringConvert turns into the parameter's caption: 0.2 for the first that has
+// one, then 0.1 more each.
 float captionSelector(VstInt32 index) {
   int place = 2;
-  for (VstInt32 before = 0; before < index; ++before) place += parameterAt(before).caption != nullptr ? 1 : 0;
+  for (VstInt32 before = 0; before < index; ++before)
+    place += parameterAt(before).caption != nullptr ? 1 : 0;
   return 0.1F * static_cast<float>(place);
 }
 
@@ -85,14 +87,16 @@ void ADEditor::addCaptions() {
   add({{258, 24, 298, 41}, 27, VSTGUI::kLeftText}, 0.1F);  // captionM
   for (const SliderPlace& slider : kSliders) {             // captionDepth, captionFreq, captionEmph
     const double top = slider.top + kTextBelowSlider;
-    add({{2, top, 42, top + kTextHeight}, top + 5, VSTGUI::kRightText}, captionSelector(slider.index));
+    add({{2, top, 42, top + kTextHeight}, top + 5, VSTGUI::kRightText},
+        captionSelector(slider.index));
   }
 }
 
 void ADEditor::addMeter() {
   const auto on = loadBitmap(135);
   const auto off = loadBitmap(136);
-  meter = new CVuMeter1(sizedLike(60, 25, *off), on, off, kMeterSteps, VSTGUI::CVuMeter::kHorizontal);
+  meter =
+      new CVuMeter1(sizedLike(60, 25, *off), on, off, kMeterSteps, VSTGUI::CVuMeter::kHorizontal);
   meter->setTag(kNoTag);
   meter->setDecreaseStepValue(1.0F);
   meter->setMin(0.0F);
@@ -110,9 +114,10 @@ void ADEditor::addParameterControls() {
   for (const SliderPlace& place : kSliders) {
     auto& [control, display] = views[static_cast<std::size_t>(place.index)];
     const CRect size(kTravelLeft, place.top, kTravelRight, place.top + handle->getHeight());
-    auto* slider = new VSTGUI::CHorizontalSlider(size, this, place.index, static_cast<std::int32_t>(kTravelLeft),
-                                                 static_cast<std::int32_t>(kTravelRight - handle->getWidth()), handle,
-                                                 background, CPoint(kTravelLeft, place.top), kSliderStyle);
+    auto* slider = new VSTGUI::CHorizontalSlider(
+        size, this, place.index, static_cast<std::int32_t>(kTravelLeft),
+        static_cast<std::int32_t>(kTravelRight - handle->getWidth()), handle, background,
+        CPoint(kTravelLeft, place.top), kSliderStyle);
     slider->setOffsetHandle(CPoint(0, 0));
     slider->setSliderMode(VSTGUI::CSliderMode::Touch);
     slider->setDefaultValue(0.5F);
@@ -121,8 +126,8 @@ void ADEditor::addParameterControls() {
 
     const bool asHertz = parameterAt(place.index).unit == Parameter::Unit::hertz;
     const double top = place.top + kTextBelowSlider;
-    display = makeDisplay({CRect(258, top, 322, top + kTextHeight), top + 5, VSTGUI::kLeftText}, background,
-                          asHertz ? frequencyStringConvert : percentStringConvert);
+    display = makeDisplay({CRect(258, top, 322, top + kTextHeight), top + 5, VSTGUI::kLeftText},
+                          background, asHertz ? frequencyStringConvert : percentStringConvert);
     if (asHertz) display->setMax(kLargestFrequency);
     view->addView(display);
     showParameter(place.index);
@@ -138,12 +143,14 @@ void ADEditor::addParameterControls() {
   }
 }
 
+// the panel is centred above the preset bar
 void ADEditor::addAbout() {
-  constexpr double kAreaWidth = 302;  // the panel is centred above the preset bar
+  constexpr double kAreaWidth = 302;
   constexpr double kAreaHeight = 214;
   const auto panel = loadBitmap(139);
   CRect size(70, 182, 225, 202);
-  CRect displayArea = sizedLike((kAreaWidth - panel->getWidth()) / 2, (kAreaHeight - panel->getHeight()) / 2, *panel);
+  CRect displayArea = sizedLike((kAreaWidth - panel->getWidth()) / 2,
+                                (kAreaHeight - panel->getHeight()) / 2, *panel);
   CPoint offset(0, 0);
   CPoint textOrigin(0, 8);
   about = new CAbout(size, this, kAboutTag, panel, displayArea, offset, textOrigin);

@@ -17,7 +17,8 @@ std::atomic<bool> ending = false;
 static_assert(std::atomic<const char*>::is_always_lock_free, "the handler reads the slots");
 
 bool isCrash(int signalNumber) {
-  return signalNumber == SIGSEGV || signalNumber == SIGBUS || signalNumber == SIGFPE || signalNumber == SIGILL;
+  return signalNumber == SIGSEGV || signalNumber == SIGBUS || signalNumber == SIGFPE ||
+         signalNumber == SIGILL;
 }
 
 void handle(int signalNumber) {
@@ -25,7 +26,8 @@ void handle(int signalNumber) {
   for (const auto& file : files) {
     if (const char* path = file.load()) unlink(path);
   }
-  static constexpr char kCrashed[] = "widen: crashed, most likely inside the effect; unfinished files were removed\n";
+  static constexpr char kCrashed[] =
+      "widen: crashed, most likely inside the effect; unfinished files were removed\n";
   if (isCrash(signalNumber)) {
     [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, kCrashed, sizeof kCrashed - 1);
   }
@@ -48,7 +50,8 @@ void installUnlessTaken(int signalNumber) {
 }  // namespace
 
 void installInterruption() {
-  for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) {
+  for (const int number :
+       {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) {
     installUnlessTaken(number);
   }
   std::signal(SIGXFSZ, SIG_IGN);

@@ -21,8 +21,8 @@ constexpr mode_t kNewFileMode = 0666;  // less what the person's umask takes awa
 
 std::filesystem::path hiddenNameBeside(const std::filesystem::path& place) {
   static std::atomic<unsigned> count = 0;
-  return place.parent_path() /
-         formatted(".%s.%d-%u.part", place.filename().c_str(), static_cast<int>(getpid()), count.fetch_add(1));
+  return place.parent_path() / formatted(".%s.%d-%u.part", place.filename().c_str(),
+                                         static_cast<int>(getpid()), count.fetch_add(1));
 }
 
 }  // namespace
@@ -36,7 +36,8 @@ void checkTarget(const std::filesystem::path& target, bool replace) {
   if (!replace) throw Failure(target.string() + ": is already there (--force replaces it)");
 }
 
-TemporaryFile::TemporaryFile(const std::filesystem::path& named, bool mayReplace) : target(named), replace(mayReplace) {
+TemporaryFile::TemporaryFile(const std::filesystem::path& named, bool mayReplace)
+    : target(named), replace(mayReplace) {
   checkTarget(target, replace);
   std::error_code error;
   place = std::filesystem::weakly_canonical(target, error);
@@ -48,8 +49,8 @@ TemporaryFile::TemporaryFile(const std::filesystem::path& named, bool mayReplace
   if (handle >= 0 && endedBySignal()) unlink(temporary.c_str());
   if (handle >= 0) return;
   forgetOnSignal(slot);
-  throw cannotWrite(target,
-                    failure == ENOENT ? "there is no folder " + place.parent_path().string() : std::strerror(failure));
+  throw cannotWrite(target, failure == ENOENT ? "there is no folder " + place.parent_path().string()
+                                              : std::strerror(failure));
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -61,11 +62,13 @@ TemporaryFile::~TemporaryFile() {
 void TemporaryFile::keep() {
   checkTarget(target, replace);
   struct stat old {};
-  if (stat(place.c_str(), &old) == 0) fchmod(handle, old.st_mode & 07777);  // a replaced file keeps who may read it
+  // a replaced file keeps who may read it
+  if (stat(place.c_str(), &old) == 0) fchmod(handle, old.st_mode & 07777);
   const int closed = close(handle);
   handle = -1;
   if (closed != 0) throw cannotWrite(target, std::strerror(errno));
-  if (rename(temporary.c_str(), place.c_str()) != 0) throw cannotWrite(target, std::strerror(errno));
+  if (rename(temporary.c_str(), place.c_str()) != 0)
+    throw cannotWrite(target, std::strerror(errno));
   forgetOnSignal(slot);
   slot = -1;
   temporary.clear();

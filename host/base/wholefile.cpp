@@ -25,7 +25,8 @@ std::vector<unsigned char> readWholeFile(const std::filesystem::path& file) {
   return bytes;
 }
 
-void writeWholeFile(const std::filesystem::path& file, std::span<const unsigned char> bytes, bool replace) {
+void writeWholeFile(const std::filesystem::path& file, std::span<const unsigned char> bytes,
+                    bool replace) {
   TemporaryFile temporary(file, replace);
   const int error = writeAll(temporary.descriptor(), bytes.data(), bytes.size());
   if (error != 0) throw cannotWrite(file, std::strerror(error));

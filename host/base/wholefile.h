@@ -11,4 +11,5 @@ constexpr std::uintmax_t kLargestState = 1 << 28;  // bytes: more than any effec
 // Throws Failure: no such file, a folder, empty, larger than any state, not readable.
 std::vector<unsigned char> readWholeFile(const std::filesystem::path& file);
 // Through a temporary file. Throws Failure.
-void writeWholeFile(const std::filesystem::path& file, std::span<const unsigned char> bytes, bool replace);
+void writeWholeFile(const std::filesystem::path& file, std::span<const unsigned char> bytes,
+                    bool replace);

@@ -14,17 +14,20 @@
 namespace {
 
 constexpr const char* kDescription =
-    "widen: runs mono or stereo sound files through a VST 2.4 effect, by default Trelvan, and writes stereo files.";
+    "widen: runs mono or stereo sound files through a VST 2.4 effect, by default Trelvan, and "
+    "writes stereo files.";
 
 // The base frequency's range and curve are the effect's own.
 std::string frequencyNotes() {
   using parametercurves::kHzRange, parametercurves::kLowestHz;
   const double highest = kLowestHz + kHzRange;
   const double middle = parameterAt(kBaseFreqIndex).derived(0.5F);
-  return formatted("265Hz or 0.265kHz, from %gHz to %gHz; without a unit 0 to 1 is the raw value\n", kLowestHz,
-                   highest) +
-         formatted("                       (%g + %g x^2 Hz, so that 0.5 is %g Hz) and %g to %g is in Hz.\n", kLowestHz,
-                   kHzRange, middle, kLowestHz, highest);
+  return formatted("265Hz or 0.265kHz, from %gHz to %gHz; without a unit 0 to 1 is the raw value\n",
+                   kLowestHz, highest) +
+         formatted(
+             "                       (%g + %g x^2 Hz, so that 0.5 is %g Hz) and %g to %g is in "
+             "Hz.\n",
+             kLowestHz, kHzRange, middle, kLowestHz, highest);
 }
 
 std::string notes() {
@@ -70,7 +73,8 @@ class Formatter : public CLI::Formatter {
  public:
   Formatter() { column_width(32); }
   std::string make_usage(const CLI::App*, std::string) const override {
-    return "Usage: widen [OPTIONS] IN... -o OUT\n       widen [OPTIONS] --info | --list-params | --list-presets | "
+    return "Usage: widen [OPTIONS] IN... -o OUT\n       widen [OPTIONS] --info | --list-params | "
+           "--list-presets | "
            "--editor\n";
   }
 };
@@ -83,14 +87,19 @@ std::optional<std::string> given(const CLI::App& app, const char* option, const 
 
 void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
   app.add_option("IN", arguments.inputs, "Sound files, mono or stereo")->type_name("");
-  app.add_option("-o,--output", typed.output, "Output file or folder: .wav, .aif(f) or .flac")->type_name("OUT");
+  app.add_option("-o,--output", typed.output, "Output file or folder: .wav, .aif(f) or .flac")
+      ->type_name("OUT");
   app.add_flag("-f,--force", arguments.force, "Replace outputs that are already there");
-  app.add_option("--format", typed.format, "pcm16, pcm24, pcm32, float or double; default: as the input")
+  app.add_option("--format", typed.format,
+                 "pcm16, pcm24, pcm32, float or double; default: as the input")
       ->type_name("FORMAT");
-  app.add_option("--gain", typed.gain, "Louder or softer after the effect, e.g. -3dB")->type_name("DB");
-  app.add_option("--tail", typed.tail, "Let the effect ring out: 2s, 250ms, or auto (until it is silent)")
+  app.add_option("--gain", typed.gain, "Louder or softer after the effect, e.g. -3dB")
+      ->type_name("DB");
+  app.add_option("--tail", typed.tail,
+                 "Let the effect ring out: 2s, 250ms, or auto (until it is silent)")
       ->type_name("TIME");
-  app.add_option("--plot", typed.plot, "Picture of the stereo image before and after (PNG file or folder)")
+  app.add_option("--plot", typed.plot,
+                 "Picture of the stereo image before and after (PNG file or folder)")
       ->type_name("PNG");
   app.add_option("-j,--jobs", arguments.jobs, "Files at the same time; 0: one for each processor")
       ->check(CLI::Range(0, Arguments::kMostJobs).description(""))
@@ -98,24 +107,32 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
   app.add_flag("-q,--quiet", arguments.quiet, "Say nothing but errors and warnings");
 
   const std::string sound = "Sound";
-  app.add_option("--preset", typed.preset, "Name, number, or preset file (.orv)")->group(sound)->type_name("PRESET");
+  app.add_option("--preset", typed.preset, "Name, number, or preset file (.orv)")
+      ->group(sound)
+      ->type_name("PRESET");
   app.add_option("--bank", typed.bank, "Bank file (.orb); its first preset is selected")
       ->group(sound)
       ->type_name("FILE");
   for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
-    app.add_option(kValueOptions[i].name, typed.values[i], kValueOptions[i].help)->group(sound)->type_name("VALUE");
+    app.add_option(kValueOptions[i].name, typed.values[i], kValueOptions[i].help)
+        ->group(sound)
+        ->type_name("VALUE");
   }
-  app.add_option("--set", typed.settings, "Any effect's parameter by name or index, 0 to 1 (may be repeated)")
+  app.add_option("--set", typed.settings,
+                 "Any effect's parameter by name or index, 0 to 1 (may be repeated)")
       ->group(sound)
       ->allow_extra_args(false)
       ->type_name("NAME=VALUE");
   app.add_option("--state", typed.state, "Start from a saved state (the effect's chunk)")
       ->group(sound)
       ->type_name("FILE");
-  app.add_option("--save-state", typed.saveState, "Save the state that results")->group(sound)->type_name("FILE");
+  app.add_option("--save-state", typed.saveState, "Save the state that results")
+      ->group(sound)
+      ->type_name("FILE");
 
   const std::string effect = "Effect";
-  app.add_option("--plugin", typed.plugin, "VST 2.4 effect: bundle or binary; default: Trelvan.vst beside widen")
+  app.add_option("--plugin", typed.plugin,
+                 "VST 2.4 effect: bundle or binary; default: Trelvan.vst beside widen")
       ->group(effect)
       ->type_name("PATH");
   app.add_option("--block", arguments.blockSize, "Frames a block; the result does not depend on it")
@@ -123,10 +140,14 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
       ->check(CLI::Range(1, Arguments::kLargestBlockSize).description(""))
       ->type_name("N");
   app.add_flag("--double", arguments.doublePrecision, "Process in double precision")->group(effect);
-  app.add_flag("--info", arguments.info, "Show everything that the effect says of itself")->group(effect);
-  app.add_flag("--list-params", arguments.listParameters, "Show the parameters and their values")->group(effect);
+  app.add_flag("--info", arguments.info, "Show everything that the effect says of itself")
+      ->group(effect);
+  app.add_flag("--list-params", arguments.listParameters, "Show the parameters and their values")
+      ->group(effect);
   app.add_flag("--list-presets", arguments.listPresets, "Show the presets")->group(effect);
-  app.add_flag("--editor", arguments.editor, "Open the effect's window; the run ends when it is closed")->group(effect);
+  app.add_flag("--editor", arguments.editor,
+               "Open the effect's window; the run ends when it is closed")
+      ->group(effect);
   app.add_flag("--version", typed.version, "Show the version");
 }
 
@@ -138,7 +159,8 @@ std::string oneLine(std::string text) {
 void takeValues(const CLI::App& app, const Typed& typed, StateArguments& state) {
   for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
     if (app.count(kValueOptions[i].name) == 0) continue;
-    state.values[i] = parseTrelvanValue(static_cast<int>(i), kValueOptions[i].name, typed.values[i]);
+    state.values[i] =
+        parseTrelvanValue(static_cast<int>(i), kValueOptions[i].name, typed.values[i]);
   }
   for (const std::string& setting : typed.settings) {
     const auto equals = setting.find('=');
@@ -155,7 +177,8 @@ void takeOutputOptions(const CLI::App& app, const Typed& typed, Arguments& argum
   if (app.count("--format") != 0) {
     arguments.format = sampleFormatNamed(typed.format);
     if (!arguments.format) {
-      throw UsageFailure("--format: \"" + typed.format + "\" is not pcm16, pcm24, pcm32, float or double");
+      throw UsageFailure("--format: \"" + typed.format +
+                         "\" is not pcm16, pcm24, pcm32, float or double");
     }
   }
   if (app.count("--gain") != 0) arguments.gain = parseGain("--gain", typed.gain);
@@ -188,15 +211,16 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   app.footer(notes());
   addOptions(app, arguments, typed);
   try {
-    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes the last word first
+    // the parser takes the last word first
+    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
   } catch (const CLI::CallForHelp&) {
     return {std::nullopt, app.help()};
   } catch (const CLI::ParseError& error) {
     throw UsageFailure(oneLine(error.what()));
   }
   if (typed.version) {
-    return {std::nullopt,
-            std::string("widen " WIDEN_VERSION ", VST 2.4 host for files, with ") + sf_version_string() + "\n"};
+    return {std::nullopt, std::string("widen " WIDEN_VERSION ", VST 2.4 host for files, with ") +
+                              sf_version_string() + "\n"};
   }
   takeValues(app, typed, arguments.state);
   takeOutputOptions(app, typed, arguments);

@@ -26,7 +26,8 @@ struct Outcome {
   std::string failure;
 };
 
-Outcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job, Console& console) {
+Outcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
+                  Console& console) {
   try {
     const Conversion done = convert(module, arguments, job, console);
     return {reportOf(done, job), clippingWarning(done, job), {}};
@@ -89,7 +90,8 @@ class MadeFolders {
     for (const fs::path& folder : folders) {
       std::error_code error;
       if (!fs::create_directory(folder, error)) {
-        throw Failure(folder.string() + ": cannot be made (" + (error ? error.message() : "it is in the way") + ")");
+        throw Failure(folder.string() + ": cannot be made (" +
+                      (error ? error.message() : "it is in the way") + ")");
       }
       made.push_back(folder);
     }
@@ -114,7 +116,8 @@ std::size_t threadCount(const Arguments& arguments, std::size_t files) {
 
 }  // namespace
 
-bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jobs, Console& console) {
+bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jobs,
+                Console& console) {
   const MadeFolders folders(jobs.foldersToBeMade);
   if (console.showsProgress()) console.expect(framesOf(jobs), static_cast<int>(jobs.list.size()));
   Reporter reporter(jobs.list.size(), console);
@@ -128,8 +131,9 @@ bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jo
   for (std::size_t count = 1; count < threadCount(arguments, jobs.list.size()); ++count) {
     try {
       helpers.emplace_back(work);
+      // fewer threads do it too
     } catch (const std::system_error&) {
-      break;  // fewer threads do it too
+      break;
     }
   }
   work();

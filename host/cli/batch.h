@@ -8,4 +8,5 @@
 
 // Reports each file in the order in which they were named; a file that fails is reported and the
 // others go on. True if all were done.
-bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jobs, Console& console);
+bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jobs,
+                Console& console);

@@ -30,7 +30,10 @@ int put(std::FILE* stream, const std::string& text) {
 }  // namespace
 
 Console::Console(bool beQuiet)
-    : quiet(beQuiet), progressWanted(!beQuiet && isatty(STDERR_FILENO) != 0), start(Clock::now()), lastShown(start) {}
+    : quiet(beQuiet),
+      progressWanted(!beQuiet && isatty(STDERR_FILENO) != 0),
+      start(Clock::now()),
+      lastShown(start) {}
 
 Console::~Console() {
   clearProgress();
@@ -50,7 +53,8 @@ void Console::print(const std::string& text) {
 void Console::checkPrinted() {
   const std::lock_guard guard(lock);
   if (printError == 0) return;
-  throw Failure(std::string("the standard output cannot be written (") + std::strerror(printError) + ")");
+  throw Failure(std::string("the standard output cannot be written (") + std::strerror(printError) +
+                ")");
 }
 
 void Console::warn(const std::string& text) {
@@ -70,7 +74,8 @@ void Console::advance(std::int64_t frames) {
   const std::lock_guard guard(lock);
   doneFrames += frames;
   const auto now = Clock::now();
-  if (progressWanted && now - start >= kBeforeFirst && now - lastShown >= kBetween) showProgress(now);
+  if (progressWanted && now - start >= kBeforeFirst && now - lastShown >= kBetween)
+    showProgress(now);
 }
 
 void Console::fileDone() {
@@ -85,7 +90,9 @@ void Console::clearProgress() {
 
 void Console::showProgress(Clock::time_point now) {
   const double done =
-      expectedFrames > 0 ? std::min(1.0, static_cast<double>(doneFrames) / static_cast<double>(expectedFrames)) : 0.0;
+      expectedFrames > 0
+          ? std::min(1.0, static_cast<double>(doneFrames) / static_cast<double>(expectedFrames))
+          : 0.0;
   const double seconds = std::chrono::duration<double>(now - start).count();
   const int full = static_cast<int>(done * kBarWidth);
   std::string line = "\r\033[K[" + std::string(static_cast<std::size_t>(full), '#') +

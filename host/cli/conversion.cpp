@@ -19,12 +19,15 @@
 
 namespace {
 
-constexpr double kLongestAutomaticTail = 30.0;   // s: an effect that never falls silent must not fill the disk
+// s: an effect that never falls silent must not fill the disk
+constexpr double kLongestAutomaticTail = 30.0;
 constexpr double kQuietTime = 2.0;               // s: longer than the gaps between echoes
 constexpr std::int64_t kProgressStep = 1 << 16;  // frames
 
 TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
-  const auto frames = [&](double seconds) { return static_cast<std::int64_t>(std::llround(seconds * sampleRate)); };
+  const auto frames = [&](double seconds) {
+    return static_cast<std::int64_t>(std::llround(seconds * sampleRate));
+  };
   if (!asked.automatic) return {false, frames(asked.seconds), 0};
   const std::int64_t longest = frames(kLongestAutomaticTail);
   // An effect that knows its tail may name a longer gap.
@@ -35,8 +38,8 @@ TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
 // One run from the first frame to the last.
 class Run {
  public:
-  Run(Effect& startedEffect, SoundReader& source, SoundWriter& target, const Arguments& arguments, const Job& files,
-      Console& display)
+  Run(Effect& startedEffect, SoundReader& source, SoundWriter& target, const Arguments& arguments,
+      const Job& files, Console& display)
       : effect(startedEffect),
         reader(source),
         writer(target),
@@ -44,7 +47,8 @@ class Run {
         job(files),
         console(display),
         runner(BlockRunner::make(startedEffect, arguments.blockSize, arguments.doublePrecision)),
-        stage([this](const double* l, const double* r, int frames) { take(l, r, frames); }, startedEffect.latency(),
+        stage([this](const double* l, const double* r, int frames) { take(l, r, frames); },
+              startedEffect.latency(),
               planTail(startedEffect, arguments.tail, source.sampleRate())),
         left(static_cast<std::size_t>(arguments.blockSize)),
         right(left.size()),
@@ -68,7 +72,8 @@ class Run {
     stage.endOfInput(read);
     std::fill(left.begin(), left.end(), 0.0);
     std::fill(right.begin(), right.end(), 0.0);
-    while (!stage.complete()) processBlock(static_cast<int>(std::min<std::int64_t>(blockSize, stage.framesWanted())));
+    while (!stage.complete())
+      processBlock(static_cast<int>(std::min<std::int64_t>(blockSize, stage.framesWanted())));
     console.advance(unshown);
     return read;
   }
@@ -93,10 +98,12 @@ class Run {
     }
   }
 
-  void checkFinite(const double* l, const double* r, int frames, std::int64_t first, const std::string& what) const {
+  void checkFinite(const double* l, const double* r, int frames, std::int64_t first,
+                   const std::string& what) const {
     for (int frame = 0; frame < frames; ++frame) {
       if (std::isfinite(l[frame]) && std::isfinite(r[frame])) continue;
-      throw Failure(what + " a value that is not a number at " + durationText(first + frame, reader.sampleRate()));
+      throw Failure(what + " a value that is not a number at " +
+                    durationText(first + frame, reader.sampleRate()));
     }
   }
 
@@ -124,7 +131,8 @@ class Run {
   std::int64_t unshown = 0;  // frames since the progress was shown
 };
 
-SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arguments, FileType type) {
+SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arguments,
+                                 FileType type) {
   SoundWriterOptions options;
   options.type = type;
   options.format = arguments.format.value_or(keptFormat(reader.format(), type));
@@ -138,7 +146,8 @@ SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arg
 
 }  // namespace
 
-Conversion convert(PluginModule& module, const Arguments& arguments, const Job& job, Console& console) {
+Conversion convert(PluginModule& module, const Arguments& arguments, const Job& job,
+                   Console& console) {
   SoundReader reader(job.input);
   Conversion done;
   done.channels = reader.channels();
@@ -168,7 +177,8 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
 
   // The sound takes its name only when the picture is complete as well, and the other way round.
   std::unique_ptr<TemporaryFile> picture;
-  if (run.image() != nullptr) picture = drawPlot(*run.image(), captionOf(done, job), *job.plot, arguments.force);
+  if (run.image() != nullptr)
+    picture = drawPlot(*run.image(), captionOf(done, job), *job.plot, arguments.force);
   writer.finish();
   if (picture) picture->keep();
   done.framesWritten = writer.framesWritten();

@@ -26,7 +26,8 @@ std::string propertiesText(Effect& effect, int index) {
   if ((properties.flags & kVstParameterIsSwitch) != 0) add("switch");
   if ((properties.flags & kVstParameterUsesFloatStep) != 0) {
     add(formatted("steps %g, %g, %g", static_cast<double>(properties.smallStepFloat),
-                  static_cast<double>(properties.stepFloat), static_cast<double>(properties.largeStepFloat)));
+                  static_cast<double>(properties.stepFloat),
+                  static_cast<double>(properties.largeStepFloat)));
   }
   if ((properties.flags & kVstParameterUsesIntegerMinMax) != 0) {
     add(formatted("%d to %d", properties.minInteger, properties.maxInteger));
@@ -55,8 +56,9 @@ std::string describeParameters(Effect& effect) {
   std::string text;
   for (int index = 0; index < effect.parameterCount(); ++index) {
     const auto slot = static_cast<std::size_t>(index);
-    text += formatted("%3d  %-*s  %8.6f  %-*s  ", index, nameWidth, names[slot].c_str(),
-                      static_cast<double>(effect.parameter(index)), valueWidth, values[slot].c_str());
+    text +=
+        formatted("%3d  %-*s  %8.6f  %-*s  ", index, nameWidth, names[slot].c_str(),
+                  static_cast<double>(effect.parameter(index)), valueWidth, values[slot].c_str());
     text += propertiesText(effect, index);
     text.erase(text.find_last_not_of(' ') + 1);
     text += "\n";
@@ -70,7 +72,8 @@ std::string describePresets(Effect& effect) {
   std::string text;
   for (std::size_t number = 0; number < presets.names.size(); ++number) {
     const bool current = static_cast<int>(number) == presets.current;
-    text += formatted("%c%3d  ", current ? '*' : ' ', static_cast<int>(number)) + presets.names[number] + "\n";
+    text += formatted("%c%3d  ", current ? '*' : ' ', static_cast<int>(number)) +
+            presets.names[number] + "\n";
   }
   return text;
 }
@@ -78,7 +81,8 @@ std::string describePresets(Effect& effect) {
 std::string describeValues(Effect& effect) {
   std::string text;
   for (int index = 0; index < std::min(effect.parameterCount(), kMostValues); ++index) {
-    text += (index == 0 ? "" : ", ") + effect.text(effGetParamName, index) + " " + valueText(effect, index);
+    text += (index == 0 ? "" : ", ") + effect.text(effGetParamName, index) + " " +
+            valueText(effect, index);
   }
   if (effect.parameterCount() > kMostValues) text += ", ...";
   return text;

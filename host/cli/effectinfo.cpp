@@ -22,12 +22,13 @@ std::string idText(VstInt32 id) {
 }
 
 std::string categoryText(VstIntPtr category) {
-  static constexpr std::array<const char*, 12> kNames = {"unknown",     "effect",          "synth",   "analysis",
-                                                         "mastering",   "spacializer",     "room fx", "surround",
-                                                         "restoration", "offline process", "shell",   "generator"};
+  static constexpr std::array<const char*, 12> kNames = {
+      "unknown", "effect",   "synth",       "analysis",        "mastering", "spacializer",
+      "room fx", "surround", "restoration", "offline process", "shell",     "generator"};
   const bool known = category >= 0 && category < static_cast<VstIntPtr>(kNames.size());
   if (!known) return std::to_string(category);
-  return formatted("%d (%s)", static_cast<int>(category), kNames[static_cast<std::size_t>(category)]);
+  return formatted("%d (%s)", static_cast<int>(category),
+                   kNames[static_cast<std::size_t>(category)]);
 }
 
 std::string flagsText(VstInt32 flags) {
@@ -35,12 +36,13 @@ std::string flagsText(VstInt32 flags) {
     VstInt32 bit;
     const char* name;
   };
-  static constexpr std::array<Flag, 6> kFlags = {{{effFlagsHasEditor, "has editor"},
-                                                  {effFlagsCanReplacing, "can replacing"},
-                                                  {effFlagsProgramChunks, "program chunks"},
-                                                  {effFlagsIsSynth, "is synth"},
-                                                  {effFlagsNoSoundInStop, "no sound in stop"},
-                                                  {effFlagsCanDoubleReplacing, "can double replacing"}}};
+  static constexpr std::array<Flag, 6> kFlags = {
+      {{effFlagsHasEditor, "has editor"},
+       {effFlagsCanReplacing, "can replacing"},
+       {effFlagsProgramChunks, "program chunks"},
+       {effFlagsIsSynth, "is synth"},
+       {effFlagsNoSoundInStop, "no sound in stop"},
+       {effFlagsCanDoubleReplacing, "can double replacing"}}};
   std::string text = formatted("0x%X", static_cast<unsigned>(flags));
   for (const Flag& flag : kFlags) {
     if ((flags & flag.bit) != 0) text += std::string(", ") + flag.name;
@@ -57,17 +59,19 @@ std::string pinText(Effect& effect, VstInt32 opcode, int index) {
   if (pin.shortLabel[0] != 0) text += formatted(" (\"%s\")", pin.shortLabel);
   if ((pin.flags & kVstPinIsActive) != 0) text += ", active";
   if ((pin.flags & kVstPinIsStereo) != 0) text += ", stereo";
-  if ((pin.flags & kVstPinUseSpeaker) != 0) text += ", arrangement " + std::to_string(pin.arrangementType);
+  if ((pin.flags & kVstPinUseSpeaker) != 0)
+    text += ", arrangement " + std::to_string(pin.arrangementType);
   return text;
 }
 
 std::string arrangementText(Effect& effect) {
   VstSpeakerArrangement* in = nullptr;
   VstSpeakerArrangement* out = nullptr;
-  const VstIntPtr answer = effect.dispatch(effGetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&in), &out);
+  const VstIntPtr answer =
+      effect.dispatch(effGetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&in), &out);
   if (answer == 0 || in == nullptr || out == nullptr) return "no answer";
-  return formatted("%d channels in (type %d), %d out (type %d)", in->numChannels, in->type, out->numChannels,
-                   out->type);
+  return formatted("%d channels in (type %d), %d out (type %d)", in->numChannels, in->type,
+                   out->numChannels, out->type);
 }
 
 std::string capabilities(Effect& effect) {
@@ -115,8 +119,10 @@ std::string programRow(Effect& effect) {
 std::string editorText(Effect& effect) {
   if ((effect.record().flags & effFlagsHasEditor) == 0) return "none";
   ERect* rectangle = nullptr;
-  if (effect.dispatch(effEditGetRect, 0, 0, &rectangle) == 0 || rectangle == nullptr) return "yes, size not known yet";
-  return formatted("%d x %d pixels", rectangle->right - rectangle->left, rectangle->bottom - rectangle->top);
+  if (effect.dispatch(effEditGetRect, 0, 0, &rectangle) == 0 || rectangle == nullptr)
+    return "yes, size not known yet";
+  return formatted("%d x %d pixels", rectangle->right - rectangle->left,
+                   rectangle->bottom - rectangle->top);
 }
 
 std::string chunkText(Effect& effect) {
@@ -148,17 +154,20 @@ std::string describeEffect(Effect& effect) {
   text += row("programs", programRow(effect));
   text += row("parameters", std::to_string(record.numParams));
   for (int pin = 0; pin < record.numInputs; ++pin) {
-    text += row(("input " + std::to_string(pin)).c_str(), pinText(effect, effGetInputProperties, pin));
+    text +=
+        row(("input " + std::to_string(pin)).c_str(), pinText(effect, effGetInputProperties, pin));
   }
   for (int pin = 0; pin < record.numOutputs; ++pin) {
-    text += row(("output " + std::to_string(pin)).c_str(), pinText(effect, effGetOutputProperties, pin));
+    text += row(("output " + std::to_string(pin)).c_str(),
+                pinText(effect, effGetOutputProperties, pin));
   }
   text += row("arrangement", arrangementText(effect));
   text += row("latency", std::to_string(record.initialDelay) + " frames");
   text += row("tail", tailText(effect.dispatch(effGetTailSize)));
   text += row("state", chunkText(effect));
   text += row("editor", editorText(effect));
-  text += row("MIDI channels", std::to_string(effect.dispatch(effGetNumMidiInputChannels)) + " in, " +
-                                   std::to_string(effect.dispatch(effGetNumMidiOutputChannels)) + " out");
+  text += row("MIDI channels",
+              std::to_string(effect.dispatch(effGetNumMidiInputChannels)) + " in, " +
+                  std::to_string(effect.dispatch(effGetNumMidiOutputChannels)) + " out");
   return text + capabilities(effect);
 }

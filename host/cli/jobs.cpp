@@ -38,10 +38,11 @@ fs::path identity(const fs::path& path) {
 void checkOutputType(const fs::path& output, const Arguments& arguments) {
   const auto type = fileTypeOf(output);
   if (!type)
-    throw UsageFailure(output.string() + ": unknown kind of output; .wav, .aif, .aiff and .flac can be written");
+    throw UsageFailure(output.string() +
+                       ": unknown kind of output; .wav, .aif, .aiff and .flac can be written");
   if (arguments.format && !canHold(*type, *arguments.format)) {
-    throw UsageFailure(output.string() + ": " + textOf(*type) + " cannot hold " + textOf(*arguments.format) +
-                       " samples");
+    throw UsageFailure(output.string() + ": " + textOf(*type) + " cannot hold " +
+                       textOf(*arguments.format) + " samples");
   }
 }
 
@@ -53,8 +54,9 @@ fs::path plotName(const fs::path& input) {
   return input.stem().string() + ".png";
 }
 
+// identity of a target, and the input that it is for
 void checkNothingIsDestroyed(const std::vector<Job>& jobs) {
-  std::map<fs::path, fs::path> writers;  // identity of a target, and the input that it is for
+  std::map<fs::path, fs::path> writers;
   const auto claim = [&](const fs::path& target, const fs::path& input) {
     std::error_code error;
     for (const Job& job : jobs) {
@@ -64,8 +66,8 @@ void checkNothingIsDestroyed(const std::vector<Job>& jobs) {
     }
     const auto [other, first] = writers.emplace(identity(target), input);
     if (!first) {
-      throw UsageFailure(target.string() + ": would be written for both " + other->second.string() + " and " +
-                         input.string());
+      throw UsageFailure(target.string() + ": would be written for both " + other->second.string() +
+                         " and " + input.string());
     }
   };
   for (const Job& job : jobs) {
@@ -88,7 +90,8 @@ Jobs planJobs(const Arguments& arguments) {
     Job job{input, intoFolder ? output / outputName(input) : output, std::nullopt};
     checkOutputType(job.output, arguments);
     if (arguments.plot)
-      job.plot = plotsIntoFolder ? fs::path(*arguments.plot) / plotName(input) : fs::path(*arguments.plot);
+      job.plot =
+          plotsIntoFolder ? fs::path(*arguments.plot) / plotName(input) : fs::path(*arguments.plot);
     if (job.plot && !sameLetters(job.plot->extension().string(), ".png")) {
       throw UsageFailure(job.plot->string() + ": the picture is a PNG; name it .png");
     }

@@ -13,8 +13,9 @@ struct Job {
   std::optional<std::filesystem::path> plot;
 };
 
+// as the inputs were named
 struct Jobs {
-  std::vector<Job> list;                               // as the inputs were named
+  std::vector<Job> list;
   std::vector<std::filesystem::path> foldersToBeMade;  // for the outputs; missing now
 };
 

@@ -14,7 +14,8 @@ class Goniometer {
 
   void add(double left, double right);
 
-  double range() const { return halfWidth; }  // the cells cover -range..range both ways; 1 is full scale
+  // the cells cover -range..range both ways; 1 is full scale
+  double range() const { return halfWidth; }
   // column: from right-heavy side (negative) to the left; row: mid, from -range up.
   std::uint32_t count(int column, int row) const {
     return counts[static_cast<std::size_t>(row) * kCells + static_cast<std::size_t>(column)];

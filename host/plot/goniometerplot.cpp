@@ -41,8 +41,9 @@ std::uint32_t densityPixel(double density) {
   const auto channel = [&](double from, double to) {
     return static_cast<std::uint32_t>(std::lround(std::lerp(from, to, part) * alpha * 255.0));
   };
-  return static_cast<std::uint32_t>(std::lround(alpha * 255.0)) << 24 | channel(a.colour.red, b.colour.red) << 16 |
-         channel(a.colour.green, b.colour.green) << 8 | channel(a.colour.blue, b.colour.blue);
+  return static_cast<std::uint32_t>(std::lround(alpha * 255.0)) << 24 |
+         channel(a.colour.red, b.colour.red) << 16 | channel(a.colour.green, b.colour.green) << 8 |
+         channel(a.colour.blue, b.colour.blue);
 }
 
 // 1, 2 or 5 times a power of ten, so that no more than kTicksEachWay fit into the extent.
@@ -62,7 +63,8 @@ std::vector<double> densitiesOf(const Goniometer& goniometer) {
   constexpr double kContrast = 0.75;  // below 1: sparse parts come out brighter
   std::uint32_t most = 1;
   for (int row = 0; row < kCells; ++row) {
-    for (int column = 0; column < kCells; ++column) most = std::max(most, goniometer.count(column, row));
+    for (int column = 0; column < kCells; ++column)
+      most = std::max(most, goniometer.count(column, row));
   }
   const auto own = [&](int column, int row) {
     if (column < 0 || row < 0 || column >= kCells || row >= kCells) return 0.0;
@@ -75,8 +77,8 @@ std::vector<double> densitiesOf(const Goniometer& goniometer) {
     for (int column = 0; column < kCells; ++column) {
       double density = own(column, row);
       if (density == 0.0) {
-        const double around =
-            std::max({own(column - 1, row), own(column + 1, row), own(column, row - 1), own(column, row + 1)});
+        const double around = std::max({own(column - 1, row), own(column + 1, row),
+                                        own(column, row - 1), own(column, row + 1)});
         density = around * kFromNeighbours;
       }
       densities.push_back(density);
@@ -85,12 +87,15 @@ std::vector<double> densitiesOf(const Goniometer& goniometer) {
   return densities;
 }
 
-void drawCells(PlotCanvas& canvas, const PlotArea& square, const Goniometer& goniometer, double extent) {
+void drawCells(PlotCanvas& canvas, const PlotArea& square, const Goniometer& goniometer,
+               double extent) {
   std::vector<std::uint32_t> pixels;
-  for (const double density : densitiesOf(goniometer)) pixels.push_back(density > 0.0 ? densityPixel(density) : 0);
+  for (const double density : densitiesOf(goniometer))
+    pixels.push_back(density > 0.0 ? densityPixel(density) : 0);
   const double zoom = goniometer.range() / extent;
-  const PlotArea whole{square.centreX() - square.width / 2 * zoom, square.centreY() - square.height / 2 * zoom,
-                       square.width * zoom, square.height * zoom};
+  const PlotArea whole{square.centreX() - square.width / 2 * zoom,
+                       square.centreY() - square.height / 2 * zoom, square.width * zoom,
+                       square.height * zoom};
   canvas.image(whole, pixels, kCells, kCells);
 }
 
@@ -121,7 +126,9 @@ double extentOf(const Goniometer& goniometer) {
   for (int row = 0; row < kCells; ++row) {
     for (int column = 0; column < kCells; ++column) {
       if (goniometer.count(column, row) == 0) continue;
-      const auto reach = [](int index) { return index >= kMiddle ? index - kMiddle + 1 : kMiddle - index; };
+      const auto reach = [](int index) {
+        return index >= kMiddle ? index - kMiddle + 1 : kMiddle - index;
+      };
       farthest = std::max({farthest, reach(row), reach(column)});
     }
   }
@@ -129,10 +136,11 @@ double extentOf(const Goniometer& goniometer) {
   return onlySilence ? 0.0 : goniometer.range() * farthest / kMiddle;
 }
 
-void drawGoniometer(PlotCanvas& canvas, const PlotArea& frame, const std::string& title, const Goniometer& goniometer,
-                    double extent) {
+void drawGoniometer(PlotCanvas& canvas, const PlotArea& frame, const std::string& title,
+                    const Goniometer& goniometer, double extent) {
   canvas.fill(frame, kPanel, kCorner);
-  const double side = std::min(frame.width - kLabelRoom - kRightRoom, frame.height - kHeadRoom - kLabelRoom);
+  const double side =
+      std::min(frame.width - kLabelRoom - kRightRoom, frame.height - kHeadRoom - kLabelRoom);
   const PlotArea square{frame.left + kLabelRoom, frame.top + kHeadRoom, side, side};
   canvas.text(title, {frame.left + kRightRoom, frame.top + kHeadingLine}, kHeading);
   canvas.fill(square, kWell);

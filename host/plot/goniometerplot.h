@@ -11,5 +11,5 @@ double extentOf(const Goniometer& goniometer);
 
 // frame: the square with its labels around. extent: of mid and side alike, where the axes end;
 // above 0.
-void drawGoniometer(PlotCanvas& canvas, const PlotArea& frame, const std::string& title, const Goniometer& goniometer,
-                    double extent);
+void drawGoniometer(PlotCanvas& canvas, const PlotArea& frame, const std::string& title,
+                    const Goniometer& goniometer, double extent);

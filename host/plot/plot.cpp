@@ -63,7 +63,8 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
       {"mid", [](const StereoImage& image) { return level(image.midLevel()); }},
       {"side", [](const StereoImage& image) { return level(image.sideLevel()); }},
       {"side to mid", sideToMid},
-      {"correlation", [](const StereoImage& image) { return formatted("%.2f", image.correlation()); }},
+      {"correlation",
+       [](const StereoImage& image) { return formatted("%.2f", image.correlation()); }},
   };
   const PlotText muted{kTextSize, kMuted, 1.0, 0.0};
   const PlotText value{kTextSize, kBright, 1.0, 0.0};
@@ -82,7 +83,8 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
   const bool exact = analysis.foldError() == 0.0;
   canvas.text(exact ? "none" : decibelText(analysis.foldError()) + " dBFS", {left, y + 52},
               {kTitleSize + 6, kMid, 0.0, 0.0, true});
-  canvas.text("largest |(L + R)/2 after \u2212 mid before|", {left, y + 84}, {kTextSize - 1, kMuted});
+  canvas.text("largest |(L + R)/2 after \u2212 mid before|", {left, y + 84},
+              {kTextSize - 1, kMuted});
 }
 
 }  // namespace
@@ -93,7 +95,8 @@ std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const Pl
   const std::lock_guard guard(drawing);
   PlotCanvas canvas(kWidth, kHeight, kBackground);
   drawCaption(canvas, caption);
-  double extent = std::max(extentOf(analysis.before().goniometer()), extentOf(analysis.after().goniometer()));
+  double extent =
+      std::max(extentOf(analysis.before().goniometer()), extentOf(analysis.after().goniometer()));
   if (extent == 0.0) extent = 1.0;  // silence
   extent *= 1.06;                   // a little air around the cloud
   drawGoniometer(canvas, kBefore, "Before", analysis.before().goniometer(), extent);
@@ -103,7 +106,8 @@ std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const Pl
   const StereoImage& before = analysis.before();
   const StereoImage& after = analysis.after();
   std::vector<SpectrumCurve> curves;
-  if (before.sideLevel() > 0.0) curves.push_back({"side before", before.sidePower(), kSide.faded(0.3), 5.0, false});
+  if (before.sideLevel() > 0.0)
+    curves.push_back({"side before", before.sidePower(), kSide.faded(0.3), 5.0, false});
   curves.push_back({"mid before", before.midPower(), kMid.faded(0.35), 6.0, false});
   curves.push_back({"side after", after.sidePower(), kSide, 2.0, true});
   curves.push_back({"mid after", after.midPower(), kMid, 1.5, false});

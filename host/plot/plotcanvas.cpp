@@ -37,7 +37,8 @@ cairo_status_t writeBytes(void* closure, const unsigned char* bytes, unsigned in
 }  // namespace
 
 PlotCanvas::PlotCanvas(int width, int height, const PlotColour& background)
-    : surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)), context(cairo_create(surface.get())) {
+    : surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
+      context(cairo_create(surface.get())) {
   use(background);
   cairo_paint(context.get());
 }
@@ -72,7 +73,8 @@ void PlotCanvas::stroke(const PlotColour& colour, double width, bool dashed) {
   cairo_stroke(context.get());
 }
 
-void PlotCanvas::line(const PlotPoint& from, const PlotPoint& to, const PlotColour& colour, double width, bool dashed) {
+void PlotCanvas::line(const PlotPoint& from, const PlotPoint& to, const PlotColour& colour,
+                      double width, bool dashed) {
   cairo_move_to(context.get(), from.x, from.y);
   cairo_line_to(context.get(), to.x, to.y);
   stroke(colour, width, dashed);
@@ -83,13 +85,15 @@ void PlotCanvas::trace(const std::vector<PlotPoint>& points) {
   for (const PlotPoint& point : points) cairo_line_to(context.get(), point.x, point.y);
 }
 
-void PlotCanvas::curve(const std::vector<PlotPoint>& points, const PlotColour& colour, double width) {
+void PlotCanvas::curve(const std::vector<PlotPoint>& points, const PlotColour& colour,
+                       double width) {
   if (points.empty()) return;
   trace(points);
   stroke(colour, width, false);
 }
 
-void PlotCanvas::under(const std::vector<PlotPoint>& points, double floor, const PlotColour& colour) {
+void PlotCanvas::under(const std::vector<PlotPoint>& points, double floor,
+                       const PlotColour& colour) {
   if (points.empty()) return;
   trace(points);
   cairo_line_to(context.get(), points.back().x, floor);
@@ -126,8 +130,9 @@ std::string PlotCanvas::fitted(const std::string& text, const PlotText& look, do
   return shorter + "\u2026";
 }
 
+// of the size
 void PlotCanvas::text(const std::string& text, const PlotPoint& at, const PlotText& look) {
-  constexpr double kCapitalHeight = 0.72;  // of the size
+  constexpr double kCapitalHeight = 0.72;
   const double width = widthOf(text, look);
   cairo_t* cr = context.get();
   cairo_save(cr);
@@ -140,8 +145,10 @@ void PlotCanvas::text(const std::string& text, const PlotPoint& at, const PlotTe
   cairo_new_path(cr);
 }
 
-void PlotCanvas::image(const PlotArea& area, const std::vector<std::uint32_t>& pixels, int columns, int rows) {
-  const int stride = columns * 4;  // bytes; 32-bit rows need no padding
+void PlotCanvas::image(const PlotArea& area, const std::vector<std::uint32_t>& pixels, int columns,
+                       // bytes; 32-bit rows need no padding
+                       int rows) {
+  const int stride = columns * 4;
   std::vector<std::uint32_t> copy = pixels;
   const std::unique_ptr<cairo_surface_t, Destroy> source(cairo_image_surface_create_for_data(
       reinterpret_cast<unsigned char*>(copy.data()), CAIRO_FORMAT_ARGB32, columns, rows, stride));

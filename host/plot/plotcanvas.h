@@ -14,8 +14,9 @@ struct PlotColour {
   PlotColour faded(double by) const { return {red, green, blue, alpha * by}; }
 };
 
+// pixels, from the upper left
 struct PlotPoint {
-  double x, y;  // pixels, from the upper left
+  double x, y;
 };
 
 struct PlotArea {
@@ -26,11 +27,13 @@ struct PlotArea {
   double centreY() const { return top + height / 2; }
 };
 
+// pixels
 struct PlotText {
-  double size;  // pixels
+  double size;
   PlotColour colour;
   double anchorX = 0.0;  // 0: the point is the text's left end, 1: the right end
-  double anchorY = 0.0;  // 0: the point is on the base line, 0.5: in the middle of the capitals' height
+  // 0: the point is on the base line, 0.5: in the middle of the capitals' height
+  double anchorY = 0.0;
   bool bold = false;
   double angle = 0.0;  // radians, clockwise around the point
 };
@@ -42,8 +45,8 @@ class PlotCanvas {
 
   void fill(const PlotArea& area, const PlotColour& colour, double cornerRadius = 0.0);
   void outline(const PlotArea& area, const PlotColour& colour);
-  void line(const PlotPoint& from, const PlotPoint& to, const PlotColour& colour, double width = 1.0,
-            bool dashed = false);
+  void line(const PlotPoint& from, const PlotPoint& to, const PlotColour& colour,
+            double width = 1.0, bool dashed = false);
   void curve(const std::vector<PlotPoint>& points, const PlotColour& colour, double width);
   // The area between the curve and the horizontal line at `floor`.
   void under(const std::vector<PlotPoint>& points, double floor, const PlotColour& colour);

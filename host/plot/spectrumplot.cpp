@@ -25,7 +25,9 @@ struct Axes {
   double top;       // dB
   double binWidth;  // Hz
 
-  double frequencyAt(double x) const { return kLowest * std::pow(highest / kLowest, (x - area.left) / area.width); }
+  double frequencyAt(double x) const {
+    return kLowest * std::pow(highest / kLowest, (x - area.left) / area.width);
+  }
   double xOf(double hertz) const {
     return area.left + area.width * std::log(hertz / kLowest) / std::log(highest / kLowest);
   }
@@ -48,7 +50,8 @@ double levelAt(const std::vector<double>& power, double bin) {
     return decibels(sum / static_cast<double>(last - first + 1));
   }
   const auto below = std::min(power.size() - 2, static_cast<std::size_t>(bin));
-  return std::lerp(decibels(power[below]), decibels(power[below + 1]), bin - static_cast<double>(below));
+  return std::lerp(decibels(power[below]), decibels(power[below + 1]),
+                   bin - static_cast<double>(below));
 }
 
 std::vector<PlotPoint> pointsOf(const std::vector<double>& power, const Axes& axes) {
@@ -76,19 +79,23 @@ void drawGrid(PlotCanvas& canvas, const Axes& axes) {
     canvas.line({area.left, y}, {area.right(), y}, kGrid);
     canvas.text(formatted("%.0f", level), {area.left - 10, y}, {kTickSize, kMuted, 1.0, 0.5});
   }
-  constexpr std::array<double, 10> kTicks = {20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000};  // Hz
+  // Hz
+  constexpr std::array<double, 10> kTicks = {20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000};
   for (const double hertz : kTicks) {
     if (hertz > axes.highest) continue;
     const double x = axes.xOf(hertz);
     canvas.line({x, area.top}, {x, area.bottom()}, kGrid);
-    const std::string label = hertz >= 1000 ? formatted("%.0fk", hertz / 1000) : formatted("%.0f", hertz);
+    const std::string label =
+        hertz >= 1000 ? formatted("%.0fk", hertz / 1000) : formatted("%.0f", hertz);
     canvas.text(label, {x, area.bottom() + 9}, {kTickSize, kMuted, 0.5, 1.0});
   }
-  canvas.text("frequency (Hz)", {area.centreX(), area.bottom() + 31}, {kTickSize, kMuted, 0.5, 1.0});
+  canvas.text("frequency (Hz)", {area.centreX(), area.bottom() + 31},
+              {kTickSize, kMuted, 0.5, 1.0});
   canvas.text("level (dBFS)", {area.left - 52, area.centreY()}, kUpright);
 }
 
-void drawLegend(PlotCanvas& canvas, const PlotArea& frame, const std::vector<SpectrumCurve>& curves) {
+void drawLegend(PlotCanvas& canvas, const PlotArea& frame,
+                const std::vector<SpectrumCurve>& curves) {
   double x = frame.right() - 24;
   for (auto curve = curves.rbegin(); curve != curves.rend(); ++curve) {
     const PlotText look{kTextSize, kBright, 1.0, 0.0};
@@ -101,7 +108,8 @@ void drawLegend(PlotCanvas& canvas, const PlotArea& frame, const std::vector<Spe
 
 }  // namespace
 
-void drawSpectra(PlotCanvas& canvas, const PlotArea& frame, const std::vector<SpectrumCurve>& curves, int sampleRate) {
+void drawSpectra(PlotCanvas& canvas, const PlotArea& frame,
+                 const std::vector<SpectrumCurve>& curves, int sampleRate) {
   canvas.fill(frame, kPanel, kCorner);
   canvas.text("Spectrum", {frame.left + 20, frame.top + kHeadingLine}, kHeading);
   drawLegend(canvas, frame, curves);

@@ -16,4 +16,5 @@ struct SpectrumCurve {
 
 // frame: with the labels. Curves are drawn in order, later ones on top. The level axis follows the
 // loudest curve.
-void drawSpectra(PlotCanvas& canvas, const PlotArea& frame, const std::vector<SpectrumCurve>& curves, int sampleRate);
+void drawSpectra(PlotCanvas& canvas, const PlotArea& frame,
+                 const std::vector<SpectrumCurve>& curves, int sampleRate);

@@ -43,15 +43,17 @@ bool leftOpen(std::uint64_t size, std::size_t fieldBytes) {
   if (fieldBytes == 8) return size >= std::uint64_t{1} << 62;
   constexpr std::uint64_t kNear = 0x10000;
   constexpr std::array<std::uint64_t, 3> kOpen = {0x7F000000, 0x80000000, 0x100000000};
-  return std::any_of(kOpen.begin(), kOpen.end(),
-                     [size](std::uint64_t open) { return size + kNear >= open && size <= open + kNear; });
+  return std::any_of(kOpen.begin(), kOpen.end(), [size](std::uint64_t open) {
+    return size + kNear >= open && size <= open + kNear;
+  });
 }
 
-std::string shortfall(const Bytes& file, std::int64_t begin, std::uint64_t named, std::size_t fieldBytes) {
+std::string shortfall(const Bytes& file, std::int64_t begin, std::uint64_t named,
+                      std::size_t fieldBytes) {
   const auto there = static_cast<std::uint64_t>(std::max<std::int64_t>(file.size - begin, 0));
   if (named <= there || leftOpen(named, fieldBytes)) return {};
-  return "is cut short: its header names " + std::to_string(named) + " bytes of sound, " + std::to_string(there) +
-         " are there";
+  return "is cut short: its header names " + std::to_string(named) + " bytes of sound, " +
+         std::to_string(there) + " are there";
 }
 
 // A file of chunks, each an identifier, a size and that many bytes.
@@ -76,7 +78,8 @@ constexpr std::array<Chunks, 6> kChunks = {{
 
 std::string shortfallInChunks(const Bytes& file, const Chunks& type) {
   std::vector<char> buffer;
-  std::optional<std::uint64_t> wide;  // RF64 keeps the sizes that 32 bits cannot hold in a chunk of their own
+  // RF64 keeps the sizes that 32 bits cannot hold in a chunk of their own
+  std::optional<std::uint64_t> wide;
   std::int64_t offset = type.first;
   const std::size_t head = type.idBytes + type.sizeBytes;
   for (int count = 0; count < kMostChunks; ++count) {
@@ -113,7 +116,8 @@ constexpr std::array<std::uint32_t, 256> kPageSums = [] {
   std::array<std::uint32_t, 256> sums{};
   for (std::uint32_t byte = 0; byte < 256; ++byte) {
     sums[byte] = byte << 24;
-    for (int bit = 0; bit < 8; ++bit) sums[byte] = sums[byte] << 1 ^ (sums[byte] >> 31 != 0 ? 0x04C11DB7U : 0U);
+    for (int bit = 0; bit < 8; ++bit)
+      sums[byte] = sums[byte] << 1 ^ (sums[byte] >> 31 != 0 ? 0x04C11DB7U : 0U);
   }
   return sums;
 }();
@@ -134,8 +138,9 @@ std::string damagedAt(std::int64_t byte) {
 }
 
 // Page by page, for the library leaves damaged ones out and takes the last whole one for the end.
+// bytes, the last of which counts the segments
 std::string damageInOgg(const Bytes& file) {
-  constexpr std::size_t kHead = 27;               // bytes, the last of which counts the segments
+  constexpr std::size_t kHead = 27;
   constexpr unsigned char kEndOfStream = 1 << 2;  // in the sixth byte
   static constexpr const char* kCut = "has no last page: it is cut short, or a piece of a stream";
   std::vector<char> buffer;

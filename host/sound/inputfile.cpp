@@ -35,8 +35,9 @@ int namelessFile(const std::filesystem::path& path) {
   return handle;
 }
 
+// bytes: what a pipe holds
 void copyAll(int from, int to, const std::filesystem::path& path) {
-  std::array<char, 1 << 16> piece{};  // bytes: what a pipe holds
+  std::array<char, 1 << 16> piece{};
   for (;;) {
     const ssize_t count = read(from, piece.data(), piece.size());
     if (count < 0 && errno == EINTR) continue;
@@ -51,7 +52,8 @@ void copyAll(int from, int to, const std::filesystem::path& path) {
 
 }  // namespace
 
-InputFile::InputFile(const std::filesystem::path& path) : handle(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+InputFile::InputFile(const std::filesystem::path& path)
+    : handle(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (handle < 0) throw cannotRead(path, std::strerror(errno));
   struct stat status {};
   pipe = fstat(handle, &status) == 0 && (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));

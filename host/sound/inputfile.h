@@ -15,7 +15,7 @@ class InputFile {
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
 
-  int descriptor() const { return handle; }            // at the file's beginning; stays this object's
+  int descriptor() const { return handle; }  // at the file's beginning; stays this object's
   int release() { return std::exchange(handle, -1); }  // becomes the caller's
   bool isPipe() const { return pipe; }
 

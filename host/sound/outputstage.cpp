@@ -7,7 +7,11 @@
 #include <utility>
 
 OutputStage::OutputStage(Sink receiver, std::int64_t frames, const TailPlan& tail)
-    : sink(std::move(receiver)), plan(tail), latency(frames), latencyLeft(frames), tailLeft(tail.frames) {}
+    : sink(std::move(receiver)),
+      plan(tail),
+      latency(frames),
+      latencyLeft(frames),
+      tailLeft(tail.frames) {}
 
 void OutputStage::setLatency(std::int64_t frames) {
   latencyLeft += frames - latency;
@@ -17,11 +21,13 @@ void OutputStage::setLatency(std::int64_t frames) {
   acceptSilence(skipped);
 }
 
+// frames
 void OutputStage::acceptSilence(std::int64_t frames) {
-  static constexpr int kPiece = 1024;  // frames
+  static constexpr int kPiece = 1024;
   static constexpr std::array<double, kPiece> kSilent{};
   for (; frames > 0; frames -= kPiece) {
-    accept(kSilent.data(), kSilent.data(), static_cast<int>(std::min<std::int64_t>(frames, kPiece)));
+    accept(kSilent.data(), kSilent.data(),
+           static_cast<int>(std::min<std::int64_t>(frames, kPiece)));
   }
 }
 
@@ -32,7 +38,8 @@ void OutputStage::endOfInput(std::int64_t inputFrames) {
 
 std::int64_t OutputStage::framesWanted() const {
   if (complete()) return 0;
-  return latencyLeft + bodyLeft + (plan.automatic ? std::min<std::int64_t>(tailLeft, plan.quietFrames) : tailLeft);
+  return latencyLeft + bodyLeft +
+         (plan.automatic ? std::min<std::int64_t>(tailLeft, plan.quietFrames) : tailLeft);
 }
 
 void OutputStage::accept(const double* left, const double* right, int frames) {

@@ -5,10 +5,12 @@
 #include <functional>
 #include <vector>
 
+// until the effect is silent
 struct TailPlan {
-  bool automatic = false;        // until the effect is silent
-  std::int64_t frames = 0;       // of tail; with `automatic` the most that may come
-  std::int64_t quietFrames = 0;  // with `automatic`: silence that counts as the end, longer than any gap inside a tail
+  bool automatic = false;
+  std::int64_t frames = 0;  // of tail; with `automatic` the most that may come
+  // with `automatic`: silence that counts as the end, longer than any gap inside a tail
+  std::int64_t quietFrames = 0;
 };
 
 // Gets what the effect puts out, in blocks of any size, and hands on exactly the frames that belong

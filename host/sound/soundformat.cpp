@@ -75,7 +75,8 @@ std::optional<FileType> fileTypeOf(const std::filesystem::path& file) {
 
 bool canHold(FileType type, SampleFormat format) {
   if (type != FileType::flac) return true;
-  return format == SampleFormat::pcm8 || format == SampleFormat::pcm16 || format == SampleFormat::pcm24;
+  return format == SampleFormat::pcm8 || format == SampleFormat::pcm16 ||
+         format == SampleFormat::pcm24;
 }
 
 SampleFormat sampleFormatOf(int libFormat) {
@@ -84,7 +85,8 @@ SampleFormat sampleFormatOf(int libFormat) {
   for (const FormatRow& row : kFormats) {
     if (row.libSubtype == subtype) return row.format;
   }
-  if (subtype == SF_FORMAT_ALAC_24 || subtype == SF_FORMAT_ALAC_20 || subtype == SF_FORMAT_DWVW_24) {
+  if (subtype == SF_FORMAT_ALAC_24 || subtype == SF_FORMAT_ALAC_20 ||
+      subtype == SF_FORMAT_DWVW_24) {
     return SampleFormat::pcm24;
   }
   if (subtype == SF_FORMAT_ALAC_32) return SampleFormat::pcm32;
@@ -96,13 +98,16 @@ SampleFormat keptFormat(SampleFormat input, FileType type) {
 }
 
 std::int64_t mostFrames(int libFormat, SampleFormat format) {
-  constexpr std::int64_t kLargestForm = 0xFFFFFFFF - 0x10000;  // bytes that a 32-bit size counts, less room for headers
+  // bytes that a 32-bit size counts, less room for headers
+  constexpr std::int64_t kLargestForm = 0xFFFFFFFF - 0x10000;
   const int type = libFormat & SF_FORMAT_TYPEMASK;
-  if (type != SF_FORMAT_WAV && type != SF_FORMAT_AIFF) return std::numeric_limits<std::int64_t>::max();
+  if (type != SF_FORMAT_WAV && type != SF_FORMAT_AIFF)
+    return std::numeric_limits<std::int64_t>::max();
   return kLargestForm / 2 / bytesPerSample(format);
 }
 
-std::optional<int> libFormatFor(FileType type, SampleFormat format, std::optional<std::int64_t> frames) {
+std::optional<int> libFormatFor(FileType type, SampleFormat format,
+                                std::optional<std::int64_t> frames) {
   const std::int64_t most = mostFrames(SF_FORMAT_WAV, format);
   const int subtype = rowOf(format).libSubtype;
   switch (type) {

@@ -32,6 +32,7 @@ SampleFormat keptFormat(SampleFormat input, FileType type);
 // libsndfile's word for an output of `frames` stereo frames, or of a number that nobody knows. A
 // WAV that comes to more than 4 GB, or may, becomes RF64, its successor of the same look; none
 // where the type cannot hold so much.
-std::optional<int> libFormatFor(FileType type, SampleFormat format, std::optional<std::int64_t> frames);
+std::optional<int> libFormatFor(FileType type, SampleFormat format,
+                                std::optional<std::int64_t> frames);
 // Stereo frames that fit into such a file.
 std::int64_t mostFrames(int libFormat, SampleFormat format);

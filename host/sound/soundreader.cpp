@@ -17,10 +17,13 @@ void checkIsThere(const std::filesystem::path& file) {
   std::error_code error;
   const auto status = std::filesystem::status(file, error);
   if (!std::filesystem::exists(status)) {
-    throw Failure(file.string() + ": " + (error && error.value() != ENOENT ? error.message() : "no such file"));
+    throw Failure(file.string() + ": " +
+                  (error && error.value() != ENOENT ? error.message() : "no such file"));
   }
-  if (std::filesystem::is_directory(status)) throw Failure(file.string() + ": is a folder, not a sound file");
-  if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, error) == 0 && !error) {
+  if (std::filesystem::is_directory(status))
+    throw Failure(file.string() + ": is a folder, not a sound file");
+  if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, error) == 0 &&
+      !error) {
     throw Failure(file.string() + ": is empty");
   }
 }
@@ -29,13 +32,14 @@ void checkIsThere(const std::filesystem::path& file) {
 // library itself loses the last frames.
 bool countsFrames(const SF_INFO& info) {
   const int type = info.format & SF_FORMAT_TYPEMASK;
-  return info.frames != SF_COUNT_MAX && type != SF_FORMAT_MPEG && type != SF_FORMAT_SDS && type != SF_FORMAT_PAF;
+  return info.frames != SF_COUNT_MAX && type != SF_FORMAT_MPEG && type != SF_FORMAT_SDS &&
+         type != SF_FORMAT_PAF;
 }
 
 std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
   std::vector<std::pair<int, std::string>> texts;
-  for (const int type : {SF_STR_TITLE, SF_STR_COPYRIGHT, SF_STR_ARTIST, SF_STR_COMMENT, SF_STR_DATE, SF_STR_ALBUM,
-                         SF_STR_LICENSE, SF_STR_TRACKNUMBER, SF_STR_GENRE}) {
+  for (const int type : {SF_STR_TITLE, SF_STR_COPYRIGHT, SF_STR_ARTIST, SF_STR_COMMENT, SF_STR_DATE,
+                         SF_STR_ALBUM, SF_STR_LICENSE, SF_STR_TRACKNUMBER, SF_STR_GENRE}) {
     const char* text = sf_get_string(file, type);
     if (text != nullptr && *text != 0) texts.emplace_back(type, text);
   }
@@ -94,7 +98,8 @@ bool SoundReader::refill() {
   checkDamage(frames);
   position = 0;
   framesRead += std::max<sf_count_t>(frames, 0);
-  filled = frames > 0 ? static_cast<std::size_t>(frames) * static_cast<std::size_t>(info.channels) : 0;
+  filled =
+      frames > 0 ? static_cast<std::size_t>(frames) * static_cast<std::size_t>(info.channels) : 0;
   return filled != 0;
 }
 

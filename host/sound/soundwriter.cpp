@@ -61,10 +61,13 @@ SF_VIRTUAL_IO SoundWriter::writingTo() {
   };
   io.write = [](const void* bytes, sf_count_t count, void* to) -> sf_count_t {
     Sink& output = *static_cast<Sink*>(to);
-    if (output.error == 0) output.error = writeAll(output.descriptor, bytes, static_cast<std::size_t>(count));
+    if (output.error == 0)
+      output.error = writeAll(output.descriptor, bytes, static_cast<std::size_t>(count));
     return output.error == 0 ? count : 0;
   };
-  io.tell = [](void* to) -> sf_count_t { return lseek(static_cast<Sink*>(to)->descriptor, 0, SEEK_CUR); };
+  io.tell = [](void* to) -> sf_count_t {
+    return lseek(static_cast<Sink*>(to)->descriptor, 0, SEEK_CUR);
+  };
   return io;
 }
 
@@ -89,7 +92,8 @@ std::int32_t SoundWriter::toInteger(double sample) {
   const double fullScale = std::ldexp(1.0, bits - 1);
   if (std::abs(sample) > 1.0) ++clipped;
   const double step = std::clamp(std::nearbyint(sample * fullScale), -fullScale, fullScale - 1.0);
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(static_cast<std::int32_t>(step)) << (32 - bits));
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(static_cast<std::int32_t>(step))
+                                   << (32 - bits));
 }
 
 void SoundWriter::flush() {

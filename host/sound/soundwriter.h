@@ -17,9 +17,9 @@
 struct SoundWriterOptions {
   FileType type = FileType::wav;
   SampleFormat format = SampleFormat::pcm16;
-  int sampleRate = 0;                              // Hz
-  std::optional<std::int64_t> frames;              // as many as can come, to choose a file type that holds them
-  bool replace = false;                            // an existing file
+  int sampleRate = 0;                  // Hz
+  std::optional<std::int64_t> frames;  // as many as can come, to choose a file type that holds them
+  bool replace = false;                // an existing file
   std::vector<std::pair<int, std::string>> texts;  // libsndfile's string types
 };
 

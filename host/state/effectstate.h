@@ -12,8 +12,9 @@
 // for this effect. Returns notes for the person, one line each.
 std::vector<std::string> applyState(Effect& effect, const StateArguments& arguments);
 
+// by number
 struct PresetNames {
-  std::vector<std::string> names;  // by number
+  std::vector<std::string> names;
   int current = 0;
 };
 // Trelvan's own presets, other effects' programs.

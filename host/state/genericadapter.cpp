@@ -21,12 +21,14 @@ class GenericAdapter final : public EffectAdapter {
     if (isPresetFile(preset)) {
       throw Failure(preset + ": " + effect.plugin() + " takes no preset files of Trelvan");
     }
-    if (effect.record().numPrograms == 0) throw Failure(effect.plugin() + ": the effect has no presets");
+    if (effect.record().numPrograms == 0)
+      throw Failure(effect.plugin() + ": the effect has no presets");
     effect.selectProgram(findPreset(presetNames(), preset));
   }
 
   void setValue(int, float) override {
-    throw Failure(effect.plugin() + " is not Trelvan: its parameters are set with --set NAME=VALUE");
+    throw Failure(effect.plugin() +
+                  " is not Trelvan: its parameters are set with --set NAME=VALUE");
   }
 
   void setTyped(int index, const ParameterSetting& setting) override {
@@ -35,8 +37,9 @@ class GenericAdapter final : public EffectAdapter {
     }
     std::string typed = setting.value;  // in the effect's own words, if it understands any
     if (effect.dispatch(effString2Parameter, index, 0, typed.data()) != 0) return;
-    throw Failure("--set " + setting.parameter + ": \"" + setting.value +
-                  "\" is not 0 to 1, 0% to 100%, on or off, and the effect does not understand it either");
+    throw Failure(
+        "--set " + setting.parameter + ": \"" + setting.value +
+        "\" is not 0 to 1, 0% to 100%, on or off, and the effect does not understand it either");
   }
 
   std::vector<std::string> presetNames() override { return effect.programNames(); }

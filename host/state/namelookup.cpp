@@ -19,7 +19,8 @@ constexpr std::size_t kMostDigits = 6;  // more than any effect has programs
 
 bool isNumber(const std::string& text) {
   return !text.empty() && text.size() <= kMostDigits &&
-         std::all_of(text.begin(), text.end(), [](unsigned char digit) { return std::isdigit(digit) != 0; });
+         std::all_of(text.begin(), text.end(),
+                     [](unsigned char digit) { return std::isdigit(digit) != 0; });
 }
 
 // Letters to insert, delete, replace or swap with their neighbour to make one text of the other.
@@ -39,12 +40,14 @@ std::size_t editDistance(const std::string& a, const std::string& b) {
 }
 
 // How far a name is from what was typed; none where a likeness would be chance. Both in lower case.
+// letters
 std::optional<std::size_t> distanceOf(const std::string& name, const std::string& wanted) {
-  constexpr std::size_t kShortestPart = 2;  // letters
+  constexpr std::size_t kShortestPart = 2;
   constexpr std::size_t kShortestWord = 3;
   if (wanted.size() >= kShortestPart && name.find(wanted) != std::string::npos) return 1;
   const std::size_t distance = editDistance(wanted, name);
-  if (distance <= std::max<std::size_t>(1, std::max(wanted.size(), name.size()) / 3)) return distance;
+  if (distance <= std::max<std::size_t>(1, std::max(wanted.size(), name.size()) / 3))
+    return distance;
   const std::string firstWord = wanted.substr(0, wanted.find(' '));
   const bool sharesFirstWord = firstWord.size() >= kShortestWord && name.starts_with(firstWord);
   return sharesFirstWord ? std::optional(distance) : std::nullopt;
@@ -53,21 +56,24 @@ std::optional<std::size_t> distanceOf(const std::string& name, const std::string
 std::optional<int> findName(const std::vector<std::string>& names, const std::string& wanted) {
   auto found = std::find(names.begin(), names.end(), wanted);
   if (found == names.end()) {
-    found =
-        std::find_if(names.begin(), names.end(), [&](const std::string& name) { return sameLetters(name, wanted); });
+    found = std::find_if(names.begin(), names.end(),
+                         [&](const std::string& name) { return sameLetters(name, wanted); });
   }
-  return found == names.end() ? std::nullopt : std::optional(static_cast<int>(found - names.begin()));
+  return found == names.end() ? std::nullopt
+                              : std::optional(static_cast<int>(found - names.begin()));
 }
 
 // what: "preset", after an option's name where one was typed.
-[[noreturn]] void refuseNumber(const std::string& what, const std::string& wanted, std::size_t count) {
+[[noreturn]] void refuseNumber(const std::string& what, const std::string& wanted,
+                               std::size_t count) {
   throw Failure(what + " " + wanted + "; they are numbered 0 to " + std::to_string(count - 1));
 }
 
-[[noreturn]] void refuseName(const std::string& what, const std::string& wanted, const std::vector<std::string>& names,
-                             const std::string& listOption) {
+[[noreturn]] void refuseName(const std::string& what, const std::string& wanted,
+                             const std::vector<std::string>& names, const std::string& listOption) {
   const std::string near = suggestion(names, wanted);
-  throw Failure(what + " \"" + wanted + "\"" + (near.empty() ? "; " + listOption + " shows them" : near));
+  throw Failure(what + " \"" + wanted + "\"" +
+                (near.empty() ? "; " + listOption + " shows them" : near));
 }
 
 }  // namespace
@@ -76,16 +82,19 @@ bool sameLetters(const std::string& a, const std::string& b) {
   return lowerCase(a) == lowerCase(b);
 }
 
-std::vector<std::string> nearNames(const std::vector<std::string>& names, const std::string& wanted) {
+std::vector<std::string> nearNames(const std::vector<std::string>& names,
+                                   const std::string& wanted) {
   std::vector<std::pair<std::size_t, std::string>> near;
   for (const std::string& name : names) {
     if (name.empty()) continue;
     const auto distance = distanceOf(lowerCase(name), lowerCase(wanted));
     if (!distance) continue;
-    const bool known = std::any_of(near.begin(), near.end(), [&](const auto& other) { return other.second == name; });
+    const bool known = std::any_of(near.begin(), near.end(),
+                                   [&](const auto& other) { return other.second == name; });
     if (!known) near.emplace_back(*distance, name);
   }
-  std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::stable_sort(near.begin(), near.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
   if (near.size() > kMostSuggestions) near.resize(kMostSuggestions);
   std::vector<std::string> nearest;
   nearest.reserve(near.size());

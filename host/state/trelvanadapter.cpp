@@ -41,10 +41,13 @@ class TrelvanAdapter final : public EffectAdapter {
 
   void setValue(int index, float value) override { effect.setParameter(index, value); }
   void setTyped(int index, const ParameterSetting& setting) override {
-    effect.setParameter(index, parseTrelvanValue(index, "--set " + setting.parameter, setting.value));
+    effect.setParameter(index,
+                        parseTrelvanValue(index, "--set " + setting.parameter, setting.value));
   }
 
-  std::vector<std::string> presetNames() override { return effect.programNamesByIndex(presetimage::kPresetCount); }
+  std::vector<std::string> presetNames() override {
+    return effect.programNamesByIndex(presetimage::kPresetCount);
+  }
   int currentPreset() override { return bank().current(); }
 
  private:

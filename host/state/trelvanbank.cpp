@@ -12,15 +12,18 @@ using presetimage::Reading;
 
 constexpr presetimage::DummySlots kNoDummies = {};  // every parameter is in the images
 
-Image stateOf(std::span<const unsigned char> chunk, std::int32_t uniqueID, const std::string& source) {
-  if (chunk.size() < presetimage::kChunkPrefixSize) throw Failure(source + ": no Trelvan state (too short)");
+Image stateOf(std::span<const unsigned char> chunk, std::int32_t uniqueID,
+              const std::string& source) {
+  if (chunk.size() < presetimage::kChunkPrefixSize)
+    throw Failure(source + ": no Trelvan state (too short)");
   const Image image = presetimage::identify(chunk, uniqueID);
   if (!image.isChunk) throw Failure(source + ": no Trelvan state (another plug-in's)");
   return image;
 }
 
 // A preset or bank file.
-Image fileOf(std::span<const unsigned char> file, std::int32_t uniqueID, const std::string& source) {
+Image fileOf(std::span<const unsigned char> file, std::int32_t uniqueID,
+             const std::string& source) {
   const Image image = presetimage::identify(file, uniqueID);
   if (image.content == Image::Content::foreign || image.isChunk) {
     throw Failure(source + ": not a file of this plug-in");
@@ -33,13 +36,15 @@ void checkWhole(const Image& image, const std::string& source) {
 }
 
 void check(Reading reading, const std::string& source) {
-  if (reading == Reading::refused) throw Failure(source + ": holds a value that is not within 0 to 1");
+  if (reading == Reading::refused)
+    throw Failure(source + ": holds a value that is not within 0 to 1");
   if (reading == Reading::stopped) throw Failure(source + ": is damaged");
 }
 
 }  // namespace
 
-TrelvanBank::TrelvanBank(std::span<const unsigned char> chunk, std::int32_t uniqueID, const std::string& source)
+TrelvanBank::TrelvanBank(std::span<const unsigned char> chunk, std::int32_t uniqueID,
+                         const std::string& source)
     : id(uniqueID) {
   bank.fill(initialPreset());
   const Image image = stateOf(chunk, id, source);
@@ -52,7 +57,8 @@ TrelvanBank::TrelvanBank(std::span<const unsigned char> chunk, std::int32_t uniq
   currentPreset = image.presetToSelect;
 }
 
-void TrelvanBank::checkState(std::span<const unsigned char> chunk, std::int32_t uniqueID, const std::string& source) {
+void TrelvanBank::checkState(std::span<const unsigned char> chunk, std::int32_t uniqueID,
+                             const std::string& source) {
   if (stateOf(chunk, uniqueID, source).isOld) return;
   const TrelvanBank whole(chunk, uniqueID, source);
 }
@@ -70,7 +76,8 @@ void TrelvanBank::loadPreset(std::span<const unsigned char> file, const std::str
 
 void TrelvanBank::loadBank(std::span<const unsigned char> file, const std::string& source) {
   const Image image = fileOf(file, id, source);
-  if (image.content == Image::Content::preset) throw Failure(source + ": holds a single preset (use --preset)");
+  if (image.content == Image::Content::preset)
+    throw Failure(source + ": holds a single preset (use --preset)");
   if (image.content != Image::Content::bank) throw Failure(source + ": holds no bank");
   checkWhole(image, source);
   presetimage::Bank read = bank;
@@ -81,19 +88,21 @@ void TrelvanBank::loadBank(std::span<const unsigned char> file, const std::strin
   currentPreset = 0;
 }
 
+// what was read is within 0..1
 TrelvanBank::Bytes TrelvanBank::chunk() const {
-  presetimage::InvalidParameters none;  // what was read is within 0..1
+  presetimage::InvalidParameters none;
   Bytes bytes(presetimage::kChunkSize);
-  presetimage::writeChunk(std::span<unsigned char, presetimage::kChunkSize>(bytes), bank, id, currentPreset, kNoDummies,
-                          none);
+  presetimage::writeChunk(std::span<unsigned char, presetimage::kChunkSize>(bytes), bank, id,
+                          currentPreset, kNoDummies, none);
   return bytes;
 }
 
 std::vector<std::string> TrelvanBank::takeNotes() {
   std::vector<std::string> notes;
   for (const presetimage::InvalidParameter& note : repaired) {
-    notes.push_back("parameter " + std::to_string(note.parameter) + " of preset " + std::to_string(note.preset) +
-                    " was " + std::to_string(note.value) + ", taken as " + (note.value < 0.0F ? "0" : "1"));
+    notes.push_back("parameter " + std::to_string(note.parameter) + " of preset " +
+                    std::to_string(note.preset) + " was " + std::to_string(note.value) +
+                    ", taken as " + (note.value < 0.0F ? "0" : "1"));
   }
   repaired.clear();
   return notes;

@@ -16,11 +16,13 @@ class TrelvanBank {
   using Bytes = std::vector<unsigned char>;
 
   // chunk: of the current format, in either byte order. source: what to name in a Failure.
-  TrelvanBank(std::span<const unsigned char> chunk, std::int32_t uniqueID, const std::string& source);
+  TrelvanBank(std::span<const unsigned char> chunk, std::int32_t uniqueID,
+              const std::string& source);
 
   // What can be said of a state before the effect has it, for it is silent about some damage.
   // States of the old format pass: of those the effect itself says what is wrong. Throws Failure.
-  static void checkState(std::span<const unsigned char> chunk, std::int32_t uniqueID, const std::string& source);
+  static void checkState(std::span<const unsigned char> chunk, std::int32_t uniqueID,
+                         const std::string& source);
 
   const presetimage::Bank& presets() const { return bank; }
   int current() const { return currentPreset; }  // 0..31

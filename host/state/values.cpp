@@ -22,7 +22,8 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-[[noreturn]] void refuse(std::string_view option, std::string_view text, const std::string& wanted) {
+[[noreturn]] void refuse(std::string_view option, std::string_view text,
+                         const std::string& wanted) {
   throw UsageFailure(std::string(option) + ": \"" + std::string(text) + "\" is not " + wanted);
 }
 
@@ -74,7 +75,8 @@ std::optional<NumberWithUnit> readNumber(std::string_view text) {
 
 float parseNormalised(std::string_view option, std::string_view text) {
   const auto read = readNumber(text);
-  if (!read || !read->unit.empty() || !isNormalised(read->number)) refuse(option, text, "a number from 0 to 1");
+  if (!read || !read->unit.empty() || !isNormalised(read->number))
+    refuse(option, text, "a number from 0 to 1");
   return static_cast<float>(read->number);
 }
 
@@ -83,7 +85,8 @@ float parsePercent(std::string_view option, std::string_view text) {
   const auto value = read ? fractionOf(*read) : std::nullopt;
   if (!value) refuse(option, text, "a value like 75% or 0.75");
   if (!isNormalised(*value)) {
-    refuse(option, text, read->unit == "%" ? "within 0% to 100%" : "within 0 to 1 (write 75% for per cent)");
+    refuse(option, text,
+           read->unit == "%" ? "within 0% to 100%" : "within 0 to 1 (write 75% for per cent)");
   }
   return static_cast<float>(*value);
 }
@@ -108,7 +111,8 @@ float parseBaseFrequency(std::string_view option, std::string_view text) {
 float parseSwitch(std::string_view option, std::string_view text) {
   if (const auto value = readSwitch(text)) return *value;
   const auto read = readNumber(text);
-  if (!read || !read->unit.empty() || !isNormalised(read->number)) refuse(option, text, "on, off, or 0 to 1");
+  if (!read || !read->unit.empty() || !isNormalised(read->number))
+    refuse(option, text, "on, off, or 0 to 1");
   return static_cast<float>(read->number);
 }
 
@@ -134,7 +138,8 @@ std::optional<float> readGenericValue(std::string_view text) {
 
 double parseGain(std::string_view option, std::string_view text) {
   const auto read = readNumber(text);
-  if (!read || (!read->unit.empty() && read->unit != "db")) refuse(option, text, "a gain like -3dB");
+  if (!read || (!read->unit.empty() && read->unit != "db"))
+    refuse(option, text, "a gain like -3dB");
   if (std::abs(read->number) > kHighestGain) refuse(option, text, "within -60dB to 60dB");
   return std::pow(10.0, read->number / 20.0);
 }

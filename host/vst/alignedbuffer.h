@@ -15,7 +15,9 @@ class AlignedBuffer {
     std::fill_n(samples, count, Sample{});
   }
   ~AlignedBuffer() { ::operator delete(samples, kAlignment); }
-  AlignedBuffer(AlignedBuffer&& other) noexcept : samples(other.samples) { other.samples = nullptr; }
+  AlignedBuffer(AlignedBuffer&& other) noexcept : samples(other.samples) {
+    other.samples = nullptr;
+  }
   AlignedBuffer(const AlignedBuffer&) = delete;
   AlignedBuffer& operator=(const AlignedBuffer&) = delete;
   AlignedBuffer& operator=(AlignedBuffer&&) = delete;
@@ -23,7 +25,8 @@ class AlignedBuffer {
   Sample* data() { return samples; }
 
  private:
-  static constexpr std::align_val_t kAlignment{64};  // bytes: a cache line, and the widest vector register
+  // bytes: a cache line, and the widest vector register
+  static constexpr std::align_val_t kAlignment{64};
 
   Sample* samples;
 };

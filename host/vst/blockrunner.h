@@ -14,7 +14,8 @@ class BlockRunner {
   virtual ~BlockRunner() = default;
 
   // frames: 0..the block size. The outputs may be the inputs.
-  virtual void run(const double* left, const double* right, double* outLeft, double* outRight, int frames) = 0;
+  virtual void run(const double* left, const double* right, double* outLeft, double* outRight,
+                   int frames) = 0;
 
   static std::unique_ptr<BlockRunner> make(Effect& effect, int blockSize, bool doublePrecision);
 };

@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr std::size_t kTextCapacity = 1024;  // bytes; effects have been seen to exceed the published sizes
+// bytes; effects have been seen to exceed the published sizes
+constexpr std::size_t kTextCapacity = 1024;
 constexpr VstIntPtr kAnyCategory = -1;
 
 std::string pinCounts(VstInt32 inputs, VstInt32 outputs) {
@@ -20,7 +21,8 @@ std::string pinCounts(VstInt32 inputs, VstInt32 outputs) {
 
 std::string cleaned(const char* text) {
   std::string clean;
-  for (; *text != 0; ++text) clean += static_cast<unsigned char>(*text) < ' ' || *text == 127 ? ' ' : *text;
+  for (; *text != 0; ++text)
+    clean += static_cast<unsigned char>(*text) < ' ' || *text == 127 ? ' ' : *text;
   const auto first = clean.find_first_not_of(' ');
   if (first == std::string::npos) return {};
   return clean.substr(first, clean.find_last_not_of(' ') - first + 1);
@@ -38,7 +40,8 @@ Effect::Effect(PluginModule& loaded, HostCallback& callback)
   try {
     checkEffectRecord(effect, name);
   } catch (const Failure&) {
-    const bool isEffect = effect != nullptr && effect->magic == kEffectMagic && effect->dispatcher != nullptr;
+    const bool isEffect =
+        effect != nullptr && effect->magic == kEffectMagic && effect->dispatcher != nullptr;
     if (isEffect) call(effClose, 0, 0, nullptr, 0.0F);
     throw;
   }
@@ -133,7 +136,8 @@ Effect::Bytes Effect::chunk() {
   void* bytes = nullptr;
   const VstIntPtr size = call(effGetChunk, 0, 0, &bytes, 0.0F);
   if (size < 0 || size > static_cast<VstIntPtr>(kLargestState)) {
-    throw Failure(name + ": the effect answers a state of " + std::to_string(size) + " bytes, which cannot be");
+    throw Failure(name + ": the effect answers a state of " + std::to_string(size) +
+                  " bytes, which cannot be");
   }
   if (size == 0 || bytes == nullptr) throw Failure(name + ": the effect gives no state");
   const auto* first = static_cast<const unsigned char*>(bytes);
@@ -154,13 +158,15 @@ void Effect::checkCanProcess(bool doublePrecision) const {
     throw Failure(name + ": takes no sound in; widen needs an effect");
   }
   if (effect->numOutputs < 2) {
-    throw Failure(name + ": has " + std::to_string(effect->numOutputs) + " outputs; widen needs two");
+    throw Failure(name + ": has " + std::to_string(effect->numOutputs) +
+                  " outputs; widen needs two");
   }
   if ((effect->flags & effFlagsCanReplacing) == 0 || effect->processReplacing == nullptr) {
     throw Failure(name + ": the effect has no processReplacing");
   }
   if (!doublePrecision) return;
-  if ((effect->flags & effFlagsCanDoubleReplacing) == 0 || effect->processDoubleReplacing == nullptr) {
+  if ((effect->flags & effFlagsCanDoubleReplacing) == 0 ||
+      effect->processDoubleReplacing == nullptr) {
     throw Failure(name + ": the effect cannot process in double precision (leave --double out)");
   }
 }

@@ -28,7 +28,8 @@ class Effect {
   const std::filesystem::path& path() const { return module.path(); }
 
   // Any opcode, under the life lock.
-  VstIntPtr dispatch(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F);
+  VstIntPtr dispatch(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr,
+                     float opt = 0.0F);
   // A text opcode's text, without blanks at its ends and without control characters; empty where it
   // gave none.
   std::string text(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0);
@@ -57,7 +58,8 @@ class Effect {
   void setUp(int sampleRate, int blockSize);
   void start(bool doublePrecision);
   void stop();
-  int latency() const { return effect->initialDelay; }  // frames; may change on start and with every block
+  // frames; may change on start and with every block
+  int latency() const { return effect->initialDelay; }
 
   // As many pointers as the effect has pins. Without the life lock. Throws Failure where the effect
   // has come out with other pins than it was started with, or with a latency that cannot be.

@@ -46,9 +46,11 @@ HostCallback::Scope::~Scope() {
   creating = before;
 }
 
-VstIntPtr HostCallback::entry(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float) {
+VstIntPtr HostCallback::entry(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value,
+                              void* ptr, float) {
   HostCallback* callback = creating;
-  if (callback == nullptr && effect != nullptr) callback = reinterpret_cast<HostCallback*>(effect->resvd1);
+  if (callback == nullptr && effect != nullptr)
+    callback = reinterpret_cast<HostCallback*>(effect->resvd1);
   // A stray call without a host still learns the version: nothing else can be answered.
   if (callback == nullptr) return opcode == audioMasterVersion ? kVstVersion : 0;
   return callback->answer(opcode, index, value, ptr);

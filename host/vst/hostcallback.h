@@ -17,7 +17,8 @@ class HostCallback final {
 
   // What VSTPluginMain is given. Finds the HostCallback by the record's resvd1, which is the
   // host's, and before that by the Scope of the thread.
-  static VstIntPtr entry(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+  static VstIntPtr entry(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value,
+                         void* ptr, float opt);
 
   // While one lives, calls from this thread without a known record reach `callback`: during the
   // effect's creation.
@@ -39,8 +40,9 @@ class HostCallback final {
   void setProcessing(bool on) { processing = on; }
   void setPosition(std::int64_t frame);
 
+  // pixels
   struct Size {
-    int width;  // pixels
+    int width;
     int height;
   };
   // Whether this host can show the effect's window, which then takes the size that the effect asks

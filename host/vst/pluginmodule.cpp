@@ -39,7 +39,8 @@ PluginModule::PluginModule(const std::filesystem::path& binary)
   entry = reinterpret_cast<EntryPoint>(symbol);
   if (entry == nullptr) {
     dlclose(library);
-    throw Failure(binary.string() + ": not a VST 2 plug-in (exports neither VSTPluginMain nor main)");
+    throw Failure(binary.string() +
+                  ": not a VST 2 plug-in (exports neither VSTPluginMain nor main)");
   }
 }
 

@@ -19,17 +19,20 @@ fs::path binaryInBundle(const fs::path& bundle) {
   const std::string inContents = "Contents/" + binaryFolderInBundle();
   const fs::path folder = bundle / inContents;
   if (!fs::is_directory(folder, error)) {
-    throw Failure(bundle.string() + ": not a plug-in for this system (no " + inContents + " in it)");
+    throw Failure(bundle.string() + ": not a plug-in for this system (no " + inContents +
+                  " in it)");
   }
   fs::path sameName = folder / (bundle.stem().string() + binarySuffix());
   if (fs::is_regular_file(sameName, error)) return sameName;
   std::vector<fs::path> candidates;
   for (const auto& entry : fs::directory_iterator(folder, error)) {
-    if (entry.is_regular_file(error) && entry.path().extension() == binarySuffix()) candidates.push_back(entry.path());
+    if (entry.is_regular_file(error) && entry.path().extension() == binarySuffix())
+      candidates.push_back(entry.path());
   }
   if (candidates.empty()) throw Failure(bundle.string() + ": no plug-in binary in " + inContents);
   if (candidates.size() > 1) {
-    throw Failure(bundle.string() + ": several binaries in " + inContents + "; name the one to load with --plugin");
+    throw Failure(bundle.string() + ": several binaries in " + inContents +
+                  "; name the one to load with --plugin");
   }
   return candidates.front();
 }
@@ -64,10 +67,11 @@ std::vector<fs::path> defaultPluginPlaces(const fs::path& executable) {
 
 fs::path firstPlugin(const std::vector<fs::path>& places) {
   std::error_code error;
-  const auto found =
-      std::find_if(places.begin(), places.end(), [&](const fs::path& place) { return fs::exists(place, error); });
+  const auto found = std::find_if(places.begin(), places.end(),
+                                  [&](const fs::path& place) { return fs::exists(place, error); });
   if (found != places.end()) return *found;
-  throw Failure("Trelvan.vst is neither beside this program" +
-                (places.empty() ? std::string() : " (" + places.front().parent_path().string() + ")") +
-                " nor where plug-ins are installed; name it with --plugin");
+  throw Failure(
+      "Trelvan.vst is neither beside this program" +
+      (places.empty() ? std::string() : " (" + places.front().parent_path().string() + ")") +
+      " nor where plug-ins are installed; name it with --plugin");
 }

@@ -21,7 +21,8 @@ namespace {
 
 constexpr std::size_t kMostOutput = 65536;  // bytes; a path is far shorter
 constexpr int kTimeToEnd = 100;             // ms that a signalled program gets
-constexpr int kReadsPerPoll = 32;           // of 4 KiB: enough to empty a pipe, and an end for one that never empties
+// of 4 KiB: enough to empty a pipe, and an end for one that never empties
+constexpr int kReadsPerPoll = 32;
 
 // Set by hosts and their wrappers for their own libraries, modules and interpreters.
 constexpr std::string_view kHostsOwn[] = {
@@ -78,7 +79,8 @@ class FileActions {
  public:
   explicit FileActions(int outputPipe) {
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, outputPipe, STDOUT_FILENO);  // first: the pipe may have either number
+    // first: the pipe may have either number
+    posix_spawn_file_actions_adddup2(&actions, outputPipe, STDOUT_FILENO);
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
@@ -101,7 +103,8 @@ class Attributes {
     posix_spawnattr_setsigmask(&attributes, &none);
     posix_spawnattr_setsigdefault(&attributes, &all);
     posix_spawnattr_setpgroup(&attributes, 0);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
+    posix_spawnattr_setflags(
+        &attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
   }
   ~Attributes() { posix_spawnattr_destroy(&attributes); }
   Attributes(const Attributes&) = delete;
@@ -144,12 +147,14 @@ bool ChildProgram::start(const std::vector<std::string>& arguments) {
 
   int pipeEnds[2];  // to read from, to write to; from here on nothing is thrown, or they would stay
   if (pipe2(pipeEnds, O_CLOEXEC) != 0) return false;
-  fcntl(pipeEnds[0], F_SETFL, O_NONBLOCK);  // ours only: the child's end stays as programs expect it
+  // ours only: the child's end stays as programs expect it
+  fcntl(pipeEnds[0], F_SETFL, O_NONBLOCK);
   const FileActions files(pipeEnds[1]);
   const Attributes attributes;
   pid_t started = 0;
-  const int error = posix_spawn(&started, argumentStrings[0].c_str(), &files.actions, &attributes.attributes,
-                                argumentPointers.data(), environmentPointers.data());
+  const int error =
+      posix_spawn(&started, argumentStrings[0].c_str(), &files.actions, &attributes.attributes,
+                  argumentPointers.data(), environmentPointers.data());
   close(pipeEnds[1]);
   outputEnd = pipeEnds[0];
   if (error != 0) {
@@ -213,7 +218,8 @@ void ChildProgram::readOutput() {
 void ChildProgram::collect() {
   if (!reap()) return;
   state = State::ended;
-  readOutput();  // what it wrote last; a child of its own may hold the pipe open for longer, which does not matter
+  // what it wrote last; a child of its own may hold the pipe open for longer, which does not matter
+  readOutput();
   closeOutput();
 }
 
@@ -224,7 +230,8 @@ bool ChildProgram::reap() noexcept {
     reaped = waitpid(process, &word, WNOHANG);
   } while (reaped < 0 && errno == EINTR);
   if (reaped == 0) return false;
-  if (reaped == process) status = WIFEXITED(word) ? WEXITSTATUS(word) : kSignalBase + WTERMSIG(word);
+  if (reaped == process)
+    status = WIFEXITED(word) ? WEXITSTATUS(word) : kSignalBase + WTERMSIG(word);
   process = 0;
   return true;
 }

@@ -28,7 +28,8 @@ void addIfFound(std::vector<Program>& programs, Kind kind, const char* name) {
 }
 
 std::string replaced(std::string text, const std::string& what, const std::string& by) {
-  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
+  for (std::size_t at = text.find(what); at != std::string::npos;
+       at = text.find(what, at + by.size())) {
     text.replace(at, what.size(), by);
   }
   return text;
@@ -69,7 +70,8 @@ std::vector<Program> alertPrograms() {
   return programs;
 }
 
-std::vector<std::string> question(const Program& program, const std::string& title, const std::string& text) {
+std::vector<std::string> question(const Program& program, const std::string& title,
+                                  const std::string& text) {
   if (program.kind == Kind::kdialog) {
     return {program.path,
             "--title",
@@ -88,23 +90,28 @@ std::vector<std::string> question(const Program& program, const std::string& tit
           "--text=" + validText(text)};
 }
 
-std::vector<std::string> warning(const Program& program, const std::string& title, const std::string& text) {
+std::vector<std::string> warning(const Program& program, const std::string& title,
+                                 const std::string& text) {
   switch (program.kind) {
     case Kind::kdialog:
       return {program.path, "--title", title, "--sorry", kdialogText(notAnOption(text))};
     case Kind::xmessage:
-      return {program.path, "-center", "-title", title, "-buttons", "OK:0", "-default", "OK", notAnOption(text)};
+      return {program.path, "-center", "-title",         title, "-buttons", "OK:0",
+              "-default",   "OK",      notAnOption(text)};
     case Kind::zenity:
       break;
   }
-  return {program.path, "--warning", "--no-markup", "--title=" + title, "--text=" + validText(text)};
+  return {program.path, "--warning", "--no-markup", "--title=" + title,
+          "--text=" + validText(text)};
 }
 
+// cancelled, closed
 Answer answerOf(int exitStatus, const std::string& output) {
-  constexpr int kRefused = 1;  // cancelled, closed
+  constexpr int kRefused = 1;
   constexpr int kTimeout = 5;  // zenity's own time limit
   if (exitStatus == 0) return Answer::accepted;
-  if (exitStatus == ChildProgram::kUnknownStatus) return output.empty() ? Answer::declined : Answer::accepted;
+  if (exitStatus == ChildProgram::kUnknownStatus)
+    return output.empty() ? Answer::declined : Answer::accepted;
   if (exitStatus == kRefused || exitStatus == kTimeout) return Answer::declined;
   // Somebody has ended it on purpose.
   for (const int signal : {SIGTERM, SIGKILL, SIGINT, SIGHUP}) {

@@ -21,8 +21,10 @@ std::vector<Program> filePrograms();   // zenity, kdialog
 std::vector<Program> alertPrograms();  // these, then xmessage
 
 // Argument vectors. Texts are data: no markup, no escapes, whatever they hold.
-std::vector<std::string> question(const Program& program, const std::string& title, const std::string& text);
-std::vector<std::string> warning(const Program& program, const std::string& title, const std::string& text);
+std::vector<std::string> question(const Program& program, const std::string& title,
+                                  const std::string& text);
+std::vector<std::string> warning(const Program& program, const std::string& title,
+                                 const std::string& text);
 
 enum class Answer {
   accepted,

@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr auto kLongestStart = std::chrono::seconds(10);  // xdg-open ends at once, or stays as long as the viewer
+// xdg-open ends at once, or stays as long as the viewer
+constexpr auto kLongestStart = std::chrono::seconds(10);
 
 // Empty where there is none. The Documents folder may have another name in the user's language.
 std::string manualFile() {
@@ -52,8 +53,9 @@ void ManualOpener::start() {
   // Between us and the viewer stands a shell that can be ended alone: so the viewer can be let go
   // at any time, and its end is then not ours to collect. The viewer's output goes nowhere, because
   // we will not be there to read it.
-  const bool started = !file.empty() && !opener.empty() &&
-                       system->program.start({"/bin/sh", "-c", "\"$0\" \"$1\" >/dev/null & wait $!", opener, file});
+  const bool started =
+      !file.empty() && !opener.empty() &&
+      system->program.start({"/bin/sh", "-c", "\"$0\" \"$1\" >/dev/null & wait $!", opener, file});
   if (!started) system->state = State::failed;
 }
 
@@ -62,7 +64,8 @@ ManualOpener::State ManualOpener::poll() {
   if (system->state != State::running) return system->state;
   if (system->program.poll() == ChildProgram::State::ended) {
     const int status = system->program.exitStatus();
-    system->state = status == 0 || status == ChildProgram::kUnknownStatus ? State::opened : State::failed;
+    system->state =
+        status == 0 || status == ChildProgram::kUnknownStatus ? State::opened : State::failed;
   } else if (std::chrono::steady_clock::now() >= system->giveUp) {
     system->program.leave();
     system->state = State::opened;

@@ -16,8 +16,9 @@
 namespace {
 
 constexpr char kGroup[] = "Preferences";
-constexpr char kStringMark[] = "string:";      // then the bytes, percent-encoded where they are not plain
-constexpr char kBytesMark[] = "bytes:";        // then two hexadecimal digits a byte
+constexpr char kStringMark[] =
+    "string:";                           // then the bytes, percent-encoded where they are not plain
+constexpr char kBytesMark[] = "bytes:";  // then two hexadecimal digits a byte
 constexpr std::size_t kLargestFile = 1 << 20;  // bytes; what the plug-in keeps takes 30 kB
 
 struct FreeText {
@@ -46,14 +47,17 @@ std::string pathOf(const std::string& applicationId) {
   const std::string folder = configFolder();
   const std::size_t maker = applicationId.find('.') + 1;
   const std::size_t product = applicationId.find('.', maker) + 1;
-  if (folder.empty() || maker == 0 || product == 0 || product - maker < 2 || product == applicationId.size()) return {};
+  if (folder.empty() || maker == 0 || product == 0 || product - maker < 2 ||
+      product == applicationId.size())
+    return {};
   if (applicationId.find('/') != std::string::npos) return {};
-  return folder + "/" + applicationId.substr(maker, product - maker - 1) + "/" + applicationId.substr(product) +
-         ".conf";
+  return folder + "/" + applicationId.substr(maker, product - maker - 1) + "/" +
+         applicationId.substr(product) + ".conf";
 }
 
 std::string encodedString(const char* value) {
-  const Text text(g_uri_escape_bytes(reinterpret_cast<const guint8*>(value), std::strlen(value), "/ "));
+  const Text text(
+      g_uri_escape_bytes(reinterpret_cast<const guint8*>(value), std::strlen(value), "/ "));
   return kStringMark + std::string(text.get());
 }
 
@@ -102,10 +106,12 @@ std::optional<std::string> valueIn(GKeyFile* file, const std::string& key) {
   return std::string(value.get());
 }
 
+// empty where nothing could be read
 struct Loaded {
-  KeyFile keys{g_key_file_new()};  // empty where nothing could be read
-  bool replaceable = true;         // false: the file is there and cannot be read, so nobody may write over it
-  bool damaged = false;            // it is no key file, or too large for one
+  KeyFile keys{g_key_file_new()};
+  // false: the file is there and cannot be read, so nobody may write over it
+  bool replaceable = true;
+  bool damaged = false;  // it is no key file, or too large for one
 };
 
 Loaded load(const std::string& path) {
@@ -115,8 +121,8 @@ Loaded load(const std::string& path) {
   loaded.replaceable = reading != sharedfile::Reading::unreadable;
   loaded.damaged = reading == sharedfile::Reading::tooLarge;
   if (reading != sharedfile::Reading::done) return loaded;
-  loaded.damaged = g_key_file_load_from_data(loaded.keys.get(), text.data(), text.size(), G_KEY_FILE_KEEP_COMMENTS,
-                                             nullptr) == FALSE;
+  loaded.damaged = g_key_file_load_from_data(loaded.keys.get(), text.data(), text.size(),
+                                             G_KEY_FILE_KEEP_COMMENTS, nullptr) == FALSE;
   if (loaded.damaged) loaded.keys.reset(g_key_file_new());
   return loaded;
 }
@@ -124,7 +130,8 @@ Loaded load(const std::string& path) {
 }  // namespace
 
 struct PreferenceStore::System {
-  using Changes = std::map<std::string, std::optional<std::string>>;  // encoded values; none: the key goes
+  // encoded values; none: the key goes
+  using Changes = std::map<std::string, std::optional<std::string>>;
 
   std::string path;  // empty: no preferences
   KeyFile stored;    // null: not read yet

@@ -47,14 +47,16 @@ bool writeAll(int file, const std::string& content) {
 }
 
 bool putOnDisk(const std::string& path, const std::string& content) {
-  Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600));
+  Descriptor file(
+      ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600));
   return file.isOpen() && writeAll(file.get(), content) && ::fsync(file.get()) == 0 && file.close();
 }
 
 // The new name is on disk when the folder is.
 void syncFolderOf(const std::string& path) {
   const Descriptor opened(::open(folderPart(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (opened.isOpen()) (void)::fsync(opened.get());  // some file systems refuse; the file itself is complete
+  // some file systems refuse; the file itself is complete
+  if (opened.isOpen()) (void)::fsync(opened.get());
 }
 
 }  // namespace
@@ -96,7 +98,8 @@ Lock::Lock(const std::string& path) {
 
 Lock::~Lock() {
   if (file < 0) return;
-  (void)::flock(file, LOCK_UN);  // at once, even if the host has forked meanwhile and a child holds the descriptor
+  // at once, even if the host has forked meanwhile and a child holds the descriptor
+  (void)::flock(file, LOCK_UN);
   ::close(file);
 }
 
@@ -112,8 +115,9 @@ bool replace(const std::string& path, const std::string& content) {
   return true;
 }
 
+// then the last one is given up
 bool keepAside(const std::string& path) {
-  constexpr int kNames = 9;  // then the last one is given up
+  constexpr int kNames = 9;
   std::string aside = path + ".damaged";
   for (int number = 2; number <= kNames && ::access(aside.c_str(), F_OK) == 0; ++number) {
     aside = path + ".damaged-" + std::to_string(number);

@@ -10,6 +10,8 @@ void XPlatDisplayAlert(const char* message) {
     ChildProgram alert;
     if (!alert.start(desktopdialog::warning(program, "Trelvan", message))) continue;
     alert.wait();
-    if (desktopdialog::answerOf(alert.exitStatus(), alert.output()) != desktopdialog::Answer::unusable) return;
+    if (desktopdialog::answerOf(alert.exitStatus(), alert.output()) !=
+        desktopdialog::Answer::unusable)
+      return;
   }
 }

@@ -8,7 +8,8 @@
 #include <type_traits>
 
 struct CFReleaser {
-  void operator()(CFTypeRef object) const { CFRelease(object); }  // never null: that would end the process
+  // never null: that would end the process
+  void operator()(CFTypeRef object) const { CFRelease(object); }
 };
 
 // Null where the object could not be made. Ref: CFStringRef, CFURLRef and the like.

@@ -12,16 +12,19 @@ namespace {
 
 // "open" hands the file over and ends at once, with a status that says whether it was there and
 // something shows it.
+// bytes; a longer one is not run
 bool shellOpens(const std::string& quotedPath) {
-  char command[1024];  // bytes; a longer one is not run
+  char command[1024];
   const int length = std::snprintf(command, sizeof command, "open %s", quotedPath.c_str());
-  return length > 0 && static_cast<std::size_t>(length) < sizeof command && std::system(command) == 0;
+  return length > 0 && static_cast<std::size_t>(length) < sizeof command &&
+         std::system(command) == 0;
 }
 
 // One word of the shell's, whatever it holds.
 std::string quoted(const std::string& text) {
   std::string word = "'";
-  for (const char character : text) word += character == '\'' ? std::string("'\\''") : std::string(1, character);
+  for (const char character : text)
+    word += character == '\'' ? std::string("'\\''") : std::string(1, character);
   return word + "'";
 }
 

@@ -11,18 +11,21 @@
 
 namespace {
 
-std::mutex storeMutex;  // so that all changes of one synchronise() are seen together in this process
+// so that all changes of one synchronise() are seen together in this process
+std::mutex storeMutex;
 
 // In the system's 8-bit Roman encoding, which has a character for every byte: strings come back
 // byte for byte.
 CFOwned<CFStringRef> romanString(const char* text) {
-  return CFOwned<CFStringRef>(CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingMacRoman));
+  return CFOwned<CFStringRef>(
+      CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingMacRoman));
 }
 
 }  // namespace
 
+// null: no such key
 struct PreferenceStore::System {
-  using Value = CFOwned<CFPropertyListRef>;  // null: no such key
+  using Value = CFOwned<CFPropertyListRef>;
 
   CFOwned<CFStringRef> application;
   std::map<std::string, Value> known;    // as the store returned it, once a key
@@ -59,8 +62,8 @@ bool PreferenceStore::getString(const char* key, char* buffer, std::size_t size)
   const CFPropertyListRef value = system->value(key);
   if (value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()) return false;
   std::string text(size, '\0');
-  const auto fits = CFStringGetCString(static_cast<CFStringRef>(value), text.data(), static_cast<CFIndex>(size),
-                                       kCFStringEncodingMacRoman);
+  const auto fits = CFStringGetCString(static_cast<CFStringRef>(value), text.data(),
+                                       static_cast<CFIndex>(size), kCFStringEncodingMacRoman);
   if (!fits) return false;
   text.copy(buffer, size);
   return true;

@@ -16,7 +16,8 @@ void XPlatLockMutex(void* mutex, unsigned long timeoutMs) {
   }
   // Any thread may come here, and most have no pool of their own.
   NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-  NSDate* deadline = [NSDate dateWithTimeIntervalSinceNow:static_cast<double>(timeoutMs) / 1000.0];  // seconds
+  // seconds
+  NSDate* deadline = [NSDate dateWithTimeIntervalSinceNow:static_cast<double>(timeoutMs) / 1000.0];
   [lock lockBeforeDate:deadline];  // the outcome is dropped on purpose: callers go on either way
   [pool release];
 }

@@ -26,12 +26,16 @@ struct Click {
 
 // Controls that only ask for something; the others are the switch below.
 constexpr Click kClicks[] = {
-    {kLoadBankTag, [](PresetBarActions& actions, float value) { actions.loadBank(value == kAlternative); }},
+    {kLoadBankTag,
+     [](PresetBarActions& actions, float value) { actions.loadBank(value == kAlternative); }},
     {kSaveBankTag, [](PresetBarActions& actions, float) { actions.saveBank(); }},
-    {kLoadPresetTag, [](PresetBarActions& actions, float value) { actions.loadPreset(value == kAlternative); }},
+    {kLoadPresetTag,
+     [](PresetBarActions& actions, float value) { actions.loadPreset(value == kAlternative); }},
     {kSavePresetTag, [](PresetBarActions& actions, float) { actions.savePreset(); }},
-    {kDefaultBankTag, [](PresetBarActions& actions,
-                         float value) { value >= kSaves ? actions.saveDefaultBank() : actions.resetDefaultBank(); }},
+    {kDefaultBankTag,
+     [](PresetBarActions& actions, float value) {
+       value >= kSaves ? actions.saveDefaultBank() : actions.resetDefaultBank();
+     }},
     {kDefaultPresetTag,
      [](PresetBarActions& actions, float value) {
        value >= kSaves ? actions.saveDefaultPreset() : actions.resetDefaultPreset();

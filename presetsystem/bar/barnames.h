@@ -7,10 +7,12 @@
 class CPresetSystemEffect;
 class PresetBar;
 
-// Views may be touched on the thread that opened the window only. Others mark, and the next idle pass does it.
+// Views may be touched on the thread that opened the window only. Others mark, and the next idle
+// pass does it.
 class BarNames {
  public:
-  BarNames(CPresetSystemEffect* namedEffect, PresetBar& namedBar) : effect(namedEffect), bar(namedBar) {}
+  BarNames(CPresetSystemEffect* namedEffect, PresetBar& namedBar)
+      : effect(namedEffect), bar(namedBar) {}
 
   void opened() { windowThread = std::this_thread::get_id(); }
   void idle();  // the window's thread

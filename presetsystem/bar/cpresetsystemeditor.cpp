@@ -1,4 +1,5 @@
-// The façade of the preset bar: its life with the window, and each operation handed to the object whose job it is.
+// The façade of the preset bar: its life with the window, and each operation handed to the object
+// whose job it is.
 #include "presetsystem/bar/cpresetsystemeditor.h"
 
 #include "editor/base/myframe.h"
@@ -19,7 +20,8 @@ CPresetSystemEditor::CPresetSystemEditor(CPresetSystemEffect* owner)
 
 // Without the memory for it the names are lost, and not the host: nothing may leave a destructor.
 CPresetSystemEditor::~CPresetSystemEditor() {
-  if (presetEffect != nullptr && presetEffect->presetListener() == this) presetEffect->setPresetListener(nullptr);
+  if (presetEffect != nullptr && presetEffect->presetListener() == this)
+    presetEffect->setPresetListener(nullptr);
   try {
     stored.storePlaces();
   } catch (...) {
@@ -84,7 +86,8 @@ void CPresetSystemEditor::redraw() {
   if (frame != nullptr) frame->invalid();
 }
 
-void CPresetSystemEditor::BufferToBankOld(char* data, bool swapped, int recordCount, int floatsPerRecord) {
+void CPresetSystemEditor::BufferToBankOld(char* data, bool swapped, int recordCount,
+                                          int floatsPerRecord) {
   BankImages(*presetEffect).BufferToBankOld(data, swapped, recordCount, floatsPerRecord);
 }
 void CPresetSystemEditor::BufferToBank(char* entries, newpresetheader* header, bool swapped) {

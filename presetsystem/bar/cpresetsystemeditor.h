@@ -20,8 +20,8 @@
 class CPresetSystemEffect;
 class PressGuard;
 
-// A façade: each operation is one object's, which knows neither the window nor the others. It works without a window.
-// User-interface thread, but for what the store tells (PresetListener).
+// A façade: each operation is one object's, which knows neither the window nor the others. It works
+// without a window. User-interface thread, but for what the store tells (PresetListener).
 class CPresetSystemEditor : public AEffGUIEditor,
                             public VSTGUI::IControlListener,
                             protected PresetListener,
@@ -31,18 +31,21 @@ class CPresetSystemEditor : public AEffGUIEditor,
   explicit CPresetSystemEditor(CPresetSystemEffect* owner);
   ~CPresetSystemEditor() override;  // stores the folder and the file names
 
-  bool open(void* window) override;  // builds the bar into the frame that is open; false without one
+  // builds the bar into the frame that is open; false without one
+  bool open(void* window) override;
   void close() override;
   void idle() override;
-  void valueChanged(VSTGUI::CControl* control) override;  // acts on the bar's tags, see PresetBarTag
+  // acts on the bar's tags, see PresetBarTag
+  void valueChanged(VSTGUI::CControl* control) override;
   virtual void endLearn() {}
   virtual void endCancel() {}
   void nameChangedExternal(const char* name) override;  // any thread; at most 24 characters
   void loadDefaults() override;
 
-  // Readers of images whose unique ID the caller has checked. data, entries: what stands after the prefix or header;
-  // at most header->dataSize bytes are read. header: already in this machine's byte order. Old records hold
-  // `floatsPerRecord` floats after 24 name bytes, and all of them are there.
+  // Readers of images whose unique ID the caller has checked. data, entries: what stands after the
+  // prefix or header; at most header->dataSize bytes are read. header: already in this machine's
+  // byte order. Old records hold `floatsPerRecord` floats after 24 name bytes, and all of them are
+  // there.
   virtual void BufferToBankOld(char* data, bool swapped, int recordCount, int floatsPerRecord);
   virtual void BufferToBank(char* entries, newpresetheader* header, bool swapped);
   virtual void BufferToPresetOld(char* data, bool swapped, int floatCount);

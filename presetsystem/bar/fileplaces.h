@@ -5,8 +5,9 @@
 #include <cstring>
 
 // Kept from one run of the host to the next. User-interface thread.
+// bytes, the last one spare
 struct FilePlaces {
-  static constexpr std::size_t kSize = 257;  // bytes, the last one spare
+  static constexpr std::size_t kSize = 257;
 
   char currentDirectory[kSize] = {};  // ends in "/"
   char bankFileName[kSize] = {};
@@ -15,6 +16,7 @@ struct FilePlaces {
   // Allocates nothing: an instance compares them while it ends, where no memory may be left.
   bool operator==(const FilePlaces& other) const {
     return std::strcmp(currentDirectory, other.currentDirectory) == 0 &&
-           std::strcmp(bankFileName, other.bankFileName) == 0 && std::strcmp(presetFileName, other.presetFileName) == 0;
+           std::strcmp(bankFileName, other.bankFileName) == 0 &&
+           std::strcmp(presetFileName, other.presetFileName) == 0;
   }
 };

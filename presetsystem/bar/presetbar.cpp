@@ -32,19 +32,21 @@ class Builder {
 
   CSaveLoadButton* saveLoad(std::int32_t tag, const CRect& size, std::int32_t bitmapNumber) {
     const auto bitmap = loadBitmap(bitmapNumber);
-    return add(new CSaveLoadButton(size, listener, tag, imageHeight(*bitmap, kButtonImages), bitmap, noOffset));
+    return add(new CSaveLoadButton(size, listener, tag, imageHeight(*bitmap, kButtonImages), bitmap,
+                                   noOffset));
   }
 
-  CPSKickButton* kick(std::int32_t tag, const CRect& size, std::int32_t bitmapNumber, bool requireDoubleClick) {
+  CPSKickButton* kick(std::int32_t tag, const CRect& size, std::int32_t bitmapNumber,
+                      bool requireDoubleClick) {
     const auto bitmap = loadBitmap(bitmapNumber);
-    return add(new CPSKickButton(size, listener, tag, imageHeight(*bitmap, kButtonImages), bitmap, noOffset,
-                                 requireDoubleClick));
+    return add(new CPSKickButton(size, listener, tag, imageHeight(*bitmap, kButtonImages), bitmap,
+                                 noOffset, requireDoubleClick));
   }
 
   CPSRockerSwitch* rocker(std::int32_t tag, const CRect& size, std::int32_t bitmapNumber) {
     const auto bitmap = loadBitmap(bitmapNumber);
-    return add(new CPSRockerSwitch(size, listener, tag, imageHeight(*bitmap, kRockerImages), bitmap, noOffset,
-                                   VSTGUI::CRockerSwitch::kHorizontal));
+    return add(new CPSRockerSwitch(size, listener, tag, imageHeight(*bitmap, kRockerImages), bitmap,
+                                   noOffset, VSTGUI::CRockerSwitch::kHorizontal));
   }
 
   template <typename View>
@@ -59,7 +61,8 @@ class Builder {
   CPoint noOffset;
 };
 
-COrvTextEdit* makeNameEdit(VSTGUI::IControlListener* listener, CBitmap* background, const char* name) {
+COrvTextEdit* makeNameEdit(VSTGUI::IControlListener* listener, CBitmap* background,
+                           const char* name) {
   const double lineHeight = VSTGUI::kNormalFontSmall->getSize();
   const CRect size(91, 229 - lineHeight / 2 - 2, 201, 229 + lineHeight / 2 + 2);
   auto* edit = new COrvTextEdit(size, listener, kNameEditTag, name, background, 0, false);
@@ -69,14 +72,15 @@ COrvTextEdit* makeNameEdit(VSTGUI::IControlListener* listener, CBitmap* backgrou
   edit->setFontColor(VSTGUI::kBlackCColor);
   edit->setHoriAlign(VSTGUI::kCenterText);
   edit->setCustomFontEditionColor(VSTGUI::kBlackCColor);
-  edit->setCustomHighlightColor(VSTGUI::CColor(140, 175, 200, 255));  // the field's own colour, darker
+  // the field's own colour, darker
+  edit->setCustomHighlightColor(VSTGUI::CColor(140, 175, 200, 255));
   return edit;
 }
 
 CPresetMenu* makeMenu(VSTGUI::IControlListener* listener, CBitmap* background) {
   using VSTGUI::COptionMenu;
-  constexpr std::int32_t kStyle =
-      COptionMenu::kPopupStyle | COptionMenu::kCheckStyle | COptionMenu::kNoTextStyle | COptionMenu::kNoDrawStyle;
+  constexpr std::int32_t kStyle = COptionMenu::kPopupStyle | COptionMenu::kCheckStyle |
+                                  COptionMenu::kNoTextStyle | COptionMenu::kNoDrawStyle;
   const CRect size(207, 221, 217, 235);
   auto* menu = new CPresetMenu(size, listener, kPresetMenuTag, background, nullptr, kStyle);
   menu->setBackOffset(size.getTopLeft());
@@ -86,7 +90,8 @@ CPresetMenu* makeMenu(VSTGUI::IControlListener* listener, CBitmap* background) {
 
 }  // namespace
 
-void PresetBar::build(VSTGUI::CViewContainer& root, VSTGUI::IControlListener* listener, CPresetSystemEffect& effect) {
+void PresetBar::build(VSTGUI::CViewContainer& root, VSTGUI::IControlListener* listener,
+                      CPresetSystemEffect& effect) {
   contract.opened();
   Builder in(root, listener);
   const auto background = loadBitmap(kBackgroundBitmap);
@@ -129,7 +134,8 @@ void PresetBar::showCurrent(long n) {
 void PresetBar::retitleCurrent(const char* name) {
   contract.ensure("the list of presets");
   if (presetMenu == nullptr) return;
-  if (VSTGUI::CMenuItem* entry = presetMenu->getEntry(presetMenu->getCurrentIndex())) entry->setTitle(name);
+  if (VSTGUI::CMenuItem* entry = presetMenu->getEntry(presetMenu->getCurrentIndex()))
+    entry->setTitle(name);
   redrawList();
 }
 

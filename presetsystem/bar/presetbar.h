@@ -39,16 +39,20 @@ enum PresetBarTag : std::int32_t {
 
 // A preset's name as the bar shows it: 24 bytes need not hold an end of their own.
 struct ShownName {
-  explicit ShownName(const ACombProgram& preset) { std::memcpy(text, preset.name, sizeof preset.name); }
+  explicit ShownName(const ACombProgram& preset) {
+    std::memcpy(text, preset.name, sizeof preset.name);
+  }
   char text[ACombProgram::kNameSize + 1] = {};
 };
 
-// The frame owns the views; the pointers are valid from build to clear. Every operation is harmless without them.
-// User-interface thread.
+// The frame owns the views; the pointers are valid from build to clear. Every operation is harmless
+// without them. User-interface thread.
 class PresetBar {
  public:
-  // Adds the controls to `root`, showing the effect's names and current preset. The listener hears all of them.
-  void build(VSTGUI::CViewContainer& root, VSTGUI::IControlListener* listener, CPresetSystemEffect& effect);
+  // Adds the controls to `root`, showing the effect's names and current preset. The listener hears
+  // all of them.
+  void build(VSTGUI::CViewContainer& root, VSTGUI::IControlListener* listener,
+             CPresetSystemEffect& effect);
   void clear() { *this = PresetBar(); }
 
   void showName(const char* name);

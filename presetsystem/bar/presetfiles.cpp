@@ -15,33 +15,40 @@
 
 namespace {
 
-constexpr std::size_t kKindEnd = presetimage::kOldPrefixSize;  // bytes that tell whose a file is, and of what kind
-constexpr std::size_t kLongestRead = 1 << 24;  // bytes; 1,000 times a bank. The rest of a longer file is not looked at
+// bytes that tell whose a file is, and of what kind
+constexpr std::size_t kKindEnd = presetimage::kOldPrefixSize;
+// bytes; 1,000 times a bank. The rest of a longer file is not looked at
+constexpr std::size_t kLongestRead = 1 << 24;
 
 constexpr char kNoDialog[] =
-    "There is no program that shows a file dialog.\nPlease install zenity or kdialog to load and save presets.";
+    "There is no program that shows a file dialog.\nPlease install zenity or kdialog to load and "
+    "save presets.";
 
 class File {
  public:
-  File(const char* name, const char* folder, bool forWrite) : length(XPlatFileOpen(name, folder, &handle, forWrite)) {}
+  File(const char* name, const char* folder, bool forWrite)
+      : length(XPlatFileOpen(name, folder, &handle, forWrite)) {}
   ~File() { XPlatFileClose(handle); }
   File(const File&) = delete;
   File& operator=(const File&) = delete;
 
   std::size_t read(unsigned char* to, std::size_t count) {
-    return static_cast<std::size_t>(XPlatFileRead(handle, reinterpret_cast<char*>(to), static_cast<long>(count)));
+    return static_cast<std::size_t>(
+        XPlatFileRead(handle, reinterpret_cast<char*>(to), static_cast<long>(count)));
   }
   void write(const unsigned char* from, std::size_t count) {
     XPlatFileWrite(handle, reinterpret_cast<const char*>(from), static_cast<long>(count));
   }
-  std::size_t size() const { return static_cast<std::size_t>(length); }  // bytes; 0 where it could not be opened
+  // bytes; 0 where it could not be opened
+  std::size_t size() const { return static_cast<std::size_t>(length); }
 
  private:
   void* handle = nullptr;  // before the length, whose finding sets it
   long length;
 };
 
-// The beginning of a file of this plug-in, at most `kLongestRead` bytes; empty for every other file.
+// The beginning of a file of this plug-in, at most `kLongestRead` bytes; empty for every other
+// file.
 struct FileBytes {
   std::unique_ptr<unsigned char[]> bytes;
   std::size_t size = 0;
@@ -50,7 +57,8 @@ struct FileBytes {
     unsigned char begin[kKindEnd];
     if (file.size() < kKindEnd || file.read(begin, kKindEnd) != kKindEnd) return;
     // Before anything of its size is allocated.
-    if (presetimage::identify(begin, uniqueID).content == presetimage::Image::Content::foreign) return;
+    if (presetimage::identify(begin, uniqueID).content == presetimage::Image::Content::foreign)
+      return;
     const std::size_t wanted = std::min(file.size(), kLongestRead);
     bytes.reset(new (std::nothrow) unsigned char[wanted]);
     if (!bytes) return;
@@ -60,19 +68,22 @@ struct FileBytes {
   std::span<const unsigned char> all() const { return {bytes.get(), size}; }
 };
 
-// False where there is no folder or a part is too long: the names of the last file must not be taken for this one's.
+// False where there is no folder or a part is too long: the names of the last file must not be
+// taken for this one's.
 bool splitPath(const std::string& path, char* fileName, char* folder) {
   const std::size_t slash = path.rfind('/');
   if (slash == std::string::npos) return false;
   const std::size_t folderSize = slash + 1;
-  if (folderSize >= kXPlatPathPartSize || path.size() - folderSize >= kXPlatPathPartSize) return false;
+  if (folderSize >= kXPlatPathPartSize || path.size() - folderSize >= kXPlatPathPartSize)
+    return false;
   XPlatGetFileNameAndDir(path.c_str(), fileName, folder);
   return true;
 }
 
 }  // namespace
 
-PresetFiles::PresetFiles(CPresetSystemEffect* filesEffect, FilePlaces& usedPlaces, BarWindow& servedWindow)
+PresetFiles::PresetFiles(CPresetSystemEffect* filesEffect, FilePlaces& usedPlaces,
+                         BarWindow& servedWindow)
     : effect(filesEffect), places(usedPlaces), window(servedWindow) {}
 
 void PresetFiles::start(Operation wanted, bool endianReversed) {
@@ -114,7 +125,9 @@ void PresetFiles::end() {
 
 void PresetFiles::finish(Operation chosen, const std::string& path) {
   const bool ofBank = chosen == Operation::loadBank || chosen == Operation::saveBank;
-  if (!splitPath(path, ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory)) return;
+  if (!splitPath(path, ofBank ? places.bankFileName : places.presetFileName,
+                 places.currentDirectory))
+    return;
   if (chosen == Operation::saveBank || chosen == Operation::savePreset) {
     save(chosen);
   } else {
@@ -128,8 +141,8 @@ void PresetFiles::save(Operation chosen) {
   unsigned char image[presetimage::kBankImageSize];  // the larger of the two
   const std::span<unsigned char, presetimage::kBankImageSize> bytes(image);
   BankImages images(*effect);
-  file.write(image,
-             ofBank ? images.writeBank(bytes) : images.writePreset(bytes.first<presetimage::kPresetImageSize>()));
+  file.write(image, ofBank ? images.writeBank(bytes)
+                           : images.writePreset(bytes.first<presetimage::kPresetImageSize>()));
 }
 
 void PresetFiles::load(Operation chosen) {
@@ -137,7 +150,8 @@ void PresetFiles::load(Operation chosen) {
   File file(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory, false);
   const FileBytes read(file, effect->getUniqueID());
   if (read.size == 0) return;
-  const presetimage::Origin origin{.orderReversed = orderReversed, .whole = read.size == file.size()};
+  const presetimage::Origin origin{.orderReversed = orderReversed,
+                                   .whole = read.size == file.size()};
   const presetimage::Image image = presetimage::identify(read.all(), effect->getUniqueID(), origin);
   if (ofBank) {
     BankImages(*effect).takeBank(image);

@@ -10,9 +10,9 @@
 
 class CPresetSystemEffect;
 
-// One operation at a time. It is started where there is a window, returns at once, and is completed from the idle pass
-// that finds the user's choice. Nothing is reported: what is foreign or refused leaves the bank as it was.
-// User-interface thread.
+// One operation at a time. It is started where there is a window, returns at once, and is completed
+// from the idle pass that finds the user's choice. Nothing is reported: what is foreign or refused
+// leaves the bank as it was. User-interface thread.
 class PresetFiles {
  public:
   PresetFiles(CPresetSystemEffect* filesEffect, FilePlaces& usedPlaces, BarWindow& servedWindow);

@@ -77,8 +77,8 @@ void StoredPresets::remove(StoredImage which) {
   preferences.synchronise();
 }
 
-// Instances come and go by the dozen, most of them without a window ever: those that have nothing new write nothing,
-// and take nothing back that another one has stored meanwhile.
+// Instances come and go by the dozen, most of them without a window ever: those that have nothing
+// new write nothing, and take nothing back that another one has stored meanwhile.
 void StoredPresets::storePlaces() {
   if (places == storedPlaces) return;
   PreferenceStore preferences(kApplicationId);
@@ -92,7 +92,8 @@ void StoredPresets::recallPlaces() {
   recallPlaces(PreferenceStore(kApplicationId));
 }
 
-// All three or none: an instance whose making breaks off in between would store the ones that it lacks as empty.
+// All three or none: an instance whose making breaks off in between would store the ones that it
+// lacks as empty.
 void StoredPresets::recallPlaces(const PreferenceStore& preferences) {
   FilePlaces recalled = places;
   preferences.getString(kDirectoryKey, recalled.currentDirectory, kLongestText);

@@ -7,10 +7,12 @@
 
 #include "platform/relaxed.h"
 
-// The record that the bank, the chunk and the files hold. The values are words of their own because automation may
-// write one on the audio thread while another thread saves the bank; the name is the user-interface thread's.
+// The record that the bank, the chunk and the files hold. The values are words of their own because
+// automation may write one on the audio thread while another thread saves the bank; the name is the
+// user-interface thread's.
+// bytes; a stored name ends with a zero among them
 struct ACombProgram {
-  static constexpr int kNameSize = 24;       // bytes; a stored name ends with a zero among them
+  static constexpr int kNameSize = 24;
   static constexpr int kParameterCount = 5;  // in parameter-index order
 
   char name[kNameSize] = "init";
@@ -32,18 +34,21 @@ struct ACombProgram {
 
   // index: 0 .. kParameterCount - 1.
   float parameter(int index) const { return this->*kParameters[static_cast<std::size_t>(index)]; }
-  void setParameter(int index, float value) { this->*kParameters[static_cast<std::size_t>(index)] = value; }
+  void setParameter(int index, float value) {
+    this->*kParameters[static_cast<std::size_t>(index)] = value;
+  }
 
  private:
   // to_array: a list that is too short does not compile.
   static constexpr std::array<Relaxed<float> ACombProgram::*, kParameterCount> kParameters =
       std::to_array<Relaxed<float> ACombProgram::*>({&ACombProgram::width, &ACombProgram::baseFreq,
-                                                     &ACombProgram::emphasis, &ACombProgram::process,
-                                                     &ACombProgram::phase});
+                                                     &ACombProgram::emphasis,
+                                                     &ACombProgram::process, &ACombProgram::phase});
 };
 
 static_assert(offsetof(ACombProgram, width) == ACombProgram::kNameSize);
-static_assert(sizeof(ACombProgram) == ACombProgram::kNameSize + ACombProgram::kParameterCount * sizeof(float));
+static_assert(sizeof(ACombProgram) ==
+              ACombProgram::kNameSize + ACombProgram::kParameterCount * sizeof(float));
 
 inline ACombProgram ACombProgram::zeroed() {
   ACombProgram record;

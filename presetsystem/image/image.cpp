@@ -27,7 +27,8 @@ Content contentOf(ImageKind kind) {
   return Content::unknown;
 }
 
-// Header and entries. sizeIsTrusted: all that is there belongs to the image, whatever its header says.
+// Header and entries. sizeIsTrusted: all that is there belongs to the image, whatever its header
+// says.
 void takeCurrent(Image& image, std::span<const unsigned char> bytes, bool sizeIsTrusted) {
   if (bytes.size() < newpresetheader::kSize) {
     image.extent = Extent::headless;
@@ -53,20 +54,23 @@ void takeFile(Image& image, std::span<const unsigned char> bytes, bool whole) {
   }
   const auto size = static_cast<std::int64_t>(bytes.size());
   const bool isBank = kind == ImageKind::oldBank;
-  if (isBank && !whole) image.content = Content::unknown;  // its size is all that tells where the records are
+  // its size is all that tells where the records are
+  if (isBank && !whole) image.content = Content::unknown;
   image.body = bytes.subspan(kOldPrefixSize);
   image.recordCount = isBank ? kPresetCount : 1;
   image.floatsPerRecord = isBank ? floatsPerOldBankRecord(size) : floatsInOldPreset(size);
 }
 
-// The stride is not stored: it follows from the size, at most one record's share of it, in whole floats.
+// The stride is not stored: it follows from the size, at most one record's share of it, in whole
+// floats.
 void takeOldChunk(Image& image, std::span<const unsigned char> bytes) {
   image.isOld = true;
   ByteReader header(bytes, image.swapped);
   header.skip(kChunkPrefixSize);
   const std::int32_t count = header.int32();
   image.presetToSelect = presetToSelect(header.int32());
-  if (count <= 0 || bytes.size() < kOldChunkHeaderSize) return;  // a count below 0 names no records either
+  // a count below 0 names no records either
+  if (count <= 0 || bytes.size() < kOldChunkHeaderSize) return;
   const auto share = static_cast<std::int64_t>(bytes.size() - kOldChunkHeaderSize) / count;
   if (share < ACombProgram::kNameSize) return;  // not even the names are there
   image.body = bytes.first(std::min(bytes.size(), kOldChunkSize)).subspan(kOldChunkHeaderSize);
@@ -74,7 +78,8 @@ void takeOldChunk(Image& image, std::span<const unsigned char> bytes) {
   image.floatsPerRecord = static_cast<int>((share - ACombProgram::kNameSize) / 4);
 }
 
-void takeChunk(Image& image, std::span<const unsigned char> bytes, std::int32_t uniqueID, bool sizeKnown) {
+void takeChunk(Image& image, std::span<const unsigned char> bytes, std::int32_t uniqueID,
+               bool sizeKnown) {
   image.isChunk = true;
   const std::int32_t tag = ByteReader(bytes, image.swapped).int32();
   image.content = tag == kChunkTag || tag == kOldChunkTag ? Content::bank : Content::unknown;
@@ -85,7 +90,8 @@ void takeChunk(Image& image, std::span<const unsigned char> bytes, std::int32_t 
     const ByteOrder found = byteOrderOf(newpresetheader::read(bank).uniqueID, uniqueID);
     image.headerIsOurs = bank.size() >= kOldPrefixSize && found == named;
   }
-  // Without a size there are no records to be told apart, and nothing after the prefix is looked at.
+  // Without a size there are no records to be told apart, and nothing after the prefix is looked
+  // at.
   if (tag == kOldChunkTag) takeOldChunk(image, sizeKnown ? bytes : bytes.first(kChunkPrefixSize));
 }
 
@@ -107,12 +113,15 @@ Image identify(std::span<const unsigned char> bytes, std::int32_t uniqueID, cons
   return image;
 }
 
-Reading readBank(const Image& image, const DummySlots& oldDummies, const ACombProgram& defaultPreset, Bank& bank,
+Reading readBank(const Image& image, const DummySlots& oldDummies,
+                 const ACombProgram& defaultPreset, Bank& bank,
                  InvalidParameterListener& repaired) {
   if (image.content != Content::bank || image.extent == Extent::headless) return Reading::stopped;
-  if (!image.isOld) return readBank(image.body, image.header, image.swapped, defaultPreset, bank, repaired);
+  if (!image.isOld)
+    return readBank(image.body, image.header, image.swapped, defaultPreset, bank, repaired);
   const auto read = image.isChunk ? readOldChunk : readOldBank;
-  return read(image.body, image.swapped, image.recordCount, image.floatsPerRecord, oldDummies, defaultPreset, bank);
+  return read(image.body, image.swapped, image.recordCount, image.floatsPerRecord, oldDummies,
+              defaultPreset, bank);
 }
 
 Reading readPreset(const Image& image, const DummySlots& oldDummies, ACombProgram& preset) {

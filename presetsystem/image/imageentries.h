@@ -15,7 +15,8 @@ constexpr std::size_t kEntryHeadSize = 12;  // bytes: kind, payload size, preset
 
 // `value` brought into 0..1, of which `repaired` hears; a NaN comes back as it is.
 float repairedValue(float value, std::int32_t parameter, std::int32_t preset,
-                    const char (&name)[ACombProgram::kNameSize], InvalidParameterListener& repaired);
+                    const char (&name)[ACombProgram::kNameSize],
+                    InvalidParameterListener& repaired);
 
 // False for a NaN.
 constexpr bool isNormalised(float value) {

@@ -20,7 +20,8 @@ struct ParameterEntry {
   float value;
 };
 
-// The entries of one image, in order, up to the entry count or the end of the data, whichever comes first.
+// The entries of one image, in order, up to the entry count or the end of the data, whichever comes
+// first.
 class EntryReader {
  public:
   EntryReader(std::span<const unsigned char> data, const newpresetheader& header, bool swapped)
@@ -59,8 +60,9 @@ bool readName(Entry& entry, ACombProgram& preset) {
   return true;
 }
 
+// bytes: index, two unused words, value
 std::optional<ParameterEntry> readParameter(Entry& entry) {
-  constexpr std::size_t kUpToValue = 16;  // bytes: index, two unused words, value
+  constexpr std::size_t kUpToValue = 16;
   if (entry.payload.left() < kUpToValue) return std::nullopt;
   const std::int32_t index = entry.payload.int32();
   entry.payload.skip(8);
@@ -77,8 +79,9 @@ int presetToSelect(std::int32_t currentPreset) {
   return currentPreset >= 0 && currentPreset < kPresetCount ? currentPreset : 0;
 }
 
-Reading readBank(std::span<const unsigned char> entries, const newpresetheader& header, bool swapped,
-                 const ACombProgram& defaultPreset, Bank& bank, InvalidParameterListener& repaired) {
+Reading readBank(std::span<const unsigned char> entries, const newpresetheader& header,
+                 bool swapped, const ACombProgram& defaultPreset, Bank& bank,
+                 InvalidParameterListener& repaired) {
   if (header.entryCount < 0) return Reading::stopped;
   EntryReader in(entries, header, swapped);
   while (std::optional<Entry> entry = in.next()) {
@@ -90,7 +93,8 @@ Reading readBank(std::span<const unsigned char> entries, const newpresetheader& 
     } else if (entry->kind == EntryKind::parameter) {
       const std::optional<ParameterEntry> read = readParameter(*entry);
       if (!read) continue;
-      const float value = repairedValue(read->value, read->index, entry->preset, preset.name, repaired);
+      const float value =
+          repairedValue(read->value, read->index, entry->preset, preset.name, repaired);
       if (!namesParameter(read->index)) continue;
       if (!isNormalised(value)) return Reading::refused;
       preset.setParameter(read->index, value);
@@ -99,8 +103,8 @@ Reading readBank(std::span<const unsigned char> entries, const newpresetheader& 
   return Reading::done;
 }
 
-Reading readPreset(std::span<const unsigned char> entries, const newpresetheader& header, bool swapped,
-                   ACombProgram& preset) {
+Reading readPreset(std::span<const unsigned char> entries, const newpresetheader& header,
+                   bool swapped, ACombProgram& preset) {
   if (header.entryCount < 0) return Reading::stopped;
   EntryReader in(entries, header, swapped);
   while (std::optional<Entry> entry = in.next()) {
@@ -116,8 +120,8 @@ Reading readPreset(std::span<const unsigned char> entries, const newpresetheader
   return in.metNegativeSize() ? Reading::refused : Reading::done;
 }
 
-std::vector<MidiAssignment> readMidiMap(std::span<const unsigned char> entries, const newpresetheader& header,
-                                        bool swapped) {
+std::vector<MidiAssignment> readMidiMap(std::span<const unsigned char> entries,
+                                        const newpresetheader& header, bool swapped) {
   std::vector<MidiAssignment> assignments;
   EntryReader in(entries, header, swapped);
   while (std::optional<Entry> entry = in.next()) {

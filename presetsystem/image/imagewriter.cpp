@@ -54,8 +54,9 @@ class ImageBuilder {
 
 }  // namespace
 
-std::size_t writeBank(std::span<unsigned char, kBankImageSize> out, const Bank& bank, std::int32_t uniqueID,
-                      std::int32_t currentPreset, const DummySlots& dummies, InvalidParameterListener& repaired) {
+std::size_t writeBank(std::span<unsigned char, kBankImageSize> out, const Bank& bank,
+                      std::int32_t uniqueID, std::int32_t currentPreset, const DummySlots& dummies,
+                      InvalidParameterListener& repaired) {
   ImageBuilder image(out, ImageKind::bank, uniqueID);
   for (int number = 0; number < kPresetCount; ++number) {
     const ACombProgram& preset = bank[static_cast<std::size_t>(number)];
@@ -63,18 +64,21 @@ std::size_t writeBank(std::span<unsigned char, kBankImageSize> out, const Bank& 
     for (int index = 0; index < kParameterCount; ++index) {
       if (dummies[static_cast<std::size_t>(index)]) continue;
       const float stored = preset.parameter(index);
-      image.value(EntryKind::parameter, number, index, repairedValue(stored, index, number, preset.name, repaired));
+      image.value(EntryKind::parameter, number, index,
+                  repairedValue(stored, index, number, preset.name, repaired));
     }
   }
   return image.finish(currentPreset);
 }
 
-std::size_t writeChunk(std::span<unsigned char, kChunkSize> out, const Bank& bank, std::int32_t uniqueID,
-                       std::int32_t currentPreset, const DummySlots& dummies, InvalidParameterListener& repaired) {
+std::size_t writeChunk(std::span<unsigned char, kChunkSize> out, const Bank& bank,
+                       std::int32_t uniqueID, std::int32_t currentPreset, const DummySlots& dummies,
+                       InvalidParameterListener& repaired) {
   ByteWriter prefix(out);
   prefix.int32(kChunkTag);
   prefix.int32(uniqueID);
-  const std::size_t size = writeBank(out.subspan<kChunkPrefixSize>(), bank, uniqueID, currentPreset, dummies, repaired);
+  const std::size_t size =
+      writeBank(out.subspan<kChunkPrefixSize>(), bank, uniqueID, currentPreset, dummies, repaired);
   return prefix.size() + size;
 }
 
@@ -90,8 +94,9 @@ std::size_t writePreset(std::span<unsigned char, kPresetImageSize> out, const AC
   return image.finish(0);
 }
 
-std::size_t writeMidiMap(std::span<unsigned char, kMidiMapImageSize> out, const ParameterValues& values,
-                         std::int32_t uniqueID, const DummySlots& dummies) {
+std::size_t writeMidiMap(std::span<unsigned char, kMidiMapImageSize> out,
+                         const ParameterValues& values, std::int32_t uniqueID,
+                         const DummySlots& dummies) {
   ImageBuilder image(out, ImageKind::midiMap, uniqueID);
   for (int index = 0; index < kParameterCount; ++index) {
     const auto slot = static_cast<std::size_t>(index);
@@ -101,8 +106,10 @@ std::size_t writeMidiMap(std::span<unsigned char, kMidiMapImageSize> out, const 
 }
 
 float repairedValue(float value, std::int32_t parameter, std::int32_t preset,
-                    const char (&name)[ACombProgram::kNameSize], InvalidParameterListener& repaired) {
-  if (!(value < 0.0F) && !(value > 1.0F)) return value;  // a NaN passes: only the caller knows what it means
+                    const char (&name)[ACombProgram::kNameSize],
+                    InvalidParameterListener& repaired) {
+  // a NaN passes: only the caller knows what it means
+  if (!(value < 0.0F) && !(value > 1.0F)) return value;
   InvalidParameter invalid{parameter, value, preset, {}};
   std::memcpy(invalid.name, name, sizeof invalid.name);
   repaired.met(invalid);
@@ -111,12 +118,14 @@ float repairedValue(float value, std::int32_t parameter, std::int32_t preset,
 
 DiagnosticLine diagnosticLine(const InvalidParameter& invalid, const char* operation) {
   DiagnosticLine line;
-  const int fixed = std::snprintf(line.text, sizeof line.text, "Invalid parameter %d value %f on %s of preset %d ",
-                                  invalid.parameter, static_cast<double>(invalid.value), operation, invalid.preset);
+  const int fixed = std::snprintf(
+      line.text, sizeof line.text, "Invalid parameter %d value %f on %s of preset %d ",
+      invalid.parameter, static_cast<double>(invalid.value), operation, invalid.preset);
   char* end = line.text + fixed;
   for (int i = 0; i < ACombProgram::kNameSize && invalid.name[i] != 0; ++i) {
     *end++ = invalid.name[i];
-    const bool doubledPercent = invalid.name[i] == '%' && i + 1 < ACombProgram::kNameSize && invalid.name[i + 1] == '%';
+    const bool doubledPercent =
+        invalid.name[i] == '%' && i + 1 < ACombProgram::kNameSize && invalid.name[i + 1] == '%';
     if (doubledPercent) ++i;
   }
   *end++ = '\n';

@@ -50,6 +50,7 @@ void byteSwapHeader(std::span<unsigned char, newpresetheader::kSize> bytes) {
 
 ByteOrder byteOrderOf(std::int32_t stored, std::int32_t uniqueID) {
   if (stored == uniqueID) return ByteOrder::native;
-  const auto reversed = static_cast<std::int32_t>(reversedBytes(static_cast<std::uint32_t>(uniqueID)));
+  const auto reversed =
+      static_cast<std::int32_t>(reversedBytes(static_cast<std::uint32_t>(uniqueID)));
   return stored == reversed ? ByteOrder::swapped : ByteOrder::foreign;
 }

@@ -12,7 +12,8 @@ namespace {
 using presetimage::Image;
 using presetimage::Reading;
 
-constexpr VstInt32 kMidiBase = presetimage::kParameterCount;  // a MIDI map's values come after the parameters
+// a MIDI map's values come after the parameters
+constexpr VstInt32 kMidiBase = presetimage::kParameterCount;
 
 // For developers, on the standard error stream.
 class Diagnostics final : public presetimage::InvalidParameterListener {
@@ -27,10 +28,12 @@ class Diagnostics final : public presetimage::InvalidParameterListener {
 };
 
 std::span<const unsigned char> bytesAt(const char* data, std::int64_t size) {
-  return {reinterpret_cast<const unsigned char*>(data), static_cast<std::size_t>(std::max<std::int64_t>(size, 0))};
+  return {reinterpret_cast<const unsigned char*>(data),
+          static_cast<std::size_t>(std::max<std::int64_t>(size, 0))};
 }
 
-Image currentImage(Image::Content content, const char* entries, const newpresetheader& header, bool swapped) {
+Image currentImage(Image::Content content, const char* entries, const newpresetheader& header,
+                   bool swapped) {
   Image image;
   image.content = content;
   image.swapped = swapped;
@@ -45,7 +48,8 @@ Image oldImage(Image::Content content, const char* data, bool swapped, int recor
   image.content = content;
   image.isOld = true;
   image.swapped = swapped;
-  image.body = bytesAt(data, std::int64_t{records} * (4 * std::int64_t{floats} + ACombProgram::kNameSize));
+  image.body =
+      bytesAt(data, std::int64_t{records} * (4 * std::int64_t{floats} + ACombProgram::kNameSize));
   image.recordCount = records;
   image.floatsPerRecord = floats;
   return image;
@@ -59,7 +63,8 @@ bool isReadable(const Image& image, Image::Content wanted) {
 template <std::size_t kSize, typename Write>
 long handOver(char** out, Write&& write) {
   auto image = std::make_unique<char[]>(kSize);
-  const std::size_t size = write(std::span<unsigned char, kSize>(reinterpret_cast<unsigned char*>(image.get()), kSize));
+  const std::size_t size =
+      write(std::span<unsigned char, kSize>(reinterpret_cast<unsigned char*>(image.get()), kSize));
   *out = image.release();
   return static_cast<long>(size);
 }
@@ -85,7 +90,8 @@ bool BankImages::takeChunk(const Image& image) {
 void BankImages::readBank(const Image& image) {
   presetimage::Bank read = effect.bank();
   Diagnostics told("load");
-  const Reading reading = presetimage::readBank(image, effect.oldDummySlots(), effect.getDefaultPreset(), read, told);
+  const Reading reading =
+      presetimage::readBank(image, effect.oldDummySlots(), effect.getDefaultPreset(), read, told);
   if (reading != Reading::done) return;
   effect.bank() = read;
   effect.bankTakenOver(image.presetToSelect);
@@ -93,8 +99,8 @@ void BankImages::readBank(const Image& image) {
 
 bool BankImages::readOldChunk(const Image& image) {
   Diagnostics told("load");
-  const Reading reading =
-      presetimage::readBank(image, effect.oldDummySlots(), effect.getDefaultPreset(), effect.bank(), told);
+  const Reading reading = presetimage::readBank(image, effect.oldDummySlots(),
+                                                effect.getDefaultPreset(), effect.bank(), told);
   if (reading != Reading::done) return false;
   effect.setPresetNo(image.presetToSelect);
   return true;
@@ -113,19 +119,23 @@ void BankImages::takePreset(const Image& image) {
 
 std::size_t BankImages::writeChunk(std::span<unsigned char, presetimage::kChunkSize> out) {
   Diagnostics told("save");
-  return presetimage::writeChunk(out, effect.bank(), effect.getUniqueID(), currentPreset(), effect.dummySlots(), told);
+  return presetimage::writeChunk(out, effect.bank(), effect.getUniqueID(), currentPreset(),
+                                 effect.dummySlots(), told);
 }
 
 std::size_t BankImages::writeBank(std::span<unsigned char, presetimage::kBankImageSize> out) {
   Diagnostics told("save");
-  return presetimage::writeBank(out, effect.bank(), effect.getUniqueID(), currentPreset(), effect.dummySlots(), told);
+  return presetimage::writeBank(out, effect.bank(), effect.getUniqueID(), currentPreset(),
+                                effect.dummySlots(), told);
 }
 
 std::size_t BankImages::writePreset(std::span<unsigned char, presetimage::kPresetImageSize> out) {
-  return presetimage::writePreset(out, effect.preset(currentPreset()), effect.getUniqueID(), effect.dummySlots());
+  return presetimage::writePreset(out, effect.preset(currentPreset()), effect.getUniqueID(),
+                                  effect.dummySlots());
 }
 
-void BankImages::BufferToBankOld(const char* data, bool swapped, int recordCount, int floatsPerRecord) {
+void BankImages::BufferToBankOld(const char* data, bool swapped, int recordCount,
+                                 int floatsPerRecord) {
   takeBank(oldImage(Image::Content::bank, data, swapped, recordCount, floatsPerRecord));
 }
 
@@ -149,18 +159,21 @@ void BankImages::BufferToMidi(const char* entries, const newpresetheader& header
 }
 
 void BankImages::BufferToMidiOld(const char* data, bool swapped, int floatCount) {
-  for (const presetimage::MidiAssignment& assignment : presetimage::readOldMidiMap(
-           bytesAt(data, 4 * std::int64_t{floatCount}), swapped, floatCount, effect.oldDummySlots())) {
+  for (const presetimage::MidiAssignment& assignment :
+       presetimage::readOldMidiMap(bytesAt(data, 4 * std::int64_t{floatCount}), swapped, floatCount,
+                                   effect.oldDummySlots())) {
     effect.setParameter(kMidiBase + assignment.parameter, assignment.value);
   }
 }
 
 long BankImages::BankToBuffer(char** out) {
-  return handOver<presetimage::kBankImageSize>(out, [this](auto image) { return writeBank(image); });
+  return handOver<presetimage::kBankImageSize>(out,
+                                               [this](auto image) { return writeBank(image); });
 }
 
 long BankImages::PresetToBuffer(char** out) {
-  return handOver<presetimage::kPresetImageSize>(out, [this](auto image) { return writePreset(image); });
+  return handOver<presetimage::kPresetImageSize>(out,
+                                                 [this](auto image) { return writePreset(image); });
 }
 
 long BankImages::MidiToBuffer(char** out) {

@@ -9,18 +9,20 @@
 
 class CPresetSystemEffect;
 
-// Reading and writing for the host's chunk, files and stored values alike. A finished reading selects the preset and
-// tells the store's listener; one that is refused leaves the bank as it was. Values outside 0..1 that a bank is saved
-// or loaded with are told on the standard error stream. Thread of the store's own operations.
+// Reading and writing for the host's chunk, files and stored values alike. A finished reading
+// selects the preset and tells the store's listener; one that is refused leaves the bank as it was.
+// Values outside 0..1 that a bank is saved or loaded with are told on the standard error stream.
+// Thread of the store's own operations.
 class BankImages {
  public:
   explicit BankImages(CPresetSystemEffect& store) : effect(store) {}
 
-  // Of files and stored values; what is not of that content is ignored. A preset goes into the current one.
+  // Of files and stored values; what is not of that content is ignored. A preset goes into the
+  // current one.
   void takeBank(const presetimage::Image& image);
   void takePreset(const presetimage::Image& image);
-  // False: it is no chunk of ours, or an old one with a value outside 0..1; of that one what was read before it stays,
-  // and the listener is told nothing, as it has always been.
+  // False: it is no chunk of ours, or an old one with a value outside 0..1; of that one what was
+  // read before it stays, and the listener is told nothing, as it has always been.
   bool takeChunk(const presetimage::Image& image);
 
   // Return the size in bytes and allocate nothing.

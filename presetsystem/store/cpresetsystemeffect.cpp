@@ -27,7 +27,8 @@ void copyName(const ACombProgram& preset, char* text) {
 }  // namespace
 
 CPresetSystemEffect::CPresetSystemEffect(audioMasterCallback host)
-    : AudioEffectX(host, kHostPrograms, kParameterCount), presets(std::make_unique<presetimage::Bank>()) {
+    : AudioEffectX(host, kHostPrograms, kParameterCount),
+      presets(std::make_unique<presetimage::Bank>()) {
   programsAreChunks();
   presets->fill(ACombProgram::zeroed());
   defaultPreset = preset(0);
@@ -47,7 +48,8 @@ float CPresetSystemEffect::getParameter(VstInt32 index) {
 }
 
 void CPresetSystemEffect::setProgramName(char* name) {
-  char copy[ACombProgram::kNameSize + 1] = {};  // the listener is told one character more than is stored
+  // the listener is told one character more than is stored
+  char copy[ACombProgram::kNameSize + 1] = {};
   std::memcpy(copy, name, strnlen(name, ACombProgram::kNameSize));
   preset(getPresetNo()).rename(copy);
   if (listener != nullptr) listener->nameChangedExternal(copy);
@@ -96,13 +98,15 @@ void CPresetSystemEffect::loadDefaults() {
 
 presetimage::DummySlots CPresetSystemEffect::dummySlots() {
   presetimage::DummySlots slots{};
-  for (int index = 0; index < kParameterCount; ++index) slots[static_cast<std::size_t>(index)] = isDummy(index);
+  for (int index = 0; index < kParameterCount; ++index)
+    slots[static_cast<std::size_t>(index)] = isDummy(index);
   return slots;
 }
 
 presetimage::DummySlots CPresetSystemEffect::oldDummySlots() {
   presetimage::DummySlots slots{};
-  for (int index = 0; index < kParameterCount; ++index) slots[static_cast<std::size_t>(index)] = isDummyOld(index);
+  for (int index = 0; index < kParameterCount; ++index)
+    slots[static_cast<std::size_t>(index)] = isDummyOld(index);
   return slots;
 }
 
@@ -128,15 +132,18 @@ VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
   return static_cast<VstInt32>(size);
 }
 
-// A byteSize above 0 bounds every read. One that says nothing (0 or below) leaves the header's own data size, and no
-// chunk of ours is longer than kChunkSize.
+// A byteSize above 0 bounds every read. One that says nothing (0 or below) leaves the header's own
+// data size, and no chunk of ours is longer than kChunkSize.
 VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool /*isPreset*/) {
   if (data == nullptr || listener == nullptr) return kChunkRefused;
   const bool sizeKnown = byteSize > 0;
-  const std::span<unsigned char> bytes(static_cast<unsigned char*>(data),
-                                       sizeKnown ? static_cast<std::size_t>(byteSize) : presetimage::kChunkSize);
-  const presetimage::Image image = presetimage::identify(bytes, getUniqueID(), {.sizeKnown = sizeKnown});
-  const bool isCurrent = image.isChunk && !image.isOld && image.extent != presetimage::Image::Extent::headless;
+  const std::span<unsigned char> bytes(
+      static_cast<unsigned char*>(data),
+      sizeKnown ? static_cast<std::size_t>(byteSize) : presetimage::kChunkSize);
+  const presetimage::Image image =
+      presetimage::identify(bytes, getUniqueID(), {.sizeKnown = sizeKnown});
+  const bool isCurrent =
+      image.isChunk && !image.isOld && image.extent != presetimage::Image::Extent::headless;
   if (isCurrent && image.swapped) {  // the host's copy is turned with it
     byteSwapHeader(bytes.subspan<presetimage::kChunkPrefixSize, newpresetheader::kSize>());
   }

@@ -1,4 +1,5 @@
-// The preset store: the effect-side half of the preset system, with the bank, the current preset and the host's chunk.
+// The preset store: the effect-side half of the preset system, with the bank, the current preset
+// and the host's chunk.
 #pragma once
 
 #include <array>
@@ -11,9 +12,10 @@
 
 class PresetListener;
 
-// Towards the host there is one program, whose number is always 0, and its state is the chunk with the whole bank.
-// setParameter and getParameter may come from any thread; the rest from the host's user-interface thread, chunks in
-// some hosts while the audio thread processes. No lock: values are relaxed words.
+// Towards the host there is one program, whose number is always 0, and its state is the chunk with
+// the whole bank. setParameter and getParameter may come from any thread; the rest from the host's
+// user-interface thread, chunks in some hosts while the audio thread processes. No lock: values are
+// relaxed words.
 class CPresetSystemEffect : public AudioEffectX {
  public:
   static constexpr int kPresetCount = presetimage::kPresetCount;
@@ -29,19 +31,22 @@ class CPresetSystemEffect : public AudioEffectX {
   float getParameter(VstInt32 index) override;
   VstInt32 getProgram() override { return 0; }
   void setProgram(VstInt32) override {}
-  void setProgramName(char* name) override;  // the host renames the current preset; the editor is told
+  // the host renames the current preset; the editor is told
+  void setProgramName(char* name) override;
   void getProgramName(char* name) override;  // writes 25 bytes
   VstInt32 getChunk(void** data, bool isPreset) override;
   VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset) override;
-  bool getProgramNameIndexed(VstInt32 category, VstInt32 index, char* text) override;  // writes 25 bytes
+  // writes 25 bytes
+  bool getProgramNameIndexed(VstInt32 category, VstInt32 index, char* text) override;
   VstInt32 processEvents(VstEvents*) override { return 0; }
   VstInt32 canDo(char*) override { return 0; }
 
   virtual long getPresetNo() { return static_cast<long>(currentPreset.load()); }
-  // n: 0..31, others are ignored. Pushes the preset's values into the effect and makes the host re-read them; returns
-  // the host's answer to the end of that empty gesture.
+  // n: 0..31, others are ignored. Pushes the preset's values into the effect and makes the host
+  // re-read them; returns the host's answer to the end of that empty gesture.
   virtual bool setPresetNo(long n);
-  virtual void setPresetName(const char* name);  // the editor renames the current preset; the host is told
+  // the editor renames the current preset; the host is told
+  virtual void setPresetName(const char* name);
 
   // MIDI learn and the MIDI map, which this effect has not; the editor may call them all the same.
   virtual void attachMidi(int, int) {}
@@ -57,11 +62,13 @@ class CPresetSystemEffect : public AudioEffectX {
   virtual void endCancel() {}
 
   virtual VstInt32 getUniqueID() { return getAeffect()->uniqueID; }
-  virtual void initializePreset(long n);  // n: 0..31, others are ignored; makes it a copy of the default preset
+  // n: 0..31, others are ignored; makes it a copy of the default preset
+  virtual void initializePreset(long n);
   // True for slots that current and old images leave out.
   virtual bool isDummy(int index) = 0;
   virtual bool isDummyOld(int index) = 0;
-  virtual void loadDefaults();  // at construction: factory preset 0 is the default record, then the stored defaults
+  // at construction: factory preset 0 is the default record, then the stored defaults
+  virtual void loadDefaults();
   virtual void initPresets() {}
   virtual void initMidi() {}
   virtual float getVu() { return 0.0F; }
@@ -78,7 +85,7 @@ class CPresetSystemEffect : public AudioEffectX {
   presetimage::DummySlots dummySlots();     // of current images
   presetimage::DummySlots oldDummySlots();  // of old images
   void bankTakenOver(long n);               // a bank has been read: preset n of it becomes current
-  void presetTakenOver();                   // the current preset has been read: host and effect take it over
+  void presetTakenOver();  // the current preset has been read: host and effect take it over
 
  private:
   PresetListener* listener = nullptr;

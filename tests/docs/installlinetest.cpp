@@ -54,7 +54,8 @@ class InstallLine : public testing::TestWithParam<const char*> {
   // As it stands, but for who types it and where the plug-ins are.
   bool type(std::string command) {
     command = replaced(command, "sudo ", "");
-    command = replaced(replaced(command, "/usr/local/lib/vst", folder / "place"), "~/.vst", folder / "place");
+    command = replaced(replaced(command, "/usr/local/lib/vst", folder / "place"), "~/.vst",
+                       folder / "place");
     return std::system(("cd '" + folder.path + "/from' && " + command).c_str()) == 0;
   }
   std::string installed() const { return contentOf(folder / ("place/" + kBinary)); }
@@ -79,7 +80,8 @@ TEST_P(InstallLine, PutsThePlugInThereAndLeavesTheFileAloneThatAHostHasOpen) {
     std::getline(openInTheHost, seen);
     EXPECT_EQ(seen, "the old one") << command;
     using Entries = std::filesystem::directory_iterator;
-    EXPECT_EQ(std::distance(Entries(folder / "place"), Entries()), 1) << "nothing else is left there";
+    EXPECT_EQ(std::distance(Entries(folder / "place"), Entries()), 1)
+        << "nothing else is left there";
     EXPECT_EQ(std::distance(Entries(folder / "place/Trelvan.vst"), Entries()), 1) << "nor in it";
   }
 }

@@ -1,4 +1,5 @@
-// The editor base without a window: its clock, its pacing while a control keeps the mouse, and what it returns closed.
+// The editor base without a window: its clock, its pacing while a control keeps the mouse, and what
+// it returns closed.
 #include "editor/base/aeffguieditor.h"
 
 #include <gmock/gmock.h>
@@ -13,9 +14,10 @@
 
 namespace {
 
-std::uint32_t ticks = 0;      // 1/60 s
-std::vector<double> waits;    // s
-constexpr int kPerTick = 50;  // ms of three ticks, the smallest number of ticks that is a whole number of ms
+std::uint32_t ticks = 0;    // 1/60 s
+std::vector<double> waits;  // s
+// ms of three ticks, the smallest number of ticks that is a whole number of ms
+constexpr int kPerTick = 50;
 
 }  // namespace
 
@@ -51,10 +53,13 @@ class EditorBase : public testing::Test {
   }
 
   static std::uint32_t startClock() { return ticks = 6000; }  // 100 s
-  static void pass(int milliseconds) { ticks += static_cast<std::uint32_t>(milliseconds / kPerTick * 3); }
+  static void pass(int milliseconds) {
+    ticks += static_cast<std::uint32_t>(milliseconds / kPerTick * 3);
+  }
   long hostIdles() const {
-    return std::count_if(host.calls.begin(), host.calls.end(),
-                         [](const RecordingHost::Call& call) { return call.opcode == audioMasterIdle; });
+    return std::count_if(host.calls.begin(), host.calls.end(), [](const RecordingHost::Call& call) {
+      return call.opcode == audioMasterIdle;
+    });
   }
 
   const std::uint32_t start = startClock();
@@ -63,7 +68,8 @@ class EditorBase : public testing::Test {
   CountingEditor* editor = new CountingEditor(&effect);  // the effect's
 };
 
-// 4,294,967 ticks are the last whose thousandfold fits into 32 bits; the next one's is 704 above 2^32.
+// 4,294,967 ticks are the last whose thousandfold fits into 32 bits; the next one's is 704 above
+// 2^32.
 TEST(EditorClock, WrapsAfterSome19Point9HoursOfTicks) {
   ticks = 60;
   EXPECT_EQ(AEffGUIEditor::getTicks(), 1000U);

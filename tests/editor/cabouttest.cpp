@@ -14,9 +14,12 @@ class About : public ControlTest {
  protected:
   About() {
     const auto bitmap = bitmapOf(200, 100, [](int, int) { return kImage1; });
-    about = add(new CAbout(CRect(70, 182, 225, 202), &listener, 6, bitmap, panelArea, CPoint(), CPoint(0, 8)));
+    about = add(new CAbout(CRect(70, 182, 225, 202), &listener, 6, bitmap, panelArea, CPoint(),
+                           CPoint(0, 8)));
   }
-  bool panelIsOpen() { return dynamic_cast<CSplashScreenMyView*>(frame->getModalView()) != nullptr; }
+  bool panelIsOpen() {
+    return dynamic_cast<CSplashScreenMyView*>(frame->getModalView()) != nullptr;
+  }
   bool panelIsDrawn() { return pixel(panelArea.left, panelArea.bottom - 1) == kImage1; }
 
   const CRect panelArea{51, 57, 251, 157};  // 200 x 100 in the middle of 302 x 214
@@ -93,7 +96,8 @@ TEST_F(About, RightAndMiddleClicksDoNothing) {
 
 TEST_F(About, ARightPressIsLeftToOthers) {
   CPoint where = area;
-  EXPECT_EQ(about->onMouseDown(where, VSTGUI::CButtonState(VSTGUI::kRButton)), VSTGUI::kMouseEventNotHandled);
+  EXPECT_EQ(about->onMouseDown(where, VSTGUI::CButtonState(VSTGUI::kRButton)),
+            VSTGUI::kMouseEventNotHandled);
   EXPECT_FALSE(panelIsOpen());
 }
 
@@ -106,7 +110,8 @@ TEST_F(About, TheListenerHearsNothing) {
 
 TEST_F(About, OtherControlsGetNoPressAndNoKeyWhileItIsOpen) {
   Listener other;
-  auto* button = add(new CPSKickButton(CRect(0, 230, 20, 250), &other, 1, 20, nullptr, CPoint(), false));
+  auto* button =
+      add(new CPSKickButton(CRect(0, 230, 20, 250), &other, 1, 20, nullptr, CPoint(), false));
   frame->setFocusView(button);
   click(area);
   EXPECT_EQ(frame->getFocusView(), nullptr);

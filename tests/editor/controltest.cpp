@@ -22,13 +22,15 @@ class Toolkit : public testing::Environment {
  public:
   void SetUp() override {
     VSTGUI::init(nullptr);
-    const auto resources = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "Resources/";
+    const auto resources =
+        std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "Resources/";
     VSTGUI::getPlatformFactory().asLinuxFactory()->setResourcePath(resources.string());
   }
   void TearDown() override { VSTGUI::exit(); }
 };
 
-[[maybe_unused]] const testing::Environment* const toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
+[[maybe_unused]] const testing::Environment* const toolkit =
+    testing::AddGlobalTestEnvironment(new Toolkit);
 
 VSTGUI::Modifiers modifiersOf(std::initializer_list<ModifierKey> keys) {
   VSTGUI::Modifiers modifiers;
@@ -51,8 +53,8 @@ VSTGUI::SharedPointer<VSTGUI::CBitmap> bitmapOf(int width, int height,
   return bitmap;
 }
 
-VSTGUI::SharedPointer<VSTGUI::CBitmap> stackedImages(std::initializer_list<CColor> colours, int width, int height,
-                                                     CPoint inset) {
+VSTGUI::SharedPointer<VSTGUI::CBitmap> stackedImages(std::initializer_list<CColor> colours,
+                                                     int width, int height, CPoint inset) {
   const auto left = static_cast<int>(inset.x);
   const auto top = static_cast<int>(inset.y);
   const auto count = static_cast<int>(colours.size());
@@ -79,18 +81,21 @@ void Picture::read(VSTGUI::CBitmap* bitmap) {
   do {
     CColor colour;
     access->getColor(colour);
-    pixels.push_back(static_cast<std::uint32_t>(colour.red) << 24U | static_cast<std::uint32_t>(colour.green) << 16U |
+    pixels.push_back(static_cast<std::uint32_t>(colour.red) << 24U |
+                     static_cast<std::uint32_t>(colour.green) << 16U |
                      static_cast<std::uint32_t>(colour.blue) << 8U | colour.alpha);
   } while (++*access);
 }
 
 CColor Picture::at(double x, double y) const {
-  const std::uint32_t pixel = pixels.at(static_cast<std::size_t>(static_cast<int>(y) * width + static_cast<int>(x)));
+  const std::uint32_t pixel =
+      pixels.at(static_cast<std::size_t>(static_cast<int>(y) * width + static_cast<int>(x)));
   return {static_cast<std::uint8_t>(pixel >> 24U), static_cast<std::uint8_t>(pixel >> 16U),
           static_cast<std::uint8_t>(pixel >> 8U), static_cast<std::uint8_t>(pixel)};
 }
 
-ControlTest::ControlTest(const CRect& window) : frame(new CFrame(window, &editor)), root(new Root(window)) {
+ControlTest::ControlTest(const CRect& window)
+    : frame(new CFrame(window, &editor)), root(new Root(window)) {
   frame->addView(root);
   frame->attached(frame);
   frame->onActivate(true);
@@ -106,8 +111,8 @@ void ControlTest::closeFrame() {
   root = nullptr;
 }
 
-bool ControlTest::press(CPoint where, MouseButton button, std::initializer_list<ModifierKey> modifiers,
-                        std::uint32_t clickCount) {
+bool ControlTest::press(CPoint where, MouseButton button,
+                        std::initializer_list<ModifierKey> modifiers, std::uint32_t clickCount) {
   VSTGUI::MouseDownEvent event(where, button);
   event.modifiers = modifiersOf(modifiers);
   event.clickCount = clickCount;
@@ -153,7 +158,8 @@ void ControlTest::cancelMouse() {
   frame->dispatchEvent(event);
 }
 
-void ControlTest::click(CPoint where, MouseButton button, std::initializer_list<ModifierKey> modifiers) {
+void ControlTest::click(CPoint where, MouseButton button,
+                        std::initializer_list<ModifierKey> modifiers) {
   press(where, button, modifiers);
   release(where, button);
 }

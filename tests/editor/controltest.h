@@ -26,8 +26,8 @@ using VSTGUI::VirtualKey;
 
 // Colours that no picture below mixes.
 inline const CColor kBack(250, 250, 240);
-inline const CColor kImage0(10, 20, 30), kImage1(200, 10, 20), kImage2(10, 200, 20), kImage3(20, 10, 200),
-    kImage4(200, 200, 10);
+inline const CColor kImage0(10, 20, 30), kImage1(200, 10, 20), kImage2(10, 200, 20),
+    kImage3(20, 10, 200), kImage4(200, 200, 10);
 
 // The values that a listener has been told, in order.
 class Listener : public VSTGUI::IControlListener {
@@ -58,12 +58,13 @@ class Root : public VSTGUI::CViewContainer {
   std::vector<CRect> redrawn;
 };
 
-// Sub-images of `width` x `height` pixels one below the other, each in one colour, `inset` pixels from the bitmap's
-// upper left corner.
-VSTGUI::SharedPointer<VSTGUI::CBitmap> stackedImages(std::initializer_list<CColor> colours, int width, int height,
-                                                     CPoint inset = {});
+// Sub-images of `width` x `height` pixels one below the other, each in one colour, `inset` pixels
+// from the bitmap's upper left corner.
+VSTGUI::SharedPointer<VSTGUI::CBitmap> stackedImages(std::initializer_list<CColor> colours,
+                                                     int width, int height, CPoint inset = {});
 // A bitmap from a function of the place.
-VSTGUI::SharedPointer<VSTGUI::CBitmap> bitmapOf(int width, int height, const std::function<CColor(int, int)>& colourAt);
+VSTGUI::SharedPointer<VSTGUI::CBitmap> bitmapOf(int width, int height,
+                                                const std::function<CColor(int, int)>& colourAt);
 
 // Pixels of a drawn frame.
 class Picture {
@@ -91,14 +92,15 @@ class ControlTest : public testing::Test {
   }
 
   // Each returns whether the event was consumed.
-  bool press(CPoint where, MouseButton button = MouseButton::Left, std::initializer_list<ModifierKey> modifiers = {},
-             std::uint32_t clickCount = 1);
+  bool press(CPoint where, MouseButton button = MouseButton::Left,
+             std::initializer_list<ModifierKey> modifiers = {}, std::uint32_t clickCount = 1);
   bool release(CPoint where, MouseButton button = MouseButton::Left);
   bool move(CPoint where, MouseButton held = MouseButton::None);
   bool wheel(CPoint where, double deltaY);
   bool key(VirtualKey virt, std::initializer_list<ModifierKey> modifiers = {});  // down and up
   void cancelMouse();
-  void click(CPoint where, MouseButton button = MouseButton::Left, std::initializer_list<ModifierKey> modifiers = {});
+  void click(CPoint where, MouseButton button = MouseButton::Left,
+             std::initializer_list<ModifierKey> modifiers = {});
 
   CColor pixel(double x, double y) { return Picture(frame, frame->getViewSize()).at(x, y); }
   void closeFrame();
@@ -114,7 +116,8 @@ class ControlTest : public testing::Test {
 namespace VSTGUI {
 
 inline void PrintTo(const CColor& colour, std::ostream* out) {
-  *out << "(" << +colour.red << "," << +colour.green << "," << +colour.blue << "," << +colour.alpha << ")";
+  *out << "(" << +colour.red << "," << +colour.green << "," << +colour.blue << "," << +colour.alpha
+       << ")";
 }
 inline void PrintTo(const CRect& rect, std::ostream* out) {
   *out << "[" << rect.left << "," << rect.top << "," << rect.right << "," << rect.bottom << "]";

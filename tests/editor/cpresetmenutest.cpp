@@ -174,7 +174,8 @@ TEST_F(PresetList, TheMiddleButtonDoesNothingInIt) {
 
 TEST_F(PresetList, AControlBehindItIsHoveredAgainOnlyAfterIt) {
   const auto bitmap = stackedImages({kImage0, kImage1, kImage2}, 302, 8);
-  add(new CPSKickButton(CRect(0, 0, 302, 8), &listener, 1, 8, bitmap, CPoint(), false));  // above the list
+  // above the list
+  add(new CPSKickButton(CRect(0, 0, 302, 8), &listener, 1, 8, bitmap, CPoint(), false));
   const CPoint onButton(150, 3);
   click(onMenu);
   move(onButton);
@@ -207,7 +208,8 @@ TEST_F(PresetList, WorksInAZoomedWindow) {
   frame->setZoom(2);
   press(CPoint(2 * onMenu.x, 2 * onMenu.y));
   EXPECT_EQ(frame->getModalView()->getViewSize(), layout.panel());
-  move(CPoint(2 * onMenu.x - 10, 2 * onMenu.y), MouseButton::Left);  // five pixels of the list: still a click
+  // five pixels of the list: still a click
+  move(CPoint(2 * onMenu.x - 10, 2 * onMenu.y), MouseButton::Left);
   release(CPoint(2 * onMenu.x - 10, 2 * onMenu.y));
   EXPECT_TRUE(isOpen());
   click(CPoint(2 * onEntry(22).x, 2 * onEntry(22).y));

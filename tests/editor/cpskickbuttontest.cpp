@@ -11,8 +11,8 @@ class KickButton : public ControlTest {
  protected:
   CPSKickButton* make(bool requireDoubleClick, CPoint offset = {}) {
     const auto bitmap = stackedImages({kImage0, kImage1, kImage2}, 12, 14, offset);
-    auto* button =
-        add(new CPSKickButton(CRect(20, 30, 32, 44), &listener, 1014, 14, bitmap, offset, requireDoubleClick));
+    auto* button = add(new CPSKickButton(CRect(20, 30, 32, 44), &listener, 1014, 14, bitmap, offset,
+                                         requireDoubleClick));
     button->setClock([this] { return time; });
     return button;
   }
@@ -190,7 +190,8 @@ TEST_F(KickButton, NoKeyActs) {
     CPSKickButton* button = make(requireDoubleClick);
     frame->setFocusView(button);
     ASSERT_EQ(frame->getFocusView(), button);
-    for (const VirtualKey virt : {VirtualKey::Return, VirtualKey::Enter, VirtualKey::Space, VirtualKey::Up}) {
+    for (const VirtualKey virt :
+         {VirtualKey::Return, VirtualKey::Enter, VirtualKey::Space, VirtualKey::Up}) {
       EXPECT_FALSE(key(virt));
       EXPECT_FALSE(key(virt, {ModifierKey::Control}));
     }
@@ -237,7 +238,8 @@ TEST_F(KickButton, ChangesRedrawTheButtonOnly) {
 }
 
 TEST_F(KickButton, WithoutABitmapOrAListenerItStillWorks) {
-  auto* button = add(new CPSKickButton(CRect(20, 30, 32, 44), nullptr, 1, 14, nullptr, CPoint(), false));
+  auto* button =
+      add(new CPSKickButton(CRect(20, 30, 32, 44), nullptr, 1, 14, nullptr, CPoint(), false));
   press(inside);
   EXPECT_EQ(button->getValue(), 1.0F);
   EXPECT_EQ(shown(), kBack);

@@ -10,7 +10,8 @@ using namespace controltest;
 class OnOffButton : public ControlTest {
  protected:
   CPSOnOffButton* make() {
-    return add(new CPSOnOffButton(area, &listener, 7, stackedImages({kImage0, kImage1, kImage2}, 10, 8)));
+    return add(
+        new CPSOnOffButton(area, &listener, 7, stackedImages({kImage0, kImage1, kImage2}, 10, 8)));
   }
   CColor shown() { return pixel(45, 54); }
 
@@ -69,7 +70,9 @@ TEST_F(OnOffButton, AValueInBetweenShowsTheFirstImageUnderThePointerToo) {
 
 TEST_F(OnOffButton, AThirdOfTheBitmapIsCutToWholePixels) {
   // 26 pixels: thirds of 8, two rows are left over.
-  const auto bitmap = bitmapOf(10, 26, [](int, int y) { return y < 8 ? kImage0 : y < 16 ? kImage1 : kImage2; });
+  const auto bitmap = bitmapOf(10, 26, [](int, int y) {
+    return y < 8 ? kImage0 : y < 16 ? kImage1 : kImage2;
+  });
   auto* button = add(new CPSOnOffButton(area, &listener, 7, bitmap));
   move(inside);
   EXPECT_EQ(pixel(45, 50), kImage1);

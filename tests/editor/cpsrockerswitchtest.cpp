@@ -11,7 +11,8 @@ class RockerSwitch : public ControlTest {
  protected:
   RockerSwitch() {
     const auto bitmap = stackedImages({kImage0, kImage1, kImage2, kImage3, kImage4}, 31, 14);
-    rocker = add(new CPSRockerSwitch(CRect(219, 221, 250, 235), &listener, 1001, 14, bitmap, CPoint(), 1));
+    rocker = add(
+        new CPSRockerSwitch(CRect(219, 221, 250, 235), &listener, 1001, 14, bitmap, CPoint(), 1));
   }
   CColor shown() { return pixel(220, 222); }
 
@@ -109,7 +110,8 @@ TEST_F(RockerSwitch, ReadsItsImagesFromTheBitmapsCorner) {
 
 TEST_F(RockerSwitch, NoKeyActs) {
   frame->setFocusView(rocker);
-  for (const VirtualKey virt : {VirtualKey::Left, VirtualKey::Right, VirtualKey::Up, VirtualKey::Return}) {
+  for (const VirtualKey virt :
+       {VirtualKey::Left, VirtualKey::Right, VirtualKey::Up, VirtualKey::Return}) {
     EXPECT_FALSE(key(virt));
   }
   EXPECT_TRUE(listener.values.empty());

@@ -12,8 +12,8 @@ class SaveLoadButton : public ControlTest {
  protected:
   CSaveLoadButton* make(CPoint offset = {}, bool withListener = true) {
     const auto bitmap = stackedImages({kImage0, kImage1, kImage2}, 12, 14, offset);
-    return add(
-        new CSaveLoadButton(CRect(71, 214, 83, 228), withListener ? &listener : nullptr, 1004, 14, bitmap, offset));
+    return add(new CSaveLoadButton(CRect(71, 214, 83, 228), withListener ? &listener : nullptr,
+                                   1004, 14, bitmap, offset));
   }
   CColor shown() { return pixel(71, 214); }
 

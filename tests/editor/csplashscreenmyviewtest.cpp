@@ -35,7 +35,8 @@ class Expected : public VSTGUI::CView {
   CLASS_METHODS_NOCOPY(Expected, CView)
 
  private:
-  void line(VSTGUI::CDrawContext* context, double down, VSTGUI::CFontRef font, CColor colour, const char* text) {
+  void line(VSTGUI::CDrawContext* context, double down, VSTGUI::CFontRef font, CColor colour,
+            const char* text) {
     context->setFont(font);
     context->setFontColor(colour);
     const CRect place(50 + 4, 40 + 8 + down, 50 + 4 + 200, 40 + 8 + down + 15);
@@ -75,7 +76,8 @@ TEST_F(SplashPanel, IsOfItsOwnClassAndItsBases) {
   for (const char* name : {"CSplashScreenMyView", "CControl", "CView", "CBaseObject"}) {
     EXPECT_TRUE(panel->isTypeOf(name)) << name;
   }
-  for (const char* name : {"CSplashScreen", "CAbout", "", "cview"}) EXPECT_FALSE(panel->isTypeOf(name)) << name;
+  for (const char* name : {"CSplashScreen", "CAbout", "", "cview"})
+    EXPECT_FALSE(panel->isTypeOf(name)) << name;
 }
 
 TEST_F(SplashPanel, ACopyLooksTheSameAndHasTheSameOwner) {

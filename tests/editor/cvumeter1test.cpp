@@ -10,7 +10,8 @@ using namespace controltest;
 
 constexpr int kWidth = 182, kHeight = 15;  // pixels
 
-// Each column (or row) of each bitmap has a colour of its own, so that a pixel tells where it was read.
+// Each column (or row) of each bitmap has a colour of its own, so that a pixel tells where it was
+// read.
 CColor lit(int place) {
   return {static_cast<std::uint8_t>(place), 255, 0};
 }
@@ -23,18 +24,21 @@ class Meter : public ControlTest {
   CVuMeter1* make(std::int32_t steps = 182, bool withUnlit = true, float decrease = 1.0F) {
     const auto on = bitmapOf(kWidth, kHeight, [](int x, int) { return lit(x); });
     const auto off = bitmapOf(kWidth, kHeight, [](int x, int) { return unlit(x); });
-    auto* meter = add(new CVuMeter1(CRect(60, 25, 60 + kWidth, 25 + kHeight), on, withUnlit ? off.get() : nullptr,
-                                    steps, VSTGUI::CVuMeter::kHorizontal));
+    auto* meter =
+        add(new CVuMeter1(CRect(60, 25, 60 + kWidth, 25 + kHeight), on,
+                          withUnlit ? off.get() : nullptr, steps, VSTGUI::CVuMeter::kHorizontal));
     meter->setDecreaseStepValue(decrease);
     return meter;
   }
 
-  // Columns that are lit, from the left; every other column must be unlit, and all read from their own place.
+  // Columns that are lit, from the left; every other column must be unlit, and all read from their
+  // own place.
   int litColumns() {
     const Picture picture(frame, frame->getViewSize());
     int columns = 0;
     while (columns < kWidth && picture.at(60 + columns, 30) == lit(columns)) ++columns;
-    for (int x = columns; x < kWidth; ++x) EXPECT_EQ(picture.at(60 + x, 30), unlit(x)) << "column " << x;
+    for (int x = columns; x < kWidth; ++x)
+      EXPECT_EQ(picture.at(60 + x, 30), unlit(x)) << "column " << x;
     return columns;
   }
 };
@@ -59,9 +63,10 @@ TEST_F(Meter, TheBoundaryIsTheNearestStep) {
   }
 }
 
+// 14 pixels each
 TEST_F(Meter, TheBoundaryMovesInStepsOfTheBitmapsWidth) {
-  CVuMeter1* meter = make(13);  // 14 pixels each
-  meter->setValue(0.49F);       // 6.37 steps
+  CVuMeter1* meter = make(13);
+  meter->setValue(0.49F);  // 6.37 steps
   EXPECT_EQ(litColumns(), 6 * 14);
   meter->setValue(0.51F);  // 6.63 steps
   EXPECT_EQ(litColumns(), 7 * 14);
@@ -73,7 +78,8 @@ TEST_F(Meter, RisesAtOnceAndFallsOneDecreaseStepPerRedraw) {
   EXPECT_EQ(litColumns(), 182);
   meter->setValue(0);
   for (const int tenths : {9, 8, 7, 6, 5, 4, 3, 2, 1, 0}) {
-    EXPECT_EQ(litColumns(), (182 * tenths + 5) / 10) << "the nearest step to " << tenths << " tenths";
+    EXPECT_EQ(litColumns(), (182 * tenths + 5) / 10)
+        << "the nearest step to " << tenths << " tenths";
     EXPECT_NEAR(meter->getOldValue(), static_cast<float>(tenths) / 10.0F, 1e-6F);
   }
   meter->setValue(0.95F);
@@ -141,16 +147,19 @@ TEST_F(Meter, WithoutALitBitmapNothingIsDrawn) {
 TEST_F(Meter, AVerticalOneIsLitAtTheBottom) {
   const auto on = bitmapOf(10, 100, [](int, int y) { return lit(y); });
   const auto off = bitmapOf(10, 100, [](int, int y) { return unlit(y); });
-  auto* meter = add(new CVuMeter1(CRect(20, 30, 30, 130), on, off, 10, VSTGUI::CVuMeter::kVertical));
+  auto* meter =
+      add(new CVuMeter1(CRect(20, 30, 30, 130), on, off, 10, VSTGUI::CVuMeter::kVertical));
   meter->setDecreaseStepValue(1);
   meter->setValue(0.32F);  // 10 * 0.68 + 0.5 = 7.3: seven steps of 10 pixels are unlit
   const Picture picture(frame, frame->getViewSize());
-  for (int y = 0; y < 100; ++y) EXPECT_EQ(picture.at(25, 30 + y), y < 70 ? unlit(y) : lit(y)) << "row " << y;
+  for (int y = 0; y < 100; ++y)
+    EXPECT_EQ(picture.at(25, 30 + y), y < 70 ? unlit(y) : lit(y)) << "row " << y;
 }
 
 TEST_F(Meter, AVerticalOneCountsFromItsMaximum) {
   const auto on = bitmapOf(10, 100, [](int, int y) { return lit(y); });
-  auto* meter = add(new CVuMeter1(CRect(20, 30, 30, 130), on, nullptr, 10, VSTGUI::CVuMeter::kVertical));
+  auto* meter =
+      add(new CVuMeter1(CRect(20, 30, 30, 130), on, nullptr, 10, VSTGUI::CVuMeter::kVertical));
   meter->setMax(0.5F);
   meter->setDecreaseStepValue(1);
   meter->setValue(0.3F);  // 10 * (0.5 - 0.3) + 0.5 = 2.5: two steps are unlit

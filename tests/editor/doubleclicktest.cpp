@@ -35,7 +35,8 @@ TEST_F(DoubleClicks, ThreeHundredMillisecondsAreTheMost) {
 }
 
 TEST_F(DoubleClicks, FivePixelsEachWayAreTheMost) {
-  for (const CPoint near : {CPoint(15, 10), CPoint(5, 10), CPoint(10, 15), CPoint(10, 5), CPoint(15, 5)}) {
+  for (const CPoint near :
+       {CPoint(15, 10), CPoint(5, 10), CPoint(10, 15), CPoint(10, 5), CPoint(15, 5)}) {
     EXPECT_FALSE(pressAt(1000));
     EXPECT_TRUE(pressAt(1001, near)) << near.x << "," << near.y;
   }

@@ -58,9 +58,10 @@ TEST_F(Dialog, TellsWhatTheUserChose) {
 TEST_F(Dialog, AsksZenityForAFileToLoad) {
   desktop.install("zenity", "exit 1");
   outcome();
-  EXPECT_THAT(desktop.argumentsOf("zenity"),
-              ElementsAre("--file-selection", "--title=Load preset", "--filename=" + files.path + "/",
-                          "--file-filter=Orv Preset (*.orv) | *.orv *.ORV"));
+  EXPECT_THAT(
+      desktop.argumentsOf("zenity"),
+      ElementsAre("--file-selection", "--title=Load preset", "--filename=" + files.path + "/",
+                  "--file-filter=Orv Preset (*.orv) | *.orv *.ORV"));
 }
 
 TEST_F(Dialog, AsksZenityForANameToSaveUnder) {
@@ -68,17 +69,19 @@ TEST_F(Dialog, AsksZenityForANameToSaveUnder) {
   askToSave("soft pad.orv");
   request.window = 4711;
   outcome();
-  EXPECT_THAT(
-      desktop.argumentsOf("zenity"),
-      ElementsAre("--file-selection", "--title=Save preset", "--filename=" + files.path + "/soft pad.orv",
-                  "--file-filter=Orv Preset (*.orv) | *.orv *.ORV", "--save", "--confirm-overwrite", "--attach=4711"));
+  EXPECT_THAT(desktop.argumentsOf("zenity"),
+              ElementsAre("--file-selection", "--title=Save preset",
+                          "--filename=" + files.path + "/soft pad.orv",
+                          "--file-filter=Orv Preset (*.orv) | *.orv *.ORV", "--save",
+                          "--confirm-overwrite", "--attach=4711"));
 }
 
 TEST_F(Dialog, AsksKdialogForAFileToLoad) {
   desktop.install("kdialog", "exit 1");
   outcome();
   EXPECT_THAT(desktop.argumentsOf("kdialog"),
-              ElementsAre("--title", "Load preset", "--getopenfilename", files.path + "/", "Orv Preset (*.orv *.ORV)"));
+              ElementsAre("--title", "Load preset", "--getopenfilename", files.path + "/",
+                          "Orv Preset (*.orv *.ORV)"));
 }
 
 TEST_F(Dialog, AsksKdialogForANameToSaveUnder) {
@@ -162,7 +165,8 @@ TEST_F(Dialog, IsCancelledByAnAnswerThatIsNoFile) {
 }
 
 TEST_F(Dialog, TakesNamesWithEveryCharacter) {
-  for (const std::string name : {"/a b/c'd\"e.orv", "/line\nbreak.orv", "/ends with a line\n", "/\xc3\xa9\xff.orv"}) {
+  for (const std::string name :
+       {"/a b/c'd\"e.orv", "/line\nbreak.orv", "/ends with a line\n", "/\xc3\xa9\xff.orv"}) {
     writeFile(desktop.folder / "answer", name + "\n");
     desktop.install("zenity", "exec /bin/cat " + (desktop.folder / "answer"));
     EXPECT_EQ(outcome(), State::chosen);
@@ -197,7 +201,8 @@ TEST_F(Dialog, AsksBeforeANameReplacesAFileThatOnlyTheExtensionMeets) {
   EXPECT_EQ(dialog.path(), files / "pad.orv");
   EXPECT_THAT(desktop.argumentsOf("zenity", 2),
               ElementsAre("--question", "--no-markup", "--title=Save preset", "--ok-label=Replace",
-                          "--cancel-label=Cancel", "--text=pad.orv\nThis file exists already. Replace it?"));
+                          "--cancel-label=Cancel",
+                          "--text=pad.orv\nThis file exists already. Replace it?"));
 }
 
 TEST_F(Dialog, AsksAgainWhereTheUserDoesNotWantToReplaceTheFile) {
@@ -205,19 +210,23 @@ TEST_F(Dialog, AsksAgainWhereTheUserDoesNotWantToReplaceTheFile) {
   desktop.install("zenity", "case $calls in 1) echo '" + files.path + "/pad';; *) exit 1;; esac");
   askToSave("");
   EXPECT_EQ(outcome(), State::cancelled);
-  EXPECT_THAT(desktop.argumentsOf("zenity", 3), testing::Contains("--filename=" + (files / "pad.orv")));
+  EXPECT_THAT(desktop.argumentsOf("zenity", 3),
+              testing::Contains("--filename=" + (files / "pad.orv")));
   EXPECT_FALSE(desktop.wasCalled("zenity", 4));
 }
 
 TEST_F(Dialog, AsksWithKdialogWithoutMarkup) {
   writeFile(files / "<b>&\\n.orv", "precious");
   writeFile(desktop.folder / "answer", files.path + "/<b>&\\n\n");
-  desktop.install("kdialog", "case $calls in 1) /bin/cat " + (desktop.folder / "answer") + ";; *) exit 0;; esac");
+  desktop.install("kdialog", "case $calls in 1) /bin/cat " + (desktop.folder / "answer") +
+                                 ";; *) exit 0;; esac");
   askToSave("");
   EXPECT_EQ(outcome(), State::chosen);
-  EXPECT_THAT(desktop.argumentsOf("kdialog", 2),
-              ElementsAre("--title", "Save preset", "--continue-label", "Replace", "--warningcontinuecancel",
-                          "<qt>&lt;b&gt;&amp;\\\\n.orv<br/>This file exists already. Replace it?</qt>"));
+  EXPECT_THAT(
+      desktop.argumentsOf("kdialog", 2),
+      ElementsAre("--title", "Save preset", "--continue-label", "Replace",
+                  "--warningcontinuecancel",
+                  "<qt>&lt;b&gt;&amp;\\\\n.orv<br/>This file exists already. Replace it?</qt>"));
 }
 
 TEST_F(Dialog, OpensInTheHomeFolderWhereTheFolderIsGone) {
@@ -228,7 +237,8 @@ TEST_F(Dialog, OpensInTheHomeFolderWhereTheFolderIsGone) {
     outcome();
   }
   for (int call = 1; call <= 3; ++call) {
-    EXPECT_THAT(desktop.argumentsOf("zenity", call), testing::Contains("--filename=" + files.path + "/"));
+    EXPECT_THAT(desktop.argumentsOf("zenity", call),
+                testing::Contains("--filename=" + files.path + "/"));
   }
 }
 
@@ -268,7 +278,8 @@ TEST_F(Dialog, EndsTheProgramWithItsOwner) {
 
 TEST_F(Dialog, EndsTheQuestionToo) {
   writeFile(files / "pad.orv", "precious");
-  desktop.install("zenity", "case $calls in 1) echo '" + files.path + "/pad';; *) exec /bin/sleep 60;; esac");
+  desktop.install("zenity",
+                  "case $calls in 1) echo '" + files.path + "/pad';; *) exec /bin/sleep 60;; esac");
   askToSave("");
   dialog.start(request);
   for (int poll = 0; poll < 10000 && !desktop.wasCalled("zenity", 2); ++poll) {

@@ -16,7 +16,8 @@ class FitName : public controltest::ControlTest {
   }
   FittedName fit(const std::string& bytes, double width) { return fitName(context, bytes, width); }
 
-  VSTGUI::SharedPointer<VSTGUI::COffscreenContext> context = VSTGUI::COffscreenContext::create({10, 10});
+  VSTGUI::SharedPointer<VSTGUI::COffscreenContext> context =
+      VSTGUI::COffscreenContext::create({10, 10});
   const std::string name = "Twenty-four letters long";
 };
 
@@ -63,7 +64,8 @@ TEST_F(FitName, CutsBetweenCharactersOfSeveralBytes) {
     EXPECT_EQ(text.substr(text.size() - kEllipsis.size()), kEllipsis);
     EXPECT_EQ((text.size() - kEllipsis.size()) % character.size(), 0U) << width;
   }
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");  // where a text that is not UTF-8 is complained about
+  // where a text that is not UTF-8 is complained about
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(FitName, BytesThatAreNoTextAreShownAsSuch) {

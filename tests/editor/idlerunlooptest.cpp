@@ -20,7 +20,8 @@ class RunLoop : public testing::Test {
     std::vector<IdleRunLoop::Actions> made(kEnds);
     ended.reserve(kEnds);
     for (int number = 0; number < kEnds; ++number) {
-      made[static_cast<std::size_t>(number)].emplace_back([this, number] { ended.push_back(number); });
+      made[static_cast<std::size_t>(number)].emplace_back(
+          [this, number] { ended.push_back(number); });
     }
     return made;
   }
@@ -39,7 +40,8 @@ TEST_F(RunLoop, TakesEndsFromInsideAPumpWithoutAnyMemory) {
   });
   EXPECT_EQ(early, 0U);
   ASSERT_EQ(ended.size(), waiting.size());
-  for (int number = 0; number < kEnds; ++number) EXPECT_EQ(ended[static_cast<std::size_t>(number)], number);
+  for (int number = 0; number < kEnds; ++number)
+    EXPECT_EQ(ended[static_cast<std::size_t>(number)], number);
 }
 
 TEST_F(RunLoop, RunsAnEndAtOnceOutsideAPump) {

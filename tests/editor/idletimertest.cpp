@@ -35,7 +35,8 @@ class IdlingEditor : public AEffGUIEditor {
   ERect windowSize() override { return {}; }
 };
 
-// Runs this thread's main loop, its own or the process's, until the condition holds; false after so long.
+// Runs this thread's main loop, its own or the process's, until the condition holds; false after so
+// long.
 bool runUntil(const std::function<bool()>& holds, milliseconds longest = milliseconds(20000)) {
   GMainContext* context = g_main_context_ref_thread_default();
   const auto end = steady_clock::now() + longest;
@@ -137,8 +138,9 @@ TEST_F(IdleTimer, TicksOnTheLoopOfTheThreadThatMadeIt) {
 TEST_F(IdleTimer, NeverTicksOnAnotherThread) {
   void* timer = nullptr;
   std::atomic<bool> theirsIsMade{false}, loopWasRun{false};
+  // without a loop of its own
   std::thread window([&] {
-    timer = createTimer(&editor, 1);  // without a loop of its own
+    timer = createTimer(&editor, 1);
     theirsIsMade = true;
     while (!loopWasRun) std::this_thread::sleep_for(milliseconds(1));
     destroyTimer(timer);

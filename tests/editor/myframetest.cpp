@@ -27,7 +27,8 @@ class Box : public VSTGUI::CView {
   VSTGUI::CMouseEventResult onMouseUp(CPoint& where, const VSTGUI::CButtonState& state) override {
     return note("up", where, state);
   }
-  VSTGUI::CMouseEventResult onMouseMoved(CPoint& where, const VSTGUI::CButtonState& state) override {
+  VSTGUI::CMouseEventResult onMouseMoved(CPoint& where,
+                                         const VSTGUI::CButtonState& state) override {
     return note("moved", where, state);
   }
   void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override {
@@ -43,7 +44,8 @@ class Box : public VSTGUI::CView {
   int drawings = 0;
 
  private:
-  VSTGUI::CMouseEventResult note(const char* what, const CPoint& where, const VSTGUI::CButtonState& state) {
+  VSTGUI::CMouseEventResult note(const char* what, const CPoint& where,
+                                 const VSTGUI::CButtonState& state) {
     heard.emplace_back(what);
     place = where;
     buttons = state;
@@ -112,12 +114,13 @@ TEST_F(RootView, AModalViewOutsideTheUpdatedPartIsNotDrawnButOneThatTouchesItIs)
   view->makeModal(modal);
   EXPECT_EQ(modalDrawingsFor(kWindow), 1);
   EXPECT_EQ(modalDrawingsFor(CRect(120, 110, 130, 120)), 1);
-  for (const CRect& touching : {CRect(50, 100, 100, 150), CRect(200, 100, 250, 150), CRect(100, 50, 200, 100),
-                                CRect(100, 150, 200, 200), CRect(50, 50, 100, 100)}) {
+  for (const CRect& touching :
+       {CRect(50, 100, 100, 150), CRect(200, 100, 250, 150), CRect(100, 50, 200, 100),
+        CRect(100, 150, 200, 200), CRect(50, 50, 100, 100)}) {
     EXPECT_EQ(modalDrawingsFor(touching), 1) << testing::PrintToString(touching);
   }
-  for (const CRect& apart :
-       {CRect(50, 100, 99, 150), CRect(201, 100, 250, 150), CRect(100, 50, 200, 99), CRect(100, 151, 200, 200)}) {
+  for (const CRect& apart : {CRect(50, 100, 99, 150), CRect(201, 100, 250, 150),
+                             CRect(100, 50, 200, 99), CRect(100, 151, 200, 200)}) {
     EXPECT_EQ(modalDrawingsFor(apart), 0) << testing::PrintToString(apart);
   }
 }
@@ -127,7 +130,8 @@ TEST_F(RootView, NothingIsDrawnForAPartWithoutSizeOrWithoutAContext) {
   view->addView(control);
   view->makeModal(modal);
   const int before = control->drawings;
-  for (const CRect& empty : {CRect(120, 110, 120, 120), CRect(120, 110, 130, 110), CRect(130, 110, 120, 120)}) {
+  for (const CRect& empty :
+       {CRect(120, 110, 120, 120), CRect(120, 110, 130, 110), CRect(130, 110, 120, 120)}) {
     EXPECT_EQ(modalDrawingsFor(empty), 0) << testing::PrintToString(empty);
   }
   view->drawRect(nullptr, kWindow);
@@ -137,7 +141,8 @@ TEST_F(RootView, NothingIsDrawnForAPartWithoutSizeOrWithoutAContext) {
 
 TEST_F(RootView, TheModalViewsOperationsGetTheArgumentsAndGiveTheAnswer) {
   view->makeModal(modal);
-  modal->answer = VSTGUI::kMouseMoveEventHandledButDontNeedMoreEvents;  // an answer that nobody else gives
+  // an answer that nobody else gives
+  modal->answer = VSTGUI::kMouseMoveEventHandledButDontNeedMoreEvents;
   const VSTGUI::CButtonState state(VSTGUI::kRButton | VSTGUI::kShift);
   CPoint where(7, 9);  // beside it
   EXPECT_EQ(view->onMouseDown(where, state), modal->answer);

@@ -14,8 +14,10 @@ class PresetList : public ControlTest {
  protected:
   PresetList() {
     const std::int32_t style = VSTGUI::COptionMenu::kPopupStyle | VSTGUI::COptionMenu::kCheckStyle |
-                               VSTGUI::COptionMenu::kNoTextStyle | VSTGUI::COptionMenu::kNoDrawStyle;
-    menu = add(new CPresetMenu(CRect(207, 221, 217, 235), &listener, 1012, nullptr, nullptr, style));
+                               VSTGUI::COptionMenu::kNoTextStyle |
+                               VSTGUI::COptionMenu::kNoDrawStyle;
+    menu =
+        add(new CPresetMenu(CRect(207, 221, 217, 235), &listener, 1012, nullptr, nullptr, style));
     menu->setNbItemsPerColumn(16);
     for (int i = 0; i < 32; ++i) menu->addEntry(("Preset " + std::to_string(i)).c_str());
     menu->setValue(5);

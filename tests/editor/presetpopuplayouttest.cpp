@@ -39,7 +39,8 @@ TEST(PresetPopupLayout, EverythingLiesInsideTheWindow) {
     EXPECT_TRUE(inside(layout.entry(i), layout.panel())) << i;
     EXPECT_GE(layout.entry(i).getHeight(), 13);  // room for an 11 pixel font
     EXPECT_GE(layout.entry(i).getWidth(), 140);
-    for (int other = 0; other < i; ++other) EXPECT_TRUE(apart(layout.entry(i), layout.entry(other)));
+    for (int other = 0; other < i; ++other)
+      EXPECT_TRUE(apart(layout.entry(i), layout.entry(other)));
   }
 }
 

@@ -86,7 +86,8 @@ TEST_F(PresetPopup, HomeAndEndGoToTheFirstAndTheLastEntry) {
 
 TEST_F(PresetPopup, AllOtherKeysStopAtTheList) {
   click(onMenu);
-  for (const VirtualKey virt : {VirtualKey::Tab, VirtualKey::Space, VirtualKey::F1, VirtualKey::PageDown}) {
+  for (const VirtualKey virt :
+       {VirtualKey::Tab, VirtualKey::Space, VirtualKey::F1, VirtualKey::PageDown}) {
     EXPECT_TRUE(key(virt));
   }
   EXPECT_TRUE(key(VirtualKey::Down, {ModifierKey::Control}));
@@ -97,10 +98,13 @@ TEST_F(PresetPopup, AllOtherKeysStopAtTheList) {
 
 TEST_F(PresetPopup, TheFocusedControlBehindItGetsNoKeys) {
   Listener other;
-  auto* slider = add(new VSTGUI::CHorizontalSlider(CRect(0, 0, 100, 5), &other, 1, 0, 90, nullptr, nullptr));
+  auto* slider =
+      add(new VSTGUI::CHorizontalSlider(CRect(0, 0, 100, 5), &other, 1, 0, 90, nullptr, nullptr));
   frame->setFocusView(slider);
   click(onMenu);
-  for (const VirtualKey virt : {VirtualKey::Up, VirtualKey::Down, VirtualKey::Left, VirtualKey::Right}) key(virt);
+  for (const VirtualKey virt :
+       {VirtualKey::Up, VirtualKey::Down, VirtualKey::Left, VirtualKey::Right})
+    key(virt);
   EXPECT_TRUE(other.values.empty());
 }
 
@@ -125,8 +129,9 @@ TEST_F(PresetPopup, ReturnOpensItFromTheFocusedMenu) {
   expectNoChange();
 }
 
+// as whoever steps elsewhere does
 TEST_F(PresetPopup, UpAndDownStepWithoutTheListFromTheEntryShown) {
-  menu->setCurrent(10);  // as whoever steps elsewhere does
+  menu->setCurrent(10);
   frame->setFocusView(menu);
   EXPECT_TRUE(key(VirtualKey::Down));
   EXPECT_TRUE(key(VirtualKey::Up));
@@ -202,7 +207,8 @@ TEST_F(PresetPopup, TheMarkStaysVisibleUnderTheHighlight) {
   int different = 0;
   const CRect entry = layout.entry(5);
   for (double y = entry.top; y < entry.bottom; ++y) {
-    for (double x = entry.left; x < entry.left + 11; ++x) different += marked.at(x, y) == plain.at(x, y) ? 0 : 1;
+    for (double x = entry.left; x < entry.left + 11; ++x)
+      different += marked.at(x, y) == plain.at(x, y) ? 0 : 1;
   }
   EXPECT_GE(different, 12);
 }
@@ -248,7 +254,8 @@ TEST_F(PresetPopup, RedrawingAPartDrawsTheSameAsTheWhole) {
   const CRect part(20, 60, 280, 75);
   const Picture partly(frame, part);
   for (double y = part.top; y < part.bottom; ++y) {
-    for (double x = part.left; x < part.right; ++x) ASSERT_EQ(partly.at(x, y), whole.at(x, y)) << x << "," << y;
+    for (double x = part.left; x < part.right; ++x)
+      ASSERT_EQ(partly.at(x, y), whole.at(x, y)) << x << "," << y;
   }
 }
 

@@ -43,8 +43,8 @@ TEST(PercentStringConvert, TruncatesAndNeverRoundsUp) {
   EXPECT_EQ(text(percentStringConvert, 1.0F), "100%");
 }
 
-// 0.29 is 0.28999999165... as a float; a hundred times that is nearer to 29 than to the float below it, which is
-// 28.9999981. In double precision the text would be 28%.
+// 0.29 is 0.28999999165... as a float; a hundred times that is nearer to 29 than to the float below
+// it, which is 28.9999981. In double precision the text would be 28%.
 TEST(PercentStringConvert, FormsTheProductInSinglePrecision) {
   EXPECT_EQ(text(percentStringConvert, 0.29F), "29%");
   EXPECT_LT(static_cast<double>(0.29F) * 100.0, 29.0);
@@ -159,19 +159,25 @@ TEST(ConvertCC, StaysInsideItsTable) {
 }
 
 TEST(StringConvert, NeverWritesMoreThanSixteenBytesInRange) {
-  for (const Converter convert : {percentStringConvert, dampStringConvert, parameterNameStringConvert, convertCC}) {
-    for (int i = 0; i <= 10000; ++i) EXPECT_LT(text(convert, static_cast<float>(i) / 10000.0F).size(), 16U);
+  for (const Converter convert :
+       {percentStringConvert, dampStringConvert, parameterNameStringConvert, convertCC}) {
+    for (int i = 0; i <= 10000; ++i)
+      EXPECT_LT(text(convert, static_cast<float>(i) / 10000.0F).size(), 16U);
   }
-  for (int i = 0; i <= 200000; ++i) EXPECT_LT(text(frequencyStringConvert, static_cast<float>(i) / 10.0F).size(), 16U);
-  for (float ratio = 1e-9F; ratio < 1e9F; ratio *= 1.1F) EXPECT_LT(text(dBStringConvert, ratio).size(), 16U);
+  for (int i = 0; i <= 200000; ++i)
+    EXPECT_LT(text(frequencyStringConvert, static_cast<float>(i) / 10.0F).size(), 16U);
+  for (float ratio = 1e-9F; ratio < 1e9F; ratio *= 1.1F)
+    EXPECT_LT(text(dBStringConvert, ratio).size(), 16U);
 }
 
 // The bytes after the 32nd stay the caller's, whatever the value.
 TEST(StringConvert, NeverWritesMoreThanThirtyTwoBytes) {
-  const Converter all[] = {strictStringConvert,        stepStringConvert,      percentStringConvert, dampStringConvert,
-                           parameterNameStringConvert, frequencyStringConvert, dBStringConvert,      convertCC};
+  const Converter all[] = {
+      strictStringConvert,        stepStringConvert,      percentStringConvert, dampStringConvert,
+      parameterNameStringConvert, frequencyStringConvert, dBStringConvert,      convertCC};
   for (const Converter convert : all) {
-    for (const float value : {kNaN, kInfinity, -kInfinity, 3e38F, -3e38F, 1e-45F, -1e-45F, 2147483648.0F}) {
+    for (const float value :
+         {kNaN, kInfinity, -kInfinity, 3e38F, -3e38F, 1e-45F, -1e-45F, 2147483648.0F}) {
       char buffer[64];
       std::memset(buffer, '#', sizeof buffer);
       convert(value, buffer);

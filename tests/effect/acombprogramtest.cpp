@@ -41,7 +41,8 @@ TEST(ACombProgram, NumbersItsValuesInParameterOrder) {
   EXPECT_EQ(preset.emphasis, 3.0F);
   EXPECT_EQ(preset.process, 4.0F);
   EXPECT_EQ(preset.phase, 5.0F);
-  for (int index = 0; index < 5; ++index) EXPECT_EQ(preset.parameter(index), static_cast<float>(index + 1));
+  for (int index = 0; index < 5; ++index)
+    EXPECT_EQ(preset.parameter(index), static_cast<float>(index + 1));
 }
 
 TEST(ACombProgram, KeepsAtMost23CharactersOfAName) {
@@ -58,7 +59,8 @@ TEST(ACombProgram, ClearsTheBytesBehindAShorterName) {
   ACombProgram preset;
   preset.rename("a name that is much longer");
   preset.rename("ab");
-  EXPECT_EQ(std::string(preset.name, sizeof preset.name), std::string("ab") + std::string(22, '\0'));
+  EXPECT_EQ(std::string(preset.name, sizeof preset.name),
+            std::string("ab") + std::string(22, '\0'));
 }
 
 }  // namespace

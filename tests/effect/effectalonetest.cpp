@@ -1,4 +1,5 @@
-// The effect without the window: the library alone plays, names its presets and takes and hands out chunks.
+// The effect without the window: the library alone plays, names its presets and takes and hands out
+// chunks.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -101,8 +102,9 @@ TEST(EffectAloneDeathTest, IsProcessedByOneThreadAtATimeWhereThatIsChecked) {
       "process: another thread is processing");
 }
 
+// guitar 3: wide
 TEST_F(EffectAlone, Widens) {
-  effect.setPresetNo(14);  // guitar 3: wide
+  effect.setPresetNo(14);
   effect.resume();
   std::vector<float> left(1024, 0.0F);
   std::vector<float> right(1024, 0.0F);
@@ -110,7 +112,8 @@ TEST_F(EffectAlone, Widens) {
   float* channels[] = {left.data(), right.data()};
   effect.processReplacing(channels, channels, 1024);
   EXPECT_NE(left, right);
-  for (std::size_t i = 1; i < left.size(); ++i) EXPECT_EQ(left[i] + right[i], 0.0F) << "the mono fold is untouched";
+  for (std::size_t i = 1; i < left.size(); ++i)
+    EXPECT_EQ(left[i] + right[i], 0.0F) << "the mono fold is untouched";
 }
 
 }  // namespace

@@ -81,7 +81,8 @@ TEST_F(FactoryPresets, FillTheBank) {
 TEST_F(FactoryPresets, HaveOnlyZerosBehindTheirNames) {
   for (int slot = 0; slot < 32; ++slot) {
     const std::string name(kExpected[slot].name);
-    EXPECT_EQ(std::string(effect.preset(slot).name, 24), name + std::string(24 - name.size(), '\0')) << slot;
+    EXPECT_EQ(std::string(effect.preset(slot).name, 24), name + std::string(24 - name.size(), '\0'))
+        << slot;
   }
 }
 

@@ -1,4 +1,5 @@
-// How parameters travel to their targets: 15/16 of a step in 277 ms, and the read offset within its unequal limits.
+// How parameters travel to their targets: 15/16 of a step in 277 ms, and the read offset within its
+// unequal limits.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,20 +15,23 @@ TYPED_TEST_SUITE(Glides, Precisions, PrecisionNames);
 
 constexpr double kClosingTime = 0.277;  // s in which 15/16 of a step are closed
 
-// What is left of a step after so many frames, from the continuous law: (1/16)^(time / closing time).
+// What is left of a step after so many frames, from the continuous law: (1/16)^(time / closing
+// time).
 double unclosed(double frames, double rate) {
   return std::pow(1.0 / 16.0, frames / rate / kClosingTime);
 }
 
-// The delay in frames, frame by frame, as a listener finds it: mid rises by one a frame, so that the delayed sample
-// tells its own age, also between two frames. In double, with a side gain of 0.5.
+// The delay in frames, frame by frame, as a listener finds it: mid rises by one a frame, so that
+// the delayed sample tells its own age, also between two frames. In double, with a side gain of
+// 0.5.
 class DelayMeter {
  public:
   explicit DelayMeter(Trelvan& heard) : plugin(heard) {}
 
   std::vector<double> listen(std::size_t frames) {
     Stereo<double> ramp = silence<double>(frames);
-    for (std::size_t i = 0; i < frames; ++i) ramp.left[i] = ramp.right[i] = next + static_cast<double>(i);
+    for (std::size_t i = 0; i < frames; ++i)
+      ramp.left[i] = ramp.right[i] = next + static_cast<double>(i);
     const auto side = sideOf(play(plugin, ramp));
     std::vector<double> delays(frames);
     for (std::size_t i = 0; i < frames; ++i) delays[i] = ramp.left[i] - side[i] / 0.5;
@@ -49,8 +53,9 @@ std::size_t arrival(const std::vector<double>& delays, double goal, double near)
   return i;
 }
 
-// An instance whose coefficients are of 8000 Hz while one period is counted at 192000 Hz, so that the read offset is
-// far from its target and its steps meet their limits: 9600 frames at 20 Hz, 192 at 1000 Hz.
+// An instance whose coefficients are of 8000 Hz while one period is counted at 192000 Hz, so that
+// the read offset is far from its target and its steps meet their limits: 9600 frames at 20 Hz, 192
+// at 1000 Hz.
 struct FastInstance : Player {
   FastInstance() : Player({.rate = 8000.0F}) {
     setSampleRate(192000.0F);
@@ -69,7 +74,8 @@ TYPED_TEST(Glides, WidthClosesFifteenSixteenthsIn277Milliseconds) {
     const auto closing = static_cast<std::size_t>(kClosingTime * static_cast<double>(rate));
     const auto side = sideOf(play(plugin, steady(TypeParam(1), 2 * closing)));
     for (const std::size_t frames : {closing / 10, closing / 2, closing, 2 * closing}) {
-      const double expected = 2.0 * (1.0 - unclosed(static_cast<double>(frames), static_cast<double>(rate)));
+      const double expected =
+          2.0 * (1.0 - unclosed(static_cast<double>(frames), static_cast<double>(rate)));
       EXPECT_NEAR(side[frames - 1], expected, 1e-3) << rate << " Hz, frame " << frames;
     }
     EXPECT_NEAR(side[closing - 1], 2.0 * 15.0 / 16.0, 1e-3);
@@ -109,7 +115,8 @@ TEST(DelayGlide, ClosesFifteenSixteenthsIn277MillisecondsOverTheWholeRange) {
     const auto closing = static_cast<std::size_t>(kClosingTime * hertz);
     plugin.setParameter(1, 0.0F);
     auto delays = meter.listen(2 * closing);
-    // The same step near the limit of a shrinking offset takes a little longer than the law says, if anything.
+    // The same step near the limit of a shrinking offset takes a little longer than the law says,
+    // if anything.
     EXPECT_NEAR(delays[closing], longest - (longest - shortest) / 16.0, 2.0) << rate;
     meter.listen(10 * closing);
     plugin.setParameter(1, 1.0F);
@@ -126,7 +133,8 @@ TEST(DelayGlide, StandsOnAWholeFrameOnceItIsWithinAHundredth) {
   const auto delays = meter.listen(60000);
   const std::size_t near = arrival(delays, 167.0, 0.01);
   // 122 frames are closed to a hundredth by ln(12200) / ln(16) closing times.
-  EXPECT_NEAR(static_cast<double>(near), std::log(12200.0) / std::log(16.0) * kClosingTime * 44100.0, 30.0);
+  EXPECT_NEAR(static_cast<double>(near),
+              std::log(12200.0) / std::log(16.0) * kClosingTime * 44100.0, 30.0);
   EXPECT_GT(std::fabs(delays[near - 1] - 167.0), 0.009);
   for (std::size_t i = near + 1; i < delays.size(); ++i) ASSERT_NEAR(delays[i], 167.0, kHeard) << i;
 }
@@ -139,9 +147,11 @@ TEST(DelayGlide, LengthensTheDelayByHalfAFrameAFrameAtMost) {
   plugin.setParameter(1, 0.0F);
   const auto delays = meter.listen(40000);
   constexpr double kDistance = 9600.0 - 192.0;
-  constexpr double kFree = 0.5 / FastInstance::kCoefficient;  // frames of distance below which the limit is not met
+  // frames of distance below which the limit is not met
+  constexpr double kFree = 0.5 / FastInstance::kCoefficient;
   const auto limited = static_cast<std::size_t>((kDistance - kFree) / 0.5);
-  for (std::size_t i = 1; i < limited; ++i) ASSERT_NEAR(delays[i] - delays[i - 1], 0.5, kHeard) << i;
+  for (std::size_t i = 1; i < limited; ++i)
+    ASSERT_NEAR(delays[i] - delays[i - 1], 0.5, kHeard) << i;
   EXPECT_LT(delays[limited + 1000] - delays[limited + 999], 0.4);
   // From there one closing time of 8000 Hz, 2216 frames, leaves a sixteenth.
   const double expected = static_cast<double>(limited) + 2216.0;
@@ -159,7 +169,8 @@ TEST(DelayGlide, ShortensTheDelayByOneFrameAFrameAtMost) {
   constexpr double kDistance = 9600.0 - 192.0;
   constexpr double kFree = 1.0 / FastInstance::kCoefficient;
   const auto limited = static_cast<std::size_t>(kDistance - kFree);
-  for (std::size_t i = 1; i < limited; ++i) ASSERT_NEAR(delays[i] - delays[i - 1], -1.0, kHeard) << i;
+  for (std::size_t i = 1; i < limited; ++i)
+    ASSERT_NEAR(delays[i] - delays[i - 1], -1.0, kHeard) << i;
   EXPECT_GT(delays[limited + 1000] - delays[limited + 999], -0.8);
   const double expected = static_cast<double>(limited) + 2216.0;
   EXPECT_NEAR(static_cast<double>(arrival(delays, 192.0, kFree / 16.0)), expected, 5.0);

@@ -1,4 +1,5 @@
-// What one impulse becomes: when the side comes, how strong, and its emphasis tap; and what bypass keeps.
+// What one impulse becomes: when the side comes, how strong, and its emphasis tap; and what bypass
+// keeps.
 #include <gtest/gtest.h>
 
 #include "tests/effect/play.h"
@@ -10,14 +11,15 @@ template <typename Sample>
 class Impulse : public testing::Test {};
 TYPED_TEST_SUITE(Impulse, Precisions, PrecisionNames);
 
+// Hz
 struct Delay {
-  float rate;      // Hz
+  float rate;
   float baseFreq;  // raw
   std::size_t frames;
 };
 
-// One period of the base frequency, rounded up to whole frames: the read offset is the length less one period,
-// rounded down.
+// One period of the base frequency, rounded up to whole frames: the read offset is the length less
+// one period, rounded down.
 constexpr Delay kDelays[] = {
     {44100.0F, 1.0F, 45},     // 44.1
     {44100.0F, 0.0F, 2205},   // 2205.0
@@ -31,8 +33,9 @@ constexpr Delay kDelays[] = {
 
 }  // namespace
 
+// 2 * 0.5^2
 TYPED_TEST(Impulse, ComesBackAsSideAfterOnePeriodWithItsEmphasisTapOneFrameLater) {
-  constexpr TypeParam kGain = 0.5;       // 2 * 0.5^2
+  constexpr TypeParam kGain = 0.5;
   constexpr TypeParam kEmphasis = 0.25;  // of the frame before
   for (const Delay& delay : kDelays) {
     Player plugin({.rate = delay.rate, .baseFreq = delay.baseFreq, .emphasis = 0.25F});
@@ -48,7 +51,8 @@ TYPED_TEST(Impulse, ComesBackAsSideAfterOnePeriodWithItsEmphasisTapOneFrameLater
   }
 }
 
-// 19200 frames do not fit into the line of 16384: the place read is 2816 frames old, as far as the ring goes round.
+// 19200 frames do not fit into the line of 16384: the place read is 2816 frames old, as far as the
+// ring goes round.
 TYPED_TEST(Impulse, WrapsRoundTheDelayLineWhenThePeriodIsLongerThanIt) {
   Player plugin({.rate = 384000.0F, .baseFreq = 0.0F});
   const auto side = sideOf(play(plugin, impulse(TypeParam(1), 40000)));

@@ -49,11 +49,13 @@ TYPED_TEST(Meter, ReadsZeroForEqualLevels) {
   EXPECT_NEAR(plugin.getWidthMeter(), 0.0, 1e-6);
 }
 
-// Full width on alternating samples: the tap adds to the side, twice the mid at a gain of 2 makes four times.
+// Full width on alternating samples: the tap adds to the side, twice the mid at a gain of 2 makes
+// four times.
 TYPED_TEST(Meter, ReadsTheLowEndWhenSideIsFourTimesMid) {
   Player plugin({.rate = kRate, .width = 1.0F, .emphasis = 1.0F});
   Stereo<TypeParam> in = silence<TypeParam>(kLong);
-  for (std::size_t i = 0; i < kLong; ++i) in.left[i] = in.right[i] = i % 2 == 0 ? TypeParam(1) : TypeParam(-1);
+  for (std::size_t i = 0; i < kLong; ++i)
+    in.left[i] = in.right[i] = i % 2 == 0 ? TypeParam(1) : TypeParam(-1);
   play(plugin, in);
   EXPECT_NEAR(plugin.getWidthMeter(), -0.5, 1e-6);
 }
@@ -74,23 +76,28 @@ TYPED_TEST(Meter, FallsByFifteenSixteenthsIn600Milliseconds) {
   EXPECT_EQ(plugin.getWidthMeter(), 0.5F);  // the upper end: 0.46 s after -0.25
 }
 
-// The other way round: mid rises from nothing while the side is steady, seen one closing time later.
+// The other way round: mid rises from nothing while the side is steady, seen one closing time
+// later.
 TYPED_TEST(Meter, RisesByFifteenSixteenthsIn600Milliseconds) {
-  Player plugin({.rate = kRate, .width = 1.0F, .baseFreq = 0.0F});  // the side follows 400 frames later
+  // the side follows 400 frames later
+  Player plugin({.rate = kRate, .width = 1.0F, .baseFreq = 0.0F});
   const std::size_t closing = framesIn(kClosingTime);
   play(plugin, steady(TypeParam(1), closing));
   const double mid = 15.0 / 16.0;
-  const double side = 2.0 * (1.0 - std::pow(1.0 / 16.0, (static_cast<double>(closing) - 400.0) / 4800.0));
+  const double side =
+      2.0 * (1.0 - std::pow(1.0 / 16.0, (static_cast<double>(closing) - 400.0) / 4800.0));
   EXPECT_NEAR(plugin.getWidthMeter(), scale(mid, side), 1e-5);
 }
 
-// The levels pass their floors one after the other: mid 1e-5, then the side, which was twice as high, 1e-7.
+// The levels pass their floors one after the other: mid 1e-5, then the side, which was twice as
+// high, 1e-7.
 TYPED_TEST(Meter, GoesToZeroInSilence) {
   Player plugin({.rate = kRate, .width = 1.0F});
   settle<TypeParam>(plugin);
-  const double midGone = kClosingTime * std::log(1e5) / std::log(16.0);   // 2.49 s
-  const double sideGone = kClosingTime * std::log(2e7) / std::log(16.0);  // 3.64 s, and one period of 8 frames
-  constexpr double kMargin = 0.01;                                        // s
+  const double midGone = kClosingTime * std::log(1e5) / std::log(16.0);  // 2.49 s
+  // 3.64 s, and one period of 8 frames
+  const double sideGone = kClosingTime * std::log(2e7) / std::log(16.0);
+  constexpr double kMargin = 0.01;  // s
   play(plugin, silence<TypeParam>(framesIn(midGone - kMargin)));
   EXPECT_NEAR(plugin.getWidthMeter(), scale(1.0, 2.0), 5e-3);  // both fall alike
   play(plugin, silence<TypeParam>(framesIn(2.0 * kMargin)));

@@ -134,15 +134,16 @@ TEST(Float2String2, WritesAtMostSixteenBytes) {
   }
 }
 
-// Every value that a display can hold, against the exact decimal: the text is the value rounded half up to one place,
-// where a hair below the half counts as the half.
+// Every value that a display can hold, against the exact decimal: the text is the value rounded
+// half up to one place, where a hair below the half counts as the half.
 TEST(Float2String2, ShowsEveryPercentageToTheNearestTenth) {
   for (int i = 0; i <= 100000; ++i) {
     const float value = static_cast<float>(i) / 1000.0F;
     const double tenths = static_cast<double>(value) * 10.0;
     auto whole = static_cast<long>(tenths);
     if (tenths - static_cast<double>(whole) >= 0.49999) ++whole;
-    EXPECT_EQ(shown(value, 1), std::to_string(whole / 10) + "." + std::to_string(whole % 10)) << value;
+    EXPECT_EQ(shown(value, 1), std::to_string(whole / 10) + "." + std::to_string(whole % 10))
+        << value;
   }
 }
 

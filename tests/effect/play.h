@@ -52,8 +52,9 @@ std::vector<Sample> sideOf(const Stereo<Sample>& out) {
 }
 
 // An instance with these raw values that has just been resumed, so that nothing glides.
+// Hz
 struct Settings {
-  float rate = 44100.0F;  // Hz
+  float rate = 44100.0F;
   float width = 0.5F;     // side gain 0.5, a power of two
   float baseFreq = 1.0F;  // 1000 Hz
   float emphasis = 0.0F;
@@ -73,5 +74,7 @@ inline void configure(Trelvan& plugin, const Settings& settings) {
 
 class Player : public Trelvan {
  public:
-  explicit Player(const Settings& settings = {}) : Trelvan(processHost) { configure(*this, settings); }
+  explicit Player(const Settings& settings = {}) : Trelvan(processHost) {
+    configure(*this, settings);
+  }
 };

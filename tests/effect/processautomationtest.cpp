@@ -14,7 +14,8 @@ class Walk {
   int below(int end) { return static_cast<int>(bits() % static_cast<std::uint32_t>(end)); }
   bool oneIn(int n) { return below(n) == 0; }
 
-  // Both ends and the switches' threshold often, everything between them, seldom what no host should send.
+  // Both ends and the switches' threshold often, everything between them, seldom what no host
+  // should send.
   float value() {
     if (oneIn(50)) return oneIn(2) ? 1.5F : -0.25F;
     constexpr float kMarks[] = {0.0F, 1.0F, 0.49F, 0.5F};
@@ -27,7 +28,8 @@ class Walk {
   }
 
   float rate() {
-    constexpr float kRates[] = {8000.0F, 11025.0F, 44100.0F, 44100.5F, 48000.0F, 96000.0F, 192000.0F, 384000.0F};
+    constexpr float kRates[] = {8000.0F,  11025.0F, 44100.0F,  44100.5F,
+                                48000.0F, 96000.0F, 192000.0F, 384000.0F};
     return kRates[below(static_cast<int>(std::size(kRates)))];
   }
 
@@ -78,14 +80,15 @@ TEST(ProcessHostLife, EqualsTheReferenceThroughout) {
     for (int step = 0; step < 400; ++step) {
       while (walk.oneIn(2)) pair.setParameter(walk.below(7), walk.value());
       if (walk.oneIn(20)) pair.setPreset(walk.below(32));
-      if (walk.oneIn(30)) pair.setSampleRate(walk.rate());  // while on; in force from the next resume or suspend
+      // while on; in force from the next resume or suspend
+      if (walk.oneIn(30)) pair.setSampleRate(walk.rate());
       if (walk.oneIn(30)) pair.suspend();
       if (walk.oneIn(30)) pair.resume();
       const Layout& layout = kWalkLayouts[walk.below(static_cast<int>(std::size(kWalkLayouts)))];
       const int frames = walk.blockSize();
       const auto first = static_cast<std::size_t>(walk.below(2501 - frames));
-      const auto result =
-          walk.oneIn(2) ? pair.block(singles, first, frames, layout) : pair.block(doubles, first, frames, layout);
+      const auto result = walk.oneIn(2) ? pair.block(singles, first, frames, layout)
+                                        : pair.block(doubles, first, frames, layout);
       ASSERT_TRUE(result) << "seed " << seed << ", step " << step;
     }
   }

@@ -1,4 +1,5 @@
-// Which buffers are read and written, in every way a host may connect them, against the reference and by itself.
+// Which buffers are read and written, in every way a host may connect them, against the reference
+// and by itself.
 #include <gtest/gtest.h>
 
 #include "tests/effect/play.h"
@@ -60,12 +61,15 @@ TYPED_TEST(ProcessChannels, EqualTheReferenceWhileTheLayoutChanges) {
   pair.setPreset(14);
   for (int turn = 0; turn < 300; ++turn) {
     if (turn % 11 == 0) pair.setParameter(3, turn % 2 == 0 ? 1.0F : 0.0F);
-    ASSERT_TRUE(pair.all(signal, {100}, kLayouts[static_cast<std::size_t>(turn * 7) % std::size(kLayouts)])) << turn;
+    ASSERT_TRUE(
+        pair.all(signal, {100}, kLayouts[static_cast<std::size_t>(turn * 7) % std::size(kLayouts)]))
+        << turn;
   }
 }
 
 TYPED_TEST(ProcessChannels, TakeTheInputSampleAsMidWhenMono) {
-  // The sides of plus and minus cancel in the sum of the outputs, and these values leave every bit exact.
+  // The sides of plus and minus cancel in the sum of the outputs, and these values leave every bit
+  // exact.
   Stereo<TypeParam> signal{std::vector<TypeParam>(500), std::vector<TypeParam>(500)};
   Noise noise(9);
   for (std::size_t i = 0; i < signal.left.size(); ++i) {

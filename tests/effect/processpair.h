@@ -1,4 +1,5 @@
-// The plug-in and the reference side by side: both get every call and every buffer, and are compared after each block.
+// The plug-in and the reference side by side: both get every call and every buffer, and are
+// compared after each block.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -25,7 +26,8 @@ using BitsOf = std::conditional_t<sizeof(Sample) == 4, std::uint32_t, std::uint6
 // over, so all NaNs count as one.
 template <typename Sample>
 bool sameBits(Sample a, Sample b) {
-  return std::bit_cast<BitsOf<Sample>>(a) == std::bit_cast<BitsOf<Sample>>(b) || (std::isnan(a) && std::isnan(b));
+  return std::bit_cast<BitsOf<Sample>>(a) == std::bit_cast<BitsOf<Sample>>(b) ||
+         (std::isnan(a) && std::isnan(b));
 }
 
 // What the host hands over for the four channels: a number of one of four buffers, or none.
@@ -57,8 +59,8 @@ class ProcessPair {
     plugin.setParameter(index, value);
     reference->setParameter(index, value);
   }
-  // Takes the preset's values from the bank, whose contents are another test's concern. What earlier automation left
-  // there outside 0..1 is not applied.
+  // Takes the preset's values from the bank, whose contents are another test's concern. What
+  // earlier automation left there outside 0..1 is not applied.
   void setPreset(int number) {
     plugin.setPresetNo(number);
     for (int index = 0; index < 5; ++index) {
@@ -75,8 +77,8 @@ class ProcessPair {
     reference->suspend();
   }
 
-  // One block through both. Every buffer is compared whole, those that nothing should write among them, and so is the
-  // meter. frames: as many as the signal has from `first` on, at most.
+  // One block through both. Every buffer is compared whole, those that nothing should write among
+  // them, and so is the meter. frames: as many as the signal has from `first` on, at most.
   template <typename Sample>
   testing::AssertionResult block(const Stereo<Sample>& signal, std::size_t first, int frames,
                                  const Layout& layout = kStereo) {
@@ -84,18 +86,21 @@ class ProcessPair {
     auto mine = buffers(signal, first, frames);
     auto theirs = mine;
     run(mine, layout, [&](Sample** in, Sample** out) { pluginProcess(in, out, frames); });
-    run(theirs, layout, [&](Sample** in, Sample** out) { referenceProcess(in, out, frames, layout); });
+    run(theirs, layout,
+        [&](Sample** in, Sample** out) { referenceProcess(in, out, frames, layout); });
     for (std::size_t buffer = 0; buffer < mine.size(); ++buffer) {
       for (std::size_t i = 0; i < mine[buffer].size(); ++i) {
         if (sameBits(mine[buffer][i], theirs[buffer][i])) continue;
-        return testing::AssertionFailure() << layout.name << ": buffer " << buffer << ", frame " << first + i << ": "
-                                           << mine[buffer][i] << " is not " << theirs[buffer][i];
+        return testing::AssertionFailure()
+               << layout.name << ": buffer " << buffer << ", frame " << first + i << ": "
+               << mine[buffer][i] << " is not " << theirs[buffer][i];
       }
     }
     if (!sameBits(plugin.getWidthMeter(), reference->getWidthMeter())) {
-      return testing::AssertionFailure() << layout.name << ": after frame " << first + static_cast<std::size_t>(frames)
-                                         << " the meter reads " << plugin.getWidthMeter() << ", not "
-                                         << reference->getWidthMeter();
+      return testing::AssertionFailure()
+             << layout.name << ": after frame " << first + static_cast<std::size_t>(frames)
+             << " the meter reads " << plugin.getWidthMeter() << ", not "
+             << reference->getWidthMeter();
     }
     return testing::AssertionSuccess();
   }
@@ -106,7 +111,8 @@ class ProcessPair {
                                const Layout& layout = kStereo) {
     std::size_t first = 0;
     for (std::size_t turn = 0; first < signal.left.size(); ++turn) {
-      const int frames = std::min(sizes[turn % sizes.size()], static_cast<int>(signal.left.size() - first));
+      const int frames =
+          std::min(sizes[turn % sizes.size()], static_cast<int>(signal.left.size() - first));
       if (const auto result = block(signal, first, frames, layout); !result) return result;
       first += static_cast<std::size_t>(frames);
     }
@@ -151,19 +157,26 @@ class ProcessPair {
 
   template <typename Sample, typename Process>
   static void run(Buffers<Sample>& data, const Layout& layout, Process&& process) {
-    const auto pointer = [&](int buffer) { return buffer == Layout::kNone ? nullptr : data[at(buffer)].data(); };
+    const auto pointer = [&](int buffer) {
+      return buffer == Layout::kNone ? nullptr : data[at(buffer)].data();
+    };
     Sample* ins[] = {pointer(layout.inL), pointer(layout.inR)};
     Sample* outs[] = {pointer(layout.outL), pointer(layout.outR)};
     process(ins, outs);
   }
 
-  void pluginProcess(float** in, float** out, int frames) { plugin.processReplacing(in, out, frames); }
-  void pluginProcess(double** in, double** out, int frames) { plugin.processDoubleReplacing(in, out, frames); }
+  void pluginProcess(float** in, float** out, int frames) {
+    plugin.processReplacing(in, out, frames);
+  }
+  void pluginProcess(double** in, double** out, int frames) {
+    plugin.processDoubleReplacing(in, out, frames);
+  }
   void referenceProcess(float** in, float** out, int frames, const Layout& layout) {
     reference->processReplacing(in, out, frames, layout.rightInConnected, layout.rightOutConnected);
   }
   void referenceProcess(double** in, double** out, int frames, const Layout& layout) {
-    reference->processDoubleReplacing(in, out, frames, layout.rightInConnected, layout.rightOutConnected);
+    reference->processDoubleReplacing(in, out, frames, layout.rightInConnected,
+                                      layout.rightOutConnected);
   }
 
   Pins pins;

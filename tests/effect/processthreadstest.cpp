@@ -1,4 +1,5 @@
-// Processing while other threads automate, look and save: made for the thread sanitizer, and checked for what is heard.
+// Processing while other threads automate, look and save: made for the thread sanitizer, and
+// checked for what is heard.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -44,7 +45,8 @@ TYPED_TEST(Threads, AutomateLookAndSaveWhileTheAudioThreadProcesses) {
   std::atomic<int> astray = 0;  // what the user interface saw beside its range
 
   std::thread automation = repeat(start, ended, [&, random = std::mt19937(7)]() mutable {
-    plugin.setParameter(static_cast<VstInt32>(random() % 7), static_cast<float>(random() >> 8) * 0x1p-24F);
+    plugin.setParameter(static_cast<VstInt32>(random() % 7),
+                        static_cast<float>(random() >> 8) * 0x1p-24F);
     ++moves;
   });
   std::thread userInterface = repeat(start, ended, [&] {
@@ -72,7 +74,8 @@ TYPED_TEST(Threads, AutomateLookAndSaveWhileTheAudioThreadProcesses) {
     const auto out = play(plugin, in);
     for (std::size_t i = 0; i < kFrames; ++i) {
       // At most mid of 1, and a side of gain 2 with a tap of 1 on top of its own 1.
-      if (!(std::fabs(out.left[i]) <= TypeParam(5)) || !(std::fabs(out.right[i]) <= TypeParam(5))) ++wild;
+      if (!(std::fabs(out.left[i]) <= TypeParam(5)) || !(std::fabs(out.right[i]) <= TypeParam(5)))
+        ++wild;
     }
   }
   ended = true;
@@ -93,7 +96,8 @@ TYPED_TEST(Threads, InstancesDoNotHearEachOther) {
   const auto live = [&](int preset) {
     ProcessPair pair;
     pair.setPreset(preset);
-    const auto signal = makeSignal<TypeParam>(Signal::kNoise, 20000, static_cast<std::uint32_t>(preset));
+    const auto signal =
+        makeSignal<TypeParam>(Signal::kNoise, 20000, static_cast<std::uint32_t>(preset));
     start.arrive_and_wait();
     if (!pair.all(signal, {kFrames})) ++failures;
   };

@@ -1,4 +1,5 @@
-// What every listener may rely on: the mono sum, bypass, the phase switch, zero width, resume and suspend.
+// What every listener may rely on: the mono sum, bypass, the phase switch, zero width, resume and
+// suspend.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -21,8 +22,8 @@ template <typename Sample>
 class Properties : public testing::Test {};
 TYPED_TEST_SUITE(Properties, Precisions, PrecisionNames);
 
-// Noise in steps of 2^-12: sums, halves and products with 0.5 stay exact in both precisions, and the flush constant is
-// below all rounding.
+// Noise in steps of 2^-12: sums, halves and products with 0.5 stay exact in both precisions, and
+// the flush constant is below all rounding.
 template <typename Sample>
 Stereo<Sample> coarseNoise(std::size_t frames, std::uint32_t seed) {
   Noise noise(seed);
@@ -37,7 +38,8 @@ Stereo<Sample> coarseNoise(std::size_t frames, std::uint32_t seed) {
 // Distance to the next number above.
 template <typename Sample>
 Sample spacing(Sample value) {
-  return std::nextafter(std::fabs(value), std::numeric_limits<Sample>::infinity()) - std::fabs(value);
+  return std::nextafter(std::fabs(value), std::numeric_limits<Sample>::infinity()) -
+         std::fabs(value);
 }
 
 }  // namespace
@@ -95,9 +97,11 @@ TYPED_TEST(Properties, PhaseOnSwapsTheSignOfTheSide) {
 TYPED_TEST(Properties, PhaseSwitchesFromOneBlockToTheNext) {
   Player plugin;
   play(plugin, steady(TypeParam(1), 100));  // the delay of 45 frames is over
-  EXPECT_EQ(sideOf(play(plugin, steady(TypeParam(1), 3))), std::vector<TypeParam>(3, TypeParam(0.5)));
+  EXPECT_EQ(sideOf(play(plugin, steady(TypeParam(1), 3))),
+            std::vector<TypeParam>(3, TypeParam(0.5)));
   plugin.setParameter(4, 1.0F);
-  EXPECT_EQ(sideOf(play(plugin, steady(TypeParam(1), 3))), std::vector<TypeParam>(3, TypeParam(-0.5)));
+  EXPECT_EQ(sideOf(play(plugin, steady(TypeParam(1), 3))),
+            std::vector<TypeParam>(3, TypeParam(-0.5)));
 }
 
 TYPED_TEST(Properties, WidthZeroGivesMidOnBothSidesAndTheMeterFullMid) {
@@ -167,7 +171,8 @@ TYPED_TEST(Properties, DenormalInputIsSilence) {
 TYPED_TEST(Properties, NoDenormalIsLeftWhenASoundHasDiedAway) {
   Player plugin({.rate = 8000.0F, .width = 1.0F, .emphasis = 1.0F});
   play(plugin, makeSignal<TypeParam>(Signal::kNoise, 20000));
-  for (int index = 0; index < 3; ++index) plugin.setParameter(index, 0.0F);  // every glide goes to its lowest value
+  // every glide goes to its lowest value
+  for (int index = 0; index < 3; ++index) plugin.setParameter(index, 0.0F);
   const auto quiet = silence<TypeParam>(8000);
   for (int second = 0; second < 60; ++second) {
     const auto out = play(plugin, quiet);

@@ -1,4 +1,5 @@
-// The audio thread's rule: processing and what else hosts call there asks for no memory and takes no lock.
+// The audio thread's rule: processing and what else hosts call there asks for no memory and takes
+// no lock.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -66,7 +67,8 @@ TEST(RealtimeCalls, SwitchingOnAndOffAllocatesAndLocksNothing) {
   Player plugin;
   AEffect* effect = plugin.getAeffect();
   RealtimeWatch watch;
-  for (const VstIntPtr on : {0, 1, 1, 0}) effect->dispatcher(effect, effMainsChanged, 0, on, nullptr, 0.0F);
+  for (const VstIntPtr on : {0, 1, 1, 0})
+    effect->dispatcher(effect, effMainsChanged, 0, on, nullptr, 0.0F);
   effect->dispatcher(effect, effSetSampleRate, 0, 0, nullptr, 96000.0F);
   effect->dispatcher(effect, effSetBlockSize, 0, 512, nullptr, 0.0F);
   EXPECT_EQ(watch.allocations(), 0U);

@@ -3,9 +3,9 @@
 
 #include <cstddef>
 
-// Counts from its construction until its destruction, on the thread that made it. One at a time on a thread.
-// Memory asked for through operator new is seen everywhere; malloc and mutexes where the system lets a program stand
-// in front of them.
+// Counts from its construction until its destruction, on the thread that made it. One at a time on
+// a thread. Memory asked for through operator new is seen everywhere; malloc and mutexes where the
+// system lets a program stand in front of them.
 class RealtimeWatch {
  public:
   RealtimeWatch();

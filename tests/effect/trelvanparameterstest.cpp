@@ -156,7 +156,8 @@ TEST_F(TrelvanParameters, AreZeroWhereThereIsNone) {
 
 TEST_F(TrelvanParameters, StoreInTheCurrentPreset) {
   effect.setPresetNo(9);
-  for (VstInt32 index = 0; index < 5; ++index) effect.setParameter(index, 0.1F * static_cast<float>(index + 1));
+  for (VstInt32 index = 0; index < 5; ++index)
+    effect.setParameter(index, 0.1F * static_cast<float>(index + 1));
   for (VstInt32 index = 0; index < 5; ++index) {
     EXPECT_EQ(effect.preset(9).parameter(index), 0.1F * static_cast<float>(index + 1));
   }
@@ -165,7 +166,8 @@ TEST_F(TrelvanParameters, StoreInTheCurrentPreset) {
 TEST_F(TrelvanParameters, OutsideTheFiveAreNotStored) {
   const ACombProgram before = effect.preset(0);
   for (const VstInt32 index : {-1, 5, 6, 7}) effect.setParameter(index, 0.75F);
-  for (VstInt32 index = 0; index < 5; ++index) EXPECT_EQ(effect.preset(0).parameter(index), before.parameter(index));
+  for (VstInt32 index = 0; index < 5; ++index)
+    EXPECT_EQ(effect.preset(0).parameter(index), before.parameter(index));
 }
 
 TEST_F(TrelvanParameters, FiveChangesNothingButReachesTheEditor) {
@@ -205,8 +207,10 @@ TEST_F(TrelvanParameters, TakeValuesOutsideTheirRangeAsGiven) {
 }
 
 TEST_F(TrelvanParameters, CanBeAutomatedFromZeroToFour) {
-  for (VstInt32 index = 0; index < 5; ++index) EXPECT_TRUE(effect.canParameterBeAutomated(index)) << index;
-  for (const VstInt32 index : {-1, 5, 6, 7}) EXPECT_FALSE(effect.canParameterBeAutomated(index)) << index;
+  for (VstInt32 index = 0; index < 5; ++index)
+    EXPECT_TRUE(effect.canParameterBeAutomated(index)) << index;
+  for (const VstInt32 index : {-1, 5, 6, 7})
+    EXPECT_FALSE(effect.canParameterBeAutomated(index)) << index;
 }
 
 TEST_F(TrelvanParameters, AreTakenAsPlaceholdersOnlyBehindTheFive) {

@@ -1,4 +1,5 @@
-// The plug-in's sound against the reference, bit by bit: presets, sample rates, signals, blocks and precisions.
+// The plug-in's sound against the reference, bit by bit: presets, sample rates, signals, blocks and
+// precisions.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,8 +10,8 @@
 
 namespace {
 
-// Hz. 96001: times the glide time it has more digits than a float. 384000: one period of the lowest frequency is longer
-// than the delay line, so the read offset is negative.
+// Hz. 96001: times the glide time it has more digits than a float. 384000: one period of the lowest
+// frequency is longer than the delay line, so the read offset is negative.
 constexpr float kRates[] = {8000.0F,  11025.0F, 22050.0F, 44100.0F,  44100.5F, 48000.0F,
                             88200.0F, 96000.0F, 96001.0F, 192000.0F, 384000.0F};
 constexpr int kPresets = 32;
@@ -22,7 +23,8 @@ std::size_t period(float rate, float hz) {
 
 const std::vector<std::vector<int>> kDivisions = {
     {1},
-    {2, 3, 5, 7, 11, 13, 17, 19, 23, 29, 31, 37, 41, 43, 47, 53, 59, 61, 67, 71, 73, 79, 83, 89, 97, 997},
+    {2,  3,  5,  7,  11, 13, 17, 19, 23, 29, 31, 37, 41,
+     43, 47, 53, 59, 61, 67, 71, 73, 79, 83, 89, 97, 997},
     {0, 1, 0, 0, 300, 0},
     {16},
     {64},
@@ -55,7 +57,8 @@ TEST(Targets, EqualTheReferenceForEveryRawValue) {
 TYPED_TEST(Process, EqualsTheReferenceForEveryFactoryPresetAtEveryRate) {
   ProcessPair pair;
   for (const float rate : kRates) {
-    // The lowest base frequency among the factory presets is above 31 Hz, so every preset is heard delayed.
+    // The lowest base frequency among the factory presets is above 31 Hz, so every preset is heard
+    // delayed.
     const auto signal = makeSignal<TypeParam>(Signal::kNoise, 1000 + period(rate, 31.0F));
     pair.setSampleRate(rate);
     for (int preset = 0; preset < kPresets; ++preset) {
@@ -126,7 +129,8 @@ TYPED_TEST(Process, EqualsTheReferenceWhenSumsOverflow) {
     ASSERT_TRUE(pair.all(noise)) << process << ", afterwards";
     pair.resume();
     ASSERT_TRUE(pair.all(noise)) << process << ", after a resume";
-    ASSERT_TRUE(std::isfinite(pair.plugin.getWidthMeter()));  // a resume ends every infinity and NaN
+    // a resume ends every infinity and NaN
+    ASSERT_TRUE(std::isfinite(pair.plugin.getWidthMeter()));
   }
 }
 
@@ -139,14 +143,16 @@ TYPED_TEST(Process, EqualsTheReferenceWhileASoundDiesAway) {
     pair.resume();
     ASSERT_TRUE(pair.all(makeSignal<TypeParam>(Signal::kNoise, 8000), {64}));
     pair.setParameter(3, process);
-    ASSERT_TRUE(pair.all(makeSignal<TypeParam>(Signal::kSilence, 200000), {64})) << "process " << process;
+    ASSERT_TRUE(pair.all(makeSignal<TypeParam>(Signal::kSilence, 200000), {64}))
+        << "process " << process;
     pair.setParameter(3, 1.0F);
-    ASSERT_TRUE(pair.all(makeSignal<TypeParam>(Signal::kNoise, 8000), {64})) << "process " << process;
+    ASSERT_TRUE(pair.all(makeSignal<TypeParam>(Signal::kNoise, 8000), {64}))
+        << "process " << process;
   }
 }
 
-// Values beyond 0..1 are taken as given. Far above, the read offset is the whole line: the newest frame itself, whose
-// neighbour is the oldest.
+// Values beyond 0..1 are taken as given. Far above, the read offset is the whole line: the newest
+// frame itself, whose neighbour is the oldest.
 TYPED_TEST(Process, EqualsTheReferenceForRawValuesThatNoHostShouldSend) {
   constexpr float kInfinity = std::numeric_limits<float>::infinity();
   for (const Signal kind : {Signal::kNoise, Signal::kOverflowing}) {
@@ -158,7 +164,8 @@ TYPED_TEST(Process, EqualsTheReferenceForRawValuesThatNoHostShouldSend) {
         pair.resume();
         ASSERT_TRUE(pair.all(signal));
         pair.setParameter(index, value);
-        ASSERT_TRUE(pair.all(signal)) << nameOf(kind) << ", parameter " << index << ", " << value << ", gliding";
+        ASSERT_TRUE(pair.all(signal))
+            << nameOf(kind) << ", parameter " << index << ", " << value << ", gliding";
         pair.resume();
         ASSERT_TRUE(pair.all(signal)) << nameOf(kind) << ", parameter " << index << ", " << value;
       }
@@ -205,8 +212,11 @@ TYPED_TEST(Process, GivesTheSameBitsForEveryDivisionIntoBlocks) {
     ASSERT_NE(whole.left, whole.right);
     for (std::size_t division = 0; division < kDivisions.size(); ++division) {
       const auto cut = render(kDivisions[division], process);
-      ASSERT_TRUE(std::equal(whole.left.begin(), whole.left.end(), cut.left.begin(), sameBits<TypeParam>)) << division;
-      ASSERT_TRUE(std::equal(whole.right.begin(), whole.right.end(), cut.right.begin(), sameBits<TypeParam>))
+      ASSERT_TRUE(
+          std::equal(whole.left.begin(), whole.left.end(), cut.left.begin(), sameBits<TypeParam>))
+          << division;
+      ASSERT_TRUE(std::equal(whole.right.begin(), whole.right.end(), cut.right.begin(),
+                             sameBits<TypeParam>))
           << division;
     }
   }

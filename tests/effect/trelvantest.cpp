@@ -17,7 +17,8 @@ using testing::ElementsAreArray;
 
 class TrelvanTest : public testing::Test {
  protected:
-  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F) {
+  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr,
+                 float opt = 0.0F) {
     return effect.getAeffect()->dispatcher(effect.getAeffect(), opcode, index, value, ptr, opt);
   }
   VstIntPtr canDo(std::string question) { return send(effCanDo, 0, 0, question.data()); }
@@ -31,7 +32,8 @@ class TrelvanTest : public testing::Test {
     out.numChannels = outs;
     return effect.setSpeakerArrangement(&in, &out);
   }
-  // Left out of one frame of 1 on the left and 0.5 on the right, bypassed: tells whether the second input is read.
+  // Left out of one frame of 1 on the left and 0.5 on the right, bypassed: tells whether the second
+  // input is read.
   bool readsTheSecondInput() {
     effect.setParameter(3, 0.0F);
     float left = 1.0F;
@@ -71,10 +73,11 @@ TEST_F(TrelvanTest, AsksTheHostInOrderWhileItIsMade) {
   EXPECT_THAT(std::vector<VstInt32>(calls.begin(), calls.begin() + 2),
               ElementsAre(audioMasterGetOutputLatency, audioMasterGetBlockSize));
   // At the end preset 0 is selected, then come suspend, resume and suspend.
-  EXPECT_THAT(std::vector<VstInt32>(calls.end() - 9, calls.end()),
-              ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit,
-                          audioMasterGetOutputLatency, audioMasterGetBlockSize, audioMasterGetOutputLatency,
-                          audioMasterGetBlockSize, audioMasterGetOutputLatency, audioMasterGetBlockSize));
+  EXPECT_THAT(
+      std::vector<VstInt32>(calls.end() - 9, calls.end()),
+      ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit,
+                  audioMasterGetOutputLatency, audioMasterGetBlockSize, audioMasterGetOutputLatency,
+                  audioMasterGetBlockSize, audioMasterGetOutputLatency, audioMasterGetBlockSize));
 }
 
 TEST_F(TrelvanTest, AsksForLatencyAndBlockSizeOnResumeAndSuspend) {
@@ -156,9 +159,10 @@ TEST_F(TrelvanTest, CanDoFourThings) {
 }
 
 TEST_F(TrelvanTest, CanDoNothingElseAndNeverSaysMinusOne) {
-  for (const char* question : {"bypass", "receiveVstMidiEvent", "receiveVstEvents", "sendVstEvents", "plugAsSend",
-                               "mixDryWet", "midiProgramNames", "supportsViewDpiScaling", "", "Offline", "OFFLINE",
-                               "offline ", " offline", "2in2ou", "1in2out2", "PlugAsChannelInsert"}) {
+  for (const char* question :
+       {"bypass", "receiveVstMidiEvent", "receiveVstEvents", "sendVstEvents", "plugAsSend",
+        "mixDryWet", "midiProgramNames", "supportsViewDpiScaling", "", "Offline", "OFFLINE",
+        "offline ", " offline", "2in2ou", "1in2out2", "PlugAsChannelInsert"}) {
     EXPECT_EQ(canDo(question), 0) << question;
   }
 }
@@ -238,7 +242,8 @@ TEST_F(TrelvanTest, RefusesEveryOtherArrangementAndIsStereoAgain) {
   const VstInt32 refused[][2] = {{1, 1}, {2, 1}, {0, 0}, {0, 2}, {6, 6}, {2, 6}, {1, 6}, {-1, 2}};
   for (const auto& channels : refused) {
     EXPECT_TRUE(arrange(1, 2));
-    EXPECT_FALSE(arrange(channels[0], channels[1])) << channels[0] << " in " << channels[1] << " out";
+    EXPECT_FALSE(arrange(channels[0], channels[1]))
+        << channels[0] << " in " << channels[1] << " out";
     EXPECT_TRUE(readsTheSecondInput());
   }
 }
@@ -298,7 +303,8 @@ TEST_F(TrelvanTest, KeepsTheInterfacesOtherDefaults) {
 }
 
 TEST_F(TrelvanTest, CanBeAutomatedAtEveryIndexOfARealParameter) {
-  for (VstInt32 index = 0; index < 5; ++index) EXPECT_EQ(send(effCanBeAutomated, index), 1) << index;
+  for (VstInt32 index = 0; index < 5; ++index)
+    EXPECT_EQ(send(effCanBeAutomated, index), 1) << index;
   EXPECT_EQ(send(effCanBeAutomated, 5), 0);
   EXPECT_EQ(send(effCanBeAutomated, -1), 0);
 }
@@ -312,14 +318,18 @@ TEST_F(TrelvanTest, TellsTheHostOfAnAutomatedChange) {
   EXPECT_EQ(host.calls[0].opt, 0.25F);
 }
 
-// Some hosts answer an automation message by setting the parameter, on the same thread and inside the message.
+// Some hosts answer an automation message by setting the parameter, on the same thread and inside
+// the message.
 TEST_F(TrelvanTest, TakesAParameterThatTheHostSetsBackInsideTheMessage) {
   host.calls.clear();
-  host.onCall = [](const RecordingHost::Call& call) { call.effect->setParameter(call.effect, call.index, 0.5F); };
+  host.onCall = [](const RecordingHost::Call& call) {
+    call.effect->setParameter(call.effect, call.index, 0.5F);
+  };
   effect.setParameterAutomated(0, 0.25F);
   EXPECT_EQ(effect.getParameter(0), 0.5F) << "the host's word is the last";
   EXPECT_EQ(effect.preset(0).width, 0.5F);
-  EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterAutomate)) << "and no further message comes of it";
+  EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterAutomate))
+      << "and no further message comes of it";
 }
 
 // A host that sets the parameter back on the same thread would go round for ever.

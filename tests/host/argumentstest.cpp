@@ -44,12 +44,13 @@ TEST(Arguments, HaveUsualDefaults) {
 }
 
 TEST(Arguments, TakeEveryOption) {
-  const Arguments arguments =
-      parsed({"a.wav",        "b.wav",  "-o",        "out/",   "--force", "--format", "pcm24",       "--gain",
-              "-3dB",         "--tail", "1.5s",      "--plot", "p/",      "-j",       "4",           "-q",
-              "--preset",     "mix 1",  "--bank",    "x.orb",  "--width", "75%",      "--base-freq", "265Hz",
-              "--emphasis",   "0.3",    "--process", "on",     "--phase", "off",      "--state",     "s",
-              "--save-state", "t",      "--plugin",  "P.vst",  "--block", "64",       "--double"});
+  const Arguments arguments = parsed(
+      {"a.wav",   "b.wav",       "-o",       "out/",       "--force",      "--format",  "pcm24",
+       "--gain",  "-3dB",        "--tail",   "1.5s",       "--plot",       "p/",        "-j",
+       "4",       "-q",          "--preset", "mix 1",      "--bank",       "x.orb",     "--width",
+       "75%",     "--base-freq", "265Hz",    "--emphasis", "0.3",          "--process", "on",
+       "--phase", "off",         "--state",  "s",          "--save-state", "t",         "--plugin",
+       "P.vst",   "--block",     "64",       "--double"});
   EXPECT_THAT(arguments.inputs, ElementsAre("a.wav", "b.wav"));
   EXPECT_TRUE(arguments.force);
   EXPECT_EQ(arguments.format, SampleFormat::pcm24);
@@ -69,14 +70,16 @@ TEST(Arguments, TakeEveryOption) {
 }
 
 TEST(Arguments, TakeSettingsApartAndNoFileForASetting) {
-  const Arguments arguments = parsed({"--set", "Gain=0.5", "in.wav", "--set", "1=a=b", "-o", "o.wav"});
+  const Arguments arguments =
+      parsed({"--set", "Gain=0.5", "in.wav", "--set", "1=a=b", "-o", "o.wav"});
   EXPECT_THAT(arguments.inputs, ElementsAre("in.wav"));
   ASSERT_EQ(arguments.state.settings.size(), 2U);
   EXPECT_EQ(arguments.state.settings[0].parameter, "Gain");
   EXPECT_EQ(arguments.state.settings[0].value, "0.5");
   EXPECT_EQ(arguments.state.settings[1].value, "a=b");
   for (const char* setting : {"Gain", "=0.5", "Gain="}) {
-    EXPECT_THAT(refusalOf({"--set", setting, "a.wav", "-o", "b.wav"}), HasSubstr("NAME=VALUE")) << setting;
+    EXPECT_THAT(refusalOf({"--set", setting, "a.wav", "-o", "b.wav"}), HasSubstr("NAME=VALUE"))
+        << setting;
   }
 }
 
@@ -124,10 +127,11 @@ TEST(Arguments, ReturnHelpAndVersionAsTexts) {
   const ParsedArguments help = parseArguments({"--help"});
   EXPECT_FALSE(help.arguments);
   for (const char* option :
-       {"--output",  "--preset",       "--bank",        "--width",      "--base-freq", "--emphasis", "--process",
-        "--phase",   "--set",          "--state",       "--save-state", "--block",     "--double",   "--tail",
-        "--plugin",  "--list-presets", "--list-params", "--info",       "--plot",      "--jobs",     "--quiet",
-        "--version", "--help",         "--force",       "--gain",       "--format"}) {
+       {"--output",  "--preset", "--bank",   "--width",        "--base-freq",   "--emphasis",
+        "--process", "--phase",  "--set",    "--state",        "--save-state",  "--block",
+        "--double",  "--tail",   "--plugin", "--list-presets", "--list-params", "--info",
+        "--plot",    "--jobs",   "--quiet",  "--version",      "--help",        "--force",
+        "--gain",    "--format"}) {
     EXPECT_THAT(help.text, HasSubstr(option));
   }
   EXPECT_THAT(help.text, HasSubstr("0.5 is 265 Hz")) << "what a bare number means";

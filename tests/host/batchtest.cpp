@@ -19,7 +19,8 @@ class Batches : public ProgramTest {
     std::vector<std::string> files;
     for (int i = 0; i < count; ++i) {
       files.push_back("file" + std::to_string(i) + ".wav");
-      Sound sound = noise(3000U * static_cast<std::size_t>(count - i), 1 + i % 2, static_cast<unsigned>(i + 1));
+      Sound sound = noise(3000U * static_cast<std::size_t>(count - i), 1 + i % 2,
+                          static_cast<unsigned>(i + 1));
       sound.rate = i % 3 == 0 ? 44100 : 48000;
       writeSound(in(files.back()), sound, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
     }
@@ -37,7 +38,8 @@ class Batches : public ProgramTest {
 TEST_F(Batches, GiveTheSameFilesSeriallyAndInParallel) {
   const auto files = makeFiles(9);
   const Outcome serial = convert(files, {"-o", "serial", "--preset", "room 1", "--tail", "auto"});
-  const Outcome parallel = convert(files, {"-o", "parallel", "--preset", "room 1", "--tail", "auto", "-j", "4"});
+  const Outcome parallel =
+      convert(files, {"-o", "parallel", "--preset", "room 1", "--tail", "auto", "-j", "4"});
   EXPECT_EQ(serial.status, 0) << serial.error;
   EXPECT_EQ(parallel.status, 0) << parallel.error;
   for (const std::string& file : files) {
@@ -77,7 +79,8 @@ TEST_F(Batches, MakeTheFolderAndRemoveItAgainWhenNothingCameOfIt) {
   writeText(in("worse.wav"), "no sound either");
   EXPECT_EQ(widen({"bad.wav", "worse.wav", "-o", "out"}).status, 1);
   EXPECT_THAT(names(), ElementsAre("bad.wav", "worse.wav"));
-  EXPECT_THAT(widen({"bad.wav", "worse.wav", "-o", "no/such/out"}).error, HasSubstr("cannot be made"));
+  EXPECT_THAT(widen({"bad.wav", "worse.wav", "-o", "no/such/out"}).error,
+              HasSubstr("cannot be made"));
 }
 
 TEST_F(Batches, DrawAPictureForEveryFile) {
@@ -90,6 +93,7 @@ TEST_F(Batches, DrawAPictureForEveryFile) {
 
 TEST_F(Batches, SayOnceWhatIsWrongWithTheEffectsState) {
   const auto files = makeFiles(3);
-  expectRefusal(convert(files, {"-o", "out", "--preset", "nonsense", "-j", "3"}), 1, "no preset \"nonsense\"");
+  expectRefusal(convert(files, {"-o", "out", "--preset", "nonsense", "-j", "3"}), 1,
+                "no preset \"nonsense\"");
   EXPECT_FALSE(std::filesystem::exists(in("out")));
 }

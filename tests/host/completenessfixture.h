@@ -64,7 +64,8 @@ class Completeness : public FolderTest {
 
   static std::string number(std::uint64_t value, int bytes, bool bigEndian) {
     std::string text;
-    for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> 8 * (bigEndian ? bytes - 1 - i : i));
+    for (int i = 0; i < bytes; ++i)
+      text += static_cast<char>(value >> 8 * (bigEndian ? bytes - 1 - i : i));
     return text;
   }
 };

@@ -36,7 +36,8 @@ TEST_F(Completeness, RefusesAnOggWithAFlippedBitAnywhere) {
     std::string damaged = bytes;
     damaged.back() ^= 4;
     writeText(in("a.ogg"), damaged);
-    EXPECT_THAT(reading("a.ogg").failure, HasSubstr("is damaged at byte " + std::to_string(bytes.rfind("OggS"))));
+    EXPECT_THAT(reading("a.ogg").failure,
+                HasSubstr("is damaged at byte " + std::to_string(bytes.rfind("OggS"))));
   }
 }
 

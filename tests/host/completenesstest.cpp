@@ -80,10 +80,11 @@ TEST_F(Completeness, TakesEveryTypeThatTheLibraryReads) {
 
 TEST_F(Completeness, TakesWhatFollowsTheSound) {
   const std::string tag = "TAG" + std::string(125, ' ');  // ID3v1
-  const int formats[] = {SF_FORMAT_WAV | SF_FORMAT_PCM_16,  SF_FORMAT_WAV | SF_FORMAT_PCM_24,
-                         SF_FORMAT_AIFF | SF_FORMAT_PCM_16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16,
-                         SF_FORMAT_OGG | SF_FORMAT_VORBIS,  SF_FORMAT_OGG | SF_FORMAT_OPUS,
-                         SF_FORMAT_AU | SF_FORMAT_PCM_16,   SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III};
+  const int formats[] = {
+      SF_FORMAT_WAV | SF_FORMAT_PCM_16,  SF_FORMAT_WAV | SF_FORMAT_PCM_24,
+      SF_FORMAT_AIFF | SF_FORMAT_PCM_16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16,
+      SF_FORMAT_OGG | SF_FORMAT_VORBIS,  SF_FORMAT_OGG | SF_FORMAT_OPUS,
+      SF_FORMAT_AU | SF_FORMAT_PCM_16,   SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III};
   for (const int format : formats) {
     const std::string bytes = bytesOf(format, 1);
     if (bytes.empty()) continue;  // a library without MP3
@@ -125,7 +126,8 @@ TEST_F(Completeness, TakesAnOddSoundWithAndWithoutItsPadding) {
   EXPECT_EQ(reading("a.wav").failure, "");
   EXPECT_EQ(reading("a.wav").frames, 101);
   std::filesystem::resize_file(in("a.wav"), 44 + 100);
-  EXPECT_THAT(reading("a.wav").failure, HasSubstr("is cut short: its header names 101 bytes of sound, 100 are there"));
+  EXPECT_THAT(reading("a.wav").failure,
+              HasSubstr("is cut short: its header names 101 bytes of sound, 100 are there"));
 }
 
 // Sizes of writers that do not know the length: all ones, a little less, or the largest signed
@@ -135,12 +137,14 @@ TEST_F(Completeness, TakesLengthsThatAWriterIntoAPipeLeftOpen) {
     const std::string bytes = bytesOf(field.libFormat, 2);
     ASSERT_FALSE(bytes.empty()) << field.name;
     const std::size_t at = bytes.find(field.chunk) + field.offset;
-    std::vector<std::uint64_t> open = {0xFFFFFFFF, 0xFFFFFFDB, 0x7FFFF000, 0x7FFFEFFC, 0x7FFFFFFF, 0x80000000};
+    std::vector<std::uint64_t> open = {0xFFFFFFFF, 0xFFFFFFDB, 0x7FFFF000,
+                                       0x7FFFEFFC, 0x7FFFFFFF, 0x80000000};
     if (field.bigEndian) open.push_back(0x7F000008 - 4);
     if (field.bytes == 8) open = {~std::uint64_t{0}, ~std::uint64_t{0} >> 1};
     for (const std::uint64_t size : open) {
       std::string changed = bytes;
-      changed.replace(at, static_cast<std::size_t>(field.bytes), number(size, field.bytes, field.bigEndian));
+      changed.replace(at, static_cast<std::size_t>(field.bytes),
+                      number(size, field.bytes, field.bigEndian));
       writeText(in(field.name), changed);
       // What the library makes of it is its own: here it must only not be called damaged.
       EXPECT_EQ(reading(field.name).failure.find("cut short"), std::string::npos)
@@ -150,7 +154,8 @@ TEST_F(Completeness, TakesLengthsThatAWriterIntoAPipeLeftOpen) {
   const std::string wav = bytesOf(SF_FORMAT_WAV | SF_FORMAT_PCM_16, 2);
   for (const std::uint64_t size : {0xFFFFFFFFU, 0x7FFFF000U, 0x80000000U}) {
     const std::size_t at = wav.find("data") + 4;
-    writeText(in("a.wav"), wav.substr(0, at) + number(size, 4, false) + wav.substr(at + 4, 4 * kFrames));
+    writeText(in("a.wav"),
+              wav.substr(0, at) + number(size, 4, false) + wav.substr(at + 4, 4 * kFrames));
     EXPECT_EQ(reading("a.wav").failure, "") << size;
     EXPECT_EQ(reading("a.wav").frames, static_cast<std::int64_t>(kFrames)) << size;
   }
@@ -177,7 +182,8 @@ TEST_F(Completeness, RefusesEveryCutThatCostsAFrame) {
                              {"a-law.wav", SF_FORMAT_WAV | SF_FORMAT_ALAW},
                              {"adpcm.wav", SF_FORMAT_WAV | SF_FORMAT_MS_ADPCM}});
   for (const auto& [name, format] : cases) {
-    const std::string bytes = bytesOf(format, (format & SF_FORMAT_TYPEMASK) == SF_FORMAT_SVX ? 1 : 2);
+    const std::string bytes =
+        bytesOf(format, (format & SF_FORMAT_TYPEMASK) == SF_FORMAT_SVX ? 1 : 2);
     ASSERT_FALSE(bytes.empty()) << name;
     writeText(in(name), bytes);
     const std::int64_t all = reading(name).frames;
@@ -187,7 +193,8 @@ TEST_F(Completeness, RefusesEveryCutThatCostsAFrame) {
       const Reading cut = reading(name);
       // Near the end only chunks after the sound may be missing.
       const bool wholeAllTheSame = part >= 18 && cut.failure.empty() && cut.frames == all;
-      EXPECT_TRUE(wholeAllTheSame || !cut.failure.empty()) << name << " " << part << ": " << cut.frames;
+      EXPECT_TRUE(wholeAllTheSame || !cut.failure.empty())
+          << name << " " << part << ": " << cut.frames;
     }
   }
 }

@@ -49,7 +49,8 @@ class Consoles : public ProgramTest {
     std::string seen;
     char piece[256];
     ssize_t count = 0;
-    while ((count = read(terminal, piece, sizeof piece)) > 0) seen.append(piece, static_cast<std::size_t>(count));
+    while ((count = read(terminal, piece, sizeof piece)) > 0)
+      seen.append(piece, static_cast<std::size_t>(count));
     waitpid(process, nullptr, 0);
     close(terminal);
     return seen;
@@ -61,7 +62,8 @@ class Consoles : public ProgramTest {
 // 49 blocks of 25 ms: well beyond the half second that passes without a word.
 TEST_F(Consoles, ShowProgressOnATerminalForLongFiles) {
   writeSound(in("a.wav"), noise(200000, 1, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
-  const std::string seen = onTerminal({"a.wav", "-o", "b.wav", "--plugin", plugin("slow"), "--block", "4096"});
+  const std::string seen =
+      onTerminal({"a.wav", "-o", "b.wav", "--plugin", plugin("slow"), "--block", "4096"});
   EXPECT_THAT(seen, HasSubstr(" %"));
   EXPECT_THAT(seen, HasSubstr("s left"));
   EXPECT_TRUE(seen.ends_with("\r\033[K")) << "the line is gone in the end";
@@ -70,8 +72,11 @@ TEST_F(Consoles, ShowProgressOnATerminalForLongFiles) {
 TEST_F(Consoles, ShowNoProgressForShortFilesOrWhenQuietOrWithoutATerminal) {
   writeSound(in("a.wav"), noise(200000, 1, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   EXPECT_EQ(onTerminal({"a.wav", "-o", "short.wav"}), "");
-  EXPECT_EQ(onTerminal({"a.wav", "-o", "quiet.wav", "-q", "--plugin", plugin("slow"), "--block", "8192"}), "");
-  EXPECT_EQ(widen({"a.wav", "-o", "piped.wav", "--plugin", plugin("slow"), "--block", "8192"}).error, "");
+  EXPECT_EQ(
+      onTerminal({"a.wav", "-o", "quiet.wav", "-q", "--plugin", plugin("slow"), "--block", "8192"}),
+      "");
+  EXPECT_EQ(
+      widen({"a.wav", "-o", "piped.wav", "--plugin", plugin("slow"), "--block", "8192"}).error, "");
 }
 
 TEST_F(Consoles, AreQuietWhenAsked) {
@@ -80,5 +85,6 @@ TEST_F(Consoles, AreQuietWhenAsked) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.error, "");
-  EXPECT_THAT(widen({"-q", "--list-presets"}).out, HasSubstr("mix 1")) << "what was asked for is shown all the same";
+  EXPECT_THAT(widen({"-q", "--list-presets"}).out, HasSubstr("mix 1"))
+      << "what was asked for is shown all the same";
 }

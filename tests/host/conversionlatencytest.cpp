@@ -1,4 +1,5 @@
-// Where an output begins and ends: an effect's latency, its tail, and what it may not change meanwhile.
+// Where an output begins and ends: an effect's latency, its tail, and what it may not change
+// meanwhile.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,7 +19,9 @@ TEST_F(Conversions, TakeTheLatencyOfAnEffectAway) {
   const Sound sound = noise(2000, 2, 8);
   writeSound(in("in.wav"), sound, kFloatWav);
   for (const char* block : {"1", "64", "4096"}) {
-    EXPECT_EQ(result({"in.wav", "--plugin", plugin("latency"), "--block", block}).samples, sound.samples) << block;
+    EXPECT_EQ(result({"in.wav", "--plugin", plugin("latency"), "--block", block}).samples,
+              sound.samples)
+        << block;
   }
 }
 
@@ -38,17 +41,18 @@ TEST_F(Conversions, TakeALatencyAwayThatComesUpWhileProcessing) {
   for (const auto& plan : plans) {
     for (const char* block : {"1", "64", "1024", "4096", "1048576"}) {
       for (const char* tail : {"0s", "auto"}) {
-        const Outcome outcome =
-            widen({"in.wav", "-o", "out.wav", "-f", "--plugin", plugin("lateness"), "--block", block, "--tail", tail},
-                  {plan});
+        const Outcome outcome = widen({"in.wav", "-o", "out.wav", "-f", "--plugin",
+                                       plugin("lateness"), "--block", block, "--tail", tail},
+                                      {plan});
         EXPECT_EQ(outcome.error, "");
         EXPECT_EQ(readSound(in("out.wav")).samples, sound.samples)
             << plan.begin()->second << " " << block << " " << tail;
       }
     }
   }
-  const Outcome ringing = widen({"in.wav", "-o", "out.wav", "-f", "--plugin", plugin("lateness"), "--tail", "10ms"},
-                                {{{"WIDEN_TEST_LATENCY", "0:480"}}});
+  const Outcome ringing =
+      widen({"in.wav", "-o", "out.wav", "-f", "--plugin", plugin("lateness"), "--tail", "10ms"},
+            {{{"WIDEN_TEST_LATENCY", "0:480"}}});
   EXPECT_EQ(readSound(in("out.wav")).frames(), 20000U + 441U) << ringing.error;
 }
 
@@ -60,8 +64,9 @@ TEST_F(Conversions, LineUpAfterALatencyThatIsLowered) {
   std::vector<double> expected = sound.samples;
   std::fill_n(expected.begin() + 2 * (8192 - 480), 2 * (480 - 64), 0.0);
   for (const char* block : {"1", "64", "4096"}) {
-    const Outcome outcome = widen({"in.wav", "-o", "out.wav", "-f", "--plugin", plugin("lateness"), "--block", block},
-                                  {{{"WIDEN_TEST_LATENCY", "0:480 8192:64"}}});
+    const Outcome outcome =
+        widen({"in.wav", "-o", "out.wav", "-f", "--plugin", plugin("lateness"), "--block", block},
+              {{{"WIDEN_TEST_LATENCY", "0:480 8192:64"}}});
     EXPECT_EQ(outcome.error, "");
     EXPECT_EQ(readSound(in("out.wav")).samples, expected) << block;
   }
@@ -82,7 +87,9 @@ TEST_F(Conversions, RefuseAnEffectThatChangesItsShapeWhileProcessing) {
     for (const char* silent : {"", "1"}) {
       std::map<std::string, std::string> environment = {{"WIDEN_TEST_LATENCY", plan}};
       if (*silent != 0) environment["WIDEN_TEST_SILENT"] = silent;
-      expectRefusal(widen({"in.wav", "-o", "out.wav", "--plugin", plugin("lateness")}, {environment}), 1, text);
+      expectRefusal(
+          widen({"in.wav", "-o", "out.wav", "--plugin", plugin("lateness")}, {environment}), 1,
+          text);
       EXPECT_THAT(names(), ElementsAre("in.wav"));
     }
   }
@@ -93,12 +100,14 @@ TEST_F(Conversions, RunEffectsWithTheEntryPointsOlderName) {
   writeSound(in("in.wav"), sound, kFloatWav);
   const Sound out = result({"in.wav", "--plugin", plugin("oldmain")});
   ASSERT_EQ(out.frames(), sound.frames());
-  for (std::size_t i = 0; i < sound.samples.size(); ++i) ASSERT_EQ(out.samples[i], sound.samples[i] / 2) << i;
+  for (std::size_t i = 0; i < sound.samples.size(); ++i)
+    ASSERT_EQ(out.samples[i], sound.samples[i] / 2) << i;
 }
 
 TEST_F(Conversions, LetTheDelayLineRingOut) {
   writeSound(in("in.wav"), impulse(100, 1, 99), kFloatWav);
-  const std::vector<std::string> setting = {"in.wav", "--width", "50%", "--base-freq", "1000Hz", "--emphasis", "0.25"};
+  const std::vector<std::string> setting = {"in.wav", "--width",    "50%", "--base-freq",
+                                            "1000Hz", "--emphasis", "0.25"};
   EXPECT_EQ(result(setting).frames(), 100U) << "no longer than the input without --tail";
   auto withTail = setting;
   withTail.insert(withTail.end(), {"--tail", "auto"});
@@ -118,5 +127,6 @@ TEST_F(Conversions, FindTheEndOfALateEcho) {
 
 TEST_F(Conversions, EndATailThatNeverEnds) {
   writeSound(in("in.wav"), impulse(500, 2, 0), kFloatWav);
-  EXPECT_EQ(result({"in.wav", "--plugin", plugin("neversilent"), "--tail", "auto"}).frames(), 500U + 30U * 44100U);
+  EXPECT_EQ(result({"in.wav", "--plugin", plugin("neversilent"), "--tail", "auto"}).frames(),
+            500U + 30U * 44100U);
 }

@@ -54,7 +54,8 @@ TEST_F(Conversions, GiveBackTheInputBitForBitWhenProcessIsOff) {
 // offset from the line's other end is a whole number, so that it is 45 frames back.
 TEST_F(Conversions, WidenAnImpulseAsTheFormulaSays) {
   writeSound(in("in.wav"), impulse(200, 1, 10), kFloatWav);
-  const Sound out = result({"in.wav", "--width", "50%", "--base-freq", "1000Hz", "--emphasis", "0.25"});
+  const Sound out =
+      result({"in.wav", "--width", "50%", "--base-freq", "1000Hz", "--emphasis", "0.25"});
   ASSERT_EQ(out.frames(), 200U);
   std::vector<double> side(200);
   side[10 + 45] = 0.5 * 0.5;
@@ -95,9 +96,11 @@ TEST_F(Conversions, FoldBackToTheOriginalWithinOneRounding) {
 
 TEST_F(Conversions, DoNotDependOnTheBlocks) {
   writeSound(in("in.wav"), noise(9001, 2, 5), kFloatWav);
-  const Sound one = result({"in.wav", "--preset", "guitar 3", "--block", "1", "--tail", "100ms"}, "1.wav");
+  const Sound one =
+      result({"in.wav", "--preset", "guitar 3", "--block", "1", "--tail", "100ms"}, "1.wav");
   for (const char* block : {"4096", "1000", "1048576"}) {
-    const Sound other = result({"in.wav", "--preset", "guitar 3", "--block", block, "--tail", "100ms"});
+    const Sound other =
+        result({"in.wav", "--preset", "guitar 3", "--block", block, "--tail", "100ms"});
     EXPECT_EQ(other.samples, one.samples) << block;
     EXPECT_EQ(textOf(in("out.wav")), textOf(in("1.wav"))) << block;
   }
@@ -132,15 +135,18 @@ TEST_F(Conversions, ApplyTheGainAfterTheEffect) {
   const Sound out = result({"in.wav", "--process", "off", "--gain", "6dB"});
   const double factor = std::pow(10.0, 6.0 / 20.0);
   for (std::size_t i = 0; i < out.samples.size(); ++i) {
-    ASSERT_EQ(out.samples[i], static_cast<double>(static_cast<float>(sound.samples[i] * factor))) << i;
+    ASSERT_EQ(out.samples[i], static_cast<double>(static_cast<float>(sound.samples[i] * factor)))
+        << i;
   }
 }
 
 TEST_F(Conversions, WriteTheFormatThatIsAsked) {
   writeSound(in("in.wav"), noise(100, 1, 10), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   const std::tuple<const char*, const char*, int> cases[] = {
-      {"pcm16", "a.aiff", SF_FORMAT_AIFF | SF_FORMAT_PCM_16}, {"pcm24", "a.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24},
-      {"pcm32", "a.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_32},   {"float", "a.wav", SF_FORMAT_WAV | SF_FORMAT_FLOAT},
+      {"pcm16", "a.aiff", SF_FORMAT_AIFF | SF_FORMAT_PCM_16},
+      {"pcm24", "a.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24},
+      {"pcm32", "a.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_32},
+      {"float", "a.wav", SF_FORMAT_WAV | SF_FORMAT_FLOAT},
       {"double", "a.aif", SF_FORMAT_AIFF | SF_FORMAT_DOUBLE},
   };
   for (const auto& [format, name, expected] : cases) {
@@ -149,7 +155,8 @@ TEST_F(Conversions, WriteTheFormatThatIsAsked) {
   }
   writeSound(in("f.wav"), noise(100, 1, 10), kFloatWav);
   result({"f.wav"}, "f.flac");
-  EXPECT_EQ(libFormatOf(in("f.flac")), SF_FORMAT_FLAC | SF_FORMAT_PCM_24) << "the most that FLAC can hold";
+  EXPECT_EQ(libFormatOf(in("f.flac")), SF_FORMAT_FLAC | SF_FORMAT_PCM_24)
+      << "the most that FLAC can hold";
 }
 
 TEST_F(Conversions, KeepTheSampleRate) {
@@ -163,32 +170,40 @@ TEST_F(Conversions, WarnWhenIntegersAreClippedAndAdviseAGain) {
   Sound loud{44100, 1, std::vector<double>(1000, 0.75)};
   writeSound(in("in.wav"), loud, SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   // 0.75 times 2 is 1.5, which is +3.5 dBFS.
-  const Outcome outcome = widen({"in.wav", "-o", "out.wav", "--process", "off", "--gain", "6.0206dB"});
+  const Outcome outcome =
+      widen({"in.wav", "-o", "out.wav", "--process", "off", "--gain", "6.0206dB"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << outcome.error;
-  EXPECT_THAT(outcome.error, HasSubstr("out.wav: peak +3.5 dBFS is beyond full scale, 2000 samples clipped"));
-  EXPECT_THAT(outcome.error, HasSubstr("--gain 2.4dB")) << "0.75 is -2.5 dBFS: so much room there is";
+  EXPECT_THAT(outcome.error,
+              HasSubstr("out.wav: peak +3.5 dBFS is beyond full scale, 2000 samples clipped"));
+  EXPECT_THAT(outcome.error, HasSubstr("--gain 2.4dB"))
+      << "0.75 is -2.5 dBFS: so much room there is";
   EXPECT_THAT(outcome.error, HasSubstr("--format float"));
   for (const std::int32_t sample : readIntegers(in("out.wav"))) ASSERT_EQ(sample, 32767 * 65536);
-  const Outcome advised = widen({"in.wav", "-o", "out.wav", "-f", "--process", "off", "--gain", "2.4dB"});
+  const Outcome advised =
+      widen({"in.wav", "-o", "out.wav", "-f", "--process", "off", "--gain", "2.4dB"});
   EXPECT_EQ(advised.error, "") << "the advice holds";
-  const Outcome floating = widen({"in.wav", "-o", "f.wav", "--process", "off", "--gain", "6dB", "--format", "float"});
+  const Outcome floating =
+      widen({"in.wav", "-o", "f.wav", "--process", "off", "--gain", "6dB", "--format", "float"});
   EXPECT_EQ(floating.error, "") << "nothing is lost there";
 }
 
 // 0.61 stands for 20 + 980 x 0.3721 = 384.658 Hz.
 TEST_F(Conversions, ReportWhatTheyDid) {
   writeSound(in("in.wav"), impulse(44100, 1, 0), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
-  const Outcome outcome = widen({"in.wav", "-o", "out.flac", "--preset", "mix 2", "--tail", "1s", "--process", "off"});
+  const Outcome outcome =
+      widen({"in.wav", "-o", "out.flac", "--preset", "mix 2", "--tail", "1s", "--process", "off"});
   EXPECT_EQ(outcome.out,
-            "in.wav: mono, 44100 Hz, 44100 frames (0:01.000), preset 2 \"mix 2\": width 50.0 %, baseFreq 384.7 Hz, "
+            "in.wav: mono, 44100 Hz, 44100 frames (0:01.000), preset 2 \"mix 2\": width 50.0 %, "
+            "baseFreq 384.7 Hz, "
             "emphasis 12.0 %, process Off, phase Off\n"
             "  -> out.flac: 16-bit FLAC, 88200 frames (0:02.000), peak -6.0 dBFS\n");
 }
 
 TEST_F(Conversions, SaveAndRestoreStates) {
   writeSound(in("in.wav"), noise(1000, 1, 12), kFloatWav);
-  const Sound first = result({"in.wav", "--preset", "bas 3", "--phase", "on", "--save-state", "s"}, "a.wav");
+  const Sound first =
+      result({"in.wav", "--preset", "bas 3", "--phase", "on", "--save-state", "s"}, "a.wav");
   const Sound second = result({"in.wav", "--state", "s"}, "b.wav");
   EXPECT_EQ(first.samples, second.samples);
   EXPECT_THAT(widen({"--state", "s", "--list-presets"}).out, HasSubstr("* 17  bas 3"));
@@ -228,7 +243,8 @@ TEST_F(Conversions, StreamLongFiles) {
   SNDFILE* file = sf_open(in("long.wav").c_str(), SFM_WRITE, &info);
   ASSERT_NE(file, nullptr);
   const std::vector<short> piece(240000);
-  for (int i = 0; i < 100; ++i) sf_write_short(file, piece.data(), static_cast<sf_count_t>(piece.size()));
+  for (int i = 0; i < 100; ++i)
+    sf_write_short(file, piece.data(), static_cast<sf_count_t>(piece.size()));
   sf_close(file);
   const Outcome lengthy = widen({"long.wav", "-o", "b.wav", "--preset", "1"});
   ASSERT_EQ(lengthy.status, 0) << lengthy.error;

@@ -19,7 +19,8 @@ class Descriptions : public FolderTest {
   Descriptions() { setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1); }
 
   struct Live {
-    explicit Live(const std::filesystem::path& plugin) : module(pluginBinary(plugin)), effect(module, callback) {
+    explicit Live(const std::filesystem::path& plugin)
+        : module(pluginBinary(plugin)), effect(module, callback) {
       effect.setUp(44100, 64);
     }
     PluginModule module;
@@ -36,9 +37,10 @@ class Descriptions : public FolderTest {
 TEST_F(Descriptions, TellEverythingOfTrelvan) {
   Live trelvan(WIDEN_TRELVAN);
   const std::string text = describeEffect(trelvan.effect);
-  for (const char* part : {"Orv Trelvan", "Orv Trelvan - Trelvan processor", "1990", "2400", "'Tlvn'", "'NvEf'",
-                           "mastering", "has editor", "can replacing", "program chunks", "can double replacing",
-                           "1 (current 0, \"init\")", "My 1 In", "My 2 Out", "10545 bytes", "2in2out", "offline"}) {
+  for (const char* part :
+       {"Orv Trelvan", "Orv Trelvan - Trelvan processor", "1990", "2400", "'Tlvn'", "'NvEf'",
+        "mastering", "has editor", "can replacing", "program chunks", "can double replacing",
+        "1 (current 0, \"init\")", "My 1 In", "My 2 Out", "10545 bytes", "2in2out", "offline"}) {
     EXPECT_THAT(text, HasSubstr(part));
   }
 }
@@ -46,8 +48,8 @@ TEST_F(Descriptions, TellEverythingOfTrelvan) {
 TEST_F(Descriptions, ListTrelvansParameters) {
   Live trelvan(WIDEN_TRELVAN);
   const std::string text = describeParameters(trelvan.effect);
-  for (const char* part :
-       {"width", "baseFreq  0.500000  265.0 Hz", "emphasis", "process   1.000000  On", "switch", "automatable"}) {
+  for (const char* part : {"width", "baseFreq  0.500000  265.0 Hz", "emphasis",
+                           "process   1.000000  On", "switch", "automatable"}) {
     EXPECT_THAT(text, HasSubstr(part));
   }
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 5);
@@ -63,7 +65,8 @@ TEST_F(Descriptions, ListPresetsAndMarkTheCurrentOne) {
 
 TEST_F(Descriptions, SummariseValuesAndPreset) {
   Live trelvan(WIDEN_TRELVAN);
-  EXPECT_EQ(describeValues(trelvan.effect), "width 0.0 %, baseFreq 265.0 Hz, emphasis 0.0 %, process On, phase Off");
+  EXPECT_EQ(describeValues(trelvan.effect),
+            "width 0.0 %, baseFreq 265.0 Hz, emphasis 0.0 %, process On, phase Off");
   EXPECT_EQ(describeCurrentPreset(trelvan.effect), "preset 0 \"init\"");
 }
 

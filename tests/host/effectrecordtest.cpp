@@ -16,7 +16,9 @@ using testing::HasSubstr;
 AEffect sound() {
   AEffect record{};
   record.magic = kEffectMagic;
-  record.dispatcher = [](AEffect*, VstInt32, VstInt32, VstIntPtr, void*, float) -> VstIntPtr { return 0; };
+  record.dispatcher = [](AEffect*, VstInt32, VstInt32, VstIntPtr, void*, float) -> VstIntPtr {
+    return 0;
+  };
   record.setParameter = [](AEffect*, VstInt32, float) {};
   record.getParameter = [](AEffect*, VstInt32) { return 0.0F; };
   record.numInputs = 2;
@@ -58,6 +60,8 @@ TEST(EffectRecord, IsRefusedForNonsense) {
   EXPECT_THAT(refusalOf([](AEffect& r) { r.numParams = std::numeric_limits<VstInt32>::max(); }),
               HasSubstr("2147483647 parameters"));
   EXPECT_THAT(refusalOf([](AEffect& r) { r.numPrograms = -2; }), HasSubstr("-2 programs"));
-  EXPECT_THAT(refusalOf([](AEffect& r) { r.initialDelay = -1; }), HasSubstr("-1 frames of latency"));
-  EXPECT_THAT(refusalOf([](AEffect& r) { r.getParameter = nullptr; }), HasSubstr("no way to reach"));
+  EXPECT_THAT(refusalOf([](AEffect& r) { r.initialDelay = -1; }),
+              HasSubstr("-1 frames of latency"));
+  EXPECT_THAT(refusalOf([](AEffect& r) { r.getParameter = nullptr; }),
+              HasSubstr("no way to reach"));
 }

@@ -30,7 +30,8 @@ class EffectStates : public FolderTest {
 
   // An effect with all that it needs.
   struct Live {
-    explicit Live(const std::filesystem::path& plugin) : module(pluginBinary(plugin)), effect(module, callback) {
+    explicit Live(const std::filesystem::path& plugin)
+        : module(pluginBinary(plugin)), effect(module, callback) {
       effect.setUp(44100, 64);
     }
     PluginModule module;
@@ -93,7 +94,8 @@ TEST_F(EffectStates, PutValuesOnTopOfThePreset) {
 TEST_F(EffectStates, UnderstandUnitsInSettingsOfTrelvan) {
   Live trelvan(WIDEN_TRELVAN);
   StateArguments arguments;
-  arguments.settings = {{"width", "30%"}, {"baseFreq", "265Hz"}, {"2", "0.125"}, {"PROCESS", "off"}, {"phase", "on"}};
+  arguments.settings = {
+      {"width", "30%"}, {"baseFreq", "265Hz"}, {"2", "0.125"}, {"PROCESS", "off"}, {"phase", "on"}};
   applyState(trelvan.effect, arguments);
   EXPECT_THAT(trelvan.values(), ElementsAre(0.3F, 0.5F, 0.125F, 0.0F, 1.0F));
   EXPECT_THAT(trelvan.refusalOf(setting("width", "130%")), HasSubstr("--set width"));
@@ -116,7 +118,8 @@ TEST_F(EffectStates, LoadPresetAndBankFiles) {
   EXPECT_EQ(trelvan.effect.parameter(0), 0.25F) << "a bank starts at its first preset";
   arguments.preset = "third";
   applyState(trelvan.effect, arguments);
-  EXPECT_EQ(trelvan.effect.parameter(0), 0.375F) << "names are looked up in the bank that was loaded";
+  EXPECT_EQ(trelvan.effect.parameter(0), 0.375F)
+      << "names are looked up in the bank that was loaded";
 
   ACombProgram single;
   single.width = 0.8125F;
@@ -135,7 +138,8 @@ TEST_F(EffectStates, NoteWhatABankFileHeldOutOfRange) {
   writeWholeFile(in("b.orb"), file, false);
   StateArguments arguments;
   arguments.bank = in("b.orb").string();
-  EXPECT_THAT(applyState(trelvan.effect, arguments), ElementsAre(HasSubstr("b.orb: parameter 0 of preset 0")));
+  EXPECT_THAT(applyState(trelvan.effect, arguments),
+              ElementsAre(HasSubstr("b.orb: parameter 0 of preset 0")));
 }
 
 TEST_F(EffectStates, SaveAndRestoreTheWholeState) {

@@ -66,11 +66,13 @@ TEST_F(Effects, AreCalledInTheOrderThatCarefulHostsKeep) {
   for (const std::string& line : log()) {
     if (!line.starts_with(' ')) calls.push_back(line);
   }
-  EXPECT_THAT(calls, ElementsAre("main", "open", "setSampleRate 48000", "setBlockSize 256", "setProcessPrecision 0",
-                                 "mainsChanged 1", "startProcess",
-                                 "process 256 at 0 of 48000 aligned own buffers silent side chain level 4 single",
-                                 "process 17 at 256 of 48000 aligned own buffers silent side chain level 4 single",
-                                 "stopProcess", "mainsChanged 0", "close"));
+  EXPECT_THAT(
+      calls,
+      ElementsAre("main", "open", "setSampleRate 48000", "setBlockSize 256",
+                  "setProcessPrecision 0", "mainsChanged 1", "startProcess",
+                  "process 256 at 0 of 48000 aligned own buffers silent side chain level 4 single",
+                  "process 17 at 256 of 48000 aligned own buffers silent side chain level 4 single",
+                  "stopProcess", "mainsChanged 0", "close"));
 }
 
 TEST_F(Effects, LearnTheTruthFromTheHost) {
@@ -85,10 +87,13 @@ TEST_F(Effects, LearnTheTruthFromTheHost) {
     if (line.starts_with(' ')) answers.push_back(line);
   }
   const std::string id = std::to_string(effect.record().uniqueID);
-  EXPECT_THAT(answers, ElementsAre(" version 2400", " currentId 0", " sampleRate 0", " blockSize 0", " pins 00",
-                                   " vendor 1 Orv", " product 1 widen", " level 1", " unknown 0",  // while being made
-                                   " version 2400", " currentId " + id, " sampleRate 48000", " blockSize 256",
-                                   " pins 00", " vendor 1 Orv", " product 1 widen", " level 1", " unknown 0"));
+  EXPECT_THAT(
+      answers,
+      ElementsAre(" version 2400", " currentId 0", " sampleRate 0", " blockSize 0", " pins 00",
+                  // while being made
+                  " vendor 1 Orv", " product 1 widen", " level 1", " unknown 0", " version 2400",
+                  " currentId " + id, " sampleRate 48000", " blockSize 256", " pins 00",
+                  " vendor 1 Orv", " product 1 widen", " level 1", " unknown 0"));
 }
 
 TEST_F(Effects, ProcessInDoublePrecisionWhenTheyCan) {
@@ -151,8 +156,10 @@ TEST_F(Effects, GiveNoChunkOfASizeThatCannotBe) {
   PluginModule module(pluginFile("badchunk"));
   HostCallback callback;
   Effect effect(module, callback);
-  const std::array<std::pair<const char*, const char*>, 4> cases = {
-      {{"negative", "-7 bytes"}, {"huge", "which cannot be"}, {"empty", "gives no state"}, {"null", "gives no state"}}};
+  const std::array<std::pair<const char*, const char*>, 4> cases = {{{"negative", "-7 bytes"},
+                                                                     {"huge", "which cannot be"},
+                                                                     {"empty", "gives no state"},
+                                                                     {"null", "gives no state"}}};
   for (const auto& [kind, text] : cases) {
     setenv("WIDEN_TEST_CHUNK", kind, 1);
     try {

@@ -25,7 +25,9 @@ class FolderTest : public testing::Test {
     return all;
   }
 
-  static void writeText(const std::filesystem::path& file, const std::string& text) { writeFile(file, text); }
+  static void writeText(const std::filesystem::path& file, const std::string& text) {
+    writeFile(file, text);
+  }
   static std::string textOf(const std::filesystem::path& file) { return contentOf(file); }
 
  private:

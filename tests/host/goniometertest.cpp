@@ -12,7 +12,8 @@ namespace {
 std::uint64_t total(const Goniometer& goniometer) {
   std::uint64_t sum = 0;
   for (int row = 0; row < Goniometer::kCells; ++row) {
-    for (int column = 0; column < Goniometer::kCells; ++column) sum += goniometer.count(column, row);
+    for (int column = 0; column < Goniometer::kCells; ++column)
+      sum += goniometer.count(column, row);
   }
   return sum;
 }
@@ -47,7 +48,9 @@ TEST(Goniometer, KeepsPlacesWhenTheRangeDoubles) {
   goniometer.add(3.0, 3.0);  // side 0, mid 3
   EXPECT_EQ(goniometer.range(), 4.0);
   const double cell = 2.0 * goniometer.range() / Goniometer::kCells;
-  const auto near = [&](double value) { return static_cast<int>((value + goniometer.range()) / cell); };
+  const auto near = [&](double value) {
+    return static_cast<int>((value + goniometer.range()) / cell);
+  };
   EXPECT_EQ(goniometer.count(near(0.05), near(0.05)), 1U);
   EXPECT_EQ(goniometer.count(near(0.0), near(3.0)), 1U);
 }

@@ -121,12 +121,14 @@ TEST_F(InputFiles, KeepNoMemoryAndNoFileOfWhatAPipeBrings) {
   SNDFILE* file = sf_open(in("long.wav").c_str(), SFM_WRITE, &info);
   ASSERT_NE(file, nullptr);
   const std::vector<short> piece(100000);
-  for (int i = 0; i < 100; ++i) sf_write_short(file, piece.data(), static_cast<sf_count_t>(piece.size()));
+  for (int i = 0; i < 100; ++i)
+    sf_write_short(file, piece.data(), static_cast<sf_count_t>(piece.size()));
   sf_close(file);
   std::filesystem::create_directory(in("kept"));
   Surroundings fed{{{"TMPDIR", in("kept").string()}}};
   ASSERT_EQ(mkfifo(in("fifo").c_str(), 0600), 0);
-  const std::string command = "cat '" + in("long.wav").string() + "' > '" + in("fifo").string() + "' &";
+  const std::string command =
+      "cat '" + in("long.wav").string() + "' > '" + in("fifo").string() + "' &";
   ASSERT_EQ(std::system(command.c_str()), 0);
   const Outcome lengthy = widen({"fifo", "-o", "b.wav"}, fed);
   ASSERT_EQ(lengthy.status, 0) << lengthy.error;

@@ -47,7 +47,8 @@ class Interruptions : public ProgramTest {
 
 TEST_F(Interruptions, LeaveNoUnfinishedFileBehind) {
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    const Outcome outcome = interrupted(number, {"a.wav", "-o", "out.wav", "--plugin", plugin("waits")});
+    const Outcome outcome =
+        interrupted(number, {"a.wav", "-o", "out.wav", "--plugin", plugin("waits")});
     EXPECT_EQ(outcome.status, -number) << "it ends as the signal says, so that a shell stops too";
     EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav"));
   }
@@ -55,7 +56,8 @@ TEST_F(Interruptions, LeaveNoUnfinishedFileBehind) {
 
 TEST_F(Interruptions, LeaveNoneOfSeveralFiles) {
   std::filesystem::create_directory(in("out"));
-  const Outcome outcome = interrupted(SIGINT, {"a.wav", "b.wav", "-o", "out", "-j", "2", "--plugin", plugin("waits")});
+  const Outcome outcome =
+      interrupted(SIGINT, {"a.wav", "b.wav", "-o", "out", "-j", "2", "--plugin", plugin("waits")});
   EXPECT_EQ(outcome.status, -SIGINT);
   EXPECT_TRUE(std::filesystem::is_empty(in("out")));
 }
@@ -63,13 +65,16 @@ TEST_F(Interruptions, LeaveNoneOfSeveralFiles) {
 // Else the next file that is opened would take the stream's place, and get the reports of other
 // files.
 TEST_F(Interruptions, FindNoSoundFileInPlaceOfAClosedStream) {
-  if (!std::filesystem::exists("/proc/self/fd")) GTEST_SKIP() << "looks at the open files of a process there";
+  if (!std::filesystem::exists("/proc/self/fd"))
+    GTEST_SKIP() << "looks at the open files of a process there";
   const std::filesystem::path started = root / "started";
   Surroundings closed{{{"WIDEN_TEST_FILE", started.string()}}};
   closed.standardOutput = "closed";
-  const int process = startProgram(folder, {"a.wav", "-o", "out.wav", "--plugin", plugin("waits")}, closed);
+  const int process =
+      startProgram(folder, {"a.wav", "-o", "out.wav", "--plugin", plugin("waits")}, closed);
   for (int i = 0; i < 1000 && !std::filesystem::exists(started); ++i) usleep(10000);
-  EXPECT_EQ(std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/fd/1"), "/dev/null");
+  EXPECT_EQ(std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/fd/1"),
+            "/dev/null");
   kill(process, SIGTERM);
   waitForProgram(process, folder);
 }
@@ -87,7 +92,8 @@ TEST_F(Interruptions, CleanUpAfterACrash) {
 #endif
   const Outcome outcome = widen({"a.wav", "-o", "out.wav", "--plugin", plugin("crashes")});
   EXPECT_EQ(outcome.status, -SIGSEGV);
-  EXPECT_EQ(outcome.error, "widen: crashed, most likely inside the effect; unfinished files were removed\n");
+  EXPECT_EQ(outcome.error,
+            "widen: crashed, most likely inside the effect; unfinished files were removed\n");
   EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav"));
 }
 

@@ -69,7 +69,8 @@ TEST_F(JobPlans, PutSeveralInputsIntoAFolderUnderTheirNames) {
 
 TEST_F(JobPlans, RefuseAFileWhereAFolderIsNeeded) {
   writeText(in("out"), "");
-  EXPECT_THAT(refusalOf(arguments({"a.wav", "b.wav"}, "out"), ExitStatus::failed), HasSubstr("is not a folder"));
+  EXPECT_THAT(refusalOf(arguments({"a.wav", "b.wav"}, "out"), ExitStatus::failed),
+              HasSubstr("is not a folder"));
 }
 
 TEST_F(JobPlans, RefuseAnOutputThatIsAnInput) {
@@ -78,25 +79,33 @@ TEST_F(JobPlans, RefuseAnOutputThatIsAnInput) {
   std::filesystem::create_hard_link(in("a.wav"), in("twin.wav"));
   std::filesystem::create_directory(in("sub"));
   for (const char* output : {"a.wav", "./a.wav", "sub/../a.wav", "link.wav", "twin.wav", "."}) {
-    EXPECT_THAT(refusalOf(arguments({"a.wav"}, output), ExitStatus::wrongUsage), HasSubstr("is an input")) << output;
+    EXPECT_THAT(refusalOf(arguments({"a.wav"}, output), ExitStatus::wrongUsage),
+                HasSubstr("is an input"))
+        << output;
   }
-  EXPECT_THAT(refusalOf(arguments({"missing.wav"}, "missing.wav"), ExitStatus::wrongUsage), HasSubstr("is an input"));
+  EXPECT_THAT(refusalOf(arguments({"missing.wav"}, "missing.wav"), ExitStatus::wrongUsage),
+              HasSubstr("is an input"));
 }
 
 TEST_F(JobPlans, RefuseTwoOutputsOfOneName) {
   EXPECT_THAT(refusalOf(arguments({"x/a.wav", "y/a.wav"}, "out"), ExitStatus::wrongUsage),
               HasSubstr("would be written for both"));
-  EXPECT_THAT(refusalOf(arguments({"a.wav", "a.mp3"}, "out"), ExitStatus::wrongUsage), HasSubstr("for both"));
-  EXPECT_THAT(refusalOf(arguments({"a.wav", "a.wav"}, "out"), ExitStatus::wrongUsage), HasSubstr("for both"));
+  EXPECT_THAT(refusalOf(arguments({"a.wav", "a.mp3"}, "out"), ExitStatus::wrongUsage),
+              HasSubstr("for both"));
+  EXPECT_THAT(refusalOf(arguments({"a.wav", "a.wav"}, "out"), ExitStatus::wrongUsage),
+              HasSubstr("for both"));
   Arguments plots = arguments({"a.wav", "a.aiff"}, "out");
   EXPECT_EQ(refusalOf(plots, ExitStatus::wrongUsage), "accepted");
   plots.plot = in("out").string();
-  EXPECT_THAT(refusalOf(plots, ExitStatus::wrongUsage), HasSubstr("a.png: would be written for both"));
+  EXPECT_THAT(refusalOf(plots, ExitStatus::wrongUsage),
+              HasSubstr("a.png: would be written for both"));
 }
 
 TEST_F(JobPlans, RefuseOutputsOfAnUnknownKind) {
   for (const char* output : {"b.mp3", "b", "b.ogg"}) {
-    EXPECT_THAT(refusalOf(arguments({"a.wav"}, output), ExitStatus::wrongUsage), HasSubstr("unknown kind")) << output;
+    EXPECT_THAT(refusalOf(arguments({"a.wav"}, output), ExitStatus::wrongUsage),
+                HasSubstr("unknown kind"))
+        << output;
   }
   Arguments flac = arguments({"a.wav"}, "b.flac");
   flac.format = SampleFormat::float32;

@@ -13,7 +13,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-const std::vector<std::string> kNames = {"init", "mix 1", "mix 2", "Techno Space", "init", "80", "Init"};
+const std::vector<std::string> kNames = {"init", "mix 1", "mix 2", "Techno Space",
+                                         "init", "80",    "Init"};
 
 std::string refusalOf(const std::string& wanted) {
   try {
@@ -64,7 +65,8 @@ TEST(NameLookup, SuggestsNothingFarAway) {
 }
 
 TEST(NameLookup, SuggestsThreeNamesAtMostAndEachOnce) {
-  EXPECT_THAT(nearNames({"bas 1", "bas 2", "bas 3", "bas 4", "bas 1"}, "bas"), ElementsAre("bas 1", "bas 2", "bas 3"));
+  EXPECT_THAT(nearNames({"bas 1", "bas 2", "bas 3", "bas 4", "bas 1"}, "bas"),
+              ElementsAre("bas 1", "bas 2", "bas 3"));
   EXPECT_THAT(nearNames({"", "x"}, "quite long"), IsEmpty());
   EXPECT_EQ(suggestion({"bas 1", "bas 2"}, "bass 1"), " (did you mean \"bas 1\" or \"bas 2\"?)");
 }
@@ -89,7 +91,10 @@ TEST(NameLookup, RefusesParametersThatAreNotThere) {
   };
   EXPECT_EQ(parameterRefusalOf("2"), "--set: there is no parameter 2; they are numbered 0 to 1");
   EXPECT_EQ(parameterRefusalOf("-1"), "--set: there is no parameter -1; they are numbered 0 to 1");
-  EXPECT_EQ(parameterRefusalOf("0.5"), "--set: there is no parameter 0.5; they are numbered 0 to 1");
-  EXPECT_EQ(parameterRefusalOf("gian"), "--set: there is no parameter \"gian\" (did you mean \"Gain\"?)");
-  EXPECT_EQ(parameterRefusalOf("1 dB"), "--set: there is no parameter \"1 dB\"; --list-params shows them");
+  EXPECT_EQ(parameterRefusalOf("0.5"),
+            "--set: there is no parameter 0.5; they are numbered 0 to 1");
+  EXPECT_EQ(parameterRefusalOf("gian"),
+            "--set: there is no parameter \"gian\" (did you mean \"Gain\"?)");
+  EXPECT_EQ(parameterRefusalOf("1 dB"),
+            "--set: there is no parameter \"1 dB\"; --list-params shows them");
 }

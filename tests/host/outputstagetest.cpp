@@ -12,14 +12,16 @@ namespace {
 class Stage {
  public:
   Stage(std::int64_t latency, const TailPlan& plan)
-      : stage([this](const double* l, const double* r, int frames) { take(l, r, frames); }, latency, plan) {}
+      : stage([this](const double* l, const double* r, int frames) { take(l, r, frames); }, latency,
+              plan) {}
 
   // signal: everything the effect would put out if it were fed for ever; silence after its end.
   std::vector<double> run(const std::vector<double>& signal, std::int64_t inputFrames, int block) {
     std::int64_t position = 0;
     const auto feed = [&](std::int64_t frames) {
       for (const Change& change : changes) {
-        if (change.at >= position && change.at < position + frames) stage.setLatency(change.latency);
+        if (change.at >= position && change.at < position + frames)
+          stage.setLatency(change.latency);
       }
       std::vector<double> piece(static_cast<std::size_t>(frames));
       for (std::size_t i = 0; i < piece.size(); ++i) {
@@ -72,7 +74,8 @@ TEST(OutputStage, HandsOnAsManyFramesAsThereWasInput) {
 TEST(OutputStage, TakesTheLatencyAway) {
   for (const int block : kBlocks) {
     EXPECT_EQ(Stage(30, {}).run(ramp(1, 1000), 100, block), ramp(31, 100)) << block;
-    EXPECT_EQ(Stage(300, {}).run(ramp(1, 1000), 100, block), ramp(301, 100)) << "longer than the input, " << block;
+    EXPECT_EQ(Stage(300, {}).run(ramp(1, 1000), 100, block), ramp(301, 100))
+        << "longer than the input, " << block;
   }
 }
 
@@ -125,7 +128,8 @@ TEST(OutputStage, TakesALatencyAwayThatIsToldWithTheFirstBlock) {
     EXPECT_EQ(late.run(ramp(1, 1000), 100, block), ramp(31, 100)) << block;
     Stage earlier(300, {});
     earlier.changes = {{0, 30}};
-    EXPECT_EQ(earlier.run(ramp(1, 1000), 100, block), ramp(31, 100)) << "less than it named before, " << block;
+    EXPECT_EQ(earlier.run(ramp(1, 1000), 100, block), ramp(31, 100))
+        << "less than it named before, " << block;
   }
 }
 

@@ -19,7 +19,8 @@ class Plots : public FolderTest {
   static std::pair<int, int> sizeOfPng(const std::string& bytes) {
     const auto number = [&](std::size_t at) {
       int value = 0;
-      for (std::size_t i = 0; i < 4; ++i) value = value * 256 + static_cast<unsigned char>(bytes[at + i]);
+      for (std::size_t i = 0; i < 4; ++i)
+        value = value * 256 + static_cast<unsigned char>(bytes[at + i]);
       return value;
     };
     EXPECT_EQ(bytes.substr(1, 3), "PNG");
@@ -63,12 +64,13 @@ TEST_F(Plots, ManageWithSilenceAndWithNothing) {
   silent.addBefore(&zero, &zero, 1);
   silent.addAfter(&zero, &zero, 1);
   EXPECT_EQ(sizeOfPng(draw(silent, "silent.wav")).first, 1600);
-  EXPECT_EQ(sizeOfPng(draw(StereoAnalysis(30), "nothing.wav")).first, 1600) << "and with a rate below all axes";
+  EXPECT_EQ(sizeOfPng(draw(StereoAnalysis(30), "nothing.wav")).first, 1600)
+      << "and with a rate below all axes";
 }
 
 TEST_F(Plots, ShowTextsThatAreNotText) {
-  for (const char* name : {"\xff\xfe.wav", "\xc3.wav", "\xed\xa0\x80.wav", "\xf4\x90\x80\x80.wav", "\xe2\x82\xac.wav",
-                           "line\nbreak.wav", "\xc0\x80.wav"}) {
+  for (const char* name : {"\xff\xfe.wav", "\xc3.wav", "\xed\xa0\x80.wav", "\xf4\x90\x80\x80.wav",
+                           "\xe2\x82\xac.wav", "line\nbreak.wav", "\xc0\x80.wav"}) {
     PlotCanvas canvas(60, 30, {0, 0, 0});
     const PlotText look{12, {1, 1, 1}};
     canvas.text(canvas.fitted(name, look, 30), {0, 20}, look);
@@ -106,7 +108,8 @@ TEST_F(Plots, ShortenTextsToTheirRoom) {
   PlotCanvas canvas(100, 100, {0, 0, 0});
   const PlotText look{12, {1, 1, 1}};
   EXPECT_EQ(canvas.fitted("short", look, 90), "short");
-  const std::string fitted = canvas.fitted("much too long for it \xc3\xa4\xc3\xb6\xc3\xbc and more", look, 90);
+  const std::string fitted =
+      canvas.fitted("much too long for it \xc3\xa4\xc3\xb6\xc3\xbc and more", look, 90);
   EXPECT_LE(canvas.widthOf(fitted, look), 90);
   EXPECT_TRUE(fitted.ends_with("\u2026"));
   EXPECT_TRUE(fitted.starts_with("much"));

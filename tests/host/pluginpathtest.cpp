@@ -77,7 +77,8 @@ TEST_F(PluginPaths, LookBesideTheProgramFirst) {
 }
 
 TEST_F(PluginPaths, KnowAnInstallationAndATree) {
-  EXPECT_THAT(defaultPluginPlaces("/usr/local/bin/widen"), Contains(fs::path("/usr/local/lib/vst/Trelvan.vst")));
+  EXPECT_THAT(defaultPluginPlaces("/usr/local/bin/widen"),
+              Contains(fs::path("/usr/local/lib/vst/Trelvan.vst")));
   EXPECT_THAT(defaultPluginPlaces("/home/a/tree/tools/widen"),
               Contains(fs::path("/home/a/tree/build/release/Trelvan.vst")));
 }

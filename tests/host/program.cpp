@@ -37,7 +37,8 @@ int startProgram(const std::filesystem::path& folder, const std::vector<std::str
   const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   const int errorFile = open(error.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   if (dup2(outFile, STDOUT_FILENO) < 0 || dup2(errorFile, STDERR_FILENO) < 0) _exit(101);
-  if (surroundings.standardInput >= 0 && dup2(surroundings.standardInput, STDIN_FILENO) < 0) _exit(103);
+  if (surroundings.standardInput >= 0 && dup2(surroundings.standardInput, STDIN_FILENO) < 0)
+    _exit(103);
   if (surroundings.standardOutput == "closed") {
     close(STDOUT_FILENO);
     close(outFile);
@@ -63,8 +64,8 @@ Outcome waitForProgram(int process, const std::filesystem::path& folder) {
   wait4(process, &status, 0, &use);
   const std::filesystem::path out = folder.parent_path() / "out";
   const std::filesystem::path error = folder.parent_path() / "error";
-  Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), contentOf(out), contentOf(error),
-                  use.ru_maxrss};
+  Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), contentOf(out),
+                  contentOf(error), use.ru_maxrss};
   return outcome;
 }
 
@@ -108,5 +109,6 @@ void ProgramTest::expectRefusal(const Outcome& outcome, int status, const std::s
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << outcome.error;
   EXPECT_TRUE(outcome.error.starts_with("widen: ")) << outcome.error;
-  EXPECT_NE(outcome.error.find(text), std::string::npos) << outcome.error << "does not contain: " << text;
+  EXPECT_NE(outcome.error.find(text), std::string::npos)
+      << outcome.error << "does not contain: " << text;
 }

@@ -9,8 +9,9 @@
 
 #include "tests/host/foldertest.h"
 
+// exit status; -number where a signal ended it
 struct Outcome {
-  int status = -1;  // exit status; -number where a signal ended it
+  int status = -1;
   std::string out;
   std::string error;
   long mostMemory = 0;  // kB
@@ -18,9 +19,9 @@ struct Outcome {
 
 struct Surroundings {
   std::map<std::string, std::string> environment = {};  // on top of the test's own
-  long fileSizeLimit = 0;                               // bytes that the program may write into one file; 0: any
-  int standardInput = -1;                               // descriptor; -1: the test's own
-  std::string standardOutput = "";                      // file; empty: as below; "closed": none
+  long fileSizeLimit = 0;           // bytes that the program may write into one file; 0: any
+  int standardInput = -1;           // descriptor; -1: the test's own
+  std::string standardOutput = "";  // file; empty: as below; "closed": none
 };
 
 // In the working folder `folder`. Ends the program after 30 s.
@@ -48,7 +49,9 @@ class ProgramTest : public FolderTest {
   // A pipe that brings the file's bytes, from a process of its own.
   int pipeFrom(const std::filesystem::path& file);
 
-  static std::string plugin(const std::string& name) { return std::string(WIDEN_TEST_PLUGINS) + "/" + name + ".so"; }
+  static std::string plugin(const std::string& name) {
+    return std::string(WIDEN_TEST_PLUGINS) + "/" + name + ".so";
+  }
 
  private:
   std::vector<int> pipes;

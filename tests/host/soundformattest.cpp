@@ -19,7 +19,8 @@ TEST(SoundFormat, TellsTheFileTypeByTheExtension) {
   EXPECT_EQ(fileTypeOf("x.y.aiff"), FileType::aiff);
   EXPECT_EQ(fileTypeOf("x.Aif"), FileType::aiff);
   EXPECT_EQ(fileTypeOf("x.flac"), FileType::flac);
-  for (const char* name : {"x", "x.mp3", ".wav", "wav", "x.wav.bak"}) EXPECT_EQ(fileTypeOf(name), std::nullopt) << name;
+  for (const char* name : {"x", "x.mp3", ".wav", "wav", "x.wav.bak"})
+    EXPECT_EQ(fileTypeOf(name), std::nullopt) << name;
 }
 
 TEST(SoundFormat, KeepsWhatTheInputHas) {
@@ -42,12 +43,18 @@ TEST(SoundFormat, GivesFlacWhatItCanHold) {
 // 4 GB are 2^32 bytes; a stereo frame of 32 bits has 8 of them.
 TEST(SoundFormat, ChoosesATypeThatHoldsTheLength) {
   constexpr std::int64_t kTooMany = (std::int64_t{1} << 32) / 8;
-  EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, kTooMany / 2), SF_FORMAT_WAV | SF_FORMAT_FLOAT);
-  EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, kTooMany), SF_FORMAT_RF64 | SF_FORMAT_FLOAT);
+  EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, kTooMany / 2),
+            SF_FORMAT_WAV | SF_FORMAT_FLOAT);
+  EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, kTooMany),
+            SF_FORMAT_RF64 | SF_FORMAT_FLOAT);
   EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::float32, kTooMany), std::nullopt);
-  EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, std::nullopt), SF_FORMAT_RF64 | SF_FORMAT_FLOAT);
-  EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::float32, std::nullopt), SF_FORMAT_AIFF | SF_FORMAT_FLOAT);
-  EXPECT_EQ(libFormatFor(FileType::flac, SampleFormat::pcm24, kTooMany * 8), SF_FORMAT_FLAC | SF_FORMAT_PCM_24);
+  EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::float32, std::nullopt),
+            SF_FORMAT_RF64 | SF_FORMAT_FLOAT);
+  EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::float32, std::nullopt),
+            SF_FORMAT_AIFF | SF_FORMAT_FLOAT);
+  EXPECT_EQ(libFormatFor(FileType::flac, SampleFormat::pcm24, kTooMany * 8),
+            SF_FORMAT_FLAC | SF_FORMAT_PCM_24);
   EXPECT_EQ(libFormatFor(FileType::wav, SampleFormat::pcm8, 10), SF_FORMAT_WAV | SF_FORMAT_PCM_U8);
-  EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::pcm8, 10), SF_FORMAT_AIFF | SF_FORMAT_PCM_S8);
+  EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::pcm8, 10),
+            SF_FORMAT_AIFF | SF_FORMAT_PCM_S8);
 }

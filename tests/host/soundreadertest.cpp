@@ -93,6 +93,7 @@ TEST_F(SoundReaderFiles, RefusesNoFramesAndTooManyChannels) {
 TEST_F(SoundReaderFiles, RefusesATruncatedFile) {
   writeSound(in("a.wav"), noise(1000, 2, 4), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   std::filesystem::resize_file(in("a.wav"), 44 + 4 * 600);  // header, and 600 frames of 4 bytes
-  EXPECT_THAT(refusalOf("a.wav"),
-              HasSubstr("a.wav: is cut short: its header names 4000 bytes of sound, 2400 are there"));
+  EXPECT_THAT(
+      refusalOf("a.wav"),
+      HasSubstr("a.wav: is cut short: its header names 4000 bytes of sound, 2400 are there"));
 }

@@ -5,8 +5,9 @@
 #include <filesystem>
 #include <vector>
 
+// Hz
 struct Sound {
-  int rate = 44100;  // Hz
+  int rate = 44100;
   int channels = 2;
   std::vector<double> samples;  // interleaved, 1 is full scale
 

@@ -75,28 +75,30 @@ TEST_P(SoundWriterFormats, RoundTrip) {
   for (const double sample : sound.samples) {
     const auto step = static_cast<std::int64_t>(std::nearbyint(std::ldexp(sample, bits - 1)));
     const std::int64_t highest = (std::int64_t{1} << (bits - 1)) - 1;
-    expected.push_back(static_cast<std::int32_t>(std::min(step, highest) * (std::int64_t{1} << (32 - bits))));
+    expected.push_back(
+        static_cast<std::int32_t>(std::min(step, highest) * (std::int64_t{1} << (32 - bits))));
   }
   EXPECT_EQ(readIntegers(in(name)), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     EveryFormat, SoundWriterFormats,
-    testing::Values(Case{"8.wav", FileType::wav, SampleFormat::pcm8, SF_FORMAT_WAV | SF_FORMAT_PCM_U8},
-                    Case{"16.wav", FileType::wav, SampleFormat::pcm16, SF_FORMAT_WAV | SF_FORMAT_PCM_16},
-                    Case{"24.wav", FileType::wav, SampleFormat::pcm24, SF_FORMAT_WAV | SF_FORMAT_PCM_24},
-                    Case{"32.wav", FileType::wav, SampleFormat::pcm32, SF_FORMAT_WAV | SF_FORMAT_PCM_32},
-                    Case{"f.wav", FileType::wav, SampleFormat::float32, SF_FORMAT_WAV | SF_FORMAT_FLOAT},
-                    Case{"d.wav", FileType::wav, SampleFormat::float64, SF_FORMAT_WAV | SF_FORMAT_DOUBLE},
-                    Case{"8.aiff", FileType::aiff, SampleFormat::pcm8, SF_FORMAT_AIFF | SF_FORMAT_PCM_S8},
-                    Case{"16.aiff", FileType::aiff, SampleFormat::pcm16, SF_FORMAT_AIFF | SF_FORMAT_PCM_16},
-                    Case{"24.aiff", FileType::aiff, SampleFormat::pcm24, SF_FORMAT_AIFF | SF_FORMAT_PCM_24},
-                    Case{"32.aiff", FileType::aiff, SampleFormat::pcm32, SF_FORMAT_AIFF | SF_FORMAT_PCM_32},
-                    Case{"f.aiff", FileType::aiff, SampleFormat::float32, SF_FORMAT_AIFF | SF_FORMAT_FLOAT},
-                    Case{"d.aiff", FileType::aiff, SampleFormat::float64, SF_FORMAT_AIFF | SF_FORMAT_DOUBLE},
-                    Case{"8.flac", FileType::flac, SampleFormat::pcm8, SF_FORMAT_FLAC | SF_FORMAT_PCM_S8},
-                    Case{"16.flac", FileType::flac, SampleFormat::pcm16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16},
-                    Case{"24.flac", FileType::flac, SampleFormat::pcm24, SF_FORMAT_FLAC | SF_FORMAT_PCM_24}),
+    testing::Values(
+        Case{"8.wav", FileType::wav, SampleFormat::pcm8, SF_FORMAT_WAV | SF_FORMAT_PCM_U8},
+        Case{"16.wav", FileType::wav, SampleFormat::pcm16, SF_FORMAT_WAV | SF_FORMAT_PCM_16},
+        Case{"24.wav", FileType::wav, SampleFormat::pcm24, SF_FORMAT_WAV | SF_FORMAT_PCM_24},
+        Case{"32.wav", FileType::wav, SampleFormat::pcm32, SF_FORMAT_WAV | SF_FORMAT_PCM_32},
+        Case{"f.wav", FileType::wav, SampleFormat::float32, SF_FORMAT_WAV | SF_FORMAT_FLOAT},
+        Case{"d.wav", FileType::wav, SampleFormat::float64, SF_FORMAT_WAV | SF_FORMAT_DOUBLE},
+        Case{"8.aiff", FileType::aiff, SampleFormat::pcm8, SF_FORMAT_AIFF | SF_FORMAT_PCM_S8},
+        Case{"16.aiff", FileType::aiff, SampleFormat::pcm16, SF_FORMAT_AIFF | SF_FORMAT_PCM_16},
+        Case{"24.aiff", FileType::aiff, SampleFormat::pcm24, SF_FORMAT_AIFF | SF_FORMAT_PCM_24},
+        Case{"32.aiff", FileType::aiff, SampleFormat::pcm32, SF_FORMAT_AIFF | SF_FORMAT_PCM_32},
+        Case{"f.aiff", FileType::aiff, SampleFormat::float32, SF_FORMAT_AIFF | SF_FORMAT_FLOAT},
+        Case{"d.aiff", FileType::aiff, SampleFormat::float64, SF_FORMAT_AIFF | SF_FORMAT_DOUBLE},
+        Case{"8.flac", FileType::flac, SampleFormat::pcm8, SF_FORMAT_FLAC | SF_FORMAT_PCM_S8},
+        Case{"16.flac", FileType::flac, SampleFormat::pcm16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16},
+        Case{"24.flac", FileType::flac, SampleFormat::pcm24, SF_FORMAT_FLAC | SF_FORMAT_PCM_24}),
     [](const auto& tested) {
       std::string name = tested.param.name;
       name[name.find('.')] = '_';
@@ -113,7 +115,8 @@ TEST_F(SoundWriterFiles, HoldsIntegersAtFullScaleAndCountsThem) {
   EXPECT_EQ(writer.peak(), 1e300);
   constexpr std::int32_t kTop = 32767 * 65536;
   constexpr std::int32_t kBottom = -32768 * 65536;
-  EXPECT_THAT(readIntegers(in("a.wav")), ElementsAre(kTop, kBottom, kTop, kTop, kBottom, kBottom, 8192 * 65536, 0));
+  EXPECT_THAT(readIntegers(in("a.wav")),
+              ElementsAre(kTop, kBottom, kTop, kTop, kBottom, kBottom, 8192 * 65536, 0));
 }
 
 TEST_F(SoundWriterFiles, RoundsToTheNearestStep) {

@@ -23,7 +23,8 @@ using Bytes = std::vector<unsigned char>;
 constexpr VstInt32 kID = vstFourChars('T', 'l', 'v', 'n');
 constexpr presetimage::DummySlots kNone = {};
 
-ACombProgram preset(const std::string& name, float width, float baseFreq, float emphasis, float process, float phase) {
+ACombProgram preset(const std::string& name, float width, float baseFreq, float emphasis,
+                    float process, float phase) {
   ACombProgram made = ACombProgram::zeroed();
   std::memcpy(made.name, name.c_str(), name.size());
   const float values[] = {width, baseFreq, emphasis, process, phase};
@@ -56,7 +57,8 @@ TrelvanBank bankOf(const Bytes& chunk) {
 
 void expectEqual(const ACombProgram& a, const ACombProgram& b) {
   EXPECT_STREQ(a.name, b.name);
-  for (int i = 0; i < ACombProgram::kParameterCount; ++i) EXPECT_EQ(a.parameter(i), b.parameter(i)) << a.name << i;
+  for (int i = 0; i < ACombProgram::kParameterCount; ++i)
+    EXPECT_EQ(a.parameter(i), b.parameter(i)) << a.name << i;
 }
 
 // A file as a machine of the other byte order writes it.
@@ -112,7 +114,8 @@ TEST(TrelvanBank, LoadsABankFileAndSelectsItsFirstPreset) {
 }
 
 TEST(TrelvanBank, LoadsAnOldPresetOfTheOtherByteOrder) {
-  const Bytes file = turned().number(kID).byte(33).text("old one", 24).real(0.25F).real(0.5F).real(0.75F).bytes;
+  const Bytes file =
+      turned().number(kID).byte(33).text("old one", 24).real(0.25F).real(0.5F).real(0.75F).bytes;
   TrelvanBank bank = bankOf(someChunk());
   bank.loadPreset(file, "old.orv");
   expectEqual(bank.presets()[7], preset("old one", 0.25F, 0.5F, 0.75F, 1.0F, 0.0F));
@@ -134,7 +137,12 @@ TEST(TrelvanBank, LoadsAnOldBankOfTheOtherByteOrder) {
   imagebytes::Writer file = turned();
   file.number(kID).byte(55);
   for (int i = 0; i < 32; ++i) {
-    file.text("old", 24).real(0.5F).real(static_cast<float>(i) / 32.0F).real(0.0F).real(1.0F).real(1.0F);
+    file.text("old", 24)
+        .real(0.5F)
+        .real(static_cast<float>(i) / 32.0F)
+        .real(0.0F)
+        .real(1.0F)
+        .real(1.0F);
   }
   TrelvanBank bank = bankOf(someChunk());
   bank.loadBank(file.bytes, "old.orb");
@@ -153,7 +161,8 @@ TEST(TrelvanBank, RepairsABankAndTakesNotes) {
   TrelvanBank bank = bankOf(someChunk());
   bank.loadBank(file, "a.orb");
   EXPECT_EQ(bank.presets()[3].parameter(2), 1.0F);
-  EXPECT_THAT(bank.takeNotes(), ElementsAre(AllOf(HasSubstr("parameter 2 of preset 3"), HasSubstr("1.25"))));
+  EXPECT_THAT(bank.takeNotes(),
+              ElementsAre(AllOf(HasSubstr("parameter 2 of preset 3"), HasSubstr("1.25"))));
   EXPECT_THAT(bank.takeNotes(), IsEmpty());
 }
 
@@ -170,8 +179,10 @@ TEST(TrelvanBank, RefusesFilesThatItCannotTakeAndKeepsWhatItHad) {
   Bytes stub(presetFile.begin(), presetFile.begin() + 20);
   const Bytes wild = presetimage::writePreset(preset("x", 1.25F, 0, 0, 0, 0), kID, kNone);
   const Bytes nan = presetimage::writePreset(preset("x", std::nanf(""), 0, 0, 0, 0), kID, kNone);
-  EXPECT_THAT(refusalOf([&] { bank.loadPreset(foreign, "f"); }), HasSubstr("f: not a file of this plug-in"));
-  EXPECT_THAT(refusalOf([&] { bank.loadPreset({}, "f"); }), HasSubstr("not a file of this plug-in"));
+  EXPECT_THAT(refusalOf([&] { bank.loadPreset(foreign, "f"); }),
+              HasSubstr("f: not a file of this plug-in"));
+  EXPECT_THAT(refusalOf([&] { bank.loadPreset({}, "f"); }),
+              HasSubstr("not a file of this plug-in"));
   EXPECT_THAT(refusalOf([&] { bank.loadPreset(bankBytes, "f"); }), HasSubstr("use --bank"));
   EXPECT_THAT(refusalOf([&] { bank.loadBank(presetFile, "f"); }), HasSubstr("use --preset"));
   EXPECT_THAT(refusalOf([&] { bank.loadPreset(unknown, "f"); }), HasSubstr("holds no preset"));
@@ -194,11 +205,13 @@ TEST(TrelvanBank, RefusesChunksThatAreNone) {
   EXPECT_THAT(refusalOf([&] { bankOf(unknown); }), HasSubstr("unknown format"));
   EXPECT_THAT(refusalOf([&] { bankOf(cut); }), HasSubstr("cut short"));
   EXPECT_THAT(refusalOf([&] { bankOf({1, 2, 3}); }), HasSubstr("too short"));
-  // The bank inside names its owner a second time, in the four bytes after the chunk's prefix of eight;
-  // its kind is the next byte.
+  // The bank inside names its owner a second time, in the four bytes after the chunk's prefix of
+  // eight; its kind is the next byte.
   Bytes foreignBank = whole;
   foreignBank[8] ^= 1;
-  const auto firstBytes = [](const Bytes& chunk, int count) { return Bytes(chunk.begin(), chunk.begin() + count); };
+  const auto firstBytes = [](const Bytes& chunk, int count) {
+    return Bytes(chunk.begin(), chunk.begin() + count);
+  };
   const auto notOurs = HasSubstr("not a file of this plug-in");
   EXPECT_THAT(refusalOf([&] { bankOf(foreignBank); }), notOurs);
   EXPECT_THAT(refusalOf([&] { bankOf(firstBytes(foreignBank, 20)); }), notOurs);
@@ -208,9 +221,13 @@ TEST(TrelvanBank, RefusesChunksThatAreNone) {
 }
 
 TEST(TrelvanBank, LetsOldStatesPassTheCheckAndFindsDamageInCurrentOnes) {
-  const auto check = [](const Bytes& chunk) { return refusalOf([&] { TrelvanBank::checkState(chunk, kID, "s"); }); };
+  const auto check = [](const Bytes& chunk) {
+    return refusalOf([&] { TrelvanBank::checkState(chunk, kID, "s"); });
+  };
   EXPECT_EQ(check(someChunk()), "accepted");
-  EXPECT_EQ(check(imagebytes::Writer().number(presetimage::kOldChunkTag).number(kID).zeros(24).bytes), "accepted");
+  EXPECT_EQ(
+      check(imagebytes::Writer().number(presetimage::kOldChunkTag).number(kID).zeros(24).bytes),
+      "accepted");
   Bytes damaged = someChunk();
   const float nan = std::nanf("");
   std::memcpy(&damaged[8 + 41 + 168 + 24], &nan, sizeof nan);  // preset 0, parameter 0

@@ -61,7 +61,8 @@ TEST(Values, TakePerCentWithASignAndRawWithout) {
 }
 
 TEST(Values, RefuseAPercentageThatIsOutOfRangeOrAmbiguous) {
-  EXPECT_NE(refusalOf(parsePercent, "75").find("75%"), std::string::npos) << "says how to write per cent";
+  EXPECT_NE(refusalOf(parsePercent, "75").find("75%"), std::string::npos)
+      << "says how to write per cent";
   EXPECT_NE(refusalOf(parsePercent, "101%").find("0% to 100%"), std::string::npos);
   for (const char* text : {"-1%", "-0.1", "1.1", "nan", "", "wide", "75Hz", "0,5", "75%%"}) {
     EXPECT_NE(refusalOf(parsePercent, text), "accepted") << text;
@@ -85,16 +86,20 @@ TEST(Values, TakeABareFrequencyForWhatItCanOnlyMean) {
   EXPECT_EQ(parseBaseFrequency("", "265"), 0.5F) << "Hz";
   EXPECT_EQ(parseBaseFrequency("", "20"), 0.0F) << "Hz";
   EXPECT_EQ(parseBaseFrequency("", "1000"), 1.0F) << "Hz";
-  for (const char* text : {"1.01", "19.9", "1000.1", "-1", "10Hz", "0.5Hz", "2kHz", "265m", "", "low"}) {
+  for (const char* text :
+       {"1.01", "19.9", "1000.1", "-1", "10Hz", "0.5Hz", "2kHz", "265m", "", "low"}) {
     EXPECT_NE(refusalOf(parseBaseFrequency, text), "accepted") << text;
   }
 }
 
 TEST(Values, TakeSwitchesAsWordsOrRaw) {
-  for (const char* text : {"on", "On", "yes", "true", "1"}) EXPECT_EQ(parseSwitch("", text), 1.0F) << text;
-  for (const char* text : {"off", "OFF", "no", "false", "0"}) EXPECT_EQ(parseSwitch("", text), 0.0F) << text;
+  for (const char* text : {"on", "On", "yes", "true", "1"})
+    EXPECT_EQ(parseSwitch("", text), 1.0F) << text;
+  for (const char* text : {"off", "OFF", "no", "false", "0"})
+    EXPECT_EQ(parseSwitch("", text), 0.0F) << text;
   EXPECT_EQ(parseSwitch("", "0.4"), 0.4F);
-  for (const char* text : {"maybe", "2", "-1", "50%", ""}) EXPECT_NE(refusalOf(parseSwitch, text), "accepted") << text;
+  for (const char* text : {"maybe", "2", "-1", "50%", ""})
+    EXPECT_NE(refusalOf(parseSwitch, text), "accepted") << text;
 }
 
 TEST(Values, TakeNormalisedNumbersOnlyWithinTheirRange) {
@@ -109,14 +114,16 @@ TEST(Values, ReadTheNotationsThatFitAnyParameter) {
   EXPECT_EQ(readGenericValue("40%"), 0.4F);
   EXPECT_EQ(readGenericValue("on"), 1.0F);
   EXPECT_EQ(readGenericValue("off"), 0.0F);
-  for (const char* text : {"1.5", "440Hz", "sine", "", "150%"}) EXPECT_EQ(readGenericValue(text), std::nullopt) << text;
+  for (const char* text : {"1.5", "440Hz", "sine", "", "150%"})
+    EXPECT_EQ(readGenericValue(text), std::nullopt) << text;
 }
 
 TEST(Values, TurnDecibelsIntoAFactor) {
   EXPECT_EQ(parseGain("", "0dB"), 1.0);
   EXPECT_NEAR(parseGain("", "-6.0206dB"), 0.5, 1e-6);
   EXPECT_NEAR(parseGain("", "20"), 10.0, 1e-12);
-  for (const char* text : {"-61dB", "61", "3%", "loud", ""}) EXPECT_THROW(parseGain("", text), UsageFailure) << text;
+  for (const char* text : {"-61dB", "61", "3%", "loud", ""})
+    EXPECT_THROW(parseGain("", text), UsageFailure) << text;
 }
 
 TEST(Values, TakeSecondsAndMilliseconds) {

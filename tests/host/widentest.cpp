@@ -51,7 +51,8 @@ TEST_F(Program, RefusesInputsThatHoldNoNumbers) {
   // The left channel 0.1 s in.
   sound.samples[8820] = std::nan("");
   writeSound(in("nan.wav"), sound, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
-  refuses({"nan.wav", "-o", "out.wav"}, 1, "nan.wav: holds a value that is not a number at 0:00.100");
+  refuses({"nan.wav", "-o", "out.wav"}, 1,
+          "nan.wav: holds a value that is not a number at 0:00.100");
 }
 
 TEST_F(Program, RefusesInputsThatWereCut) {
@@ -94,11 +95,13 @@ TEST_F(Program, NeverTakesADamagedFlacForAShorterOne) {
 }
 
 TEST_F(Program, RefusesTargetsThatCannotBeWritten) {
-  refuses({"in.wav", "-o", "no/such/folder/out.wav"}, 1, "no/such/folder/out.wav: cannot be written");
+  refuses({"in.wav", "-o", "no/such/folder/out.wav"}, 1,
+          "no/such/folder/out.wav: cannot be written");
   refuses({"in.wav", "-o", "in.wav/out.wav"}, 1, "in.wav/out.wav: cannot be written");
   std::filesystem::create_directory(in("out.wav"));
   refuses({"in.wav", "-o", "out.wav", "--plot", "no/p.png"}, 1, "no/p.png: cannot be written");
-  EXPECT_TRUE(std::filesystem::is_empty(in("out.wav"))) << "the sound is not kept without its picture";
+  EXPECT_TRUE(std::filesystem::is_empty(in("out.wav")))
+      << "the sound is not kept without its picture";
   refuses({"in.wav", "-o", "out.mp3"}, 2, "out.mp3: unknown kind of output");
   refuses({"in.wav", "-o", "out.flac", "--format", "double"}, 2, "FLAC cannot hold double samples");
 }
@@ -107,13 +110,15 @@ TEST_F(Program, RefusesAFolderWithoutTheRightToWrite) {
   if (geteuid() == 0) GTEST_SKIP() << "root may write everywhere";
   std::filesystem::create_directory(in("closed"));
   chmod(in("closed").c_str(), 0500);
-  refuses({"in.wav", "-o", "closed/out.wav"}, 1, "closed/out.wav: cannot be written (Permission denied)");
+  refuses({"in.wav", "-o", "closed/out.wav"}, 1,
+          "closed/out.wav: cannot be written (Permission denied)");
 }
 
 TEST_F(Program, SaysWhenTheDiskIsFull) {
   writeSound(in("long.wav"), noise(200000, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   for (const char* output : {"out.wav", "out.flac", "out.aiff"}) {
-    refuses({"long.wav", "-o", output, "--preset", "3"}, 1, std::string(output) + ": cannot be written", {{}, 100000});
+    refuses({"long.wav", "-o", output, "--preset", "3"}, 1,
+            std::string(output) + ": cannot be written", {{}, 100000});
   }
 }
 
@@ -126,21 +131,24 @@ TEST_F(Program, SaysWhenTheDiskIsFullAtTheVeryEnd) {
     std::filesystem::remove(in(output));
     // Not so few bytes that the error stream's file could not take the line.
     for (const long limit : {200L, 1000L, size / 2, size - 1}) {
-      refuses({"in.wav", "-o", output, "--preset", "3"}, 1, output + ": cannot be written (File too large)",
-              {{}, limit});
+      refuses({"in.wav", "-o", output, "--preset", "3"}, 1,
+              output + ": cannot be written (File too large)", {{}, limit});
     }
-    EXPECT_EQ(widen({"in.wav", "-o", output, "--preset", "3"}, {{}, size}).status, 0) << "it just fits";
+    EXPECT_EQ(widen({"in.wav", "-o", output, "--preset", "3"}, {{}, size}).status, 0)
+        << "it just fits";
     EXPECT_EQ(textOf(in(output)), whole);
     std::filesystem::remove(in(output));
   }
 }
 
 TEST_F(Program, SaysWhenTheDiskIsFullForThePictureAndTheState) {
-  writeSound(in("short.wav"), noise(100, 1, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);  // 444 bytes when widened
-  refuses({"short.wav", "-o", "out.wav", "--plot", "p.png"}, 1, "p.png: cannot be written (File too large)",
-          {{}, 5000});
+  // 444 bytes when widened
+  writeSound(in("short.wav"), noise(100, 1, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  refuses({"short.wav", "-o", "out.wav", "--plot", "p.png"}, 1,
+          "p.png: cannot be written (File too large)", {{}, 5000});
   refuses({"--save-state", "s"}, 1, "s: cannot be written (File too large)", {{}, 1000});
-  refuses({"short.wav", "-o", "out.wav", "--save-state", "s"}, 1, "s: cannot be written (File too large)", {{}, 1000});
+  refuses({"short.wav", "-o", "out.wav", "--save-state", "s"}, 1,
+          "s: cannot be written (File too large)", {{}, 1000});
 }
 
 TEST_F(Program, SaysWhenItsOutputGoesNowhere) {
@@ -148,18 +156,23 @@ TEST_F(Program, SaysWhenItsOutputGoesNowhere) {
   Surroundings full;
   full.standardOutput = "/dev/full";
   const std::string text = "the standard output cannot be written (No space left on device)";
-  for (const char* question : {"--list-presets", "--list-params", "--info", "--help", "--version"}) {
+  for (const char* question :
+       {"--list-presets", "--list-params", "--info", "--help", "--version"}) {
     refuses({question}, 1, text, full);
   }
   expectRefusal(widen({"in.wav", "-o", "out.wav"}, full), 1, text);
-  EXPECT_EQ(readSound(in("out.wav")).frames(), 5000U) << "the sound is there, only the report was lost";
+  EXPECT_EQ(readSound(in("out.wav")).frames(), 5000U)
+      << "the sound is there, only the report was lost";
   expectRefusal(widen({"in.wav", "in.wav", "missing.wav", "-o", "x"}, full), 2, "for both");
-  EXPECT_EQ(widen({"in.wav", "-o", "quiet.wav", "-q"}, full).error, "") << "where nothing is said, nothing is lost";
+  EXPECT_EQ(widen({"in.wav", "-o", "quiet.wav", "-q"}, full).error, "")
+      << "where nothing is said, nothing is lost";
   Surroundings closed;
   closed.standardOutput = "closed";
   refuses({"--list-presets"}, 1, "the standard output cannot be written", closed);
-  expectRefusal(widen({"in.wav", "-o", "closed.wav"}, closed), 1, "the standard output cannot be written");
-  EXPECT_EQ(textOf(in("closed.wav")), textOf(in("quiet.wav"))) << "the report did not get into the file";
+  expectRefusal(widen({"in.wav", "-o", "closed.wav"}, closed), 1,
+                "the standard output cannot be written");
+  EXPECT_EQ(textOf(in("closed.wav")), textOf(in("quiet.wav")))
+      << "the report did not get into the file";
 }
 
 TEST_F(Program, RefusesToDestroyItsInput) {
@@ -174,12 +187,15 @@ TEST_F(Program, ReplacesAnOutputOnlyByForce) {
   EXPECT_EQ(textOf(in("out.wav")), "precious");
   EXPECT_EQ(widen({"in.wav", "-o", "out.wav", "--force"}).status, 0);
   EXPECT_EQ(readSound(in("out.wav")).frames(), 5000U);
-  refuses({"in.wav", "-o", "new.wav", "--plot", "out.png", "--save-state", "out.wav"}, 1, "out.wav: is already there");
+  refuses({"in.wav", "-o", "new.wav", "--plot", "out.png", "--save-state", "out.wav"}, 1,
+          "out.wav: is already there");
 }
 
 TEST_F(Program, RefusesUnknownPresetsAndValuesOutOfRange) {
-  refuses({"in.wav", "-o", "out.wav", "--preset", "guitar three"}, 1, "no preset \"guitar three\" (did you mean");
-  refuses({"in.wav", "-o", "out.wav", "--preset", "32"}, 1, "no preset 32; they are numbered 0 to 31");
+  refuses({"in.wav", "-o", "out.wav", "--preset", "guitar three"}, 1,
+          "no preset \"guitar three\" (did you mean");
+  refuses({"in.wav", "-o", "out.wav", "--preset", "32"}, 1,
+          "no preset 32; they are numbered 0 to 31");
   refuses({"in.wav", "-o", "out.wav", "--preset", "missing.orv"}, 1, "missing.orv: no such file");
   refuses({"in.wav", "-o", "out.wav", "--bank", "in.wav"}, 1, "in.wav: not a file of this plug-in");
   refuses({"in.wav", "-o", "out.wav", "--state", "in.wav"}, 1, "in.wav: no Trelvan state");
@@ -216,11 +232,13 @@ TEST_F(Program, RefusesPluginsThatAnswerNonsense) {
   for (const auto& [name, text] : cases) {
     refuses({"in.wav", "-o", "out.wav", "--plugin", plugin(name)}, 1, text);
   }
-  refuses({"in.wav", "-o", "out.wav", "--plugin", "missing.vst"}, 1, "missing.vst: no such plug-in");
+  refuses({"in.wav", "-o", "out.wav", "--plugin", "missing.vst"}, 1,
+          "missing.vst: no such plug-in");
   refuses({"in.wav", "-o", "out.wav", "--plugin", "in.wav"}, 1, "in.wav: cannot be loaded");
-  refuses({"in.wav", "-o", "out.wav", "--plugin", plugin("latency"), "--double"}, 1, "double precision");
-  refuses({"in.wav", "-o", "out.wav", "--plugin", plugin("badchunk"), "--save-state", "s"}, 1, "-7 bytes",
-          {{{"WIDEN_TEST_CHUNK", "negative"}}, 0});
+  refuses({"in.wav", "-o", "out.wav", "--plugin", plugin("latency"), "--double"}, 1,
+          "double precision");
+  refuses({"in.wav", "-o", "out.wav", "--plugin", plugin("badchunk"), "--save-state", "s"}, 1,
+          "-7 bytes", {{{"WIDEN_TEST_CHUNK", "negative"}}, 0});
 }
 
 TEST_F(Program, WidensMonoWithAnEffectThatTakesMonoOnly) {
@@ -231,10 +249,13 @@ TEST_F(Program, WidensMonoWithAnEffectThatTakesMonoOnly) {
 }
 
 TEST_F(Program, RunsOtherEffects) {
-  EXPECT_EQ(widen({"in.wav", "-o", "out.wav", "--plugin", plugin("programs"), "--preset", "Half"}).status, 0);
+  EXPECT_EQ(
+      widen({"in.wav", "-o", "out.wav", "--plugin", plugin("programs"), "--preset", "Half"}).status,
+      0);
   const Sound in16 = readSound(in("in.wav"));
   const Sound out = readSound(in("out.wav"));
-  for (std::size_t i = 0; i < 1000; ++i) ASSERT_NEAR(out.samples[i], in16.samples[i] / 2, 0.5 / 32768) << i;
+  for (std::size_t i = 0; i < 1000; ++i)
+    ASSERT_NEAR(out.samples[i], in16.samples[i] / 2, 0.5 / 32768) << i;
 }
 
 TEST_F(Program, FindsThePluginBesideItself) {

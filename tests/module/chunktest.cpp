@@ -133,7 +133,8 @@ TEST_F(ModuleChunk, OfRandomBanksComesBackByteForByte) {
   std::mt19937 random(5);
   Instance instance(module);
   for (int round = 0; round < 100; ++round) {
-    const Bytes written = imagebytes::chunk(imagebytes::randomBank(random), static_cast<std::int32_t>(random() % 32));
+    const Bytes written =
+        imagebytes::chunk(imagebytes::randomBank(random), static_cast<std::int32_t>(random() % 32));
     EXPECT_EQ(instance.setChunk(written), 0);
     ASSERT_EQ(instance.chunk(), written);
   }

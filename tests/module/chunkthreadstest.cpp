@@ -1,4 +1,5 @@
-// Chunks, parameters and processing on three threads at once, as hosts do it; also meant for the thread sanitizer.
+// Chunks, parameters and processing on three threads at once, as hosts do it; also meant for the
+// thread sanitizer.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -20,7 +21,8 @@ VstIntPtr threadHost(AEffect* effect, VstInt32 opcode, VstInt32, VstIntPtr, void
   return 0;
 }
 
-// Processes until told to stop; afterwards tells how many blocks, and whether all samples were numbers.
+// Processes until told to stop; afterwards tells how many blocks, and whether all samples were
+// numbers.
 class AudioThread {
  public:
   explicit AudioThread(AEffect* processed) : effect(processed), thread([this] { run(); }) {}
@@ -42,7 +44,8 @@ class AudioThread {
       in = input;
       float* buffers[] = {in.left.data(), in.right.data()};
       effect->processReplacing(effect, buffers, buffers, 64);
-      effect->dispatcher(effect, effCanBeAutomated, 0, 0, nullptr, 0.0F);  // some hosts ask these here
+      // some hosts ask these here
+      effect->dispatcher(effect, effCanBeAutomated, 0, 0, nullptr, 0.0F);
       effect->getParameter(effect, 0);
       allFinite = allFinite && isFinite(in);
       ++blocks;
@@ -78,7 +81,8 @@ TEST_F(ChunkThreads, SetChunkWhileAnotherThreadProcesses) {
   EXPECT_GT(audio.blocks, 0);
   EXPECT_TRUE(audio.allFinite);
   EXPECT_EQ(instance.chunk(), imagebytes::chunk(bank, 4));
-  for (VstInt32 i = 0; i < 5; ++i) EXPECT_EQ(instance.getParameter(i), bank[4].values[static_cast<std::size_t>(i)]);
+  for (VstInt32 i = 0; i < 5; ++i)
+    EXPECT_EQ(instance.getParameter(i), bank[4].values[static_cast<std::size_t>(i)]);
 }
 
 TEST_F(ChunkThreads, GetChunkWhileAnotherThreadProcesses) {

@@ -31,14 +31,16 @@ TEST_F(DamagedChunk, CutAtEveryLengthLoadsWhatIsThere) {
   Instance instance(module);
   for (const bool other : {false, true}) {
     const Bytes data = imagebytes::chunk(distinctBank(), 9, other);
-    const std::size_t step = other ? 13 : 1;  // the other byte order goes the same way: a sample of it
+    // the other byte order goes the same way: a sample of it
+    const std::size_t step = other ? 13 : 1;
     for (std::size_t size = 1; size <= data.size(); size += step) {
       instance.setChunk(factory);
       ASSERT_EQ(setCut(instance, data, size), size < 49 ? -1 : 0) << size;
       Bytes expected = factory;
       if (size >= 49) expected[8 + 17] = 9;  // the current preset
       for (std::size_t preset = 0, at = 49; preset < 32 && at + 168 <= size; ++preset) {
-        std::copy_n(whole.begin() + static_cast<long>(at), 168, expected.begin() + static_cast<long>(at));
+        std::copy_n(whole.begin() + static_cast<long>(at), 168,
+                    expected.begin() + static_cast<long>(at));
         at += 168;
         bool there = true;
         for (std::size_t i = 0; i < 5; ++i, at += 32) {
@@ -87,11 +89,13 @@ TEST_F(DamagedChunk, WithRandomBytesIsRefusedOrGivesAValidBank) {
   int accepted = 0;
   for (int round = 0; round < 1000; ++round) {
     const bool other = below(2) == 1;
-    Bytes data = below(3) == 0 ? imagebytes::oldChunk(imagebytes::randomBank(random), static_cast<int>(below(33)),
+    Bytes data = below(3) == 0 ? imagebytes::oldChunk(imagebytes::randomBank(random),
+                                                      static_cast<int>(below(33)),
                                                       static_cast<int>(below(6)), 3, other)
                                : imagebytes::chunk(imagebytes::randomBank(random), 3, other);
     for (std::size_t damage = below(30); damage > 0; --damage) {
-      data[8 + below(std::min<std::size_t>(data.size() - 8, 3000))] = static_cast<unsigned char>(below(256));
+      data[8 + below(std::min<std::size_t>(data.size() - 8, 3000))] =
+          static_cast<unsigned char>(below(256));
     }
     accepted += setCut(instance, data, data.size() - below(2) * below(data.size())) == 0 ? 1 : 0;
     expectValid(instance);

@@ -16,7 +16,9 @@ class Diagnostics : public ModuleTest {
     action();
     return testing::internal::GetCapturedStderr();
   }
-  static void rename(Instance& instance, std::string name) { instance.send(effSetProgramName, 0, 0, name.data()); }
+  static void rename(Instance& instance, std::string name) {
+    instance.send(effSetProgramName, 0, 0, name.data());
+  }
 };
 
 TEST_F(Diagnostics, AreAbsentInANormalLife) {
@@ -38,7 +40,8 @@ TEST_F(Diagnostics, AreAbsentInANormalLife) {
 TEST_F(Diagnostics, NameAValueOutsideTheRangeOnSave) {
   Instance instance(module);
   instance.setParameter(0, 1.25F);
-  EXPECT_EQ(linesOf([&] { instance.chunk(); }), "Invalid parameter 0 value 1.250000 on save of preset 0 init\n");
+  EXPECT_EQ(linesOf([&] { instance.chunk(); }),
+            "Invalid parameter 0 value 1.250000 on save of preset 0 init\n");
   EXPECT_EQ(instance.getParameter(0), 1.25F);
 }
 
@@ -54,12 +57,16 @@ TEST_F(Diagnostics, NameAValueOutsideTheRangeOnLoad) {
 TEST_F(Diagnostics, TakeAPresetsNameAsData) {
   Instance instance(module);
   instance.setParameter(4, 2.0F);
-  const std::pair<const char*, const char*> names[] = {
-      {"%n%n%s%p", "%n%n%s%p"}, {"100%% wet", "100% wet"}, {"%%n", "%n"}, {"%", "%"}, {"%%%%%s", "%%%s"}};
+  const std::pair<const char*, const char*> names[] = {{"%n%n%s%p", "%n%n%s%p"},
+                                                       {"100%% wet", "100% wet"},
+                                                       {"%%n", "%n"},
+                                                       {"%", "%"},
+                                                       {"%%%%%s", "%%%s"}};
   for (const auto& [name, shown] : names) {
     rename(instance, name);
-    EXPECT_EQ(linesOf([&] { instance.chunk(); }),
-              std::string("Invalid parameter 4 value 2.000000 on save of preset 0 ") + shown + "\n");
+    EXPECT_EQ(
+        linesOf([&] { instance.chunk(); }),
+        std::string("Invalid parameter 4 value 2.000000 on save of preset 0 ") + shown + "\n");
   }
 }
 

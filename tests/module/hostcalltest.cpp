@@ -1,4 +1,5 @@
-// Calls of hosts in any order and number: before open, inside callbacks, twice, unknown, without buffers.
+// Calls of hosts in any order and number: before open, inside callbacks, twice, unknown, without
+// buffers.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,7 +17,8 @@ class HostCalls : public ModuleTest {
   const imagebytes::Bytes state = imagebytes::chunk(distinctBank(), 9);
 };
 
-// Every opcode of the interface and around it but the one that ends the effect, with room for whatever it may write.
+// Every opcode of the interface and around it but the one that ends the effect, with room for
+// whatever it may write.
 void callEverything(Instance& instance) {
   std::vector<char> room(4096);
   VstSpeakerArrangement in{};
@@ -159,7 +161,8 @@ TEST_F(HostCalls, ProcessMoreFramesThanAnnounced) {
   instance.setBlockSize(16);
   instance.setChunk(state);
   instance.mainsChanged(true);
-  EXPECT_TRUE(instance.render(noise(40000), Buffers::separate, {40000}) == plainRendering(state, noise(40000)));
+  EXPECT_TRUE(instance.render(noise(40000), Buffers::separate, {40000}) ==
+              plainRendering(state, noise(40000)));
 }
 
 TEST_F(HostCalls, AnswerUselessNumbersWithoutHarm) {
@@ -191,10 +194,12 @@ TEST_F(HostCalls, AreAskedForPinsOnlyWhileProcessing) {
 
 class CallsFromCallbacks : public HostCalls {
  protected:
-  static VstIntPtr send(AEffect* effect, VstInt32 opcode, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F) {
+  static VstIntPtr send(AEffect* effect, VstInt32 opcode, VstIntPtr value = 0, void* ptr = nullptr,
+                        float opt = 0.0F) {
     return effect->dispatcher(effect, opcode, 0, value, ptr, opt);
   }
-  // Makes an effect, saves, restores, plays and ends it; then one must still play as if nothing had been.
+  // Makes an effect, saves, restores, plays and ends it; then one must still play as if nothing had
+  // been.
   void liveThrough() {
     Instance instance(module);
     instance.send(effOpen);
@@ -244,8 +249,9 @@ TEST_F(CallsFromCallbacks, MayGetAndSetParameters) {
 TEST_F(CallsFromCallbacks, MayAskForEveryText) {
   host.onCall = [&](const RecordingHost::Call& call) {
     char text[256] = "";
-    for (const VstInt32 opcode : {effGetProgramName, effGetParamLabel, effGetParamDisplay, effGetParamName,
-                                  effGetEffectName, effGetVendorString, effGetProductString}) {
+    for (const VstInt32 opcode :
+         {effGetProgramName, effGetParamLabel, effGetParamDisplay, effGetParamName,
+          effGetEffectName, effGetVendorString, effGetProductString}) {
       send(call.effect, opcode, 0, text);
     }
     EXPECT_EQ(send(call.effect, effGetPlugCategory), 4);
@@ -268,7 +274,8 @@ TEST_F(CallsFromCallbacks, MaySaveAndRestore) {
 
 TEST_F(CallsFromCallbacks, MaySwitchOnAndOff) {
   host.onCall = [&](const RecordingHost::Call& call) {
-    if (call.opcode == audioMasterPinConnected) return;  // inside a block: that would be a host of no sense
+    // inside a block: that would be a host of no sense
+    if (call.opcode == audioMasterPinConnected) return;
     send(call.effect, effMainsChanged, 0);
     send(call.effect, effMainsChanged, 1);
     ++inside;

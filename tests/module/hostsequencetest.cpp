@@ -1,5 +1,5 @@
-// What real hosts were seen to call, in their order: afterwards the effect plays and saves as if it had had one host
-// only.
+// What real hosts were seen to call, in their order: afterwards the effect plays and saves as if it
+// had had one host only.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -38,7 +38,8 @@ class HostSequence : public ModuleTest {
   }
   // The stored values of the project's preset, in some order of the host's.
   void setAll(Instance& instance, std::array<VstInt32, 5> order = {0, 1, 2, 3, 4}) {
-    for (const VstInt32 index : order) instance.setParameter(index, bank[9].values[static_cast<std::size_t>(index)]);
+    for (const VstInt32 index : order)
+      instance.setParameter(index, bank[9].values[static_cast<std::size_t>(index)]);
   }
 
   imagebytes::Bank bank = distinctBank();
@@ -115,7 +116,8 @@ void audacityLoad(Instance& instance, const Bytes& state) {
   instance.send(effEndSetProgram);
 }
 
-// It switches on at 44100 Hz, names the track's rate and processes; an instance that did just this sounds the same.
+// It switches on at 44100 Hz, names the track's rate and processes; an instance that did just this
+// sounds the same.
 TEST_F(HostSequence, AudacitysEffectOnATrack) {
   Instance first(module);
   audacityStart(first);
@@ -159,7 +161,8 @@ TEST_F(HostSequence, ArdoursChunkInAudacity) {
   EXPECT_EQ(audacity.chunk(1), state);
 }
 
-// From inside every callback it names rate and block size, through the record that it was just passed.
+// From inside every callback it names rate and block size, through the record that it was just
+// passed.
 TEST_F(HostSequence, QtractorsScan) {
   host.answers[audioMasterVersion] = 2;
   host.onCall = [](const RecordingHost::Call& call) {
@@ -170,9 +173,9 @@ TEST_F(HostSequence, QtractorsScan) {
   EXPECT_EQ(instance.send(effGetPlugCategory), 4);
   instance.send(effOpen);
   instance.text(effGetEffectName);
-  canDoAll(instance,
-           {"sendVstEvents", "sendVstMidiEvent", "sendVstTimeInfo", "receiveVstEvents", "receiveVstMidiEvent",
-            "receiveVstTimeInfo", "offline", "plugAsChannelInsert", "plugAsSend", "mixDryWet", "midiProgramNames"});
+  canDoAll(instance, {"sendVstEvents", "sendVstMidiEvent", "sendVstTimeInfo", "receiveVstEvents",
+                      "receiveVstMidiEvent", "receiveVstTimeInfo", "offline", "plugAsChannelInsert",
+                      "plugAsSend", "mixDryWet", "midiProgramNames"});
   EXPECT_EQ(instance.close(), 1);
   Instance second(module);
   EXPECT_EQ(second.send(effGetPlugCategory), 4);
@@ -214,9 +217,9 @@ TEST_F(HostSequence, MusesScan) {
     properties(instance, i);
     instance.text(effGetParamName, i);
   }
-  canDoAll(instance, {"receiveVstEvents", "sendVstEvents", "sendVstMidiEvent", "sendVstTimeInfo", "receiveVstMidiEvent",
-                      "receiveVstTimeInfo", "offline", "plugAsChannelInsert", "plugAsSend", "mixDryWet",
-                      "midiProgramNames", "receiveVstEvents"});
+  canDoAll(instance, {"receiveVstEvents", "sendVstEvents", "sendVstMidiEvent", "sendVstTimeInfo",
+                      "receiveVstMidiEvent", "receiveVstTimeInfo", "offline", "plugAsChannelInsert",
+                      "plugAsSend", "mixDryWet", "midiProgramNames", "receiveVstEvents"});
   EXPECT_EQ(instance.close(), 1);
 }
 
@@ -266,13 +269,16 @@ void juceStart(Instance& instance, float rate, VstInt32 block) {
   for (int round = 0; round < 2; ++round) {
     VstSpeakerArrangement* in = nullptr;
     VstSpeakerArrangement* out = nullptr;
-    EXPECT_EQ(instance.send(effGetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&in), &out), 0);
+    EXPECT_EQ(instance.send(effGetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&in), &out),
+              0);
     for (VstInt32 i = 0; i < 2; ++i) {
       EXPECT_EQ(instance.send(effGetInputProperties, i, 0, &pin), 1);
       EXPECT_EQ(instance.send(effGetOutputProperties, i, 0, &pin), 1);
     }
     if (round == 0) {
-      EXPECT_EQ(instance.send(effSetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&stereo), &stereo), 1);
+      EXPECT_EQ(
+          instance.send(effSetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&stereo), &stereo),
+          1);
     }
   }
   for (const unsigned char byte : pin.more) EXPECT_EQ(byte, 0x5A);
@@ -285,7 +291,8 @@ void juceStart(Instance& instance, float rate, VstInt32 block) {
   instance.setBlockSize(block);
   instance.send(effOpen);
   instance.send(effSetProgram, 0, 0);
-  for (const VstInt32 opcode : {100303, 100303, 100304, 100304}) EXPECT_EQ(instance.send(opcode), 0);
+  for (const VstInt32 opcode : {100303, 100303, 100304, 100304})
+    EXPECT_EQ(instance.send(opcode), 0);
   instance.send(effGetPlugCategory);
   char name[64];
   EXPECT_EQ(instance.send(effGetProgramNameIndexed, 0, -1, name), 1);

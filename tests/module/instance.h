@@ -46,7 +46,9 @@ struct Audio {
   std::vector<float> left;
   std::vector<float> right;
 
-  bool operator==(const Audio& other) const { return sameBits(left, other.left) && sameBits(right, other.right); }
+  bool operator==(const Audio& other) const {
+    return sameBits(left, other.left) && sameBits(right, other.right);
+  }
 
  private:
   static bool sameBits(const std::vector<float>& a, const std::vector<float>& b) {
@@ -88,7 +90,8 @@ class Instance {
   Instance(const Instance&) = delete;
   Instance& operator=(const Instance&) = delete;
 
-  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F) {
+  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr,
+                 float opt = 0.0F) {
     return effect->dispatcher(effect, opcode, index, value, ptr, opt);
   }
   // Returns what effClose returns; 0 if there is nothing to close.
@@ -129,9 +132,9 @@ class Instance {
   Audio render(const Audio& input, Buffers buffers = Buffers::separate,
                std::initializer_list<VstInt32> blocks = {512}) {
     Audio in = input;
-    Audio out = buffers == Buffers::separate
-                    ? Audio{std::vector<float>(input.left.size(), 99.0F), std::vector<float>(input.left.size(), 99.0F)}
-                    : Audio{};
+    Audio out = buffers == Buffers::separate ? Audio{std::vector<float>(input.left.size(), 99.0F),
+                                                     std::vector<float>(input.left.size(), 99.0F)}
+                                             : Audio{};
     Audio& to = buffers == Buffers::separate ? out : in;
     auto block = blocks.begin();
     for (std::size_t at = 0; at < input.left.size();) {

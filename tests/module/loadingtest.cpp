@@ -34,7 +34,8 @@ TEST_F(Loading, ServesHostsThatAnswer2And2300And2400) {
   }
 }
 
-// Some hosts follow a null pointer when they are asked anything else about an effect that is not there yet.
+// Some hosts follow a null pointer when they are asked anything else about an effect that is not
+// there yet.
 TEST_F(Loading, AsksOnlyTheVersionWithoutAnEffect) {
   Instance instance(module);
   for (const RecordingHost::Call& call : host.calls) {
@@ -54,7 +55,8 @@ TEST_F(Loading, AsksNothingThatHostsAnswerWithNullOrZeroWhileItIsMade) {
 }
 
 // Scanners make two, ask the second one its category and leave it.
-AEffect* leftOver = nullptr;  // reachable until the process ends, as a host's own record of it would be
+// reachable until the process ends, as a host's own record of it would be
+AEffect* leftOver = nullptr;
 
 void useModuleOnce() {
   LoadedModule module;
@@ -109,7 +111,8 @@ TEST(LoadingTwice, GivesTheSameModule) {
 }
 
 TEST(LoadingWithoutADisplay, CreatesProcessesSavesAndRestores) {
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "HOME", "XDG_RUNTIME_DIR"}) unsetenv(name);
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "HOME", "XDG_RUNTIME_DIR"})
+    unsetenv(name);
   useModuleOnce();
 }
 
@@ -142,9 +145,11 @@ TEST_F(Loading, KeepsInstancesApart) {
   Audio secondOut;
   for (std::size_t at = 0; at < 4096; at += 256) {
     const auto piece = [&](const std::vector<float>& from) {
-      return std::vector<float>(from.begin() + static_cast<long>(at), from.begin() + static_cast<long>(at) + 256);
+      return std::vector<float>(from.begin() + static_cast<long>(at),
+                                from.begin() + static_cast<long>(at) + 256);
     };
-    for (const auto& [instance, out] : {std::pair{&first, &firstOut}, std::pair{&second, &secondOut}}) {
+    for (const auto& [instance, out] :
+         {std::pair{&first, &firstOut}, std::pair{&second, &secondOut}}) {
       const Audio block = instance->render({piece(input.left), piece(input.right)});
       out->left.insert(out->left.end(), block.left.begin(), block.left.end());
       out->right.insert(out->right.end(), block.right.begin(), block.right.end());

@@ -32,7 +32,8 @@ class ModuleOldChunk : public ModuleTest {
 
 TEST_F(ModuleOldChunk, Of1440BytesLoadsInBothByteOrders) {
   for (const bool other : {false, true}) {
-    EXPECT_EQ(after(imagebytes::oldChunk(distinctBank(), 32, 5, 17, other)), imagebytes::chunk(distinctBank(), 17));
+    EXPECT_EQ(after(imagebytes::oldChunk(distinctBank(), 32, 5, 17, other)),
+              imagebytes::chunk(distinctBank(), 17));
   }
 }
 
@@ -74,7 +75,8 @@ TEST_F(ModuleOldChunk, WithFewRecordsLeavesTheOtherPresets) {
 }
 
 TEST_F(ModuleOldChunk, WithStoredPreset40SelectsPresetZero) {
-  EXPECT_EQ(after(imagebytes::oldChunk(distinctBank(), 32, 5, 40)), imagebytes::chunk(distinctBank(), 0));
+  EXPECT_EQ(after(imagebytes::oldChunk(distinctBank(), 32, 5, 40)),
+            imagebytes::chunk(distinctBank(), 0));
 }
 
 TEST_F(ModuleOldChunk, WithCountZeroOnlySelects) {

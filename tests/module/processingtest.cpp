@@ -58,7 +58,8 @@ class Processing : public ModuleTest {
 using Precisions = testing::Types<float, double>;
 TYPED_TEST_SUITE(Processing, Precisions);
 
-// One period: 44100 / 20 = 2205 frames, and 44.1, of which the fraction is dropped from the read offset 16384 - 44.1.
+// One period: 44100 / 20 = 2205 frames, and 44.1, of which the fraction is dropped from the read
+// offset 16384 - 44.1.
 TYPED_TEST(Processing, DelaysTheSideByOnePeriodOfTheBaseFrequency) {
   for (const auto& [baseFreq, frames] : {std::pair{0.0F, 2205U}, std::pair{1.0F, 45U}}) {
     Instance instance(this->module);
@@ -79,7 +80,8 @@ TYPED_TEST(Processing, GivesMidOnBothSidesAtWidthZero) {
   const auto in = this->coarse();
   const auto out = this->render(instance, in);
   EXPECT_EQ(out.left, out.right);
-  for (std::size_t i = 0; i < kFrames; ++i) ASSERT_EQ(out.left[i], (in.left[i] + in.right[i]) / 2) << i;
+  for (std::size_t i = 0; i < kFrames; ++i)
+    ASSERT_EQ(out.left[i], (in.left[i] + in.right[i]) / 2) << i;
 }
 
 TYPED_TEST(Processing, TakesTheInputSampleAsMidWhereTheSecondInputIsMissingOrTheFirst) {
@@ -91,7 +93,8 @@ TYPED_TEST(Processing, TakesTheInputSampleAsMidWhereTheSecondInputIsMissingOrThe
     TypeParam* ins[] = {in.left.data(), missing ? nullptr : in.left.data()};
     TypeParam* outs[] = {out.left.data(), out.right.data()};
     process(instance.effect, ins, outs);
-    for (std::size_t i = 0; i < kFrames; ++i) ASSERT_EQ((out.left[i] + out.right[i]) / 2, in.left[i]) << i;
+    for (std::size_t i = 0; i < kFrames; ++i)
+      ASSERT_EQ((out.left[i] + out.right[i]) / 2, in.left[i]) << i;
   }
 }
 

@@ -74,11 +74,14 @@ TEST_F(Record, HasTheSameNamesForEverybody) {
 
 TEST_F(Record, CanDoFourThingsAndNothingElse) {
   Instance instance(module);
-  const auto canDo = [&](std::string question) { return instance.send(effCanDo, 0, 0, question.data()); };
+  const auto canDo = [&](std::string question) {
+    return instance.send(effCanDo, 0, 0, question.data());
+  };
   for (const char* question : {"offline", "plugAsChannelInsert", "1in2out", "2in2out"}) {
     EXPECT_EQ(canDo(question), 1) << question;
   }
-  for (const char* question : {"bypass", "receiveVstMidiEvent", "receiveVstEvents", "Offline", "2in2outs", ""}) {
+  for (const char* question :
+       {"bypass", "receiveVstMidiEvent", "receiveVstEvents", "Offline", "2in2outs", ""}) {
     EXPECT_EQ(canDo(question), 0) << question;
   }
 }
@@ -93,7 +96,8 @@ TEST_F(Record, TakesOneOrTwoInputsToTwoOutputsAndNoOtherArrangement) {
     out.numChannels = outs;
     return instance.send(effSetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&in), &out);
   };
-  // Both flags of the effect, by what it does with the second buffers: mid of 1 and 3 is 2, of 1 alone 1.
+  // Both flags of the effect, by what it does with the second buffers: mid of 1 and 3 is 2, of 1
+  // alone 1.
   const auto isStereo = [&] {
     instance.mainsChanged(true);
     const Audio out = instance.render({{1.0F}, {3.0F}});
@@ -131,7 +135,8 @@ TEST_F(Record, HasPropertiesOfItsFiveParametersOnly) {
   VstParameterProperties properties{};
   EXPECT_EQ(instance.send(effGetParameterProperties, 4, 0, &properties), 1);
   EXPECT_STREQ(properties.label, "phase");
-  for (const VstInt32 index : {5, -1}) EXPECT_EQ(instance.send(effGetParameterProperties, index, 0, &properties), 0);
+  for (const VstInt32 index : {5, -1})
+    EXPECT_EQ(instance.send(effGetParameterProperties, index, 0, &properties), 0);
   EXPECT_STREQ(properties.label, "phase") << "untouched";
 }
 
@@ -139,7 +144,8 @@ TEST_F(Record, HasPropertiesOfItsFiveParametersOnly) {
 TEST_F(Record, HasUniqueParameterNames) {
   Instance instance(module);
   std::vector<std::string> names;
-  for (VstInt32 index = 0; index < 5; ++index) names.push_back(instance.text(effGetParamName, index));
+  for (VstInt32 index = 0; index < 5; ++index)
+    names.push_back(instance.text(effGetParamName, index));
   EXPECT_EQ(names, (std::vector<std::string>{"width", "baseFreq", "emphasis", "process", "phase"}));
 }
 

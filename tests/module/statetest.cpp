@@ -1,4 +1,5 @@
-// Parameters and state: values come back exactly, the chunk is a function of the state and of nothing else.
+// Parameters and state: values come back exactly, the chunk is a function of the state and of
+// nothing else.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -48,7 +49,8 @@ TEST_F(State, DoesNotChangeWhenParametersAreSetToWhatTheyAreInAnyOrder) {
 
 TEST_F(State, IsRestoredByTheChunkAlone) {
   Instance instance(module);
-  for (VstInt32 index = 0; index < 5; ++index) instance.setParameter(index, 0.1F * static_cast<float>(index));
+  for (VstInt32 index = 0; index < 5; ++index)
+    instance.setParameter(index, 0.1F * static_cast<float>(index));
   std::string name = "my own";
   instance.send(effSetProgramName, 0, 0, name.data());
   const Bytes saved = instance.chunk();
@@ -88,7 +90,8 @@ TEST_F(State, GivesTheSameChunkInEveryInstanceThatHasIt) {
   traveller.setSampleRate(96000.0F);
   traveller.mainsChanged(true);
   traveller.render(noise(3000));
-  for (std::string name : {"a rather long name, cut", "short"}) traveller.send(effSetProgramName, 0, 0, name.data());
+  for (std::string name : {"a rather long name, cut", "short"})
+    traveller.send(effSetProgramName, 0, 0, name.data());
   traveller.setParameter(0, 0.9F);
   traveller.setParameter(0, 0.75F);
   traveller.setParameter(6, 0.5F);
@@ -107,7 +110,8 @@ TEST_F(State, IsNotChangedByProcessingAndTexts) {
   instance.mainsChanged(true);
   instance.render(noise(3000));
   for (VstInt32 index = 0; index < 7; ++index) {
-    for (const VstInt32 opcode : {effGetParamName, effGetParamLabel, effGetParamDisplay, effGetProgramNameIndexed}) {
+    for (const VstInt32 opcode :
+         {effGetParamName, effGetParamLabel, effGetParamDisplay, effGetProgramNameIndexed}) {
       instance.text(opcode, index);
     }
   }

@@ -46,7 +46,8 @@ std::string lineIn(const std::string& path) {
 }
 
 bool goesAway(const std::string& pid) {
-  for (int tries = 0; tries < 5000 && isAlive(pid); ++tries) std::this_thread::sleep_for(milliseconds(1));
+  for (int tries = 0; tries < 5000 && isAlive(pid); ++tries)
+    std::this_thread::sleep_for(milliseconds(1));
   return !isAlive(pid);
 }
 
@@ -63,7 +64,8 @@ class Child : public testing::Test {
 };
 
 TEST_F(Child, GetsItsArgumentsAsTheyAre) {
-  const std::vector<std::string> odd = {"", " two  spaces ", "$HOME `id` \"'\\", "-x", "line\nbreak", "\xff\xfe"};
+  const std::vector<std::string> odd = {"",   " two  spaces ", "$HOME `id` \"'\\",
+                                        "-x", "line\nbreak",   "\xff\xfe"};
   std::vector<std::string> arguments = {script("printf '[%s]' \"$@\"")};
   arguments.insert(arguments.end(), odd.begin(), odd.end());
   ASSERT_TRUE(program.start(arguments));
@@ -85,7 +87,8 @@ TEST_F(Child, TellsHowItEnded) {
 
 // Both are called where an owner ends, and nothing may be thrown there.
 TEST_F(Child, IsEndedAndLeftWithoutAnyMemory) {
-  const std::string writer = script("printf '%0100d' 0; echo $$ >'" + (folder / "pid") + "'; exec /bin/sleep 60");
+  const std::string writer =
+      script("printf '%0100d' 0; echo $$ >'" + (folder / "pid") + "'; exec /bin/sleep 60");
   for (const auto ending : {&ChildProgram::end, &ChildProgram::leave}) {
     ASSERT_TRUE(program.start({writer}));
     const std::string pid = lineIn(folder / "pid");
@@ -108,11 +111,18 @@ TEST_F(Child, DoesNotStartWhereThereIsNoProgram) {
 
 TEST_F(Child, HasAnEnvironmentWithoutWhatHostsPutThere) {
   const ScopedVariable preload("LD_PRELOAD", nullptr);
-  const char* const hosts[] = {
-      "LD_LIBRARY_PATH",        "LD_AUDIT",   "GTK_PATH",  "GTK_MODULES", "GIO_EXTRA_MODULES", "QT_PLUGIN_PATH",
-      "GDK_PIXBUF_MODULE_FILE", "PYTHONHOME", "PYTHONPATH"};
+  const char* const hosts[] = {"LD_LIBRARY_PATH",
+                               "LD_AUDIT",
+                               "GTK_PATH",
+                               "GTK_MODULES",
+                               "GIO_EXTRA_MODULES",
+                               "QT_PLUGIN_PATH",
+                               "GDK_PIXBUF_MODULE_FILE",
+                               "PYTHONHOME",
+                               "PYTHONPATH"};
   std::vector<std::unique_ptr<ScopedVariable>> variables;
-  for (const char* name : hosts) variables.push_back(std::make_unique<ScopedVariable>(name, "/host/own"));
+  for (const char* name : hosts)
+    variables.push_back(std::make_unique<ScopedVariable>(name, "/host/own"));
   const ScopedVariable display("DISPLAY", ":17");
   const ScopedVariable language("LANG", "de_DE.UTF-8");
   const ScopedVariable similar("LDAP_SERVER", "stays");
@@ -125,7 +135,8 @@ TEST_F(Child, HasAnEnvironmentWithoutWhatHostsPutThere) {
 }
 
 TEST_F(Child, HasNoneOfTheHostsFilesAndNoInput) {
-  const int hosts = open("/dev/null", O_RDONLY);  // without close-on-exec, as many hosts open theirs
+  // without close-on-exec, as many hosts open theirs
+  const int hosts = open("/dev/null", O_RDONLY);
   ASSERT_TRUE(program.start({script("/bin/ls /proc/$$/fd; /bin/cat; echo error >&2")}));
   ASSERT_TRUE(ends(program));
   close(hosts);
@@ -145,7 +156,8 @@ TEST_F(Child, StartsWithDefaultSignalHandlingWhateverTheHostHas) {
   sigset_t blocked, before;
   sigfillset(&blocked);
   pthread_sigmask(SIG_SETMASK, &blocked, &before);
-  const bool started = program.start({"/bin/sed", "-n", "s/Sig[BI][lg][kn]://p", "/proc/self/status"});
+  const bool started =
+      program.start({"/bin/sed", "-n", "s/Sig[BI][lg][kn]://p", "/proc/self/status"});
   pthread_sigmask(SIG_SETMASK, &before, nullptr);
   sigaction(SIGUSR1, &old, nullptr);
   ASSERT_TRUE(started);
@@ -153,7 +165,8 @@ TEST_F(Child, StartsWithDefaultSignalHandlingWhateverTheHostHas) {
   std::istringstream lines(program.output());
   std::uint64_t blockedThere = 1, ignoredThere = 1;  // bit n - 1 for signal n
   lines >> std::hex >> blockedThere >> ignoredThere;
-  constexpr std::uint64_t kNamed = 0x7FFFFFFF;  // signals 1 to 31; the next two are the library's own
+  // signals 1 to 31; the next two are the library's own
+  constexpr std::uint64_t kNamed = 0x7FFFFFFF;
   EXPECT_EQ(blockedThere, 0U);
   EXPECT_EQ(ignoredThere & kNamed, 0U);
 }
@@ -213,8 +226,8 @@ TEST_F(Child, WorksWhereTheHostCollectsEveryChildItself) {
 }
 
 TEST_F(Child, EndsWhenAskedAndWithItItsOwnChildren) {
-  ASSERT_TRUE(program.start(
-      {script("/bin/sleep 60 & echo $! > " + folder.path + "/grandchild; echo $$ > " + folder.path + "/child; wait")}));
+  ASSERT_TRUE(program.start({script("/bin/sleep 60 & echo $! > " + folder.path +
+                                    "/grandchild; echo $$ > " + folder.path + "/child; wait")}));
   const std::string child = lineIn(folder / "child");
   const std::string grandchild = lineIn(folder / "grandchild");
   ASSERT_FALSE(child.empty());
@@ -225,8 +238,8 @@ TEST_F(Child, EndsWhenAskedAndWithItItsOwnChildren) {
 }
 
 TEST_F(Child, EndsSoonEvenIfItDoesNotWantTo) {
-  ASSERT_TRUE(
-      program.start({script("trap '' TERM; echo $$ > " + folder.path + "/child; while :; do /bin/sleep 1; done")}));
+  ASSERT_TRUE(program.start({script("trap '' TERM; echo $$ > " + folder.path +
+                                    "/child; while :; do /bin/sleep 1; done")}));
   const std::string child = lineIn(folder / "child");
   ASSERT_FALSE(child.empty());
   const auto begin = steady_clock::now();
@@ -247,7 +260,8 @@ TEST_F(Child, EndsWithItsOwner) {
 }
 
 TEST_F(Child, LeavesWhatItHasStartedRunningWhenItIsLeft) {
-  ASSERT_TRUE(program.start({script("/bin/sleep 60 >/dev/null & echo $! > " + folder.path + "/grandchild; wait")}));
+  ASSERT_TRUE(program.start(
+      {script("/bin/sleep 60 >/dev/null & echo $! > " + folder.path + "/grandchild; wait")}));
   const std::string grandchild = lineIn(folder / "grandchild");
   ASSERT_FALSE(grandchild.empty());
   program.leave();
@@ -265,7 +279,8 @@ TEST_F(Child, IsPolledWithoutWaiting) {
 }
 
 TEST_F(Child, HasEndedEvenIfAChildOfItsOwnKeepsTheOutputOpen) {
-  ASSERT_TRUE(program.start({script("/bin/sleep 5 & echo $! > " + folder.path + "/grandchild; echo /chosen")}));
+  ASSERT_TRUE(program.start(
+      {script("/bin/sleep 5 & echo $! > " + folder.path + "/grandchild; echo /chosen")}));
   const auto begin = steady_clock::now();
   ASSERT_TRUE(ends(program));
   EXPECT_LT(steady_clock::now() - begin, seconds(4));
@@ -290,7 +305,8 @@ TEST_F(Child, IsWaitedForEvenWithItsOutputClosed) {
 }
 
 TEST_F(Child, ReplacesTheOneBefore) {
-  ASSERT_TRUE(program.start({script("echo first > " + folder.path + "/child; exec /bin/sleep 60")}));
+  ASSERT_TRUE(
+      program.start({script("echo first > " + folder.path + "/child; exec /bin/sleep 60")}));
   ASSERT_EQ(lineIn(folder / "child"), "first");
   ASSERT_TRUE(program.start({script("echo second")}));
   ASSERT_TRUE(ends(program));

@@ -29,11 +29,13 @@ TEST(DesktopDialog, TakesTheDesktopsOwnProgramFirst) {
   for (const char* name : {"zenity", "kdialog", "xmessage"}) desktop.install(name, "exit 0");
   for (const char* gtk : {"GNOME", "ubuntu:GNOME", "", "NOTKDE"}) {
     desktop.kind.set(gtk);
-    EXPECT_THAT(kindsOf(desktopdialog::filePrograms()), ElementsAre(Kind::zenity, Kind::kdialog)) << gtk;
+    EXPECT_THAT(kindsOf(desktopdialog::filePrograms()), ElementsAre(Kind::zenity, Kind::kdialog))
+        << gtk;
   }
   for (const char* qt : {"KDE", "LXQt", "neon:KDE"}) {
     desktop.kind.set(qt);
-    EXPECT_THAT(kindsOf(desktopdialog::alertPrograms()), ElementsAre(Kind::kdialog, Kind::zenity, Kind::xmessage))
+    EXPECT_THAT(kindsOf(desktopdialog::alertPrograms()),
+                ElementsAre(Kind::kdialog, Kind::zenity, Kind::xmessage))
         << qt;
   }
 }
@@ -50,7 +52,9 @@ TEST(DesktopDialog, NeedsADisplay) {
 // Kdialog takes escapes, and a text with a tag in it for markup.
 TEST(DesktopDialog, ShowsTextsAsTheyStand) {
   const desktopdialog::Program kdialog{Kind::kdialog, "/k"};
-  const auto shown = [&](const std::string& text) { return desktopdialog::warning(kdialog, "Title", text).back(); };
+  const auto shown = [&](const std::string& text) {
+    return desktopdialog::warning(kdialog, "Title", text).back();
+  };
   EXPECT_EQ(shown("two\nlines & more"), "two\nlines & more");
   EXPECT_EQ(shown("back\\slash"), "back\\\\slash");
   EXPECT_EQ(shown("a <b> & c\nd"), "<qt>a &lt;b&gt; &amp; c<br/>d</qt>");

@@ -71,7 +71,8 @@ TEST_F(Manual, IsStartedInACleanEnvironment) {
   EXPECT_THAT(desktop.environmentOf("xdg-open"), testing::Not(testing::HasSubstr("/host/own")));
 }
 
-// The resources of test programs are the bundle's, with the manual in them or not: this test follows what there is.
+// The resources of test programs are the bundle's, with the manual in them or not: this test
+// follows what there is.
 TEST_F(Manual, OpensTheBundlesCopyWhereTheUserHasNone) {
   const std::string bundled = resourcesFolder() + "Trelvan Operation Manual.pdf";
   desktop.install("xdg-open", "");
@@ -108,7 +109,8 @@ TEST_F(Manual, NeverWaitsForTheViewer) {
 
 TEST_F(Manual, LetsAViewerThatStaysInTheForegroundLiveOn) {
   put(usersCopy);
-  desktop.install("xdg-open", "/bin/sleep 0.3; echo output; echo done > " + (desktop.folder / "done"));
+  desktop.install("xdg-open",
+                  "/bin/sleep 0.3; echo output; echo done > " + (desktop.folder / "done"));
   {
     ManualOpener shortLived;
     shortLived.start();

@@ -15,8 +15,8 @@ struct Place {
   std::string resources;
 };
 
-// Loads a copy of the probe by that name; the copy stays loaded, as hosts' plug-ins do. It is asked in `later`, where
-// the process goes once it is loaded.
+// Loads a copy of the probe by that name; the copy stays loaded, as hosts' plug-ins do. It is asked
+// in `later`, where the process goes once it is loaded.
 Place placeOf(const std::string& name, const fs::path& later = fs::current_path()) {
   void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
   EXPECT_NE(module, nullptr) << dlerror();
@@ -66,7 +66,8 @@ TEST_F(Module, FindsItsBundleThroughARelativeName) {
   fs::create_directory(folder / "X.vst/Contents/Resources");
   const fs::path before = fs::current_path();
   fs::current_path(folder / "X.vst");
-  EXPECT_EQ(placeOf("./Contents/../Contents/x86_64-linux/X.so").resources, folder / "X.vst/Contents/Resources/");
+  EXPECT_EQ(placeOf("./Contents/../Contents/x86_64-linux/X.so").resources,
+            folder / "X.vst/Contents/Resources/");
   fs::current_path(before);
 }
 
@@ -74,7 +75,8 @@ TEST_F(Module, FindsItsBundleThroughARelativeNameInAProcessThatHasGoneElsewhere)
   fs::create_directory(folder / "X.vst/Contents/Resources");
   const fs::path before = fs::current_path();
   fs::current_path(folder / "X.vst");
-  EXPECT_EQ(placeOf("./Contents/x86_64-linux/X.so", before).resources, folder / "X.vst/Contents/Resources/");
+  EXPECT_EQ(placeOf("./Contents/x86_64-linux/X.so", before).resources,
+            folder / "X.vst/Contents/Resources/");
 }
 
 TEST_F(Module, FindsABundleWithOddCharactersInItsName) {

@@ -19,18 +19,21 @@ std::string keyOf(int writer, int write) {
 class PreferenceSharing : public Preferences {
  protected:
   static void writeAll(int writer) {
-    for (int write = 0; write < kWrites; ++write) store(keyOf(writer, write).c_str(), keyOf(writer, write));
+    for (int write = 0; write < kWrites; ++write)
+      store(keyOf(writer, write).c_str(), keyOf(writer, write));
   }
   static void expectAll() {
     for (int writer = 0; writer < kWriters; ++writer) {
-      for (int write = 0; write < kWrites; ++write) EXPECT_EQ(stored(keyOf(writer, write)), keyOf(writer, write));
+      for (int write = 0; write < kWrites; ++write)
+        EXPECT_EQ(stored(keyOf(writer, write)), keyOf(writer, write));
     }
   }
 };
 
 TEST_F(PreferenceSharing, LosesNothingWhenManyThreadsWriteAtOnce) {
   std::vector<std::thread> threads;
-  for (int writer = 0; writer < kWriters; ++writer) threads.emplace_back([writer] { writeAll(writer); });
+  for (int writer = 0; writer < kWriters; ++writer)
+    threads.emplace_back([writer] { writeAll(writer); });
   for (std::thread& thread : threads) thread.join();
   expectAll();
 }
@@ -51,7 +54,8 @@ TEST_F(PreferenceSharing, ShowsReadersWholeFilesWhileOthersWrite) {
   std::thread writer([&] {
     for (int round = 0; round < 100; ++round) {
       PreferenceStore preferences(kId);
-      const std::string value(1 + static_cast<std::size_t>(round) * 100, static_cast<char>('a' + round % 26));
+      const std::string value(1 + static_cast<std::size_t>(round) * 100,
+                              static_cast<char>('a' + round % 26));
       preferences.setBytes("First", value.data(), value.size());
       preferences.setBytes("Second", value.data(), value.size());
       EXPECT_TRUE(preferences.synchronise());
@@ -101,7 +105,8 @@ TEST_F(PreferenceSharing, SurvivesWritersThatAreKilled) {
   store("Third", "value");
   EXPECT_EQ(stored("First"), stored("Second"));
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder())) names.push_back(entry.path().filename());
+  for (const auto& entry : std::filesystem::directory_iterator(folder()))
+    names.push_back(entry.path().filename());
   std::sort(names.begin(), names.end());
   EXPECT_EQ(names, (std::vector<std::string>{"product.conf", "product.conf.lock"}));
 }

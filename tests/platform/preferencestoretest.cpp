@@ -1,4 +1,5 @@
-// Tests of the preferences: what is kept, what it costs, and what happens where nothing can be kept.
+// Tests of the preferences: what is kept, what it costs, and what happens where nothing can be
+// kept.
 #include "tests/support/preferencestoretest.h"
 
 #include <fcntl.h>
@@ -186,7 +187,8 @@ TEST_F(Preferences, AreAbsentWithoutAHome) {
 }
 
 TEST_F(Preferences, AreAbsentForAnIdentifierThatIsNoName) {
-  for (const char* id : {"", "one", "one.two", "one..three", "one.two.", "../..", "a./../b.c", "one.two/three.four"}) {
+  for (const char* id : {"", "one", "one.two", "one..three", "one.two.", "../..", "a./../b.c",
+                         "one.two/three.four"}) {
     PreferenceStore preferences(id);
     preferences.setString("CurrDir", "/a/");
     EXPECT_FALSE(preferences.synchronise()) << id;
@@ -203,8 +205,8 @@ TEST_F(Preferences, AreAbsentWhereTheFolderCannotBeMade) {
   EXPECT_FALSE(PreferenceStore(kId).getBytes("CurrDir", value));
 }
 
-// Nobody may write a folder of root's, and root may write every folder: so the work is done as nobody where we are
-// root.
+// Nobody may write a folder of root's, and root may write every folder: so the work is done as
+// nobody where we are root.
 void asNobody(const std::function<void()>& work) {
   constexpr uid_t kNobody = 65534;
   ASSERT_TRUE(succeeded(inProcess([&] {
@@ -268,7 +270,8 @@ TEST_F(Preferences, MissAValueThatIsDamagedAndKeepTheOthers) {
   EXPECT_EQ(stored("Good"), "value");
   for (const char* key : {"Odd", "Foreign", "Unmarked"}) EXPECT_EQ(stored(key), "missing") << key;
   char text[16];
-  for (const char* key : {"Broken", "Cut"}) EXPECT_FALSE(PreferenceStore(kId).getString(key, text, sizeof text)) << key;
+  for (const char* key : {"Broken", "Cut"})
+    EXPECT_FALSE(PreferenceStore(kId).getString(key, text, sizeof text)) << key;
   store("Odd", "repaired");
   EXPECT_EQ(stored("Odd"), "repaired");
   EXPECT_EQ(stored("Good"), "value");

@@ -26,8 +26,9 @@ class SharedFile : public testing::Test {
   std::string out = "untouched";
 };
 
+// more than one part
 TEST_F(SharedFile, IsReadUpToItsLimit) {
-  const std::string content(40000, 'x');  // more than one part
+  const std::string content(40000, 'x');
   writeFile(file, content);
   EXPECT_EQ(sharedfile::read(file, content.size() - 1, out), Reading::tooLarge);
   EXPECT_EQ(out, "untouched");

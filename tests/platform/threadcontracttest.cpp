@@ -1,4 +1,5 @@
-// The checks of threads: what they let pass, what ends the process, and that nothing is left of them elsewhere.
+// The checks of threads: what they let pass, what ends the process, and that nothing is left of
+// them elsewhere.
 #include "platform/threadcontract.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,8 @@ TEST(ProcessingContract, LetsAHostCallAgainFromInsideACall) {
   contract.enter("process");
   contract.ensureNoOther("suspend");
   contract.leave();
-  EXPECT_DEATH(onAnotherThread([&] { contract.enter("process"); }), "") << "the outer call is still there";
+  EXPECT_DEATH(onAnotherThread([&] { contract.enter("process"); }), "")
+      << "the outer call is still there";
   contract.leave();
   onAnotherThread([&] { contract.ensureNoOther("suspend"); });
 }

@@ -8,8 +8,9 @@ namespace {
 const std::string kBad = "\xEF\xBF\xBD";
 
 TEST(ValidText, WhatIsValidStaysAsItIs) {
-  for (const char* text : {"", "plain", "\xC3\x84nderung", "\xE2\x80\xA6", "\xF0\x9F\x98\x80", "\x7F", "\xC2\x80",
-                           "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+  for (const char* text :
+       {"", "plain", "\xC3\x84nderung", "\xE2\x80\xA6", "\xF0\x9F\x98\x80", "\x7F", "\xC2\x80",
+        "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80", "\xF4\x8F\xBF\xBF"}) {
     EXPECT_EQ(validText(text), text);
   }
 }

@@ -33,25 +33,28 @@ TEST_F(Alert, ReturnsWhenTheUserHasDismissedIt) {
 TEST_F(Alert, GivesZenityTheTextAsData) {
   desktop.install("zenity", "echo noise >&2");
   show(kOdd);
-  EXPECT_THAT(desktop.argumentsOf("zenity"),
-              ElementsAre("--warning", "--no-markup", "--title=Trelvan", std::string("--text=") + kOdd));
+  EXPECT_THAT(
+      desktop.argumentsOf("zenity"),
+      ElementsAre("--warning", "--no-markup", "--title=Trelvan", std::string("--text=") + kOdd));
 }
 
 TEST_F(Alert, GivesKdialogTheTextAsData) {
   desktop.install("kdialog", "");
   show(kOdd);
-  EXPECT_THAT(
-      desktop.argumentsOf("kdialog"),
-      ElementsAre("--title", "Trelvan", "--sorry", "<qt> -a &lt;b&gt;bold&lt;/b&gt; &amp; \\\\n line<br/>next</qt>"));
+  EXPECT_THAT(desktop.argumentsOf("kdialog"),
+              ElementsAre("--title", "Trelvan", "--sorry",
+                          "<qt> -a &lt;b&gt;bold&lt;/b&gt; &amp; \\\\n line<br/>next</qt>"));
   show("plain & simple\n\\n");
-  EXPECT_THAT(desktop.argumentsOf("kdialog", 2), ElementsAre("--title", "Trelvan", "--sorry", "plain & simple\n\\\\n"));
+  EXPECT_THAT(desktop.argumentsOf("kdialog", 2),
+              ElementsAre("--title", "Trelvan", "--sorry", "plain & simple\n\\\\n"));
 }
 
 TEST_F(Alert, FallsBackToXmessage) {
   desktop.install("xmessage", "");
   show(kOdd);
-  EXPECT_THAT(desktop.argumentsOf("xmessage"), ElementsAre("-center", "-title", "Trelvan", "-buttons", "OK:0",
-                                                           "-default", "OK", std::string(" ") + kOdd));
+  EXPECT_THAT(desktop.argumentsOf("xmessage"),
+              ElementsAre("-center", "-title", "Trelvan", "-buttons", "OK:0", "-default", "OK",
+                          std::string(" ") + kOdd));
 }
 
 TEST_F(Alert, MakesTheTextUtf8) {

@@ -25,7 +25,9 @@ class XPlatFile : public testing::Test {
     std::ifstream in(dir + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
   }
-  long open(const char* name, bool forWrite) { return XPlatFileOpen(name, dir.c_str(), &handle, forWrite); }
+  long open(const char* name, bool forWrite) {
+    return XPlatFileOpen(name, dir.c_str(), &handle, forWrite);
+  }
 
   const TemporaryFolder folder;
   const std::string dir = folder.path + "/";

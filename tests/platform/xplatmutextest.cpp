@@ -37,7 +37,8 @@ TEST(XPlatMutex, GoesOnAfterTheTimeout) {
   void* mutex = XPlatCreateMutex();
   XPlatLockMutex(mutex, 0);
   const auto start = steady_clock::now();
-  std::thread other([&] { XPlatLockMutex(mutex, 50); });  // goes on as if it held the lock; it has nothing to release
+  // goes on as if it held the lock; it has nothing to release
+  std::thread other([&] { XPlatLockMutex(mutex, 50); });
   other.join();
   const auto waited = steady_clock::now() - start;
   EXPECT_GE(waited, milliseconds(50));
@@ -46,7 +47,8 @@ TEST(XPlatMutex, GoesOnAfterTheTimeout) {
   XPlatDeleteMutex(mutex);
 }
 
-// The thread sanitizer of clang 14 does not see locks that are taken with a time limit and calls their unlocking wrong.
+// The thread sanitizer of clang 14 does not see locks that are taken with a time limit and calls
+// their unlocking wrong.
 TEST(XPlatMutex, TakesAFreeLockWithinTheTimeout) {
   void* mutex = XPlatCreateMutex();
   const auto start = steady_clock::now();

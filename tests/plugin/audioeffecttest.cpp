@@ -69,7 +69,8 @@ TEST_F(AudioEffectTest, ChangesTheRecordWhenItSaysWhatItIs) {
   EXPECT_EQ(record->numInputs, 5);
   EXPECT_EQ(record->numOutputs, 6);
   EXPECT_EQ(record->initialDelay, 480);
-  EXPECT_EQ(record->flags, effFlagsCanReplacing | effFlagsCanDoubleReplacing | effFlagsProgramChunks);
+  EXPECT_EQ(record->flags,
+            effFlagsCanReplacing | effFlagsCanDoubleReplacing | effFlagsProgramChunks);
   effect.canProcessReplacing(false);
   EXPECT_EQ(record->flags, effFlagsCanDoubleReplacing | effFlagsProgramChunks);
 }
@@ -114,8 +115,8 @@ TEST_F(AudioEffectTest, HandsTextsToTheirOperations) {
 }
 
 TEST_F(AudioEffectTest, AnswersZeroWhereTheHostGivesNoBuffer) {
-  for (const VstInt32 opcode : {effSetProgramName, effGetProgramName, effGetParamLabel, effGetParamDisplay,
-                                effGetParamName, effEditGetRect, effGetChunk}) {
+  for (const VstInt32 opcode : {effSetProgramName, effGetProgramName, effGetParamLabel,
+                                effGetParamDisplay, effGetParamName, effEditGetRect, effGetChunk}) {
     EXPECT_EQ(effect.send(opcode), 0) << opcode;
   }
 }
@@ -155,8 +156,10 @@ TEST_F(AudioEffectTest, TakesAnyIndexButZeroAsAPresetChunk) {
 }
 
 TEST_F(AudioEffectTest, AnswersZeroToEveryOtherOpcodeBelow25) {
-  for (const VstInt32 opcode : {9, 16, 17, 18, 20, 21}) EXPECT_EQ(effect.send(opcode, 1, 2, text, 3.0F), 0) << opcode;
-  for (const VstInt32 opcode : {-1, -2147483647, 25, 79, 100289}) EXPECT_EQ(effect.send(opcode), 0) << opcode;
+  for (const VstInt32 opcode : {9, 16, 17, 18, 20, 21})
+    EXPECT_EQ(effect.send(opcode, 1, 2, text, 3.0F), 0) << opcode;
+  for (const VstInt32 opcode : {-1, -2147483647, 25, 79, 100289})
+    EXPECT_EQ(effect.send(opcode), 0) << opcode;
 }
 
 TEST_F(AudioEffectTest, AnswersZeroToEditorOpcodesWithoutAnEditor) {
@@ -271,7 +274,8 @@ TEST_F(AudioEffectTest, AsksTheHostForItsVersionIdAndIdleTime) {
   EXPECT_EQ(effect.getMasterVersion(), 2300);
   EXPECT_EQ(effect.getCurrentUniqueId(), 0x50726231);
   effect.masterIdle();
-  EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterVersion, audioMasterCurrentId, audioMasterIdle));
+  EXPECT_THAT(host.opcodes(),
+              ElementsAre(audioMasterVersion, audioMasterCurrentId, audioMasterIdle));
 }
 
 TEST(AudioEffect, WorksWithoutAnyHost) {
@@ -289,7 +293,8 @@ TEST(AudioEffect, AnswersNothingByDefault) {
   const auto send = [record](VstInt32 opcode, void* ptr) {
     return record->dispatcher(record, opcode, 0, 0, ptr, 0.0F);
   };
-  for (const VstInt32 opcode : {effGetProgramName, effGetParamLabel, effGetParamDisplay, effGetParamName}) {
+  for (const VstInt32 opcode :
+       {effGetProgramName, effGetParamLabel, effGetParamDisplay, effGetParamName}) {
     char text[8] = "before";
     EXPECT_EQ(send(opcode, text), 0);
     EXPECT_STREQ(text, "");

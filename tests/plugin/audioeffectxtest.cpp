@@ -1,4 +1,5 @@
-// The extended interface: which operation each opcode reaches, the default answers, and the calls to the host.
+// The extended interface: which operation each opcode reaches, the default answers, and the calls
+// to the host.
 #include "plugin/audioeffectx.h"
 
 #include <gmock/gmock.h>
@@ -24,7 +25,8 @@ class PlainEffectX : public AudioEffectX {
   void processReplacing(float**, float**, VstInt32) override {}
   void processDoubleReplacing(double**, double**, VstInt32) override {}
 
-  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F) {
+  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr,
+                 float opt = 0.0F) {
     return getAeffect()->dispatcher(getAeffect(), opcode, index, value, ptr, opt);
   }
 };
@@ -38,7 +40,8 @@ class MockEffectX : public PlainEffectX {
   MOCK_METHOD(bool, getInputProperties, (VstInt32, VstPinProperties*), (override));
   MOCK_METHOD(bool, getOutputProperties, (VstInt32, VstPinProperties*), (override));
   MOCK_METHOD(VstPlugCategory, getPlugCategory, (), (override));
-  MOCK_METHOD(bool, setSpeakerArrangement, (VstSpeakerArrangement*, VstSpeakerArrangement*), (override));
+  MOCK_METHOD(bool, setSpeakerArrangement, (VstSpeakerArrangement*, VstSpeakerArrangement*),
+              (override));
   MOCK_METHOD(bool, setBypass, (bool), (override));
   MOCK_METHOD(bool, getEffectName, (char*), (override));
   MOCK_METHOD(bool, getVendorString, (char*), (override));
@@ -49,7 +52,8 @@ class MockEffectX : public PlainEffectX {
   MOCK_METHOD(VstInt32, getTailSize, (), (override));
   MOCK_METHOD(bool, getParameterProperties, (VstInt32, VstParameterProperties*), (override));
   MOCK_METHOD(VstInt32, getVstVersion, (), (override));
-  MOCK_METHOD(bool, getSpeakerArrangement, (VstSpeakerArrangement**, VstSpeakerArrangement**), (override));
+  MOCK_METHOD(bool, getSpeakerArrangement, (VstSpeakerArrangement**, VstSpeakerArrangement**),
+              (override));
   MOCK_METHOD(VstInt32, startProcess, (), (override));
   MOCK_METHOD(VstInt32, stopProcess, (), (override));
   MOCK_METHOD(bool, setPanLaw, (VstInt32, float), (override));
@@ -109,7 +113,9 @@ TEST_F(AudioEffectXTest, HandsRecordsToTheirOperations) {
   EXPECT_EQ(effect.send(effGetOutputProperties, 2, 0, &pin), 1);
   EXPECT_EQ(effect.send(effGetParameterProperties, 4, 0, &properties), 1);
   EXPECT_EQ(effect.send(effSetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&in), &out), 1);
-  EXPECT_EQ(effect.send(effGetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&pointers[0]), &pointers[1]), 1);
+  EXPECT_EQ(effect.send(effGetSpeakerArrangement, 0, reinterpret_cast<VstIntPtr>(&pointers[0]),
+                        &pointers[1]),
+            1);
 }
 
 TEST_F(AudioEffectXTest, HandsNamesAndNumbersToTheirOperations) {
@@ -162,8 +168,8 @@ TEST_F(AudioEffectXTest, HandsTheRestToTheirOperations) {
 
 TEST_F(AudioEffectXTest, AsksNothingOfTheEffectWhereTheHostGivesNoBuffer) {
   for (const VstInt32 opcode :
-       {effGetProgramNameIndexed, effGetInputProperties, effGetOutputProperties, effGetEffectName, effGetVendorString,
-        effGetProductString, effCanDo, effGetParameterProperties}) {
+       {effGetProgramNameIndexed, effGetInputProperties, effGetOutputProperties, effGetEffectName,
+        effGetVendorString, effGetProductString, effCanDo, effGetParameterProperties}) {
     EXPECT_EQ(effect.send(opcode), 0) << opcode;
   }
 }
@@ -211,8 +217,12 @@ TEST(AudioEffectX, KeepsTheInterfacesDefaultAnswers) {
   char text[64] = "untouched";
   VstPinProperties pin{};
   for (VstInt32 opcode = effProcessEvents; opcode <= effGetNumMidiOutputChannels; ++opcode) {
-    if (opcode == effCanBeAutomated || opcode == effGetVstVersion || opcode == effSetBlockSizeAndSampleRate) continue;
-    EXPECT_EQ(effect.send(opcode, 0, 0, opcode == effGetInputProperties ? static_cast<void*>(&pin) : text), 0)
+    if (opcode == effCanBeAutomated || opcode == effGetVstVersion ||
+        opcode == effSetBlockSizeAndSampleRate)
+      continue;
+    EXPECT_EQ(effect.send(opcode, 0, 0,
+                          opcode == effGetInputProperties ? static_cast<void*>(&pin) : text),
+              0)
         << opcode;
   }
   EXPECT_EQ(effect.send(effCanBeAutomated), 1);
@@ -224,8 +234,8 @@ TEST(AudioEffectX, KeepsTheInterfacesDefaultAnswers) {
 TEST(AudioEffectX, AnswersZeroToOpcodesThatAreNotInTheInterface) {
   RecordingHost host;
   PlainEffectX effect;
-  for (const VstInt32 opcode :
-       {-2147483647 - 1, -1, 28, 30, 31, 32, 36, 37, 46, 53, 54, 55, 57, 80, 100289, 100303, 100304, 2147483647}) {
+  for (const VstInt32 opcode : {-2147483647 - 1, -1, 28, 30, 31, 32, 36, 37, 46, 53, 54, 55, 57, 80,
+                                100289, 100303, 100304, 2147483647}) {
     EXPECT_EQ(effect.send(opcode), 0) << opcode;
   }
 }

@@ -51,8 +51,8 @@ TEST(CreateEffectInstance, ServesEveryVersionButZero) {
   }
 }
 
-// Whichever allocation fails, the host gets a null effect, or one that works where the effect can do without; nothing
-// is left behind either way.
+// Whichever allocation fails, the host gets a null effect, or one that works where the effect can
+// do without; nothing is left behind either way.
 TEST(CreateEffectInstance, IsNullWhenMemoryRunsOut) {
   int refused = 0;
   for (long succeeding = 0;; ++succeeding) {

@@ -1,4 +1,5 @@
-// The virtual operations stand where the published interface has them, whatever else the classes declare.
+// The virtual operations stand where the published interface has them, whatever else the classes
+// declare.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -9,8 +10,9 @@
 
 namespace {
 
-// The slot of a virtual operation, as the Itanium C++ ABI keeps it in a pointer to a member: the offset in the table
-// plus one in the first word, or on ARM the offset in the first and a one in the second. -1: it is not virtual.
+// The slot of a virtual operation, as the Itanium C++ ABI keeps it in a pointer to a member: the
+// offset in the table plus one in the first word, or on ARM the offset in the first and a one in
+// the second. -1: it is not virtual.
 template <typename Class, typename Function>
 long slotOf(Function Class::*operation) {
   std::ptrdiff_t words[2];
@@ -28,12 +30,14 @@ long slotOf(Function Class::*operation) {
 
 // slots: of operations that follow one another without a gap.
 void expectInOrder(const std::vector<long>& slots) {
-  for (std::size_t i = 1; i < slots.size(); ++i) EXPECT_EQ(slots[i], slots[i - 1] + 1) << "operation " << i;
+  for (std::size_t i = 1; i < slots.size(); ++i)
+    EXPECT_EQ(slots[i], slots[i - 1] + 1) << "operation " << i;
 }
 
 // slots: in order, with others between them perhaps.
 void expectRising(const std::vector<long>& slots) {
-  for (std::size_t i = 1; i < slots.size(); ++i) EXPECT_GT(slots[i], slots[i - 1]) << "operation " << i;
+  for (std::size_t i = 1; i < slots.size(); ++i)
+    EXPECT_GT(slots[i], slots[i - 1]) << "operation " << i;
 }
 
 TEST(PublishedOrder, OfTheEffectBase) {
@@ -91,30 +95,47 @@ TEST(PublishedOrder, HasTheEditorsOwnerOutsideOfIt) {
 
 TEST(PublishedOrder, OfTheExtendedInterface) {
   using X = AudioEffectX;
-  const std::vector<long> asked = {
-      slotOf(&X::processEvents),         slotOf(&X::canParameterBeAutomated), slotOf(&X::string2parameter),
-      slotOf(&X::getProgramNameIndexed), slotOf(&X::getInputProperties),      slotOf(&X::getOutputProperties),
-      slotOf(&X::getPlugCategory),       slotOf(&X::setSpeakerArrangement),   slotOf(&X::setBypass),
-      slotOf(&X::getEffectName),         slotOf(&X::getVendorString),         slotOf(&X::getProductString),
-      slotOf(&X::getVendorVersion),      slotOf(&X::vendorSpecific),          slotOf(&X::canDo),
-      slotOf(&X::getTailSize),           slotOf(&X::getParameterProperties),  slotOf(&X::getVstVersion)};
-  EXPECT_GT(asked[0], slotOf(&AudioEffect::setOfflineQualitiesDeprecated)) << "after all of the base's";
+  const std::vector<long> asked = {slotOf(&X::processEvents),
+                                   slotOf(&X::canParameterBeAutomated),
+                                   slotOf(&X::string2parameter),
+                                   slotOf(&X::getProgramNameIndexed),
+                                   slotOf(&X::getInputProperties),
+                                   slotOf(&X::getOutputProperties),
+                                   slotOf(&X::getPlugCategory),
+                                   slotOf(&X::setSpeakerArrangement),
+                                   slotOf(&X::setBypass),
+                                   slotOf(&X::getEffectName),
+                                   slotOf(&X::getVendorString),
+                                   slotOf(&X::getProductString),
+                                   slotOf(&X::getVendorVersion),
+                                   slotOf(&X::vendorSpecific),
+                                   slotOf(&X::canDo),
+                                   slotOf(&X::getTailSize),
+                                   slotOf(&X::getParameterProperties),
+                                   slotOf(&X::getVstVersion)};
+  EXPECT_GT(asked[0], slotOf(&AudioEffect::setOfflineQualitiesDeprecated))
+      << "after all of the base's";
   expectInOrder(asked);
-  expectRising({asked.back(), slotOf(&X::updateSampleRate), slotOf(&X::updateBlockSize), slotOf(&X::getOutputLatency),
-                slotOf(&X::ioChanged), slotOf(&X::updateDisplay), slotOf(&X::beginEdit), slotOf(&X::endEdit),
-                slotOf(&X::sizeWindow), slotOf(&X::getTimeInfo), slotOf(&X::getHostVendorString), slotOf(&X::canHostDo),
+  expectRising({asked.back(), slotOf(&X::updateSampleRate), slotOf(&X::updateBlockSize),
+                slotOf(&X::getOutputLatency), slotOf(&X::ioChanged), slotOf(&X::updateDisplay),
+                slotOf(&X::beginEdit), slotOf(&X::endEdit), slotOf(&X::sizeWindow),
+                slotOf(&X::getTimeInfo), slotOf(&X::getHostVendorString), slotOf(&X::canHostDo),
                 slotOf(&X::getDirectory)});
 }
 
 TEST(PublishedOrder, OfThePresetStore) {
   using S = CPresetSystemEffect;
-  const std::vector<long> slots = {
-      slotOf(&S::getPresetNo),     slotOf(&S::setPresetNo),  slotOf(&S::setPresetName), slotOf(&S::attachMidi),
-      slotOf(&S::detachMidiParam), slotOf(&S::detachMidiCC), slotOf(&S::getMidiCC),     slotOf(&S::getMidiParam),
-      slotOf(&S::getMidiActivity), slotOf(&S::beginLearn),   slotOf(&S::endLearn),      slotOf(&S::setLearnParam),
-      slotOf(&S::beginCancel),     slotOf(&S::endCancel),    slotOf(&S::getUniqueID),   slotOf(&S::initializePreset),
-      slotOf(&S::isDummy),         slotOf(&S::isDummyOld),   slotOf(&S::loadDefaults),  slotOf(&S::initPresets),
-      slotOf(&S::initMidi),        slotOf(&S::getVu)};
+  const std::vector<long> slots = {slotOf(&S::getPresetNo),     slotOf(&S::setPresetNo),
+                                   slotOf(&S::setPresetName),   slotOf(&S::attachMidi),
+                                   slotOf(&S::detachMidiParam), slotOf(&S::detachMidiCC),
+                                   slotOf(&S::getMidiCC),       slotOf(&S::getMidiParam),
+                                   slotOf(&S::getMidiActivity), slotOf(&S::beginLearn),
+                                   slotOf(&S::endLearn),        slotOf(&S::setLearnParam),
+                                   slotOf(&S::beginCancel),     slotOf(&S::endCancel),
+                                   slotOf(&S::getUniqueID),     slotOf(&S::initializePreset),
+                                   slotOf(&S::isDummy),         slotOf(&S::isDummyOld),
+                                   slotOf(&S::loadDefaults),    slotOf(&S::initPresets),
+                                   slotOf(&S::initMidi),        slotOf(&S::getVu)};
   expectInOrder(slots);
 }
 

@@ -44,18 +44,25 @@ class Images : public testing::Test {
     if (swapped) byteSwapHeader(&header);
     (editor->*reader)(reinterpret_cast<char*>(image.data() + 41), &header, swapped);
   }
-  void readBank(const Bytes& image, bool swapped = false) { read(&CPresetSystemEditor::BufferToBank, image, swapped); }
+  void readBank(const Bytes& image, bool swapped = false) {
+    read(&CPresetSystemEditor::BufferToBank, image, swapped);
+  }
   void readPreset(const Bytes& image, bool swapped = false) {
     read(&CPresetSystemEditor::BufferToPreset, image, swapped);
   }
-  void readMidi(const Bytes& image, bool swapped = false) { read(&CPresetSystemEditor::BufferToMidi, image, swapped); }
+  void readMidi(const Bytes& image, bool swapped = false) {
+    read(&CPresetSystemEditor::BufferToMidi, image, swapped);
+  }
 
   Bytes writtenBank() { return written(&CPresetSystemEditor::BankToBuffer); }
   Bytes writtenPreset() { return written(&CPresetSystemEditor::PresetToBuffer); }
 
   // An image of one kind around entries.
   static Bytes image(int kind, std::int32_t count, std::int32_t current, const Bytes& entries) {
-    return Writer().header(kind, count, current, static_cast<std::int32_t>(entries.size())).append(entries).bytes;
+    return Writer()
+        .header(kind, count, current, static_cast<std::int32_t>(entries.size()))
+        .append(entries)
+        .bytes;
   }
 
   RecordingHost host;
@@ -76,7 +83,8 @@ TEST_F(Images, WriteTheCurrentPresetAsPresetZero) {
 
 TEST_F(Images, WriteAMidiMapOfTheFiveParametersBehindTheFive) {
   effect.setParameter(6, 0.625F);
-  EXPECT_EQ(written(&CPresetSystemEditor::MidiToBuffer), imagebytes::midiMapImage({0.0F, 0.625F, 0.0F, 0.0F, 0.0F}));
+  EXPECT_EQ(written(&CPresetSystemEditor::MidiToBuffer),
+            imagebytes::midiMapImage({0.0F, 0.625F, 0.0F, 0.0F, 0.0F}));
 }
 
 TEST_F(Images, ReadTheBankThatWasWrittenAndSelectItsPreset) {
@@ -87,7 +95,8 @@ TEST_F(Images, ReadTheBankThatWasWrittenAndSelectItsPreset) {
   readBank(image);
   EXPECT_TRUE(sameBank(effect.bank(), recordsOf(distinctBank())));
   EXPECT_EQ(effect.getPresetNo(), 17);
-  for (VstInt32 i = 0; i < 5; ++i) EXPECT_EQ(effect.getParameter(i), effect.preset(17).parameter(i)) << "applied";
+  for (VstInt32 i = 0; i < 5; ++i)
+    EXPECT_EQ(effect.getParameter(i), effect.preset(17).parameter(i)) << "applied";
 }
 
 TEST_F(Images, ReadABankOfTheOtherByteOrder) {
@@ -99,7 +108,8 @@ TEST_F(Images, ReadABankOfTheOtherByteOrder) {
 
 TEST_F(Images, TellTheHostOnceThatTheBankIsAnother) {
   readBank(imagebytes::bankImage(distinctBank(), 30));
-  EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit));
+  EXPECT_THAT(host.opcodes(),
+              ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit));
 }
 
 TEST_F(Images, SelectPresetZeroForANumberThatTheBankHasNot) {
@@ -182,8 +192,9 @@ TEST_F(Images, TakeANameInALineAsData) {
     effect.preset(3).emphasis = 2.0F;
     testing::internal::CaptureStderr();
     writtenBank();
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              std::string("Invalid parameter 2 value 2.000000 on save of preset 3 ") + shown[i] + "\n");
+    EXPECT_EQ(
+        testing::internal::GetCapturedStderr(),
+        std::string("Invalid parameter 2 value 2.000000 on save of preset 3 ") + shown[i] + "\n");
   }
 }
 
@@ -195,7 +206,8 @@ TEST_F(Images, ReadThePresetThatWasWrittenIntoTheCurrentOne) {
   EXPECT_EQ(effect.getPresetNo(), 4);
   EXPECT_TRUE(sameRecord(effect.preset(4), recordOf(distinctBank()[17])));
   EXPECT_TRUE(sameRecord(effect.preset(5), recordOf(distinctBank()[5])));
-  for (VstInt32 i = 0; i < 5; ++i) EXPECT_EQ(effect.getParameter(i), effect.preset(17).parameter(i)) << "applied";
+  for (VstInt32 i = 0; i < 5; ++i)
+    EXPECT_EQ(effect.getParameter(i), effect.preset(17).parameter(i)) << "applied";
 }
 
 TEST_F(Images, ReadAPresetOfTheOtherByteOrder) {
@@ -205,8 +217,8 @@ TEST_F(Images, ReadAPresetOfTheOtherByteOrder) {
 
 TEST_F(Images, TellTheHostTheNameAndThenTheValuesOfAPreset) {
   readPreset(imagebytes::presetImage(distinctBank()[17]));
-  EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterUpdateDisplay, audioMasterUpdateDisplay, audioMasterBeginEdit,
-                                          audioMasterEndEdit));
+  EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterUpdateDisplay, audioMasterUpdateDisplay,
+                                          audioMasterBeginEdit, audioMasterEndEdit));
 }
 
 TEST_F(Images, CutANameOf24CharactersWhenItIsTaken) {
@@ -257,8 +269,8 @@ TEST_F(Images, HandAMidiMapToTheParametersBehindTheFive) {
   for (const bool swapped : {false, true}) {
     editor->parameters.clear();
     readMidi(imagebytes::midiMapImage({0.1F, 0.2F, 0.3F, 0.4F, 0.5F}, swapped), swapped);
-    EXPECT_THAT(editor->parameters,
-                ElementsAre(Pair(5, 0.1F), Pair(6, 0.2F), Pair(7, 0.3F), Pair(8, 0.4F), Pair(9, 0.5F)));
+    EXPECT_THAT(editor->parameters, ElementsAre(Pair(5, 0.1F), Pair(6, 0.2F), Pair(7, 0.3F),
+                                                Pair(8, 0.4F), Pair(9, 0.5F)));
     EXPECT_EQ(effect.getParameter(6), 0.2F);
   }
   EXPECT_TRUE(sameBank(effect.bank(), recordsOf(distinctBank()))) << "no preset holds them";
@@ -320,8 +332,8 @@ TEST_F(Images, ReadAnOldPresetIntoTheCurrentOne) {
     EXPECT_TRUE(sameRecord(effect.preset(9), recordOf({"old", {0.9F, 0.8F, 0.7F, 0.6F, 0.5F}})));
     EXPECT_EQ(effect.getPresetNo(), 9);
     EXPECT_EQ(effect.getParameter(0), 0.9F);
-    EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterUpdateDisplay, audioMasterUpdateDisplay, audioMasterBeginEdit,
-                                            audioMasterEndEdit));
+    EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterUpdateDisplay, audioMasterUpdateDisplay,
+                                            audioMasterBeginEdit, audioMasterEndEdit));
   }
 }
 

@@ -45,8 +45,12 @@ class BarEditor : public ADEditor {
     toolkit.reset();
   }
 
-  void loadBank(bool endianReversed) override { note(endianReversed ? "load bank reversed" : "load bank"); }
-  void loadPreset(bool endianReversed) override { note(endianReversed ? "load preset reversed" : "load preset"); }
+  void loadBank(bool endianReversed) override {
+    note(endianReversed ? "load bank reversed" : "load bank");
+  }
+  void loadPreset(bool endianReversed) override {
+    note(endianReversed ? "load preset reversed" : "load preset");
+  }
   void saveBank() override { note("save bank"); }
   void savePreset() override { note("save preset"); }
   void saveDefaultBank() override { note("save default bank"); }
@@ -88,7 +92,8 @@ class NoNumber : public VSTGUI::CControl {
 // The list with a value between two entries; its own values are whole.
 class FractionMenu : public CPresetMenu {
  public:
-  explicit FractionMenu(const CPresetMenu& menu) : CPresetMenu(menu.getViewSize(), nullptr, kPresetMenuTag) {
+  explicit FractionMenu(const CPresetMenu& menu)
+      : CPresetMenu(menu.getViewSize(), nullptr, kPresetMenuTag) {
     for (int entry = 0; entry < 32; ++entry) addEntry(menu.getEntry(entry)->getTitle());
   }
   float getValue() const override { return fraction; }
@@ -105,7 +110,9 @@ class BarDispatch : public testing::Test {
   }
 
   void step(float direction) { editor->triggeredBy(editor->bar.presetRocker, direction); }
-  std::string title(int entry) const { return editor->bar.presetMenu->getEntry(entry)->getTitle().getString(); }
+  std::string title(int entry) const {
+    return editor->bar.presetMenu->getEntry(entry)->getTitle().getString();
+  }
   std::string field() const { return editor->bar.nameEdit->getText().getString(); }
   // Chooses in the list, which then has the value.
   void choose(float value) {
@@ -130,8 +137,8 @@ class BarDispatch : public testing::Test {
 };
 
 // What a preset change tells the host, and the name that is set again behind it.
-const auto kPresetChangeAndName =
-    ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit, audioMasterUpdateDisplay);
+const auto kPresetChangeAndName = ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit,
+                                              audioMasterEndEdit, audioMasterUpdateDisplay);
 
 TEST(BarWithoutAFrame, IsNotBuiltAndOpeningAnswersNo) {
   RecordingHost host;
@@ -210,7 +217,8 @@ TEST_F(BarDispatch, ATypedNameOfMoreThan24CharactersIsCutInFieldListAndEffect) {
   editor->valueChanged(editor->bar.nameEdit);
   EXPECT_EQ(field(), kTooLong.substr(0, 24));
   EXPECT_EQ(title(3), kTooLong.substr(0, 24));
-  EXPECT_EQ(nameBytes(effect.preset(3)), kTooLong.substr(0, 23) + std::string(1, '\0')) << "its last byte is the end";
+  EXPECT_EQ(nameBytes(effect.preset(3)), kTooLong.substr(0, 23) + std::string(1, '\0'))
+      << "its last byte is the end";
   EXPECT_EQ(title(2), "mix 2");
   EXPECT_EQ(title(4), "room 1");
 }
@@ -241,7 +249,8 @@ TEST_F(BarDispatch, ALoadButtonsValueOfExactlyOneHalfReversesTheByteOrder) {
   const PresetBar& bar = editor->bar;
   for (const float value : {1.0F, 0.49F, 0.51F, std::nextafter(0.5F, 1.0F)}) {
     EXPECT_THAT(editor->triggeredBy(bar.loadBankButton, value), ElementsAre("load bank")) << value;
-    EXPECT_THAT(editor->triggeredBy(bar.loadPresetButton, value), ElementsAre("load preset")) << value;
+    EXPECT_THAT(editor->triggeredBy(bar.loadPresetButton, value), ElementsAre("load preset"))
+        << value;
   }
   EXPECT_THAT(editor->triggeredBy(bar.loadBankButton, 0.5F), ElementsAre("load bank reversed"));
   EXPECT_THAT(editor->triggeredBy(bar.loadPresetButton, 0.5F), ElementsAre("load preset reversed"));
@@ -254,12 +263,19 @@ TEST_F(BarDispatch, ALoadButtonsValueOfExactlyOneHalfReversesTheByteOrder) {
 TEST_F(BarDispatch, ADefaultButtonSavesFromExactlyThreeQuartersOnAndResetsBelow) {
   const PresetBar& bar = editor->bar;
   for (const float value : {0.75F, 1.0F}) {
-    EXPECT_THAT(editor->triggeredBy(bar.defaultBankButton, value), ElementsAre("save default bank")) << value;
-    EXPECT_THAT(editor->triggeredBy(bar.defaultPresetButton, value), ElementsAre("save default preset")) << value;
+    EXPECT_THAT(editor->triggeredBy(bar.defaultBankButton, value), ElementsAre("save default bank"))
+        << value;
+    EXPECT_THAT(editor->triggeredBy(bar.defaultPresetButton, value),
+                ElementsAre("save default preset"))
+        << value;
   }
   for (const float value : {0.74F, 0.5F, std::nextafter(0.75F, 0.0F)}) {
-    EXPECT_THAT(editor->triggeredBy(bar.defaultBankButton, value), ElementsAre("reset default bank")) << value;
-    EXPECT_THAT(editor->triggeredBy(bar.defaultPresetButton, value), ElementsAre("reset default preset")) << value;
+    EXPECT_THAT(editor->triggeredBy(bar.defaultBankButton, value),
+                ElementsAre("reset default bank"))
+        << value;
+    EXPECT_THAT(editor->triggeredBy(bar.defaultPresetButton, value),
+                ElementsAre("reset default preset"))
+        << value;
   }
 }
 
@@ -316,7 +332,8 @@ TEST_F(BarDispatch, ARenamingFromTheHostReachesFieldAndList) {
 using BarDispatchDeathTest = BarDispatch;
 TEST_F(BarDispatchDeathTest, IsTheWindowsThreadsWhereThatIsChecked) {
   if (!kThreadsAreChecked) GTEST_SKIP() << "not in this build";
-  EXPECT_DEATH(std::thread([&] { editor->bar.showName("name"); }).join(), "the window belongs to another thread");
+  EXPECT_DEATH(std::thread([&] { editor->bar.showName("name"); }).join(),
+               "the window belongs to another thread");
 }
 
 }  // namespace

@@ -12,7 +12,8 @@ namespace {
 
 TEST(ByteReader, ReadsWordsOfBothByteOrders) {
   for (const bool other : {false, true}) {
-    const imagebytes::Bytes data = imagebytes::Writer(other).word(0x01020304).real(0.75F).byte(200).number(-5).bytes;
+    const imagebytes::Bytes data =
+        imagebytes::Writer(other).word(0x01020304).real(0.75F).byte(200).number(-5).bytes;
     ByteReader in(data, other);
     EXPECT_EQ(in.int32(), 0x01020304);
     EXPECT_EQ(in.float32(), 0.75F);
@@ -25,7 +26,8 @@ TEST(ByteReader, ReadsWordsOfBothByteOrders) {
 TEST(ByteReader, ReadsZerosBehindTheEnd) {
   const imagebytes::Bytes data = {0xFF};
   ByteReader in(data, false);
-  EXPECT_EQ(static_cast<std::uint32_t>(in.int32()) & 0xFFFFFF00U, 0U) << "the three bytes that are not there";
+  EXPECT_EQ(static_cast<std::uint32_t>(in.int32()) & 0xFFFFFF00U, 0U)
+      << "the three bytes that are not there";
   EXPECT_EQ(in.left(), 0U);
   EXPECT_EQ(in.int32(), 0);
   EXPECT_EQ(in.float32(), 0.0F);

@@ -38,7 +38,8 @@ class Chunk : public testing::Test {
         return sameRecord(effect.bank()[i], factory.bank()[i]) << " in preset " << i;
       }
     }
-    if (effect.getPresetNo() != 0) return testing::AssertionFailure() << "preset " << effect.getPresetNo();
+    if (effect.getPresetNo() != 0)
+      return testing::AssertionFailure() << "preset " << effect.getPresetNo();
     return testing::AssertionSuccess();
   }
 
@@ -50,7 +51,8 @@ class Chunk : public testing::Test {
 TEST_F(Chunk, Has10545BytesWithTagIdAndABankHeaderOf192Entries) {
   const Bytes data = chunk();
   ASSERT_EQ(data.size(), 10545U);
-  const Bytes start = Writer().word(0x02000000).word(kTrelvan).header(imagebytes::kBankKind, 192, 0, 10496).bytes;
+  const Bytes start =
+      Writer().word(0x02000000).word(kTrelvan).header(imagebytes::kBankKind, 192, 0, 10496).bytes;
   EXPECT_EQ(Bytes(data.begin(), data.begin() + 49), start);
 }
 
@@ -82,7 +84,8 @@ TEST_F(Chunk, RestoresBankCurrentPresetAndEffectInBothByteOrders) {
     EXPECT_EQ(restored.setChunk(data.data(), static_cast<VstInt32>(data.size()), false), 0);
     EXPECT_TRUE(sameBank(restored.bank(), recordsOf(distinctBank())));
     EXPECT_EQ(restored.getPresetNo(), 17);
-    for (VstInt32 i = 0; i < 5; ++i) EXPECT_EQ(restored.getParameter(i), restored.preset(17).parameter(i));
+    for (VstInt32 i = 0; i < 5; ++i)
+      EXPECT_EQ(restored.getParameter(i), restored.preset(17).parameter(i));
   }
 }
 
@@ -90,7 +93,8 @@ TEST_F(Chunk, OfTheOtherByteOrderHasItsHeaderTurnedInTheHostsData) {
   Bytes data = imagebytes::chunk(distinctBank(), 17, true);
   const Bytes native = imagebytes::chunk(distinctBank(), 17);
   Bytes expected = data;
-  std::copy(native.begin() + 8 + 4, native.begin() + 49, expected.begin() + 8 + 4);  // all but the unique ID
+  // all but the unique ID
+  std::copy(native.begin() + 8 + 4, native.begin() + 49, expected.begin() + 8 + 4);
   effect.setChunk(data.data(), static_cast<VstInt32>(data.size()), false);
   EXPECT_EQ(data, expected);
 }
@@ -104,7 +108,8 @@ TEST_F(Chunk, OfThisByteOrderIsOnlyRead) {
 TEST_F(Chunk, TellsTheHostOnce) {
   host.calls.clear();
   set(imagebytes::chunk(distinctBank(), 17));
-  EXPECT_THAT(host.opcodes(), ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit));
+  EXPECT_THAT(host.opcodes(),
+              ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit));
 }
 
 TEST_F(Chunk, WithAForeignIdIsRefused) {
@@ -244,7 +249,8 @@ TEST_F(Chunk, SavesARepairedValueAndSaysSo) {
   effect.preset(3).emphasis = 1.25F;
   testing::internal::CaptureStderr();
   const Bytes data = chunk();
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Invalid parameter 2 value 1.250000 on save of preset 3 mix 3\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "Invalid parameter 2 value 1.250000 on save of preset 3 mix 3\n");
   float written = 0.0F;
   std::memcpy(&written, data.data() + 49 + 3 * 328 + 168 + 2 * 32 + 24, 4);
   EXPECT_EQ(written, 1.0F);
@@ -260,7 +266,8 @@ TEST_F(OldChunkOfTheHost, LoadsInBothByteOrders) {
     EXPECT_EQ(set(data), 0);
     EXPECT_TRUE(sameBank(effect.bank(), recordsOf(distinctBank())));
     EXPECT_EQ(effect.getPresetNo(), 17);
-    for (VstInt32 i = 0; i < 5; ++i) EXPECT_EQ(effect.getParameter(i), effect.preset(17).parameter(i)) << "applied";
+    for (VstInt32 i = 0; i < 5; ++i)
+      EXPECT_EQ(effect.getParameter(i), effect.preset(17).parameter(i)) << "applied";
   }
 }
 
@@ -304,7 +311,8 @@ TEST_F(OldChunkOfTheHost, WithABadValueIsRefusedPartWayAndSelectsNothing) {
     imagebytes::Bank damaged = distinctBank();
     damaged[5].values[2] = value;
     EXPECT_EQ(set(imagebytes::oldChunk(damaged, 32, 5, 17)), -1);
-    for (std::size_t i = 0; i < 5; ++i) EXPECT_TRUE(sameRecord(effect.bank()[i], recordOf(distinctBank()[i])));
+    for (std::size_t i = 0; i < 5; ++i)
+      EXPECT_TRUE(sameRecord(effect.bank()[i], recordOf(distinctBank()[i])));
     damaged[5].values[2] = 0.0F;  // the default preset's values from there on
     damaged[5].values[3] = 1.0F;
     damaged[5].values[4] = 0.0F;

@@ -33,7 +33,8 @@ TEST(BareStore, StartsWithZerosInTheBankAndInTheDefaultPreset) {
   BareStore store;
   EXPECT_EQ(store.getPresetNo(), 0);
   EXPECT_FALSE(store.isPresetChangeInProgress());
-  for (const ACombProgram& preset : store.bank()) EXPECT_TRUE(sameRecord(preset, ACombProgram::zeroed()));
+  for (const ACombProgram& preset : store.bank())
+    EXPECT_TRUE(sameRecord(preset, ACombProgram::zeroed()));
   EXPECT_TRUE(sameRecord(store.getDefaultPreset(), ACombProgram::zeroed()));
 }
 
@@ -134,14 +135,16 @@ TEST_F(PresetStore, PushesAllValuesOfThePresetInAscendingOrder) {
   editor->parameters.clear();
   effect.setPresetNo(7);
   EXPECT_EQ(effect.getPresetNo(), 7);
-  EXPECT_THAT(editor->parameters,
-              ElementsAre(Pair(0, 0.1F), Pair(1, 0.2F), Pair(2, 0.3F), Pair(3, 0.4F), Pair(4, 0.5F)));
-  for (VstInt32 index = 0; index < 5; ++index) EXPECT_EQ(effect.getParameter(index), effect.preset(7).parameter(index));
+  EXPECT_THAT(editor->parameters, ElementsAre(Pair(0, 0.1F), Pair(1, 0.2F), Pair(2, 0.3F),
+                                              Pair(3, 0.4F), Pair(4, 0.5F)));
+  for (VstInt32 index = 0; index < 5; ++index)
+    EXPECT_EQ(effect.getParameter(index), effect.preset(7).parameter(index));
 }
 
 TEST_F(PresetStore, TellsTheHostWithAnEmptyGestureOnTheFirstParameter) {
   effect.setPresetNo(7);
-  ASSERT_THAT(host.opcodes(), ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit));
+  ASSERT_THAT(host.opcodes(),
+              ElementsAre(audioMasterUpdateDisplay, audioMasterBeginEdit, audioMasterEndEdit));
   EXPECT_EQ(host.calls[1].index, 0);
   EXPECT_EQ(host.calls[2].index, 0);
 }
@@ -154,7 +157,9 @@ TEST_F(PresetStore, AnswersWhatTheHostAnswersToTheEndOfTheGesture) {
 
 TEST_F(PresetStore, IsInAPresetChangeUntilTheGestureHasEnded) {
   std::vector<bool> during;
-  host.onCall = [&](const RecordingHost::Call&) { during.push_back(effect.isPresetChangeInProgress()); };
+  host.onCall = [&](const RecordingHost::Call&) {
+    during.push_back(effect.isPresetChangeInProgress());
+  };
   EXPECT_FALSE(effect.isPresetChangeInProgress());
   effect.setPresetNo(7);
   EXPECT_FALSE(effect.isPresetChangeInProgress());
@@ -192,9 +197,11 @@ TEST_F(PresetStore, LeavesAParameterWhosePresetValueIsOutsideTheRange) {
     effect.preset(7) = recordOf({"seven", {0.1F, 0.2F, value, 0.4F, 0.5F}});
     editor->parameters.clear();
     effect.setPresetNo(7);
-    EXPECT_THAT(editor->parameters, ElementsAre(Pair(0, 0.1F), Pair(1, 0.2F), Pair(3, 0.4F), Pair(4, 0.5F)));
+    EXPECT_THAT(editor->parameters,
+                ElementsAre(Pair(0, 0.1F), Pair(1, 0.2F), Pair(3, 0.4F), Pair(4, 0.5F)));
     EXPECT_EQ(effect.getParameter(2), 0.875F) << value;
-    EXPECT_EQ(std::bit_cast<std::uint32_t>(effect.preset(7).emphasis.load()), std::bit_cast<std::uint32_t>(value))
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(effect.preset(7).emphasis.load()),
+              std::bit_cast<std::uint32_t>(value))
         << "the bank still holds it";
   }
 }
@@ -337,7 +344,8 @@ TEST_F(PresetStore, RefreshesTheHostEvenWithoutAName) {
 TEST_F(PresetStore, InitializesAPresetToTheFirstFactoryPreset) {
   effect.initializePreset(14);
   EXPECT_TRUE(sameRecord(effect.preset(14), recordOf({"init", {0.0F, 0.5F, 0.0F, 1.0F, 0.0F}})));
-  EXPECT_TRUE(sameRecord(effect.preset(13), recordOf({"guitar 2", {0.6F, 0.23F, 0.0F, 1.0F, 0.0F}})));
+  EXPECT_TRUE(
+      sameRecord(effect.preset(13), recordOf({"guitar 2", {0.6F, 0.23F, 0.0F, 1.0F, 0.0F}})));
 }
 
 TEST_F(PresetStore, KeepsTheDefaultPresetWhenPresetZeroChanges) {

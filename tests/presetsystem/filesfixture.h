@@ -1,4 +1,5 @@
-// What the tests of files and stored values share: an effect with an editor that has a frame, a fake desktop, a store.
+// What the tests of files and stored values share: an effect with an editor that has a frame, a
+// fake desktop, a store.
 #pragma once
 
 #include <gmock/gmock.h>

@@ -58,24 +58,36 @@ TEST_F(ReadPreset, IsDoneWithNoEntriesAtAll) {
 
 TEST_F(ReadPreset, RefusesEveryValueOutsideTheRange) {
   for (const float value : {1.25F, -0.5F, kNaN, kInfinity, -kInfinity, 1.0000001F}) {
-    EXPECT_EQ(read(Writer().nameEntry(0, "n").parameterEntry(0, 2, value).bytes, 2), Reading::refused) << value;
+    EXPECT_EQ(read(Writer().nameEntry(0, "n").parameterEntry(0, 2, value).bytes, 2),
+              Reading::refused)
+        << value;
   }
 }
 
 TEST_F(ReadPreset, IgnoresAnyValueOfAParameterThatItHasNot) {
-  const Bytes entries =
-      Writer().parameterEntry(0, 5, 1.25F).parameterEntry(0, -1, kNaN).parameterEntry(0, 0, 0.5F).bytes;
+  const Bytes entries = Writer()
+                            .parameterEntry(0, 5, 1.25F)
+                            .parameterEntry(0, -1, kNaN)
+                            .parameterEntry(0, 0, 0.5F)
+                            .bytes;
   EXPECT_EQ(read(entries, 3), Reading::done);
   EXPECT_EQ(preset.width, 0.5F);
 }
 
 TEST_F(ReadPreset, SkipsEntriesOfAnotherKind) {
-  EXPECT_EQ(read(Writer().entryHead(7, 40, 0).zeros(40).valueEntry(2, 0, 0, 0.9F).parameterEntry(0, 0, 0.5F).bytes, 3),
+  EXPECT_EQ(read(Writer()
+                     .entryHead(7, 40, 0)
+                     .zeros(40)
+                     .valueEntry(2, 0, 0, 0.9F)
+                     .parameterEntry(0, 0, 0.5F)
+                     .bytes,
+                 3),
             Reading::done);
   EXPECT_EQ(preset.width, 0.5F);
 }
 
-// The name entry's 156 bytes, turned round, are a negative number: a file that lies about its byte order.
+// The name entry's 156 bytes, turned round, are a negative number: a file that lies about its byte
+// order.
 TEST_F(ReadPreset, RefusesEntriesOfTheOtherByteOrderThanItIsTold) {
   for (const bool swapped : {false, true}) {
     EXPECT_EQ(read(Writer(swapped).presetEntries(0, other).bytes, 6, !swapped), Reading::refused);
@@ -84,7 +96,9 @@ TEST_F(ReadPreset, RefusesEntriesOfTheOtherByteOrderThanItIsTold) {
 
 TEST_F(ReadPreset, RefusesAPayloadOfNegativeSize) {
   for (const std::int32_t payload : {-1, -12, kLeast}) {
-    EXPECT_EQ(read(Writer().parameterEntry(0, 0, 0.5F).entryHead(0, payload, 0).zeros(156).bytes, 2), Reading::refused);
+    EXPECT_EQ(
+        read(Writer().parameterEntry(0, 0, 0.5F).entryHead(0, payload, 0).zeros(156).bytes, 2),
+        Reading::refused);
   }
 }
 
@@ -106,7 +120,8 @@ using Assignments = std::vector<std::pair<int, float>>;
 
 Assignments midiMap(const Bytes& entries, std::int32_t entryCount, bool swapped = false) {
   Assignments list;
-  for (const auto& read : presetimage::readMidiMap(entries, headerFor(entries, entryCount), swapped)) {
+  for (const auto& read :
+       presetimage::readMidiMap(entries, headerFor(entries, entryCount), swapped)) {
     list.emplace_back(read.parameter, read.value);
   }
   return list;

@@ -38,7 +38,8 @@ class ReadBank : public testing::Test {
 imagebytes::Bank otherBank() {
   imagebytes::Bank bank;
   for (std::size_t i = 0; i < bank.size(); ++i) {
-    bank[i] = {"other " + std::to_string(i), {0.9F, 0.8F, 0.7F, 0.6F, static_cast<float>(i) / 32.0F}};
+    bank[i] = {"other " + std::to_string(i),
+               {0.9F, 0.8F, 0.7F, 0.6F, static_cast<float>(i) / 32.0F}};
   }
   return bank;
 }
@@ -149,14 +150,20 @@ TEST_F(ReadBank, RepairsValuesOutsideTheRangeAndNotesThemAsTheyWere) {
 }
 
 TEST_F(ReadBank, NotesTheNameThatThePresetHasAtThatMoment) {
-  read(Writer().parameterEntry(3, 2, 1.25F).nameEntry(3, "three").parameterEntry(3, 2, 1.5F).bytes, 3);
+  read(Writer().parameterEntry(3, 2, 1.25F).nameEntry(3, "three").parameterEntry(3, 2, 1.5F).bytes,
+       3);
   ASSERT_EQ(repaired.size(), 2U);
   EXPECT_STREQ(repaired[0].name, "preset number 3");
   EXPECT_STREQ(repaired[1].name, "three");
 }
 
 TEST_F(ReadBank, TakesTheEndsOfTheRangeWithoutANote) {
-  EXPECT_EQ(read(Writer().parameterEntry(3, 0, 0.0F).parameterEntry(3, 1, 1.0F).parameterEntry(3, 2, -0.0F).bytes, 3),
+  EXPECT_EQ(read(Writer()
+                     .parameterEntry(3, 0, 0.0F)
+                     .parameterEntry(3, 1, 1.0F)
+                     .parameterEntry(3, 2, -0.0F)
+                     .bytes,
+                 3),
             Reading::done);
   EXPECT_EQ(bank[3].width, 0.0F);
   EXPECT_EQ(bank[3].baseFreq, 1.0F);
@@ -191,14 +198,18 @@ TEST_F(ReadBank, SkipsAPresetThatItHasNotBeforeItLooksAtTheValue) {
 
 TEST_F(ReadBank, RefusesANaN) {
   for (std::int32_t index = 0; index < 5; ++index) {
-    EXPECT_EQ(read(Writer().nameEntry(0, "new").parameterEntry(0, index, kNaN).nameEntry(1, "never").bytes, 3),
-              Reading::refused);
+    EXPECT_EQ(
+        read(
+            Writer().nameEntry(0, "new").parameterEntry(0, index, kNaN).nameEntry(1, "never").bytes,
+            3),
+        Reading::refused);
     EXPECT_STREQ(bank[1].name, "preset number 1") << "it stops there";
   }
 }
 
 TEST_F(ReadBank, IgnoresANaNOfAParameterThatItHasNot) {
-  EXPECT_EQ(read(Writer().parameterEntry(0, 5, kNaN).parameterEntry(0, -1, kNaN).bytes, 2), Reading::done);
+  EXPECT_EQ(read(Writer().parameterEntry(0, 5, kNaN).parameterEntry(0, -1, kNaN).bytes, 2),
+            Reading::done);
   EXPECT_TRUE(sameBank(bank, recordsOf(before)));
 }
 
@@ -235,8 +246,12 @@ TEST_F(ReadBank, FindsTheNextEntryBehindThePayload) {
 
 TEST_F(ReadBank, EndsAtANegativePayload) {
   for (const std::int32_t payload : {-1, -12, kLeast}) {
-    const Bytes entries =
-        Writer().parameterEntry(4, 4, 0.75F).entryHead(0, payload, 5).zeros(156).parameterEntry(6, 0, 0.5F).bytes;
+    const Bytes entries = Writer()
+                              .parameterEntry(4, 4, 0.75F)
+                              .entryHead(0, payload, 5)
+                              .zeros(156)
+                              .parameterEntry(6, 0, 0.5F)
+                              .bytes;
     EXPECT_EQ(read(entries, 3), Reading::done);
   }
   before[4].values[4] = 0.75F;
@@ -245,8 +260,12 @@ TEST_F(ReadBank, EndsAtANegativePayload) {
 
 TEST_F(ReadBank, EndsAtAPayloadThatGoesPastTheEnd) {
   for (const std::int32_t payload : {189, 1000000, kMost}) {  // 188 bytes follow
-    const Bytes entries =
-        Writer().parameterEntry(4, 4, 0.75F).entryHead(0, payload, 5).zeros(156).parameterEntry(6, 0, 0.5F).bytes;
+    const Bytes entries = Writer()
+                              .parameterEntry(4, 4, 0.75F)
+                              .entryHead(0, payload, 5)
+                              .zeros(156)
+                              .parameterEntry(6, 0, 0.5F)
+                              .bytes;
     EXPECT_EQ(read(entries, 3), Reading::done);
   }
   before[4].values[4] = 0.75F;
@@ -274,7 +293,8 @@ TEST_F(ReadBank, ReadsNothingForANegativeDataSize) {
 TEST_F(ReadBank, TakesTheWholeEntriesOfTruncatedData) {
   const Bytes whole = imagebytes::bankEntries(otherBank());
   for (std::size_t length = 0; length < 3 * 328; ++length) {
-    const Bytes cut(whole.begin(), whole.begin() + static_cast<long>(length));  // its end is the allocation's end
+    // its end is the allocation's end
+    const Bytes cut(whole.begin(), whole.begin() + static_cast<long>(length));
     bank = recordsOf(before);
     newpresetheader header = headerFor(whole, 192);
     EXPECT_EQ(read(cut, header), Reading::done);
@@ -292,8 +312,10 @@ TEST_F(ReadBank, TakesTheWholeEntriesOfTruncatedData) {
 }
 
 TEST(PresetToSelect, IsTheNumberItselfOrPresetZero) {
-  for (int number = 0; number < 32; ++number) EXPECT_EQ(presetimage::presetToSelect(number), number);
-  for (const std::int32_t number : {32, 33, 40, kMost, -1, kLeast}) EXPECT_EQ(presetimage::presetToSelect(number), 0);
+  for (int number = 0; number < 32; ++number)
+    EXPECT_EQ(presetimage::presetToSelect(number), number);
+  for (const std::int32_t number : {32, 33, 40, kMost, -1, kLeast})
+    EXPECT_EQ(presetimage::presetToSelect(number), 0);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// The door: what bytes are, in which order, and how much of them may be read; and chunks of both generations.
+// The door: what bytes are, in which order, and how much of them may be read; and chunks of both
+// generations.
 #include "presetsystem/image/image.h"
 
 #include <gtest/gtest.h>
@@ -43,7 +44,8 @@ TEST(ChunkPrefix, TurnsTheTagOfTheOtherByteOrder) {
 }
 
 TEST(ChunkPrefix, IsForeignWithAnotherUniqueId) {
-  EXPECT_EQ(identified(Writer().word(0x02000000).word(kTrelvan + 1).bytes).content, Image::Content::foreign);
+  EXPECT_EQ(identified(Writer().word(0x02000000).word(kTrelvan + 1).bytes).content,
+            Image::Content::foreign);
   EXPECT_FALSE(identified(Writer().word(kTrelvan).word(0x02000000).bytes).isChunk);
 }
 
@@ -58,8 +60,8 @@ TEST(ChunkPrefix, WithAnotherTagIsOfAFormatThatNobodyKnows) {
 TEST(WriteChunk, PutsEightBytesInFrontOfTheBank) {
   Bytes chunk(presetimage::kChunkSize);
   presetimage::InvalidParameters none;
-  EXPECT_EQ(presetimage::writeChunk(std::span<unsigned char, presetimage::kChunkSize>(chunk), recordsOf(distinctBank()),
-                                    kID, 3, {}, none),
+  EXPECT_EQ(presetimage::writeChunk(std::span<unsigned char, presetimage::kChunkSize>(chunk),
+                                    recordsOf(distinctBank()), kID, 3, {}, none),
             10545U);
   EXPECT_EQ(chunk, imagebytes::chunk(distinctBank(), 3));
 }
@@ -69,9 +71,10 @@ struct KindOfFile {
   Image::Content content;
   bool isOld;
 };
-constexpr KindOfFile kKinds[] = {{33, Image::Content::preset, true},   {34, Image::Content::preset, false},
-                                 {55, Image::Content::bank, true},     {56, Image::Content::bank, false},
-                                 {12, Image::Content::midiMap, false}, {57, Image::Content::unknown, false}};
+constexpr KindOfFile kKinds[] = {
+    {33, Image::Content::preset, true},   {34, Image::Content::preset, false},
+    {55, Image::Content::bank, true},     {56, Image::Content::bank, false},
+    {12, Image::Content::midiMap, false}, {57, Image::Content::unknown, false}};
 
 TEST(Identify, TellsAFileByTheKindAfterItsUniqueId) {
   for (const KindOfFile& kind : kKinds) {
@@ -87,8 +90,10 @@ TEST(Identify, TellsAFileByTheKindAfterItsUniqueId) {
 
 TEST(Identify, TakesEverythingElseForForeign) {
   EXPECT_EQ(identified({}).content, Image::Content::foreign);
-  EXPECT_EQ(identified(Writer().word(kTrelvan).bytes).content, Image::Content::foreign) << "no kind";
-  EXPECT_EQ(identified(Writer().word(kTrelvan + 1).byte(34).zeros(36).bytes).content, Image::Content::foreign);
+  EXPECT_EQ(identified(Writer().word(kTrelvan).bytes).content, Image::Content::foreign)
+      << "no kind";
+  EXPECT_EQ(identified(Writer().word(kTrelvan + 1).byte(34).zeros(36).bytes).content,
+            Image::Content::foreign);
   EXPECT_EQ(identified(Writer().word(0x02000000).bytes).content, Image::Content::foreign);
 }
 
@@ -116,7 +121,8 @@ TEST(Identify, BoundsTheEntriesOfAFileByItsHeaderAndByWhatIsThere) {
 
 TEST(Identify, BoundsTheEntriesOfAChunkByTheHostsSizeOrByItsHeader) {
   Writer writer;
-  const Bytes chunk = writer.word(0x02000000).word(kTrelvan).header(56, 3, 31, 100).zeros(150).bytes;
+  const Bytes chunk =
+      writer.word(0x02000000).word(kTrelvan).header(56, 3, 31, 100).zeros(150).bytes;
   Image image = identified(chunk);
   EXPECT_EQ(image.header.dataSize, 150) << "the host's size holds";
   EXPECT_EQ(image.presetToSelect, 31);
@@ -135,7 +141,8 @@ TEST(Identify, SeesAChunkWhoseBankIsAnothers) {
 
 TEST(Identify, DoesNotPlaceTheRecordsOfAnOldBankThatIsNotWhole) {
   Writer writer;
-  const Bytes file = writer.word(kTrelvan).byte(55).append(imagebytes::oldBankData(distinctBank(), 5)).bytes;
+  const Bytes file =
+      writer.word(kTrelvan).byte(55).append(imagebytes::oldBankData(distinctBank(), 5)).bytes;
   EXPECT_EQ(identified(file).content, Image::Content::bank);
   EXPECT_EQ(identified(file).floatsPerRecord, 5);
   EXPECT_EQ(identified(file).recordCount, 32);
@@ -146,11 +153,17 @@ TEST(Read, TakesWhatTheImageHoldsAndNothingElse) {
   const auto files = [](bool other) {
     const Bytes oldBank = Writer(other).word(kTrelvan).byte(55).bytes;
     const Bytes oldPreset = Writer(other).word(kTrelvan).byte(33).bytes;
-    return std::array{
-        imagebytes::bankImage(distinctBank(), 3, other), imagebytes::chunk(distinctBank(), 3, other),
-        Writer(other).append(oldBank).append(imagebytes::oldBankData(distinctBank(), 5, other)).bytes,
-        imagebytes::presetImage(distinctBank()[4], other),
-        Writer(other).append(oldPreset).append(imagebytes::oldPresetData(distinctBank()[4], 5, other)).bytes};
+    return std::array{imagebytes::bankImage(distinctBank(), 3, other),
+                      imagebytes::chunk(distinctBank(), 3, other),
+                      Writer(other)
+                          .append(oldBank)
+                          .append(imagebytes::oldBankData(distinctBank(), 5, other))
+                          .bytes,
+                      imagebytes::presetImage(distinctBank()[4], other),
+                      Writer(other)
+                          .append(oldPreset)
+                          .append(imagebytes::oldPresetData(distinctBank()[4], 5, other))
+                          .bytes};
   };
   for (const bool other : {false, true}) {
     const auto all = files(other);
@@ -163,7 +176,8 @@ TEST(Read, TakesWhatTheImageHoldsAndNothingElse) {
                 isBank ? Reading::done : Reading::stopped);
       EXPECT_TRUE(sameBank(bank, isBank ? recordsOf(distinctBank()) : Bank{})) << i;
       ACombProgram preset = recordOf(kDefault);
-      EXPECT_EQ(presetimage::readPreset(image, {}, preset), isBank ? Reading::stopped : Reading::done);
+      EXPECT_EQ(presetimage::readPreset(image, {}, preset),
+                isBank ? Reading::stopped : Reading::done);
       EXPECT_TRUE(sameRecord(preset, recordOf(isBank ? kDefault : distinctBank()[4]))) << i;
     }
   }
@@ -176,18 +190,22 @@ struct OldReading {
 
 class OldChunk : public testing::Test {
  protected:
-  // As a host hands it over: byteSize says how much of it there is; memory holds what is taken in at most.
+  // As a host hands it over: byteSize says how much of it there is; memory holds what is taken in
+  // at most.
   OldReading read(Bytes data, std::int64_t byteSize) {
     data.resize(std::max(data.size(), presetimage::kOldChunkSize));
     const bool known = byteSize > 0;
     const Image image = presetimage::identify(
-        {data.data(), known ? static_cast<std::size_t>(byteSize) : presetimage::kChunkSize}, kID, {.sizeKnown = known});
+        {data.data(), known ? static_cast<std::size_t>(byteSize) : presetimage::kChunkSize}, kID,
+        {.sizeKnown = known});
     presetimage::InvalidParameters none;
     if (!image.isChunk) return {false, 0};
-    return {presetimage::readBank(image, {}, recordOf(kDefault), bank, none) == Reading::done, image.presetToSelect};
+    return {presetimage::readBank(image, {}, recordOf(kDefault), bank, none) == Reading::done,
+            image.presetToSelect};
   }
   OldReading read(const Bytes& data) { return read(data, static_cast<std::int64_t>(data.size())); }
-  // Records 0..records-1 hold the first `floats` values of the distinct bank, all others are untouched.
+  // Records 0..records-1 hold the first `floats` values of the distinct bank, all others are
+  // untouched.
   testing::AssertionResult holds(std::size_t records, int floats) const {
     for (std::size_t i = 0; i < bank.size(); ++i) {
       imagebytes::Preset expected = distinctBank()[i];
@@ -229,7 +247,8 @@ TEST_F(OldChunk, MayHoldNamesOnly) {
 
 TEST_F(OldChunk, RoundsTheFloatsDown) {
   const Bytes data = imagebytes::oldChunk(distinctBank(), 10, 4, 0);
-  EXPECT_TRUE(read(data, static_cast<std::int64_t>(data.size()) + 39).complete) << "3.9 bytes more for each record";
+  EXPECT_TRUE(read(data, static_cast<std::int64_t>(data.size()) + 39).complete)
+      << "3.9 bytes more for each record";
   EXPECT_TRUE(holds(10, 4));
 }
 
@@ -239,7 +258,8 @@ TEST_F(OldChunk, TakesFiveOfMoreFloats) {
   EXPECT_TRUE(holds(10, 5));
 }
 
-// 19 floats make 100 bytes a record; of the 1408 bytes after the header 14 records have their five floats.
+// 19 floats make 100 bytes a record; of the 1408 bytes after the header 14 records have their five
+// floats.
 TEST_F(OldChunk, StopsAtTheEndOfWhatIsTakenIn) {
   const Bytes data = imagebytes::oldChunk(distinctBank(), 32, 19, 4);
   const OldReading reading = read(data);
@@ -268,7 +288,8 @@ TEST_F(OldChunk, WithoutRecordsOnlySelects) {
 
 TEST_F(OldChunk, SelectsPresetZeroForANumberThatItHasNot) {
   for (const std::int32_t number : {32, 40, std::numeric_limits<std::int32_t>::max(), -1}) {
-    EXPECT_EQ(read(imagebytes::oldChunk(distinctBank(), 32, 5, number)).presetToSelect, 0) << number;
+    EXPECT_EQ(read(imagebytes::oldChunk(distinctBank(), 32, 5, number)).presetToSelect, 0)
+        << number;
   }
 }
 
@@ -297,10 +318,12 @@ TEST_F(OldChunk, TakesTheEndsOfTheRange) {
 // The stride comes from the host's number; whatever it says, reading stays inside the 1440 bytes.
 TEST_F(OldChunk, TakesAnySizeAndCount) {
   const Bytes data = imagebytes::oldChunk(distinctBank(), 32, 5, 17);
-  for (const std::int64_t byteSize : {std::int64_t{-2147483648}, std::int64_t{-1}, std::int64_t{0}, std::int64_t{8},
-                                      std::int64_t{31}, std::int64_t{32}, std::int64_t{33}, std::int64_t{100},
-                                      std::int64_t{1439}, std::int64_t{1441}, std::int64_t{2147483647}}) {
-    for (const std::int32_t count : {1, 2, 31, 32, 33, 1000, std::numeric_limits<std::int32_t>::max()}) {
+  for (const std::int64_t byteSize :
+       {std::int64_t{-2147483648}, std::int64_t{-1}, std::int64_t{0}, std::int64_t{8},
+        std::int64_t{31}, std::int64_t{32}, std::int64_t{33}, std::int64_t{100}, std::int64_t{1439},
+        std::int64_t{1441}, std::int64_t{2147483647}}) {
+    for (const std::int32_t count :
+         {1, 2, 31, 32, 33, 1000, std::numeric_limits<std::int32_t>::max()}) {
       Bytes changed = data;
       std::memcpy(changed.data() + 8, &count, 4);
       read(changed, byteSize);

@@ -56,7 +56,8 @@ TEST(WriteBank, KeepsTheEndsOfTheRangeWithoutANote) {
   imagebytes::Bank bank = distinctBank();
   bank[0].values = {0.0F, 1.0F, -0.0F, 0.5F, 1.0F};
   InvalidParameters repaired;
-  EXPECT_EQ(presetimage::writeBank(recordsOf(bank), kID, 0, {}, repaired), imagebytes::bankImage(bank, 0));
+  EXPECT_EQ(presetimage::writeBank(recordsOf(bank), kID, 0, {}, repaired),
+            imagebytes::bankImage(bank, 0));
   EXPECT_TRUE(repaired.empty());
 }
 
@@ -65,14 +66,15 @@ TEST(WriteBank, WritesANaNAsItIsWithoutANote) {
   imagebytes::Bank bank = distinctBank();
   bank[5].values[1] = kNaN;
   InvalidParameters repaired;
-  EXPECT_EQ(presetimage::writeBank(recordsOf(bank), kID, 0, {}, repaired), imagebytes::bankImage(bank, 0));
+  EXPECT_EQ(presetimage::writeBank(recordsOf(bank), kID, 0, {}, repaired),
+            imagebytes::bankImage(bank, 0));
   EXPECT_TRUE(repaired.empty());
 }
 
 TEST(WriteBank, LeavesPlaceholdersOut) {
   InvalidParameters repaired;
-  const auto image =
-      presetimage::writeBank(recordsOf(distinctBank()), kID, 4, {true, false, false, true, false}, repaired);
+  const auto image = presetimage::writeBank(recordsOf(distinctBank()), kID, 4,
+                                            {true, false, false, true, false}, repaired);
   imagebytes::Writer entries;
   for (std::int32_t preset = 0; preset < 32; ++preset) {
     const imagebytes::Preset from = distinctBank()[static_cast<std::size_t>(preset)];
@@ -82,7 +84,10 @@ TEST(WriteBank, LeavesPlaceholdersOut) {
     }
   }
   const auto size = static_cast<std::int32_t>(entries.bytes.size());
-  EXPECT_EQ(image, imagebytes::Writer().header(imagebytes::kBankKind, 32 * 4, 4, size).append(entries.bytes).bytes);
+  EXPECT_EQ(image, imagebytes::Writer()
+                       .header(imagebytes::kBankKind, 32 * 4, 4, size)
+                       .append(entries.bytes)
+                       .bytes);
 }
 
 TEST(WriteBank, WritesAllBytesOfANameAsStored) {
@@ -90,7 +95,8 @@ TEST(WriteBank, WritesAllBytesOfANameAsStored) {
   bank[0].name = std::string("ab\0junk behind", 14);
   bank[1].name = std::string(24, 'x');
   InvalidParameters repaired;
-  EXPECT_EQ(presetimage::writeBank(recordsOf(bank), kID, 0, {}, repaired), imagebytes::bankImage(bank, 0));
+  EXPECT_EQ(presetimage::writeBank(recordsOf(bank), kID, 0, {}, repaired),
+            imagebytes::bankImage(bank, 0));
 }
 
 TEST(WritePreset, Writes369Bytes) {
@@ -107,7 +113,8 @@ TEST(WritePreset, WritesValuesAsTheyStand) {
 
 TEST(WritePreset, LeavesPlaceholdersOut) {
   const imagebytes::Preset preset{"p", {0.1F, 0.2F, 0.3F, 0.4F, 0.5F}};
-  const auto image = presetimage::writePreset(recordOf(preset), kID, {false, true, true, true, true});
+  const auto image =
+      presetimage::writePreset(recordOf(preset), kID, {false, true, true, true, true});
   EXPECT_EQ(image, imagebytes::Writer()
                        .header(imagebytes::kPresetKind, 2, 0, 200)
                        .nameEntry(0, "p")
@@ -123,22 +130,29 @@ TEST(WriteMidiMap, Writes201BytesWithoutAName) {
 }
 
 TEST(WriteMidiMap, LeavesPlaceholdersOut) {
-  const auto image = presetimage::writeMidiMap({0.1F, 0.2F, 0.3F, 0.4F, 0.5F}, kID, {true, true, true, true, false});
-  EXPECT_EQ(image, imagebytes::Writer().header(imagebytes::kMidiMapKind, 1, 0, 32).valueEntry(2, 0, 4, 0.5F).bytes);
+  const auto image = presetimage::writeMidiMap({0.1F, 0.2F, 0.3F, 0.4F, 0.5F}, kID,
+                                               {true, true, true, true, false});
+  EXPECT_EQ(image, imagebytes::Writer()
+                       .header(imagebytes::kMidiMapKind, 1, 0, 32)
+                       .valueEntry(2, 0, 4, 0.5F)
+                       .bytes);
 }
 
 TEST(DiagnosticLine, NamesParameterValueOperationAndPreset) {
   EXPECT_EQ(line("mix 3", 1.25F), "Invalid parameter 2 value 1.250000 on save of preset 3 mix 3\n");
-  EXPECT_EQ(line("mix 3", -0.5F, "load"), "Invalid parameter 2 value -0.500000 on load of preset 3 mix 3\n");
+  EXPECT_EQ(line("mix 3", -0.5F, "load"),
+            "Invalid parameter 2 value -0.500000 on load of preset 3 mix 3\n");
 }
 
 TEST(DiagnosticLine, ShowsAnyFloat) {
-  EXPECT_EQ(line("n", std::numeric_limits<float>::infinity()), "Invalid parameter 2 value inf on save of preset 3 n\n");
+  EXPECT_EQ(line("n", std::numeric_limits<float>::infinity()),
+            "Invalid parameter 2 value inf on save of preset 3 n\n");
   EXPECT_EQ(line("n", -std::numeric_limits<float>::infinity()),
             "Invalid parameter 2 value -inf on save of preset 3 n\n");
   EXPECT_EQ(line("n", 1e-10F + 1.0F), "Invalid parameter 2 value 1.000000 on save of preset 3 n\n");
   EXPECT_EQ(line("n", -std::numeric_limits<float>::max()),
-            "Invalid parameter 2 value -340282346638528859811704183484516925440.000000 on save of preset 3 n\n");
+            "Invalid parameter 2 value -340282346638528859811704183484516925440.000000 on save of "
+            "preset 3 n\n");
 }
 
 TEST(DiagnosticLine, EndsWithTheBlankAndTheNewlineForAnEmptyName) {

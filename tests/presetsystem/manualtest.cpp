@@ -36,8 +36,9 @@ TEST_F(ManualButton, SaysWhichFileCouldNotBeOpened) {
   desktop.install("xmessage", "");
   open();
   ASSERT_TRUE(desktop.wasCalled("xmessage"));
-  EXPECT_EQ(desktop.argumentsOf("xmessage").back(),
-            "Could not open manual file:\n~/\"Documents/Orv/Trelvan/Trelvan Operation Manual.pdf\"");
+  EXPECT_EQ(
+      desktop.argumentsOf("xmessage").back(),
+      "Could not open manual file:\n~/\"Documents/Orv/Trelvan/Trelvan Operation Manual.pdf\"");
   editor().watchManual();
   EXPECT_FALSE(desktop.wasCalled("xmessage", 2));  // once
 }

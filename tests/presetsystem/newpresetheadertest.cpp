@@ -55,7 +55,8 @@ TEST(NewPresetHeader, IsWrittenIn41BytesWithoutPadding) {
 }
 
 TEST(NewPresetHeader, SaysVersion1990AndFiveParametersByItself) {
-  EXPECT_EQ(written(newpresetheader()), Writer().word(0).byte(34).word(0x01090900).number(5).zeros(28).bytes);
+  EXPECT_EQ(written(newpresetheader()),
+            Writer().word(0).byte(34).word(0x01090900).number(5).zeros(28).bytes);
 }
 
 TEST(NewPresetHeader, IsReadAsItWasWritten) {

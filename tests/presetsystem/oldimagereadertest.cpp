@@ -21,7 +21,8 @@ const imagebytes::Preset kOther{"other", {0.9F, 0.8F, 0.7F, 0.6F, 0.5F}};
 // The first `floats` values of one, the rest of the default's.
 imagebytes::Preset partOf(const imagebytes::Preset& preset, int floats) {
   imagebytes::Preset part{preset.name, kDefault.values};
-  for (std::size_t i = 0; i < 5 && static_cast<int>(i) < floats; ++i) part.values[i] = preset.values[i];
+  for (std::size_t i = 0; i < 5 && static_cast<int>(i) < floats; ++i)
+    part.values[i] = preset.values[i];
   return part;
 }
 
@@ -59,8 +60,9 @@ TEST(OldPreset, RefusesEveryValueOutsideTheRange) {
     imagebytes::Preset damaged = kOther;
     damaged.values[2] = value;
     ACombProgram preset = recordOf(kDefault);
-    EXPECT_EQ(presetimage::readOldPreset(imagebytes::oldPresetData(damaged, 5), false, 5, {}, preset),
-              Reading::refused);
+    EXPECT_EQ(
+        presetimage::readOldPreset(imagebytes::oldPresetData(damaged, 5), false, 5, {}, preset),
+        Reading::refused);
   }
 }
 
@@ -75,7 +77,8 @@ TEST(OldPreset, PassesOverPlaceholders) {
   damaged.values[2] = 99.0F;
   ACombProgram preset = recordOf(kDefault);
   const Bytes data = imagebytes::oldPresetData(damaged, 5);
-  EXPECT_EQ(presetimage::readOldPreset(data, false, 5, {false, false, true, false, false}, preset), Reading::done);
+  EXPECT_EQ(presetimage::readOldPreset(data, false, 5, {false, false, true, false, false}, preset),
+            Reading::done);
   imagebytes::Preset expected = kOther;
   expected.values[2] = kDefault.values[2];
   EXPECT_TRUE(sameRecord(preset, recordOf(expected)));
@@ -83,7 +86,8 @@ TEST(OldPreset, PassesOverPlaceholders) {
 
 TEST(OldPreset, ReadsNothingForANegativeNumberOfFloats) {
   ACombProgram preset = recordOf(kDefault);
-  EXPECT_EQ(presetimage::readOldPreset(imagebytes::oldPresetData(kOther, 5), false, -1, {}, preset), Reading::stopped);
+  EXPECT_EQ(presetimage::readOldPreset(imagebytes::oldPresetData(kOther, 5), false, -1, {}, preset),
+            Reading::stopped);
   EXPECT_TRUE(sameRecord(preset, recordOf(kDefault)));
 }
 
@@ -100,7 +104,8 @@ class OldBank : public testing::Test {
 TEST_F(OldBank, IsThirtyTwoRecordsOfBothByteOrders) {
   for (const bool other : {false, true}) {
     for (const int floats : {0, 3, 5, 7}) {
-      EXPECT_EQ(read(imagebytes::oldBankData(distinctBank(), floats, other), 32, floats, other), Reading::done);
+      EXPECT_EQ(read(imagebytes::oldBankData(distinctBank(), floats, other), 32, floats, other),
+                Reading::done);
       for (std::size_t i = 0; i < 32; ++i) {
         EXPECT_TRUE(sameRecord(bank[i], recordOf(partOf(distinctBank()[i], floats)))) << i;
       }
@@ -163,21 +168,25 @@ Assignments oldMidiMap(const Bytes& data, int floats, bool swapped = false,
 
 TEST(OldMidiMap, IsTheFirstFiveFloats) {
   for (const bool other : {false, true}) {
-    const Bytes data = Writer(other).real(0.0F).real(0.25F).real(0.5F).real(0.75F).real(1.0F).real(0.9F).bytes;
-    EXPECT_EQ(oldMidiMap(data, 6, other), (Assignments{{0, 0.0F}, {1, 0.25F}, {2, 0.5F}, {3, 0.75F}, {4, 1.0F}}));
+    const Bytes data =
+        Writer(other).real(0.0F).real(0.25F).real(0.5F).real(0.75F).real(1.0F).real(0.9F).bytes;
+    EXPECT_EQ(oldMidiMap(data, 6, other),
+              (Assignments{{0, 0.0F}, {1, 0.25F}, {2, 0.5F}, {3, 0.75F}, {4, 1.0F}}));
     EXPECT_EQ(oldMidiMap(data, 2, other), (Assignments{{0, 0.0F}, {1, 0.25F}}));
   }
 }
 
 TEST(OldMidiMap, StopsAtTheFirstValueOutsideTheRange) {
   for (const float value : {1.25F, -0.5F, kNaN}) {
-    EXPECT_EQ(oldMidiMap(Writer().real(0.25F).real(value).real(0.5F).bytes, 3), (Assignments{{0, 0.25F}}));
+    EXPECT_EQ(oldMidiMap(Writer().real(0.25F).real(value).real(0.5F).bytes, 3),
+              (Assignments{{0, 0.25F}}));
   }
 }
 
 TEST(OldMidiMap, PassesOverPlaceholders) {
   const Bytes data = Writer().real(0.25F).real(99.0F).real(0.5F).bytes;
-  EXPECT_EQ(oldMidiMap(data, 3, false, {false, true, false, false, false}), (Assignments{{0, 0.25F}, {2, 0.5F}}));
+  EXPECT_EQ(oldMidiMap(data, 3, false, {false, true, false, false, false}),
+            (Assignments{{0, 0.25F}, {2, 0.5F}}));
 }
 
 TEST(OldMidiMap, StopsAtTheEndOfTheData) {

@@ -45,18 +45,20 @@ TEST_F(Files, TheDialogsSayWhatTheyAreFor) {
   const std::string presets = "--file-filter=Orv Preset (*.orv) | *.orv *.ORV";
   const std::string banks = "--file-filter=Orv Bank (*.orb) | *.orb *.ORB";
   const char* const choose = "--file-selection";
-  EXPECT_THAT(desktop.argumentsOf("zenity", 1), ElementsAre(choose, "--title=Load preset", none, presets));
+  EXPECT_THAT(desktop.argumentsOf("zenity", 1),
+              ElementsAre(choose, "--title=Load preset", none, presets));
   EXPECT_THAT(desktop.argumentsOf("zenity", 2),
               ElementsAre(choose, "--title=Load preset (endian-reversed)", none, presets));
-  EXPECT_THAT(desktop.argumentsOf("zenity", 3), ElementsAre(choose, "--title=Load bank", none, banks));
+  EXPECT_THAT(desktop.argumentsOf("zenity", 3),
+              ElementsAre(choose, "--title=Load bank", none, banks));
   EXPECT_THAT(desktop.argumentsOf("zenity", 4),
               ElementsAre(choose, "--title=Load bank (endian-reversed)", none, banks));
   EXPECT_THAT(desktop.argumentsOf("zenity", 5),
-              ElementsAre(choose, "--title=Save preset", "--filename=" + home.path + "/pad.orv", presets, "--save",
-                          "--confirm-overwrite", "--attach=4711"));
+              ElementsAre(choose, "--title=Save preset", "--filename=" + home.path + "/pad.orv",
+                          presets, "--save", "--confirm-overwrite", "--attach=4711"));
   EXPECT_THAT(desktop.argumentsOf("zenity", 6),
-              ElementsAre(choose, "--title=Save bank", "--filename=" + home.path + "/all.orb", banks, "--save",
-                          "--confirm-overwrite", "--attach=4711"));
+              ElementsAre(choose, "--title=Save bank", "--filename=" + home.path + "/all.orb",
+                          banks, "--save", "--confirm-overwrite", "--attach=4711"));
 }
 
 TEST_F(Files, ASavedNameGetsItsExtension) {
@@ -118,9 +120,9 @@ TEST_F(Files, AnAlertSaysThatThereIsNoDialogProgram) {
   EXPECT_TRUE(editor().fileOperationRunning());  // it is said from the idle pass
   finish();
   ASSERT_EQ(desktop.argumentsOf("xmessage").size(), 8U);
-  EXPECT_EQ(
-      desktop.argumentsOf("xmessage").back(),
-      "There is no program that shows a file dialog.\nPlease install zenity or kdialog to load and save presets.");
+  EXPECT_EQ(desktop.argumentsOf("xmessage").back(),
+            "There is no program that shows a file dialog.\nPlease install zenity or kdialog to "
+            "load and save presets.");
 }
 
 TEST_F(Files, APathThatIsTooLongTouchesNoOtherFile) {

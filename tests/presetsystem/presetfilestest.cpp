@@ -10,7 +10,8 @@ using imagebytes::Bytes;
 using imagebytes::Preset;
 using imagebytes::Writer;
 
-// Values whose bytes mean something invalid in the other order: 0.3 is 3E99999A, reversed a negative number.
+// Values whose bytes mean something invalid in the other order: 0.3 is 3E99999A, reversed a
+// negative number.
 const Preset kPad = {"soft pad", {0.3F, 0.25F, 0.5F, 1.0F, 0.0F}};
 
 Bytes oldFile(int kind, const Bytes& data, bool otherOrder = false) {
@@ -37,7 +38,8 @@ TEST_F(Files, SavingAPresetAndLoadingItBackRestoresNameAndValues) {
   presetimage::Bank expected = before;
   expected[9] = before[4];
   EXPECT_TRUE(sameBank(bankNow(), expected));
-  for (int index = 0; index < 5; ++index) EXPECT_EQ(instance->effect.getParameter(index), before[4].parameter(index));
+  for (int index = 0; index < 5; ++index)
+    EXPECT_EQ(instance->effect.getParameter(index), before[4].parameter(index));
   EXPECT_STREQ(editor().currentDirectory, (files.path + "/").c_str());
   EXPECT_STREQ(editor().presetFileName, "soft pad.orv");
   EXPECT_STREQ(editor().bankFileName, "");
@@ -84,10 +86,11 @@ TEST_F(Files, OldFilesLoadInBothByteOrders) {
     for (const int floats : {5, 7}) {  // further values are left out
       begin({});
       const Bank bank = imagebytes::distinctBank();
-      loadBank(put("old.orb", oldFile(imagebytes::kOldBankKind, imagebytes::oldBankData(bank, floats, other), other)));
+      loadBank(put("old.orb", oldFile(imagebytes::kOldBankKind,
+                                      imagebytes::oldBankData(bank, floats, other), other)));
       EXPECT_TRUE(sameBank(bankNow(), recordsOf(bank)));
-      loadPreset(
-          put("old.orv", oldFile(imagebytes::kOldPresetKind, imagebytes::oldPresetData(kPad, floats, other), other)));
+      loadPreset(put("old.orv", oldFile(imagebytes::kOldPresetKind,
+                                        imagebytes::oldPresetData(kPad, floats, other), other)));
       EXPECT_TRUE(sameRecord(preset(0), recordOf(kPad)));
     }
   }
@@ -98,7 +101,9 @@ TEST_F(Files, EndianReversedRefusesANativePresetAndLeavesTheCurrentOne) {
   const presetimage::Bank before = bankNow();
   loadPreset(put("pad.orv", imagebytes::presetImage(kPad)), true);
   EXPECT_TRUE(sameBank(bankNow(), before));
-  loadPreset(put("old.orv", oldFile(imagebytes::kOldPresetKind, imagebytes::oldPresetData(kPad, 5))), true);
+  loadPreset(
+      put("old.orv", oldFile(imagebytes::kOldPresetKind, imagebytes::oldPresetData(kPad, 5))),
+      true);
   EXPECT_TRUE(sameBank(bankNow(), before));
   EXPECT_EQ(current(), 3);
 }
@@ -106,7 +111,9 @@ TEST_F(Files, EndianReversedRefusesANativePresetAndLeavesTheCurrentOne) {
 TEST_F(Files, EndianReversedSwapsEveryValueOfANativeFile) {
   // 0.5 is 3F000000: reversed a number that is tiny and valid.
   const Preset half = {"half", {0.5F, 0.5F, 0.5F, 0.5F, 0.5F}};
-  loadPreset(put("old.orv", oldFile(imagebytes::kOldPresetKind, imagebytes::oldPresetData(half, 5))), true);
+  loadPreset(
+      put("old.orv", oldFile(imagebytes::kOldPresetKind, imagebytes::oldPresetData(half, 5))),
+      true);
   const float tiny = std::bit_cast<float>(std::uint32_t{0x0000003F});
   EXPECT_TRUE(sameRecord(preset(0), recordOf({"half", {tiny, tiny, tiny, tiny, tiny}})));
 }
@@ -189,7 +196,8 @@ TEST_F(Files, AFileThatEndsEarlyIsReadAsFarAsItGoes) {
   const Bytes whole = imagebytes::presetImage(kPad);
   const ACombProgram before = preset(0);
   // The header ends at byte 41, the name entry at 209, then come five entries of 32.
-  for (const std::size_t size : {5, 6, 40, 41, 52, 53, 208, 209, 220, 240, 241, 242, 336, 337, 368}) {
+  for (const std::size_t size :
+       {5, 6, 40, 41, 52, 53, 208, 209, 220, 240, 241, 242, 336, 337, 368}) {
     preset(0) = before;
     loadPreset(put("pad.orv", Bytes(whole.begin(), whole.begin() + static_cast<long>(size))));
     ACombProgram expected = instance->effect.getDefaultPreset();
@@ -209,16 +217,21 @@ TEST_F(Files, OldFilesThatEndEarlyDoNotHurt) {
   const ACombProgram before = preset(0);
   for (const std::size_t size : {5, 6, 28, 29, 32, 33, 48}) {
     preset(0) = before;
-    loadPreset(put("old.orv", Bytes(oldPreset.begin(), oldPreset.begin() + static_cast<long>(size))));
+    loadPreset(
+        put("old.orv", Bytes(oldPreset.begin(), oldPreset.begin() + static_cast<long>(size))));
     const bool hasName = size >= 29;
-    EXPECT_EQ(nameBytes(preset(0)), hasName ? nameBytes(recordOf(kPad)) : nameBytes(before)) << size;
+    EXPECT_EQ(nameBytes(preset(0)), hasName ? nameBytes(recordOf(kPad)) : nameBytes(before))
+        << size;
     if (hasName) {
-      EXPECT_EQ(preset(0).parameter(4), size >= 49 ? 0.0F : instance->effect.getDefaultPreset().parameter(4));
+      EXPECT_EQ(preset(0).parameter(4),
+                size >= 49 ? 0.0F : instance->effect.getDefaultPreset().parameter(4));
     }
   }
-  const Bytes oldBank = oldFile(imagebytes::kOldBankKind, imagebytes::oldBankData(imagebytes::distinctBank(), 5));
+  const Bytes oldBank =
+      oldFile(imagebytes::kOldBankKind, imagebytes::oldBankData(imagebytes::distinctBank(), 5));
   const presetimage::Bank bankBefore = bankNow();
-  for (const std::size_t size : {5, 6, 36, 37, 772}) {  // 5 + 32 * 24 = 773 is the first with whole names
+  // 5 + 32 * 24 = 773 is the first with whole names
+  for (const std::size_t size : {5, 6, 36, 37, 772}) {
     loadBank(put("old.orb", Bytes(oldBank.begin(), oldBank.begin() + static_cast<long>(size))));
     EXPECT_TRUE(sameBank(bankNow(), bankBefore)) << size;
   }
@@ -226,10 +239,15 @@ TEST_F(Files, OldFilesThatEndEarlyDoNotHurt) {
 
 TEST_F(Files, SizesInAFileAreNotBelieved) {
   const ACombProgram before = preset(0);
-  for (const std::int32_t size : {0x7FFFFFFF, 0x10000000, -1, std::numeric_limits<std::int32_t>::min()}) {
+  for (const std::int32_t size :
+       {0x7FFFFFFF, 0x10000000, -1, std::numeric_limits<std::int32_t>::min()}) {
     preset(0) = before;
-    loadPreset(put("pad.orv", Writer().header(imagebytes::kPresetKind, 6, 0, size).presetEntries(0, kPad).bytes));
-    EXPECT_TRUE(sameRecord(preset(0), size > 0 ? recordOf(kPad) : instance->effect.getDefaultPreset())) << size;
+    loadPreset(
+        put("pad.orv",
+            Writer().header(imagebytes::kPresetKind, 6, 0, size).presetEntries(0, kPad).bytes));
+    EXPECT_TRUE(
+        sameRecord(preset(0), size > 0 ? recordOf(kPad) : instance->effect.getDefaultPreset()))
+        << size;
   }
 }
 
@@ -254,8 +272,10 @@ TEST_F(Files, HugeFilesAreHandledInTheirBeginning) {
   loadBank(bankFile);
   EXPECT_TRUE(sameBank(bankNow(), recordsOf(bank)));
 
-  // The records of an old bank are as far apart as the file's size says: nothing to find in its beginning.
-  const std::string oldBank = put("hugeold.orb", oldFile(imagebytes::kOldBankKind, imagebytes::oldBankData({}, 5)));
+  // The records of an old bank are as far apart as the file's size says: nothing to find in its
+  // beginning.
+  const std::string oldBank =
+      put("hugeold.orb", oldFile(imagebytes::kOldBankKind, imagebytes::oldBankData({}, 5)));
   std::filesystem::resize_file(oldBank, huge);
   loadBank(oldBank);
   EXPECT_TRUE(sameBank(bankNow(), recordsOf(bank)));

@@ -29,7 +29,8 @@ class PresetImage : public testing::Test {
     Bank bank;
     presetimage::InvalidParameters repaired;
     const auto entries = std::span(image).subspan(41);
-    EXPECT_EQ(presetimage::readBank(entries, header, swapped, ACombProgram(), bank, repaired), Reading::done);
+    EXPECT_EQ(presetimage::readBank(entries, header, swapped, ACombProgram(), bank, repaired),
+              Reading::done);
     EXPECT_TRUE(repaired.empty());
     return bank;
   }
@@ -67,8 +68,10 @@ TEST_F(PresetImage, IsWrittenAsTheTablesSay) {
     const imagebytes::Bank bank = imagebytes::randomBank(random);
     const int current = below(32);
     EXPECT_EQ(write(recordsOf(bank), current), imagebytes::bankImage(bank, current));
-    EXPECT_EQ(presetimage::writePreset(recordOf(bank[0]), kID, {}), imagebytes::presetImage(bank[0]));
-    EXPECT_EQ(presetimage::writeMidiMap(bank[1].values, kID, {}), imagebytes::midiMapImage(bank[1].values));
+    EXPECT_EQ(presetimage::writePreset(recordOf(bank[0]), kID, {}),
+              imagebytes::presetImage(bank[0]));
+    EXPECT_EQ(presetimage::writeMidiMap(bank[1].values, kID, {}),
+              imagebytes::midiMapImage(bank[1].values));
   }
 }
 
@@ -81,7 +84,8 @@ TEST_F(PresetImage, OfOnePresetIsReadBackIdentically) {
       newpresetheader header = newpresetheader::read(image);
       if (swapped) byteSwapHeader(&header);
       ACombProgram read;
-      EXPECT_EQ(presetimage::readPreset(std::span(image).subspan(41), header, swapped, read), Reading::done);
+      EXPECT_EQ(presetimage::readPreset(std::span(image).subspan(41), header, swapped, read),
+                Reading::done);
       EXPECT_TRUE(sameRecord(read, preset));
     }
   }
@@ -104,7 +108,8 @@ TEST_F(PresetImage, OfGarbageIsRefusedOrGivesAValidBank) {
   int refused = 0;
   for (int round = 0; round < 3000; ++round) {
     Bank written = recordsOf(imagebytes::randomBank(random));
-    if (below(20) == 0) written[static_cast<std::size_t>(below(32))].width = std::numeric_limits<float>::quiet_NaN();
+    if (below(20) == 0)
+      written[static_cast<std::size_t>(below(32))].width = std::numeric_limits<float>::quiet_NaN();
     Bytes image = write(written, below(32));
     const bool swapped = below(2) == 1;
     if (swapped) imagebytes::turnImage(image, 0);
@@ -117,15 +122,18 @@ TEST_F(PresetImage, OfGarbageIsRefusedOrGivesAValidBank) {
 
     Bank bank = before;
     presetimage::InvalidParameters repaired;
-    const auto entries = std::span<const unsigned char>(image).subspan(std::min<std::size_t>(41, image.size()));
-    const Reading reading = presetimage::readBank(entries, header, swapped, ACombProgram(), bank, repaired);
+    const auto entries =
+        std::span<const unsigned char>(image).subspan(std::min<std::size_t>(41, image.size()));
+    const Reading reading =
+        presetimage::readBank(entries, header, swapped, ACombProgram(), bank, repaired);
     if (reading == Reading::done) {
       EXPECT_TRUE(isValid(bank));
       changed += isSame(bank, before) ? 0 : 1;
     } else {
       ++refused;
     }
-    for (const auto& invalid : repaired) EXPECT_STRNE(presetimage::diagnosticLine(invalid, "load").text, "");
+    for (const auto& invalid : repaired)
+      EXPECT_STRNE(presetimage::diagnosticLine(invalid, "load").text, "");
   }
   EXPECT_GT(changed, 100) << "much of it must get past the header, or the test tests nothing";
   EXPECT_GT(refused, 10);
@@ -134,13 +142,15 @@ TEST_F(PresetImage, OfGarbageIsRefusedOrGivesAValidBank) {
 TEST_F(PresetImage, OfOldGarbageIsRefusedOrGivesAValidBank) {
   for (int round = 0; round < 3000; ++round) {
     const bool other = below(2) == 1;
-    Bytes data = imagebytes::oldChunk(imagebytes::randomBank(random), below(40), below(9), below(64), other);
+    Bytes data =
+        imagebytes::oldChunk(imagebytes::randomBank(random), below(40), below(9), below(64), other);
     const int damage = below(6);
     for (int i = 0; i < damage && data.size() > 8; ++i) {
       data[8 + static_cast<std::size_t>(below(static_cast<int>(data.size()) - 8))] =
           static_cast<unsigned char>(below(256));
     }
-    const std::size_t size = data.size() + static_cast<std::size_t>(below(3)) - 1;  // as hosts name it, or beside it
+    // as hosts name it, or beside it
+    const std::size_t size = data.size() + static_cast<std::size_t>(below(3)) - 1;
     data.resize(std::max(size, data.size()));
     const presetimage::Image image = presetimage::identify(std::span(data).first(size), kID);
     Bank bank = recordsOf(imagebytes::randomBank(random));

@@ -157,7 +157,8 @@ TEST_F(Defaults, OldImagesAreReadToo) {
   const auto old = [](int kind, const Bytes& data) {
     return imagebytes::Writer().word(imagebytes::kTrelvan).byte(kind).append(data).bytes;
   };
-  store("DefaultBank", old(imagebytes::kOldBankKind, imagebytes::oldBankData(imagebytes::distinctBank(), 5)));
+  store("DefaultBank",
+        old(imagebytes::kOldBankKind, imagebytes::oldBankData(imagebytes::distinctBank(), 5)));
   store("MemoAPreset", old(imagebytes::kOldPresetKind, imagebytes::oldPresetData(kPad, 5)));
   instance->effect.setPresetNo(4);
   editor().loadDefaultBank();
@@ -177,7 +178,8 @@ TEST_F(Defaults, StoredValuesThatAreForeignOrDamagedChangeNothing) {
   const Bytes whole = imagebytes::presetImage(kPad);
   const std::pair<Bytes, Bytes> values[] = {
       {foreignPreset, foreignBank},
-      {imagebytes::bankImage(imagebytes::distinctBank(), 5), imagebytes::presetImage(kPad)},  // of the other kind
+      // of the other kind
+      {imagebytes::bankImage(imagebytes::distinctBank(), 5), imagebytes::presetImage(kPad)},
       {Bytes(whole.begin(), whole.begin() + 4), Bytes(whole.begin(), whole.begin() + 4)},
       {Bytes(whole.begin(), whole.begin() + 40), Bytes(whole.begin(), whole.begin() + 3)},
       {{}, {}},
@@ -221,7 +223,8 @@ TEST_F(Defaults, AMissingNameLeavesItsFieldUnchanged) {
 
 TEST_F(Defaults, ANameThatDoesNotFitLeavesItsFieldUnchanged) {
   PreferenceStore preferences("com.orv.trelvan");
-  preferences.setString("CurrDir", ("/" + std::string(255, 'd')).c_str());  // 256 characters and the terminator
+  // 256 characters and the terminator
+  preferences.setString("CurrDir", ("/" + std::string(255, 'd')).c_str());
   preferences.setString("CurrBank", std::string(255, 'b').c_str());
   ASSERT_TRUE(preferences.synchronise());
   std::strcpy(editor().currentDirectory, "/a/");

@@ -1,4 +1,5 @@
-// Operator new and delete in front of malloc and free, with a count of the allocations that may still succeed.
+// Operator new and delete in front of malloc and free, with a count of the allocations that may
+// still succeed.
 #include "tests/support/failingmemory.h"
 
 #include <cstdlib>

@@ -1,8 +1,9 @@
-// Lets the program's memory run out at a chosen allocation. Link failingmemory.cpp, which replaces operator new.
+// Lets the program's memory run out at a chosen allocation. Link failingmemory.cpp, which replaces
+// operator new.
 #pragma once
 
-// While one lives, `succeeding` allocations by operator new are left before one fails, the nothrow ones included. One
-// thread.
+// While one lives, `succeeding` allocations by operator new are left before one fails, the nothrow
+// ones included. One thread.
 class FailingMemory {
  public:
   enum class Fails { one, allFromThere };

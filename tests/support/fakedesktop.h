@@ -1,4 +1,5 @@
-// A desktop whose dialog programs are scripts: they write down how they were called and answer what the test says.
+// A desktop whose dialog programs are scripts: they write down how they were called and answer what
+// the test says.
 #pragma once
 
 #include <chrono>
@@ -10,14 +11,17 @@
 
 class FakeDesktop {
  public:
-  // body: what the program does once it has written down its arguments; "$calls" is the number of its calls so far.
+  // body: what the program does once it has written down its arguments; "$calls" is the number of
+  // its calls so far.
   void install(const std::string& name, const std::string& body) {
     const std::string record = folder / name;
     writeProgram(programs() + "/" + name,
-                 "calls=$(/usr/bin/find " + folder.path + " -name '" + name + ".call*' | /usr/bin/wc -l)\n" +
-                     "calls=$((calls + 1))\n" + "/usr/bin/env > " + record + ".environment\n" + "echo $$ > " + record +
-                     ".pid\n" + "for argument; do printf '%s\\0' \"$argument\"; done > " + record + ".arguments\n" +
-                     "/bin/cp " + record + ".arguments " + record + ".call$calls\n" + body);
+                 "calls=$(/usr/bin/find " + folder.path + " -name '" + name +
+                     ".call*' | /usr/bin/wc -l)\n" + "calls=$((calls + 1))\n" + "/usr/bin/env > " +
+                     record + ".environment\n" + "echo $$ > " + record + ".pid\n" +
+                     "for argument; do printf '%s\\0' \"$argument\"; done > " + record +
+                     ".arguments\n" + "/bin/cp " + record + ".arguments " + record +
+                     ".call$calls\n" + body);
   }
 
   // The arguments of one of the calls, 1 the first; none if it was not called so often.
@@ -38,8 +42,12 @@ class FakeDesktop {
     }
     return false;
   }
-  std::string environmentOf(const std::string& name) const { return contentOf(folder / (name + ".environment")); }
-  int pidOf(const std::string& name) const { return std::stoi(contentOf(folder / (name + ".pid"))); }
+  std::string environmentOf(const std::string& name) const {
+    return contentOf(folder / (name + ".environment"));
+  }
+  int pidOf(const std::string& name) const {
+    return std::stoi(contentOf(folder / (name + ".pid")));
+  }
 
   std::string programs() const { return folder / "programs"; }
 

@@ -17,8 +17,8 @@ class GuardedMemory {
     const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     room = (size + page - 1) / page * page;
     length = room + page;
-    base =
-        static_cast<unsigned char*>(mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    base = static_cast<unsigned char*>(
+        mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     EXPECT_EQ(mprotect(base + room, page, PROT_NONE), 0);
   }
   ~GuardedMemory() { munmap(base, length); }

@@ -9,23 +9,27 @@
 
 namespace presetimage {
 
-inline Bytes writeBank(const Bank& bank, std::int32_t uniqueID, std::int32_t currentPreset, const DummySlots& dummies,
-                       InvalidParameters& repaired) {
+inline Bytes writeBank(const Bank& bank, std::int32_t uniqueID, std::int32_t currentPreset,
+                       const DummySlots& dummies, InvalidParameters& repaired) {
   Bytes block(kBankImageSize);
-  block.resize(
-      writeBank(std::span<unsigned char, kBankImageSize>(block), bank, uniqueID, currentPreset, dummies, repaired));
+  block.resize(writeBank(std::span<unsigned char, kBankImageSize>(block), bank, uniqueID,
+                         currentPreset, dummies, repaired));
   return block;
 }
 
-inline Bytes writePreset(const ACombProgram& preset, std::int32_t uniqueID, const DummySlots& dummies) {
+inline Bytes writePreset(const ACombProgram& preset, std::int32_t uniqueID,
+                         const DummySlots& dummies) {
   Bytes block(kPresetImageSize);
-  block.resize(writePreset(std::span<unsigned char, kPresetImageSize>(block), preset, uniqueID, dummies));
+  block.resize(
+      writePreset(std::span<unsigned char, kPresetImageSize>(block), preset, uniqueID, dummies));
   return block;
 }
 
-inline Bytes writeMidiMap(const ParameterValues& values, std::int32_t uniqueID, const DummySlots& dummies) {
+inline Bytes writeMidiMap(const ParameterValues& values, std::int32_t uniqueID,
+                          const DummySlots& dummies) {
   Bytes block(kMidiMapImageSize);
-  block.resize(writeMidiMap(std::span<unsigned char, kMidiMapImageSize>(block), values, uniqueID, dummies));
+  block.resize(
+      writeMidiMap(std::span<unsigned char, kMidiMapImageSize>(block), values, uniqueID, dummies));
   return block;
 }
 

@@ -1,4 +1,5 @@
-// Images, chunks and old files byte by byte from their tables, without the writers of the preset system.
+// Images, chunks and old files byte by byte from their tables, without the writers of the preset
+// system.
 #pragma once
 
 #include <algorithm>
@@ -21,8 +22,9 @@ constexpr int kMidiMapKind = 12;
 constexpr int kOldPresetKind = 33;
 constexpr int kOldBankKind = 55;
 
+// bytes; filled with zeros up to 24
 struct Preset {
-  std::string name;  // bytes; filled with zeros up to 24
+  std::string name;
   std::array<float, 5> values{};
 };
 using Bank = std::array<Preset, 32>;
@@ -59,8 +61,15 @@ class Writer {
   Writer& append(const Bytes& more) { return all(more); }
 
   // The 41 bytes in front of an image's entries.
-  Writer& header(int kind, std::int32_t entryCount, std::int32_t currentPreset, std::int32_t dataSize) {
-    word(kTrelvan).byte(kind).word(0x01090900).number(5).number(entryCount).number(currentPreset).number(dataSize);
+  Writer& header(int kind, std::int32_t entryCount, std::int32_t currentPreset,
+                 std::int32_t dataSize) {
+    word(kTrelvan)
+        .byte(kind)
+        .word(0x01090900)
+        .number(5)
+        .number(entryCount)
+        .number(currentPreset)
+        .number(dataSize);
     return zeros(16);
   }
   Writer& entryHead(std::int32_t kind, std::int32_t payload, std::int32_t preset) {
@@ -101,7 +110,8 @@ inline Bytes presetImage(const Preset& preset, bool otherOrder = false) {
 
 inline Bytes bankEntries(const Bank& bank, bool otherOrder = false) {
   Writer writer(otherOrder);
-  for (std::size_t i = 0; i < bank.size(); ++i) writer.presetEntries(static_cast<std::int32_t>(i), bank[i]);
+  for (std::size_t i = 0; i < bank.size(); ++i)
+    writer.presetEntries(static_cast<std::int32_t>(i), bank[i]);
   return writer.bytes;
 }
 
@@ -116,18 +126,25 @@ inline Bytes bankImage(const Bank& bank, std::int32_t currentPreset, bool otherO
 inline Bytes midiMapImage(const std::array<float, 5>& values, bool otherOrder = false) {
   Writer writer(otherOrder);
   writer.header(kMidiMapKind, 5, 0, 160);
-  for (std::int32_t i = 0; i < 5; ++i) writer.valueEntry(2, 0, i, values[static_cast<std::size_t>(i)]);
+  for (std::int32_t i = 0; i < 5; ++i)
+    writer.valueEntry(2, 0, i, values[static_cast<std::size_t>(i)]);
   return writer.bytes;
 }
 
 inline Bytes chunk(const Bank& bank, std::int32_t currentPreset, bool otherOrder = false) {
-  return Writer(otherOrder).word(0x02000000).word(kTrelvan).append(bankImage(bank, currentPreset, otherOrder)).bytes;
+  return Writer(otherOrder)
+      .word(0x02000000)
+      .word(kTrelvan)
+      .append(bankImage(bank, currentPreset, otherOrder))
+      .bytes;
 }
 
-// What a record of the old layouts holds: a name and the first `floats` values; values after the fifth are 0.25.
+// What a record of the old layouts holds: a name and the first `floats` values; values after the
+// fifth are 0.25.
 inline Writer& oldRecord(Writer& writer, const Preset& preset, int floats) {
   writer.text(preset.name, 24);
-  for (int i = 0; i < floats; ++i) writer.real(i < 5 ? preset.values[static_cast<std::size_t>(i)] : 0.25F);
+  for (int i = 0; i < floats; ++i)
+    writer.real(i < 5 ? preset.values[static_cast<std::size_t>(i)] : 0.25F);
   return writer;
 }
 
@@ -142,16 +159,20 @@ inline Bytes oldBankData(const Bank& bank, int floats, bool otherOrder = false) 
   return writer.bytes;
 }
 
-// An old chunk with the bank's first `count` records; reserved words that are not zero, because nobody reads them.
-inline Bytes oldChunk(const Bank& bank, int count, int floats, std::int32_t currentPreset, bool otherOrder = false) {
+// An old chunk with the bank's first `count` records; reserved words that are not zero, because
+// nobody reads them.
+inline Bytes oldChunk(const Bank& bank, int count, int floats, std::int32_t currentPreset,
+                      bool otherOrder = false) {
   Writer writer(otherOrder);
   writer.word(0x01000000).word(kTrelvan).number(count).number(currentPreset);
   for (int i = 0; i < 4; ++i) writer.word(0xDEADBEEF);
-  for (int i = 0; i < count; ++i) oldRecord(writer, bank[static_cast<std::size_t>(i) % bank.size()], floats);
+  for (int i = 0; i < count; ++i)
+    oldRecord(writer, bank[static_cast<std::size_t>(i) % bank.size()], floats);
   return writer.bytes;
 }
 
-// Reverses every word of a whole bank, preset or MIDI-map image as the tables lay them out; names are bytes.
+// Reverses every word of a whole bank, preset or MIDI-map image as the tables lay them out; names
+// are bytes.
 inline void turnImage(Bytes& image, std::size_t start) {
   const auto turn = [&image](std::size_t at) {
     std::reverse(image.begin() + static_cast<long>(at), image.begin() + static_cast<long>(at) + 4);
@@ -177,7 +198,8 @@ inline Bank distinctBank() {
   Bank bank;
   for (std::size_t i = 0; i < bank.size(); ++i) {
     bank[i].name = "preset number " + std::to_string(i);
-    for (std::size_t j = 0; j < 5; ++j) bank[i].values[j] = static_cast<float>(i * 5 + j + 1) / 256.0F;
+    for (std::size_t j = 0; j < 5; ++j)
+      bank[i].values[j] = static_cast<float>(i * 5 + j + 1) / 256.0F;
   }
   return bank;
 }
@@ -190,7 +212,8 @@ inline Bank randomBank(std::mt19937& random) {
   std::uniform_int_distribution<int> end(0, 9);
   Bank bank;
   for (Preset& preset : bank) {
-    for (int left = length(random); left > 0; --left) preset.name += static_cast<char>(letter(random));
+    for (int left = length(random); left > 0; --left)
+      preset.name += static_cast<char>(letter(random));
     for (float& v : preset.values) {
       const int pick = end(random);
       v = pick == 0 ? 0.0F : pick == 1 ? 1.0F : std::min(value(random), 1.0F);

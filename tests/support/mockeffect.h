@@ -10,7 +10,8 @@
 
 class MockEffect : public AudioEffect {
  public:
-  explicit MockEffect(audioMasterCallback host = RecordingHost::callback) : AudioEffect(host, 3, 7) {}
+  explicit MockEffect(audioMasterCallback host = RecordingHost::callback)
+      : AudioEffect(host, 3, 7) {}
   ~MockEffect() override { died(); }
 
   MOCK_METHOD(void, died, ());
@@ -32,7 +33,8 @@ class MockEffect : public AudioEffect {
   MOCK_METHOD(VstInt32, getChunk, (void**, bool), (override));
   MOCK_METHOD(VstInt32, setChunk, (void*, VstInt32, bool), (override));
 
-  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F) {
+  VstIntPtr send(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr,
+                 float opt = 0.0F) {
     return getAeffect()->dispatcher(getAeffect(), opcode, index, value, ptr, opt);
   }
 };

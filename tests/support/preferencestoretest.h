@@ -29,18 +29,21 @@ class Preferences : public testing::Test {
   // "missing" where it is.
   static std::string stored(const std::string& key) {
     std::vector<unsigned char> value;
-    return PreferenceStore(kId).getBytes(key.c_str(), value) ? std::string(value.begin(), value.end()) : "missing";
+    return PreferenceStore(kId).getBytes(key.c_str(), value)
+               ? std::string(value.begin(), value.end())
+               : "missing";
   }
 
   TemporaryFolder temporary;
   ScopedVariable config{"XDG_CONFIG_HOME", temporary.path};
 };
 
-// Counts what happens to the files of a folder. Events of the same kind do not melt together here, because each opening
-// is followed by reading and closing.
+// Counts what happens to the files of a folder. Events of the same kind do not melt together here,
+// because each opening is followed by reading and closing.
 class FolderWatch {
  public:
-  FolderWatch(const std::string& folder, std::uint32_t events) : queue(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+  FolderWatch(const std::string& folder, std::uint32_t events)
+      : queue(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
     inotify_add_watch(queue, folder.c_str(), events | IN_ACCESS | IN_CLOSE);
     counted = events;
   }

@@ -26,7 +26,8 @@ class RecordingHost {
   RecordingHost(const RecordingHost&) = delete;
   RecordingHost& operator=(const RecordingHost&) = delete;
 
-  static VstIntPtr callback(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+  static VstIntPtr callback(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value,
+                            void* ptr, float opt) {
     return current != nullptr ? current->take({effect, opcode, index, value, ptr, opt}) : 0;
   }
 
@@ -36,9 +37,11 @@ class RecordingHost {
     return list;
   }
 
-  std::map<VstInt32, VstIntPtr> answers{{audioMasterVersion, kVstVersion}};  // 0 for every other opcode
+  // 0 for every other opcode
+  std::map<VstInt32, VstIntPtr> answers{{audioMasterVersion, kVstVersion}};
   std::vector<Call> calls;
-  std::function<void(const Call&)> onCall;  // called inside each callback that passes an effect, but not inside itself
+  // called inside each callback that passes an effect, but not inside itself
+  std::function<void(const Call&)> onCall;
 
  private:
   VstIntPtr take(const Call& call) {

@@ -40,13 +40,16 @@ inline newpresetheader headerFor(const imagebytes::Bytes& entries, std::int32_t 
 inline bool isSame(const ACombProgram& a, const ACombProgram& b) {
   if (nameBytes(a) != nameBytes(b)) return false;
   for (int i = 0; i < 5; ++i) {
-    if (std::bit_cast<std::uint32_t>(a.parameter(i)) != std::bit_cast<std::uint32_t>(b.parameter(i))) return false;
+    if (std::bit_cast<std::uint32_t>(a.parameter(i)) !=
+        std::bit_cast<std::uint32_t>(b.parameter(i)))
+      return false;
   }
   return true;
 }
 
 inline bool isSame(const presetimage::Bank& a, const presetimage::Bank& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), [](const auto& x, const auto& y) { return isSame(x, y); });
+  return std::equal(a.begin(), a.end(), b.begin(),
+                    [](const auto& x, const auto& y) { return isSame(x, y); });
 }
 
 inline std::string printed(const ACombProgram& preset) {

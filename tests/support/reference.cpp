@@ -40,7 +40,8 @@ void Reference::resume() {
   sampleRateFloat = static_cast<float>(sampleRateInt);
   meterCoeff = 1.0 - std::pow(0.0625, 1.0 / (static_cast<double>(sampleRate) * 600.0 * 0.001));
   const float product = sampleRateFloat * 277.0F;
-  widthCoeff = static_cast<float>(1.0 - std::pow(0.0625, 1.0 / (static_cast<double>(product) * 0.001)));
+  widthCoeff =
+      static_cast<float>(1.0 - std::pow(0.0625, 1.0 / (static_cast<double>(product) * 0.001)));
   emphasisCoeff = widthCoeff;
   delayCoeff = widthCoeff;
   for (float& sample : delayLine) sample = 0.0F;
@@ -100,10 +101,12 @@ void Reference::processReplacing(float** inputs, float** outputs, int frames, bo
                                  bool rightOutConnected) {
   const float* left = inputs[0];
   const float* right = inputs[0];
-  if (rightInConnected && inputs[1] != nullptr && inputStereo && inputs[1] != inputs[0]) right = inputs[1];
+  if (rightInConnected && inputs[1] != nullptr && inputStereo && inputs[1] != inputs[0])
+    right = inputs[1];
   float* outLeft = outputs[0];
   float* outRight = outputs[0];
-  if (rightOutConnected && outputs[1] != nullptr && outputStereo && outputs[1] != outputs[0]) outRight = outputs[1];
+  if (rightOutConnected && outputs[1] != nullptr && outputStereo && outputs[1] != outputs[0])
+    outRight = outputs[1];
   const float sign = phaseOn < 0.5F ? 1.0F : -1.0F;
 
   for (int i = 0; i < frames; ++i) {
@@ -125,7 +128,8 @@ void Reference::processReplacing(float** inputs, float** outputs, int frames, bo
       const float outL = mid + side;
       const float outR = mid - side;
       midEnvelope = midEnvelope + (std::fabs(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
-      sideEnvelope = sideEnvelope + (std::fabs(static_cast<double>(side)) - sideEnvelope) * meterCoeff;
+      sideEnvelope =
+          sideEnvelope + (std::fabs(static_cast<double>(side)) - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
       sideEnvelope = sideEnvelope + 1e-21;
@@ -150,14 +154,16 @@ void Reference::processReplacing(float** inputs, float** outputs, int frames, bo
   updateMeter();
 }
 
-void Reference::processDoubleReplacing(double** inputs, double** outputs, int frames, bool rightInConnected,
-                                       bool rightOutConnected) {
+void Reference::processDoubleReplacing(double** inputs, double** outputs, int frames,
+                                       bool rightInConnected, bool rightOutConnected) {
   const double* left = inputs[0];
   const double* right = inputs[0];
-  if (rightInConnected && inputs[1] != nullptr && inputStereo && inputs[1] != inputs[0]) right = inputs[1];
+  if (rightInConnected && inputs[1] != nullptr && inputStereo && inputs[1] != inputs[0])
+    right = inputs[1];
   double* outLeft = outputs[0];
   double* outRight = outputs[0];
-  if (rightOutConnected && outputs[1] != nullptr && outputStereo && outputs[1] != outputs[0]) outRight = outputs[1];
+  if (rightOutConnected && outputs[1] != nullptr && outputStereo && outputs[1] != outputs[0])
+    outRight = outputs[1];
   const float sign = phaseOn < 0.5F ? 1.0F : -1.0F;
 
   for (int i = 0; i < frames; ++i) {
@@ -209,8 +215,8 @@ void Reference::processDoubleReplacing(double** inputs, double** outputs, int fr
 
 void Reference::updateMeter() {
   if (midEnvelope > 1e-5 && sideEnvelope > 1e-7) {
-    widthMeter =
-        static_cast<float>((std::log10(midEnvelope / sideEnvelope) + 0.6020599913279624) * 0.8304820237218405 - 0.5);
+    widthMeter = static_cast<float>(
+        (std::log10(midEnvelope / sideEnvelope) + 0.6020599913279624) * 0.8304820237218405 - 0.5);
     if (widthMeter < -0.5F) widthMeter = -0.5F;
     if (widthMeter > 0.5F) widthMeter = 0.5F;
   } else if (midEnvelope > 1e-5) {

@@ -1,13 +1,16 @@
-// A plain transcription of the effect's rules, one frame after the other, that the plug-in must equal bit for bit.
+// A plain transcription of the effect's rules, one frame after the other, that the plug-in must
+// equal bit for bit.
 #pragma once
 
-// Shares no code with the effect and is written to be read, not to be fast: all state lives in members, the two
-// precisions are written out one by one. Finite parameter values and sample rates from 1 Hz to 2^31 Hz.
+// Shares no code with the effect and is written to be read, not to be fast: all state lives in
+// members, the two precisions are written out one by one. Finite parameter values and sample rates
+// from 1 Hz to 2^31 Hz.
 class Reference {
  public:
   static constexpr int kLength = 16384;  // frames of the delay line
 
-  // As an instance is after its construction: 44100 Hz, width 0, baseFreq 0.5, emphasis 0, process on, phase off.
+  // As an instance is after its construction: 44100 Hz, width 0, baseFreq 0.5, emphasis 0, process
+  // on, phase off.
   Reference();
 
   void setSampleRate(float hz) { sampleRate = hz; }
@@ -16,9 +19,10 @@ class Reference {
   void resume();
   void suspend();
 
-  // The buffers may be the same or, for the right channels, null. What the host says about the right
-  // pins comes as arguments.
-  void processReplacing(float** inputs, float** outputs, int frames, bool rightInConnected, bool rightOutConnected);
+  // The buffers may be the same or, for the right channels, null. What the host says about the
+  // right pins comes as arguments.
+  void processReplacing(float** inputs, float** outputs, int frames, bool rightInConnected,
+                        bool rightOutConnected);
   void processDoubleReplacing(double** inputs, double** outputs, int frames, bool rightInConnected,
                               bool rightOutConnected);
 

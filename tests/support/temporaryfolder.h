@@ -1,4 +1,5 @@
-// What tests of the platform services need around them: a folder, an environment, and programs that are scripts.
+// What tests of the platform services need around them: a folder, an environment, and programs that
+// are scripts.
 #pragma once
 
 #include <sys/stat.h>
@@ -38,7 +39,8 @@ class ScopedVariable {
     }
     set(value);
   }
-  ScopedVariable(const char* variable, const std::string& value) : ScopedVariable(variable, value.c_str()) {}
+  ScopedVariable(const char* variable, const std::string& value)
+      : ScopedVariable(variable, value.c_str()) {}
   ~ScopedVariable() { set(wasSet ? old.c_str() : nullptr); }
   ScopedVariable(const ScopedVariable&) = delete;
   ScopedVariable& operator=(const ScopedVariable&) = delete;

@@ -8,11 +8,22 @@
 #include <random>
 #include <vector>
 
-enum class Signal { kSilence, kImpulse, kStep, kSine, kNoise, kDenormals, kSteady, kHuge, kOverflowing };
+enum class Signal {
+  kSilence,
+  kImpulse,
+  kStep,
+  kSine,
+  kNoise,
+  kDenormals,
+  kSteady,
+  kHuge,
+  kOverflowing
+};
 
 // Those whose results stay finite.
-constexpr Signal kFiniteSignals[] = {Signal::kSilence, Signal::kImpulse,   Signal::kStep,   Signal::kSine,
-                                     Signal::kNoise,   Signal::kDenormals, Signal::kSteady, Signal::kHuge};
+constexpr Signal kFiniteSignals[] = {Signal::kSilence, Signal::kImpulse, Signal::kStep,
+                                     Signal::kSine,    Signal::kNoise,   Signal::kDenormals,
+                                     Signal::kSteady,  Signal::kHuge};
 
 constexpr const char* nameOf(Signal signal) {
   constexpr const char* kNames[] = {"silence",   "impulse", "step", "sine",       "noise",
@@ -67,13 +78,16 @@ Stereo<Sample> makeSignal(Signal signal, std::size_t frames, std::uint32_t seed 
         break;
       case Signal::kDenormals:  // and, between them, sounds near the flush constants
         left = static_cast<Sample>(i % 50) * kTiny * (i % 2 == 0 ? Sample(1) : Sample(-1));
-        right = i % 7 == 0 ? static_cast<Sample>(noise.next() * (sizeof(Sample) == 4 ? 1e-15 : 1e-20)) : kTiny;
+        right = i % 7 == 0
+                    ? static_cast<Sample>(noise.next() * (sizeof(Sample) == 4 ? 1e-15 : 1e-20))
+                    : kTiny;
         break;
       case Signal::kSteady:
         left = Sample(0.5);
         right = Sample(0.25);
         break;
-      case Signal::kHuge:  // far above full scale; nothing derived from it leaves the range of a float
+      case Signal::kHuge:  // far above full scale; nothing derived from it leaves the range of a
+                           // float
         left = static_cast<Sample>(noise.next() * 1e30);
         right = static_cast<Sample>(noise.next() * 1e30);
         break;

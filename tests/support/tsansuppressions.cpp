@@ -1,5 +1,5 @@
-// What the thread sanitizer must not judge: GLib is not built with it, so the locks inside GLib's allocator are not
-// seen.
+// What the thread sanitizer must not judge: GLib is not built with it, so the locks inside GLib's
+// allocator are not seen.
 
 extern "C" const char* __tsan_default_suppressions();
 extern "C" const char* __tsan_default_suppressions() {

@@ -26,7 +26,8 @@ class About : public WindowTest {
 TEST_F(About, OpensOnAClickAndClosesOnAnother) {
   const Picture panel = open();
   EXPECT_FALSE(sameIn(places::kAboutPanel, closed, panel));
-  EXPECT_TRUE(places::kAboutPanel.contains(differingArea(closed, panel))) << differingArea(closed, panel);
+  EXPECT_TRUE(places::kAboutPanel.contains(differingArea(closed, panel)))
+      << differingArea(closed, panel);
   host.click(places::kAboutPanel);
   host.moveAway();
   EXPECT_EQ(host.picture(), closed);
@@ -78,7 +79,8 @@ TEST_F(About, TheMeterStandsStillMeanwhile) {
 
 TEST_F(About, TheRestOfTheWindowGetsNoMouse) {
   const Picture panel = open();
-  for (const Area& place : {places::kSavePreset, places::kRockerLeft, places::kManual, places::kStoreA}) {
+  for (const Area& place :
+       {places::kSavePreset, places::kRockerLeft, places::kManual, places::kStoreA}) {
     host.hover(place);
     host.wheel(place, 1);
   }

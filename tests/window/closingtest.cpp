@@ -25,7 +25,8 @@ class Closing : public WindowTest {
     EXPECT_EQ(host.parameter(4), 1.0F - before);
   }
 
-  // Closes the editor from inside the plug-in's next call of this kind, as a host does that reacts to it.
+  // Closes the editor from inside the plug-in's next call of this kind, as a host does that reacts
+  // to it.
   void closeInside(VstInt32 opcode, bool reopen = false) {
     host.onCall = [this, opcode, reopen](const HostCall& call) {
       if (call.opcode != opcode || closedInside) return;
@@ -65,9 +66,11 @@ const Trigger kTriggers[] = {
     {"BeginOfADrag", audioMasterBeginEdit, dragDepth},
     {"Drag", audioMasterAutomate, dragDepth},
     {"EndOfADrag", audioMasterEndEdit, dragDepth},
-    {"BeginOfASwitch", audioMasterBeginEdit, [](WindowHost& host) { host.click(places::kProcessSwitch); }},
+    {"BeginOfASwitch", audioMasterBeginEdit,
+     [](WindowHost& host) { host.click(places::kProcessSwitch); }},
     {"Switch", audioMasterAutomate, [](WindowHost& host) { host.click(places::kProcessSwitch); }},
-    {"EndOfASwitch", audioMasterEndEdit, [](WindowHost& host) { host.click(places::kProcessSwitch); }},
+    {"EndOfASwitch", audioMasterEndEdit,
+     [](WindowHost& host) { host.click(places::kProcessSwitch); }},
     {"ControlClick", audioMasterAutomate,
      [](WindowHost& host) {
        host.setParameter(0, 0.8F);
@@ -75,9 +78,12 @@ const Trigger kTriggers[] = {
        host.click(places::handleX(0.8F), places::handleY(0));
        host.keyUp(XKB_KEY_Control_L);
      }},
-    {"Rocker", audioMasterUpdateDisplay, [](WindowHost& host) { host.click(places::kRockerRight); }},
-    {"RockersEmptyGesture", audioMasterEndEdit, [](WindowHost& host) { host.click(places::kRockerRight); }},
-    {"RockersWheel", audioMasterUpdateDisplay, [](WindowHost& host) { host.wheel(places::kRockerRight, -4); }},
+    {"Rocker", audioMasterUpdateDisplay,
+     [](WindowHost& host) { host.click(places::kRockerRight); }},
+    {"RockersEmptyGesture", audioMasterEndEdit,
+     [](WindowHost& host) { host.click(places::kRockerRight); }},
+    {"RockersWheel", audioMasterUpdateDisplay,
+     [](WindowHost& host) { host.wheel(places::kRockerRight, -4); }},
     {"NameByReturn", audioMasterUpdateDisplay, renameByReturn},
     {"NameByAClickElsewhere", audioMasterUpdateDisplay,
      [](WindowHost& host) {
@@ -194,7 +200,8 @@ TEST_F(Closing, WithADialogOpen) {
 }
 
 TEST_F(Closing, WithAButtonHeld) {
-  for (const Area& button : {places::kStoreB, places::kRockerLeft, places::kPhaseSwitch, places::kName}) {
+  for (const Area& button :
+       {places::kStoreB, places::kRockerLeft, places::kPhaseSwitch, places::kName}) {
     host.hover(button);
     host.press();
     host.closeEditor();
@@ -233,7 +240,8 @@ TEST_F(Closing, Twice) {
 }
 
 TEST_F(Closing, AfterTheHostsWindowHasGone) {
-  for (const Area* open : {static_cast<const Area*>(nullptr), &places::kMenu, &places::kAbout, &places::kName}) {
+  for (const Area* open :
+       {static_cast<const Area*>(nullptr), &places::kMenu, &places::kAbout, &places::kName}) {
     WindowHost other(1);
     other.openEditor();
     if (open != nullptr) other.click(*open);

@@ -7,10 +7,13 @@
 #include <stdexcept>
 
 DamageWatch::DamageWatch(TestDisplay& watched, xcb_window_t window) : display(watched) {
-  const xcb_query_extension_reply_t* extension = xcb_get_extension_data(display.link(), &xcb_damage_id);
-  if (extension == nullptr || extension->present == 0) throw std::runtime_error("the server reports no damage");
+  const xcb_query_extension_reply_t* extension =
+      xcb_get_extension_data(display.link(), &xcb_damage_id);
+  if (extension == nullptr || extension->present == 0)
+    throw std::runtime_error("the server reports no damage");
   eventType = static_cast<std::uint8_t>(extension->first_event + XCB_DAMAGE_NOTIFY);
-  std::free(xcb_damage_query_version_reply(display.link(), xcb_damage_query_version(display.link(), 1, 1), nullptr));
+  std::free(xcb_damage_query_version_reply(
+      display.link(), xcb_damage_query_version(display.link(), 1, 1), nullptr));
   id = xcb_generate_id(display.link());
   xcb_damage_create(display.link(), id, window, XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);
   display.sync();

@@ -1,4 +1,5 @@
-// The default preset and the default bank: a double click stores, one with Control resets, nothing else does either.
+// The default preset and the default bank: a double click stores, one with Control resets, nothing
+// else does either.
 #include "windowtest.h"
 
 namespace {
@@ -122,7 +123,8 @@ TEST_F(Defaults, ARightClickBetweenMakesTwoClicks) {
   EXPECT_EQ(preferences(), "");
 }
 
-// A double click that a lone click went before, with the pointer at rest: a new pair counts as such.
+// A double click that a lone click went before, with the pointer at rest: a new pair counts as
+// such.
 TEST_F(Defaults, ADoubleClickAfterALoneClickCounts) {
   host.click(places::kDefaultPreset);
   wait();
@@ -134,10 +136,12 @@ TEST_F(Defaults, ADoubleClickAfterALoneClickCounts) {
 }
 
 TEST_F(Defaults, NoKeyTriggersThem) {
-  const std::uint32_t keys[] = {XKB_KEY_Return, XKB_KEY_KP_Enter, XKB_KEY_space, XKB_KEY_Up,    XKB_KEY_Down,
-                                XKB_KEY_Left,   XKB_KEY_Right,    XKB_KEY_Tab,   XKB_KEY_Escape};
+  const std::uint32_t keys[] = {XKB_KEY_Return, XKB_KEY_KP_Enter, XKB_KEY_space,
+                                XKB_KEY_Up,     XKB_KEY_Down,     XKB_KEY_Left,
+                                XKB_KEY_Right,  XKB_KEY_Tab,      XKB_KEY_Escape};
+  // the keyboard is in the window, the pointer on the button
   for (const Area& button : {places::kDefaultPreset, places::kDefaultBank}) {
-    host.click(button);  // the keyboard is in the window, the pointer on the button
+    host.click(button);
     wait();
     for (const std::uint32_t key : keys) {
       host.key(key);

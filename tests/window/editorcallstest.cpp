@@ -1,4 +1,5 @@
-// What the editor does in an open window on calls that no host has an opcode for, and what its controls then hold.
+// What the editor does in an open window on calls that no host has an opcode for, and what its
+// controls then hold.
 #include <algorithm>
 #include <limits>
 #include <memory>
@@ -31,7 +32,9 @@ void collect(VSTGUI::CViewContainer* parent, std::vector<CControl*>& found) {
 
 class EditorCalls : public WindowTest {
  protected:
-  EditorCalls() : window(display.makeWindow(kWindow)), effect(std::make_unique<Trelvan>(RecordingHost::callback)) {
+  EditorCalls()
+      : window(display.makeWindow(kWindow)),
+        effect(std::make_unique<Trelvan>(RecordingHost::callback)) {
     effect->setParameter(0, 0.3F);
     effect->setParameter(1, 0.5F);
     effect->setParameter(2, 0.7F);
@@ -58,7 +61,8 @@ class EditorCalls : public WindowTest {
     for (int pass = 0; pass < 8; ++pass) {
       display.sync();
       editor().idle();
-      std::this_thread::sleep_for(std::chrono::milliseconds(17));  // the toolkit draws from a timer of 16
+      // the toolkit draws from a timer of 16
+      std::this_thread::sleep_for(std::chrono::milliseconds(17));
     }
   }
 
@@ -85,7 +89,8 @@ class EditorCalls : public WindowTest {
     return nullptr;
   }
   std::vector<CControl*> parameterControls() const {
-    return {tagged(0), tagged(1), tagged(2), tagged(3), tagged(4), valueDisplay(0), valueDisplay(1), valueDisplay(2)};
+    return {tagged(0), tagged(1),       tagged(2),       tagged(3),
+            tagged(4), valueDisplay(0), valueDisplay(1), valueDisplay(2)};
   }
   // Lets the controls show something else than the effect has, as nobody does.
   void disturb() const {
@@ -106,7 +111,8 @@ class EditorCalls : public WindowTest {
   }
   // Steady mid on both channels.
   void play(int frames) {
-    std::vector<float> in(static_cast<std::size_t>(frames), 0.5F), left(in.size()), right(in.size());
+    std::vector<float> in(static_cast<std::size_t>(frames), 0.5F), left(in.size()),
+        right(in.size());
     float* ins[] = {in.data(), in.data()};
     float* outs[] = {left.data(), right.data()};
     effect->processReplacing(ins, outs, frames);
@@ -121,8 +127,8 @@ class EditorCalls : public WindowTest {
     Area all{};
     for (const Area& area : watch.take()) {
       if (all == Area{}) all = area;
-      all = {std::min(all.left, area.left), std::min(all.top, area.top), std::max(all.right, area.right),
-             std::max(all.bottom, area.bottom)};
+      all = {std::min(all.left, area.left), std::min(all.top, area.top),
+             std::max(all.right, area.right), std::max(all.bottom, area.bottom)};
     }
     return all;
   }
@@ -149,13 +155,15 @@ TEST_F(EditorCalls, DrawWithCornersInAnyOrderDrawsTheSameArea) {
   constexpr Area kPart{50, 100, 91, 133};
   for (ERect corners : {ERect{100, 50, 133, 91}, ERect{133, 91, 100, 50}, ERect{100, 91, 133, 50},
                         ERect{133, 50, 100, 91}}) {  // top, left, bottom, right
-    EXPECT_EQ(drawnBy([&] { editor().draw(&corners); }), kPart) << corners.top << ", " << corners.left;
+    EXPECT_EQ(drawnBy([&] { editor().draw(&corners); }), kPart)
+        << corners.top << ", " << corners.left;
   }
 }
 
 TEST_F(EditorCalls, TheWheelGoesToTheControlUnderThePointer) {
   open();
-  display.moveTo(kWindow.left + places::kRockerRight.centreX(), kWindow.top + places::kRockerRight.centreY());
+  display.moveTo(kWindow.left + places::kRockerRight.centreX(),
+                 kWindow.top + places::kRockerRight.centreY());
   settle();
   EXPECT_TRUE(editor().onWheel(-1.0F));
   EXPECT_EQ(effect->getPresetNo(), 1);
@@ -223,8 +231,10 @@ TEST_F(EditorCalls, EachParameterUpdatesItsControlAndDisplayAndTheLastOneTheFirs
     editor().setParameter(static_cast<VstInt32>(index), 0.9F);
     editor().idle();
     for (CControl* control : parameterControls()) {
-      const bool expected = std::find(updated[index].begin(), updated[index].end(), control) != updated[index].end();
-      EXPECT_EQ(control->getValue() != kElsewhere, expected) << index << ", control " << control->getTag();
+      const bool expected =
+          std::find(updated[index].begin(), updated[index].end(), control) != updated[index].end();
+      EXPECT_EQ(control->getValue() != kElsewhere, expected)
+          << index << ", control " << control->getTag();
     }
   }
   EXPECT_EQ(valueDisplay(0)->getValue(), 0.3F) << "by the last one";
@@ -233,8 +243,9 @@ TEST_F(EditorCalls, EachParameterUpdatesItsControlAndDisplayAndTheLastOneTheFirs
 TEST_F(EditorCalls, TheSwitchesAreOnFromExactlyOneHalf) {
   open();
   for (const VstInt32 index : {3, 4}) {
-    for (const auto& [raw, position] : {std::pair{0.5F, 1.0F}, std::pair{0.49999997F, 0.0F}, std::pair{1.0F, 1.0F},
-                                        std::pair{std::numeric_limits<float>::quiet_NaN(), 0.0F}}) {
+    for (const auto& [raw, position] :
+         {std::pair{0.5F, 1.0F}, std::pair{0.49999997F, 0.0F}, std::pair{1.0F, 1.0F},
+          std::pair{std::numeric_limits<float>::quiet_NaN(), 0.0F}}) {
       tagged(index)->setValue(kElsewhere);
       effect->setParameter(index, raw);
       editor().idle();

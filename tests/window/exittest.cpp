@@ -15,7 +15,8 @@ extern "C" __attribute__((weak)) void __lsan_enable();
 
 namespace {
 
-// What is allocated meanwhile may stay: the process ends in the middle of things, or nobody ends an instance.
+// What is allocated meanwhile may stay: the process ends in the middle of things, or nobody ends an
+// instance.
 class LeakAllowed {
  public:
   LeakAllowed() {
@@ -56,7 +57,8 @@ TEST_F(Exit, WithAnOpenWindowIsSafe) {
 }
 
 TEST_F(Exit, WithAnOpenListIsSafe) {
-  EXPECT_EXIT(exitAfter([](WindowHost& host) { host.click(places::kMenu); }), ExitedWithCode(kFine), "");
+  EXPECT_EXIT(exitAfter([](WindowHost& host) { host.click(places::kMenu); }), ExitedWithCode(kFine),
+              "");
 }
 
 TEST_F(Exit, WithAnOpenTextEntryIsSafe) {
@@ -68,7 +70,8 @@ TEST_F(Exit, WithAnOpenTextEntryIsSafe) {
 }
 
 TEST_F(Exit, WithAnOpenAboutPanelIsSafe) {
-  EXPECT_EXIT(exitAfter([](WindowHost& host) { host.click(places::kAbout); }), ExitedWithCode(kFine), "");
+  EXPECT_EXIT(exitAfter([](WindowHost& host) { host.click(places::kAbout); }),
+              ExitedWithCode(kFine), "");
 }
 
 TEST_F(Exit, WithThreeInstancesOneOfThemClosedIsSafe) {
@@ -142,7 +145,8 @@ TEST_F(Exit, AfterARelativeLoadAndAChangeOfFolderTheWindowHasBeenOpen) {
         TestDisplay display;
         const xcb_window_t window = display.makeWindow({20, 40, 340, 320});
         AEffect* effect = makeFrom(module);
-        const bool opened = dispatch(effect, effEditOpen, reinterpret_cast<void*>(std::uintptr_t{window})) == 1;
+        const bool opened =
+            dispatch(effect, effEditOpen, reinterpret_cast<void*>(std::uintptr_t{window})) == 1;
         ERect* rect = nullptr;
         dispatch(effect, effEditGetRect, &rect);
         const bool sized = rect->right == places::kWidth;
@@ -169,7 +173,9 @@ TEST_F(Unloading, RoundsOfLoadingOpeningClosingAndUnloadingAreSafe) {
     AEffect* effect = makeFrom(module);
     ASSERT_NE(effect, nullptr);
     dispatch(effect, effOpen);
-    ASSERT_EQ(dispatch(effect, effEditOpen, reinterpret_cast<void*>(static_cast<std::uintptr_t>(window))), 1);
+    ASSERT_EQ(
+        dispatch(effect, effEditOpen, reinterpret_cast<void*>(static_cast<std::uintptr_t>(window))),
+        1);
     for (int pass = 0; pass < 3; ++pass) {
       dispatch(effect, effEditIdle);
       std::this_thread::sleep_for(std::chrono::milliseconds(round < 3 ? 20 : 1));

@@ -1,4 +1,5 @@
-// Files in the other byte order, damaged and foreign ones, chosen with the left and with the right mouse button.
+// Files in the other byte order, damaged and foreign ones, chosen with the left and with the right
+// mouse button.
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -15,7 +16,8 @@ constexpr std::size_t kHeader = 41;
 using Bytes = std::string;
 
 void swapWord(Bytes& bytes, std::size_t at) {
-  std::reverse(bytes.begin() + static_cast<std::ptrdiff_t>(at), bytes.begin() + static_cast<std::ptrdiff_t>(at) + 4);
+  std::reverse(bytes.begin() + static_cast<std::ptrdiff_t>(at),
+               bytes.begin() + static_cast<std::ptrdiff_t>(at) + 4);
 }
 
 std::int32_t word(const Bytes& bytes, std::size_t at) {  // of a file of this machine's order
@@ -75,7 +77,8 @@ class FileBytes : public FilesTest {
 }  // namespace
 
 TEST_F(FileBytes, ARightClickSaysThatTheOrderIsReversed) {
-  EXPECT_THAT(dialogOf(places::kLoadPreset, kRight), Contains("--title=Load preset (endian-reversed)"));
+  EXPECT_THAT(dialogOf(places::kLoadPreset, kRight),
+              Contains("--title=Load preset (endian-reversed)"));
   answer("", 1);
   EXPECT_THAT(dialogOf(places::kLoadBank, kRight), Contains("--title=Load bank (endian-reversed)"));
   answer("", 1);
@@ -156,13 +159,15 @@ TEST_F(FileBytes, APresetFileIsNoBankAndABankNoPreset) {
   expectUnchanged();
   load(places::kLoadBank, file("native.orv"));
   EXPECT_EQ(host.programName(20), "kick 2");
-  EXPECT_EQ(host.currentPreset(), 0);  // a bank dialog ends at the first preset whatever came of the file
+  // a bank dialog ends at the first preset whatever came of the file
+  EXPECT_EQ(host.currentPreset(), 0);
 }
 
 TEST_F(FileBytes, AValueOutOfRangeIsRefusedInAPresetAndRepairedInABank) {
   const float tooLarge = 1.25F;
   Bytes broken = preset;
-  std::memcpy(broken.data() + kHeader + 168 + 24, &tooLarge, sizeof tooLarge);  // the first parameter's value
+  // the first parameter's value
+  std::memcpy(broken.data() + kHeader + 168 + 24, &tooLarge, sizeof tooLarge);
   writeFile(file("broken.orv"), broken);
   load(places::kLoadPreset, file("broken.orv"));
   expectUnchanged();
@@ -179,20 +184,23 @@ TEST_F(FileBytes, AValueOutOfRangeIsRefusedInAPresetAndRepairedInABank) {
 TEST_F(FileBytes, OldPresetsAndBanksAreRead) {
   const auto floats = [](std::initializer_list<float> values) {
     Bytes bytes;
-    for (const float value : values) bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
+    for (const float value : values)
+      bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
     return bytes;
   };
   const Bytes name = "old one" + Bytes(24 - 7, '\0');
-  writeFile(file("old.orv"), preset.substr(0, 4) + "!" + name + floats({0.1F, 0.2F, 0.3F, 1.0F, 1.0F}));
+  writeFile(file("old.orv"),
+            preset.substr(0, 4) + "!" + name + floats({0.1F, 0.2F, 0.3F, 1.0F, 1.0F}));
   load(places::kLoadPreset, file("old.orv"));
   EXPECT_EQ(host.programName(20), "old one");
   EXPECT_EQ(host.parameter(1), 0.2F);
   EXPECT_EQ(host.parameter(4), 1.0F);
 
-  // The count of floats in a record comes out of the division of the whole size, as the format has it: with 5 + 32 * 44
-  // bytes it is 5.
+  // The count of floats in a record comes out of the division of the whole size, as the format has
+  // it: with 5 + 32 * 44 bytes it is 5.
   Bytes oldBank = preset.substr(0, 4) + "7";
-  for (int record = 0; record < 32; ++record) oldBank += name + floats({0.4F, 0.5F, 0.6F, 0.0F, 1.0F});
+  for (int record = 0; record < 32; ++record)
+    oldBank += name + floats({0.4F, 0.5F, 0.6F, 0.0F, 1.0F});
   writeFile(file("old.orb"), oldBank);
   load(places::kLoadBank, file("old.orb"));
   EXPECT_EQ(host.currentPreset(), 0);

@@ -35,7 +35,8 @@ TEST_F(Files, EachButtonShowsItsOwnDialog) {
     EXPECT_THAT(arguments, Contains(dialog.filter));
     EXPECT_THAT(arguments, Contains("--filename=" + (folder / "home/")));
     EXPECT_EQ(std::count(arguments.begin(), arguments.end(), "--save"), dialog.save ? 1 : 0);
-    EXPECT_EQ(std::count(arguments.begin(), arguments.end(), "--confirm-overwrite"), dialog.save ? 1 : 0);
+    EXPECT_EQ(std::count(arguments.begin(), arguments.end(), "--confirm-overwrite"),
+              dialog.save ? 1 : 0);
     answer("", 1);
   }
 }
@@ -98,7 +99,8 @@ TEST_F(Files, ACancelledDialogChangesNothing) {
   const Picture before = host.picture();
   const std::vector<unsigned char> bank = host.chunk();
   host.forgetCalls();
-  for (const Area& button : {places::kLoadPreset, places::kSavePreset, places::kLoadBank, places::kSaveBank}) {
+  for (const Area& button :
+       {places::kLoadPreset, places::kSavePreset, places::kLoadBank, places::kSaveBank}) {
     dialogOf(button);
     answer("", 1);
   }
@@ -140,7 +142,8 @@ TEST_F(Files, TheNextDialogStartsWhereTheLastOneEnded) {
   answer("", 1);
   EXPECT_THAT(dialogOf(places::kSavePreset), Contains("--filename=" + file("one.orv")));
   answer("", 1);
-  EXPECT_THAT(dialogOf(places::kSaveBank), Contains("--filename=" + file("")));  // no bank has a name yet
+  // no bank has a name yet
+  EXPECT_THAT(dialogOf(places::kSaveBank), Contains("--filename=" + file("")));
   answer(file("two.orb") + "\n");
   EXPECT_THAT(dialogOf(places::kSaveBank), Contains("--filename=" + file("two.orb")));
   answer("", 1);
@@ -180,8 +183,9 @@ TEST_F(Files, PressesMeanwhileAreSwallowed) {
   host.moveAway();
   const Picture before = host.picture();
   const float value = host.parameter(0);
-  for (const Area& place : {places::kLoadPreset, places::kSaveBank, places::kRockerRight, places::kMenu, places::kName,
-                            places::kPhaseSwitch, places::kAbout, places::kStoreA, places::kManual}) {
+  for (const Area& place :
+       {places::kLoadPreset, places::kSaveBank, places::kRockerRight, places::kMenu, places::kName,
+        places::kPhaseSwitch, places::kAbout, places::kStoreA, places::kManual}) {
     host.doubleClick(place);
   }
   host.moveTo(places::handleX(value), places::handleY(0));
@@ -200,15 +204,18 @@ TEST_F(Files, PressesMeanwhileAreSwallowed) {
   EXPECT_FALSE(zenity.wasAsked());
 }
 
-// Presses that the host hands over only after the dialog has ended were still made on a window that waited.
+// Presses that the host hands over only after the dialog has ended were still made on a window that
+// waited.
 TEST_F(Files, PressesThatArriveWithTheAnswerAreSwallowedToo) {
   dialogOf(places::kLoadPreset);
   const Area screen = host.screenArea();
-  host.display.moveTo(screen.left + places::kRockerRight.centreX(), screen.top + places::kRockerRight.centreY());
+  host.display.moveTo(screen.left + places::kRockerRight.centreX(),
+                      screen.top + places::kRockerRight.centreY());
   host.display.press(1);
   host.display.release(1);
   zenity.answer("", 1);
-  std::this_thread::sleep_for(std::chrono::milliseconds(200));  // the program has ended; no idle yet
+  // the program has ended; no idle yet
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
   host.idle(3);
   EXPECT_EQ(host.currentPreset(), 0);
 }
@@ -245,8 +252,9 @@ TEST_F(Files, ADialogProgramThatFailsIsNoAnswer) {
 
 TEST_F(Files, WithoutADialogProgramAnAlertSaysWhatIsMissing) {
   std::filesystem::remove(folder / "bin/zenity");
-  writeProgram(folder / "bin/xmessage", "printf '%s\\n' \"$@\" >" + (folder / "said.new") + "; mv " +
-                                            (folder / "said.new") + " " + (folder / "said"));
+  writeProgram(folder / "bin/xmessage", "printf '%s\\n' \"$@\" >" + (folder / "said.new") +
+                                            "; mv " + (folder / "said.new") + " " +
+                                            (folder / "said"));
   host.click(places::kLoadPreset);
   EXPECT_TRUE(host.idleUntil([&] { return std::filesystem::exists(folder / "said"); }));
   EXPECT_THAT(contentOf(folder / "said"), HasSubstr("zenity or kdialog"));
@@ -255,8 +263,10 @@ TEST_F(Files, WithoutADialogProgramAnAlertSaysWhatIsMissing) {
 }
 
 TEST_F(Files, KeysDoNotOpenADialog) {
-  host.click(places::handleX(host.parameter(0)), places::handleY(0));  // the keyboard is in the window
-  for (const Area& button : {places::kLoadPreset, places::kSavePreset, places::kLoadBank, places::kSaveBank}) {
+  // the keyboard is in the window
+  host.click(places::handleX(host.parameter(0)), places::handleY(0));
+  for (const Area& button :
+       {places::kLoadPreset, places::kSavePreset, places::kLoadBank, places::kSaveBank}) {
     host.hover(button);
     for (const std::uint32_t key : {XKB_KEY_Return, XKB_KEY_space, XKB_KEY_KP_Enter}) host.key(key);
   }
@@ -278,7 +288,8 @@ TEST_F(Files, TheHostMayCloseTheWindowWhileAFileIsTaken) {
   answer(file("one.orv") + "\n");
   dialogOf(places::kSaveBank);
   answer(file("all.orb") + "\n");
-  for (const auto& [button, name] : {std::pair{places::kLoadPreset, "one.orv"}, {places::kLoadBank, "all.orb"}}) {
+  for (const auto& [button, name] :
+       {std::pair{places::kLoadPreset, "one.orv"}, {places::kLoadBank, "all.orb"}}) {
     dialogOf(button);
     host.onCall = [this](const HostCall& call) {
       if (call.opcode == audioMasterUpdateDisplay && host.isEditorOpen()) host.closeEditor();

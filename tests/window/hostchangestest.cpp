@@ -44,8 +44,8 @@ TEST_F(HostChanges, ParametersFromTheHostMakeNoGesture) {
 }
 
 TEST_F(HostChanges, TheSwitchesAreOnFromOneHalf) {
-  for (const auto& [index, place] :
-       {std::pair{VstInt32{3}, places::kProcessSwitch}, std::pair{VstInt32{4}, places::kPhaseSwitch}}) {
+  for (const auto& [index, place] : {std::pair{VstInt32{3}, places::kProcessSwitch},
+                                     std::pair{VstInt32{4}, places::kPhaseSwitch}}) {
     SCOPED_TRACE(index);
     host.setParameter(index, 1.0F);
     const Picture on = host.picture();
@@ -75,7 +75,8 @@ TEST_F(HostChanges, AProgramNameReachesFieldAndList) {
   host.setProgramName("init");
   EXPECT_EQ(host.picture(), before);
   const Picture original = list(host);
-  EXPECT_TRUE(places::listEntry(0).contains(differingArea(renamed, original))) << differingArea(renamed, original);
+  EXPECT_TRUE(places::listEntry(0).contains(differingArea(renamed, original)))
+      << differingArea(renamed, original);
   EXPECT_FALSE(renamed == original);
 }
 
@@ -140,9 +141,11 @@ TEST_F(HostChanges, ARefusedChunkChangesNothing) {
   EXPECT_EQ(host.picture(), before);
 }
 
-// A square wave of mid, and a side of the width's making: none at width 0, twice the mid at width 1 (gain 2 * 1 * 1).
+// A square wave of mid, and a side of the width's making: none at width 0, twice the mid at width 1
+// (gain 2 * 1 * 1).
+// of the meter, one pixel each; half of them are lit at rest
 TEST_F(HostChanges, SoundMovesTheMeterTowardMidAndTowardSide) {
-  constexpr int kSteps = 182;  // of the meter, one pixel each; half of them are lit at rest
+  constexpr int kSteps = 182;
   constexpr int kTwoSeconds = 88200;
   const Picture rest = host.picture();
   host.setParameter(0, 0.0F);
@@ -159,7 +162,8 @@ TEST_F(HostChanges, SoundMovesTheMeterTowardMidAndTowardSide) {
   const Picture wide = host.picture();
   host.dispatch(effMainsChanged, 0, 0);  // the meter rests again
   const Area side = differingArea(host.picture(), wide);
-  EXPECT_NEAR(side.left, static_cast<float>(places::kMeter.left) + expected, 2);  // a lamp's edge may lie there
+  // a lamp's edge may lie there
+  EXPECT_NEAR(side.left, static_cast<float>(places::kMeter.left) + expected, 2);
   EXPECT_LE(side.right, places::kMeter.left + kSteps / 2);
   EXPECT_TRUE(places::kMeter.contains(side)) << side;
 }

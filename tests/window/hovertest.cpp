@@ -21,8 +21,8 @@ constexpr Button kButtons[] = {
     {"Manual", places::kManual},           {"RockerLeft", places::kRockerLeft},
     {"RockerRight", places::kRockerRight},
 };
-constexpr Area kRocker{places::kRockerLeft.left, places::kRockerLeft.top, places::kRockerRight.right,
-                       places::kRockerRight.bottom};
+constexpr Area kRocker{places::kRockerLeft.left, places::kRockerLeft.top,
+                       places::kRockerRight.right, places::kRockerRight.bottom};
 
 class Hover : public WindowTest, public ::testing::WithParamInterface<Button> {
  protected:
@@ -76,7 +76,8 @@ TEST_F(Pressed, AMemoryButtonShowsThePressUntilTheRelease) {
   }
 }
 
-// Over the list's last preset nothing but the rocker changes when it is pressed on the right; so too at the first.
+// Over the list's last preset nothing but the rocker changes when it is pressed on the right; so
+// too at the first.
 TEST_F(Pressed, TheRockerShowsItsPressedSideEvenWhenThePointerLeavesIt) {
   host.hover(places::kRockerLeft);
   const Picture hovered = host.picture();

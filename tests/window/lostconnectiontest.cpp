@@ -5,20 +5,23 @@ namespace {
 
 class LostConnection : public WindowTest {
  protected:
-  // Ends the connections of those who have windows in the host's, as a server does that throws a client out.
+  // Ends the connections of those who have windows in the host's, as a server does that throws a
+  // client out.
   void breakConnections() {
     xcb_connection_t* link = host.display.link();
     std::vector<xcb_window_t> windows = childrenOf(host.parent());
     ASSERT_EQ(windows.size(), 1U);
     for (const xcb_window_t inner : childrenOf(windows.front())) windows.push_back(inner);
     ASSERT_EQ(windows.size(), 2U) << "ours, and in it the toolkit's";
-    for (auto window = windows.rbegin(); window != windows.rend(); ++window) xcb_kill_client(link, *window);
+    for (auto window = windows.rbegin(); window != windows.rend(); ++window)
+      xcb_kill_client(link, *window);
     host.display.sync();
   }
 
   std::vector<xcb_window_t> childrenOf(xcb_window_t window) {
     xcb_connection_t* link = host.display.link();
-    xcb_query_tree_reply_t* tree = xcb_query_tree_reply(link, xcb_query_tree(link, window), nullptr);
+    xcb_query_tree_reply_t* tree =
+        xcb_query_tree_reply(link, xcb_query_tree(link, window), nullptr);
     const xcb_window_t* first = xcb_query_tree_children(tree);
     std::vector<xcb_window_t> children(first, first + xcb_query_tree_children_length(tree));
     std::free(tree);
@@ -30,7 +33,8 @@ class LostConnection : public WindowTest {
 
 }  // namespace
 
-// A pass that looked for replies on a broken connection took half a minute, and each one after it again.
+// A pass that looked for replies on a broken connection took half a minute, and each one after it
+// again.
 TEST_F(LostConnection, IdlingReturnsAtOnceAndClosingWorks) {
   ASSERT_TRUE(host.openEditor());
   breakConnections();

@@ -29,7 +29,8 @@ class Manual : public WindowTest {
 TEST_F(Manual, OpensThePdfOfTheBundle) {
   host.click(places::kManual);
   const std::string path = waitedFor(viewer);
-  EXPECT_THAT(path, ::testing::EndsWith("/Trelvan.vst/Contents/Resources/Trelvan Operation Manual.pdf\n"));
+  EXPECT_THAT(
+      path, ::testing::EndsWith("/Trelvan.vst/Contents/Resources/Trelvan Operation Manual.pdf\n"));
   EXPECT_EQ(contentOf(path.substr(0, path.size() - 1)).substr(0, 5), "%PDF-");
   viewer.answer("");
   host.idleFor(100);
@@ -52,8 +53,9 @@ TEST_F(Manual, SaysWhenItCannotBeOpened) {
   zenity.answer("");  // the alert is waited for
   const std::string alert = waitedFor(zenity);
   EXPECT_THAT(alert, ::testing::StartsWith("--warning\n"));
-  EXPECT_THAT(alert, ::testing::HasSubstr("Could not open manual file:\n~/\"Documents/Orv/Trelvan/Trelvan Operation "
-                                          "Manual.pdf\""));
+  EXPECT_THAT(alert, ::testing::HasSubstr(
+                         "Could not open manual file:\n~/\"Documents/Orv/Trelvan/Trelvan Operation "
+                         "Manual.pdf\""));
 }
 
 TEST_F(Manual, TheButtonIsReleasedAfterwards) {

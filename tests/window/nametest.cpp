@@ -68,11 +68,13 @@ TEST_F(Name, ReturnConfirmsWhatWasTypedInPlaceOfTheOldName) {
   host.key(XKB_KEY_Return);
   expectConfirmed("wide 7");
   const Picture renamed = host.picture();
-  EXPECT_TRUE(places::kName.contains(differingArea(closed, renamed))) << differingArea(closed, renamed);
+  EXPECT_TRUE(places::kName.contains(differingArea(closed, renamed)))
+      << differingArea(closed, renamed);
   EXPECT_FALSE(renamed == closed);
   const Picture after = list();
   EXPECT_FALSE(after == before);
-  EXPECT_TRUE(places::listEntry(0).contains(differingArea(before, after))) << differingArea(before, after);
+  EXPECT_TRUE(places::listEntry(0).contains(differingArea(before, after)))
+      << differingArea(before, after);
 }
 
 TEST_F(Name, EnterOnTheNumberPadConfirms) {
@@ -108,8 +110,9 @@ TEST_F(Name, EveryMouseButtonOpensTheEntry) {
 }
 
 TEST_F(Name, AClickElsewhereConfirmsAndDoesNothingElse) {
-  for (const Area& place : {places::kPhaseSwitch, places::kAbout, places::kMenu, places::kRockerRight, places::kStoreA,
-                            places::slider(0), Area{140, 205, 142, 207}}) {
+  for (const Area& place :
+       {places::kPhaseSwitch, places::kAbout, places::kMenu, places::kRockerRight, places::kStoreA,
+        places::slider(0), Area{140, 205, 142, 207}}) {
     SCOPED_TRACE(place);
     const std::string name = "click " + std::to_string(place.left);
     startEntry();
@@ -150,7 +153,8 @@ TEST_F(Name, TheTextStandsStillWhenTheEntryOpens) {
   host.moveAway();
   EXPECT_FALSE(host.pictureNow() == closed);  // all of it is selected
   host.key(XKB_KEY_End);
-  EXPECT_TRUE(host.idleUntil([&] { return host.pictureNow() == closed; }));  // whenever the caret is not to be seen
+  // whenever the caret is not to be seen
+  EXPECT_TRUE(host.idleUntil([&] { return host.pictureNow() == closed; }));
 }
 
 TEST_F(Name, EditingKeysWork) {
@@ -171,7 +175,9 @@ TEST_F(Name, KeysOfTheFieldReachNothingBehindIt) {
   host.click(places::handleX(0.5F), places::handleY(0));  // the slider has the keyboard
   const float value = host.parameter(0);
   startEntry();
-  for (const std::uint32_t key : {XKB_KEY_Up, XKB_KEY_Down, XKB_KEY_Tab, XKB_KEY_Left, XKB_KEY_Right}) host.key(key);
+  for (const std::uint32_t key :
+       {XKB_KEY_Up, XKB_KEY_Down, XKB_KEY_Tab, XKB_KEY_Left, XKB_KEY_Right})
+    host.key(key);
   host.key(XKB_KEY_Escape);
   EXPECT_EQ(host.parameter(0), value);
   EXPECT_TRUE(host.gestureCalls().empty());
@@ -279,7 +285,8 @@ TEST_F(Name, TheRenamedPresetIsTheCurrentOne) {
   EXPECT_EQ(host.programName(1), "second");
 }
 
-// While it is edited the field shows the typed text only, whatever the host calls the preset meanwhile.
+// While it is edited the field shows the typed text only, whatever the host calls the preset
+// meanwhile.
 TEST_F(Name, AHostsNameMeanwhileGivesWayToTheConfirmedOne) {
   startEntry();
   host.type("mine");
@@ -336,8 +343,9 @@ TEST_F(Name, ADoubleClickIntoTheFieldSelectsAllOfIt) {
   expectConfirmed("d");
 }
 
+// the interface's number of the key
 TEST_F(Name, KeysThatTheHostHandsOnReachTheField) {
-  constexpr int kReturn = 4;  // the interface's number of the key
+  constexpr int kReturn = 4;
   startEntry();
   host.key(XKB_KEY_x);
   for (const int character : {'o', 'k'}) {

@@ -8,7 +8,8 @@ std::pair<int, int> sizeOfPng(const std::string& path) {
   const std::string bytes = contentOf(path);
   const auto number = [&bytes](std::size_t at) {
     int value = 0;
-    for (std::size_t i = at; i < at + 4; ++i) value = value * 256 + static_cast<unsigned char>(bytes.at(i));
+    for (std::size_t i = at; i < at + 4; ++i)
+      value = value * 256 + static_cast<unsigned char>(bytes.at(i));
     return value;
   };
   return {number(16), number(20)};
@@ -75,7 +76,8 @@ TEST_F(Opening, WithoutADisplayAfterAnOpeningTheAnswerIsNoToo) {
 }
 
 TEST_F(Opening, AWindowThatIsNoneIsRefused) {
-  EXPECT_EQ(host.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(std::uintptr_t{0x1FFFFFFF})), 0);
+  EXPECT_EQ(host.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(std::uintptr_t{0x1FFFFFFF})),
+            0);
   host.idle(3);
   EXPECT_TRUE(host.openEditor());
 }
@@ -136,14 +138,17 @@ TEST_F(Opening, ReopeningShowsTheSameValues) {
   host.click(places::kProcessSwitch);
   host.moveAway();
   const Picture first = host.picture();
-  for (int index = 0; index < 2; ++index) EXPECT_FALSE(sameIn(places::slider(index), fresh, first)) << index;
-  for (const Area& place : {places::kProcessSwitch, places::kPhaseSwitch}) EXPECT_FALSE(sameIn(place, fresh, first));
+  for (int index = 0; index < 2; ++index)
+    EXPECT_FALSE(sameIn(places::slider(index), fresh, first)) << index;
+  for (const Area& place : {places::kProcessSwitch, places::kPhaseSwitch})
+    EXPECT_FALSE(sameIn(place, fresh, first));
   host.closeEditor();
   host.openEditor();
   EXPECT_EQ(host.picture(), first);
 }
 
-// A host's timer of 15 Hz and one of 60 Hz: the same events lead to the same picture and the same values.
+// A host's timer of 15 Hz and one of 60 Hz: the same events lead to the same picture and the same
+// values.
 TEST_F(Opening, SlowAndFastIdlingEndAlike) {
   Picture pictures[2];
   float values[2] = {};
@@ -160,13 +165,15 @@ TEST_F(Opening, SlowAndFastIdlingEndAlike) {
     idled.display.moveTo(screen.left + places::handleX(0.0F), screen.top + places::handleY(0));
     idled.display.press(1);
     for (int x = 0; x < 80; ++x) {
-      idled.display.moveTo(screen.left + places::handleX(0.0F) - x, screen.top + places::handleY(0));
+      idled.display.moveTo(screen.left + places::handleX(0.0F) - x,
+                           screen.top + places::handleY(0));
       if (x % 8 == 0) pass();
     }
     idled.display.release(1);
     pass();
     // A click that lies between two passes.
-    idled.display.moveTo(screen.left + places::kPhaseSwitch.centreX(), screen.top + places::kPhaseSwitch.centreY());
+    idled.display.moveTo(screen.left + places::kPhaseSwitch.centreX(),
+                         screen.top + places::kPhaseSwitch.centreY());
     idled.display.press(1);
     idled.display.release(1);
     idled.display.moveTo(screen.left + 150, 600);

@@ -1,4 +1,5 @@
-// Sliders, switches and displays, worked with the mouse: what the host hears, and what the window shows.
+// Sliders, switches and displays, worked with the mouse: what the host hears, and what the window
+// shows.
 #include <algorithm>
 #include <cmath>
 
@@ -48,8 +49,9 @@ TEST_F(ParameterControls, ADragIsOneGestureWithOneAutomationPerMovement) {
     host.forgetCalls();
     host.moveTo(handleX(0.5F), handleY(index));
     host.press();
-    const std::size_t atPress = host.calls(audioMasterAutomate).size();  // the press may take the handle's whole pixel
-    constexpr int kSteps[] = {5, 12, 31, -7, -40, 3};                    // pixels from the middle
+    // the press may take the handle's whole pixel
+    const std::size_t atPress = host.calls(audioMasterAutomate).size();
+    constexpr int kSteps[] = {5, 12, 31, -7, -40, 3};  // pixels from the middle
     std::size_t expected = atPress;
     for (const int step : kSteps) {
       host.moveTo(handleX(0.5F) + step, handleY(index));
@@ -69,8 +71,9 @@ TEST_F(ParameterControls, ADragIsOneGestureWithOneAutomationPerMovement) {
 }
 
 TEST_F(ParameterControls, TheValueOneIsAtTheLeftAndZeroAtTheRight) {
+  // far beyond the end
   for (VstInt32 index = 0; index < 3; ++index) {
-    dragTo(index, 0.5F, 1.5F);  // far beyond the end
+    dragTo(index, 0.5F, 1.5F);
     EXPECT_EQ(host.parameter(index), 1.0F);
     dragTo(index, 1.0F, -0.5F);
     EXPECT_EQ(host.parameter(index), 0.0F);
@@ -86,7 +89,8 @@ TEST_F(ParameterControls, ADragChangesTheSliderAndItsDisplayAndNothingElse) {
     const Picture after = host.picture();
     EXPECT_FALSE(sameIn(places::slider(index), before, after));
     EXPECT_FALSE(sameIn(places::valueDisplay(index), before, after));
-    const Area row{places::slider(index).left, places::slider(index).top, places::kWidth, places::slider(index).bottom};
+    const Area row{places::slider(index).left, places::slider(index).top, places::kWidth,
+                   places::slider(index).bottom};
     EXPECT_TRUE(row.contains(differingArea(before, after))) << differingArea(before, after);
   }
 }
@@ -161,7 +165,8 @@ TEST_F(ParameterControls, AClickTurnsASwitchInOneGesture) {
     Area place;
     float first;
   };
-  for (const Switch& turned : {Switch{3, places::kProcessSwitch, 1.0F}, Switch{4, places::kPhaseSwitch, 0.0F}}) {
+  for (const Switch& turned :
+       {Switch{3, places::kProcessSwitch, 1.0F}, Switch{4, places::kPhaseSwitch, 0.0F}}) {
     SCOPED_TRACE(turned.index);
     ASSERT_EQ(host.parameter(turned.index), turned.first);
     const Picture before = host.picture();
@@ -211,7 +216,8 @@ TEST_F(ParameterControls, ArrowKeysMoveTheSliderThatHasTheKeyboard) {
   expectGesture(host.gestureCalls(), 0);
 }
 
-// The host may set a value while the mouse is on the slider: the value that it set is the one that stays.
+// The host may set a value while the mouse is on the slider: the value that it set is the one that
+// stays.
 TEST_F(ParameterControls, AHostThatSetsItsOwnValueDuringADragIsShown) {
   host.moveTo(handleX(0.5F), handleY(0));
   host.press();

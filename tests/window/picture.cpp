@@ -8,7 +8,8 @@
 #include <cstring>
 
 std::ostream& operator<<(std::ostream& out, const Area& area) {
-  return out << '(' << area.left << ", " << area.top << ")-(" << area.right << ", " << area.bottom << ')';
+  return out << '(' << area.left << ", " << area.top << ")-(" << area.right << ", " << area.bottom
+             << ')';
 }
 
 std::ostream& operator<<(std::ostream& out, const Picture& picture) {
@@ -18,7 +19,9 @@ std::ostream& operator<<(std::ostream& out, const Picture& picture) {
 int channelDifference(std::uint32_t one, std::uint32_t other) {
   int largest = 0;
   for (const int shift : {0, 8, 16}) {
-    const auto channel = [shift](std::uint32_t pixel) { return static_cast<int>(pixel >> shift & 0xFFU); };
+    const auto channel = [shift](std::uint32_t pixel) {
+      return static_cast<int>(pixel >> shift & 0xFFU);
+    };
     largest = std::max(largest, std::abs(channel(one) - channel(other)));
   }
   return largest;
@@ -29,7 +32,8 @@ Area differingArea(const Picture& one, const Picture& other) {
   for (int y = 0; y < one.height; ++y) {
     for (int x = 0; x < one.width; ++x) {
       if (one.at(x, y) == other.at(x, y)) continue;
-      area = {std::min(area.left, x), std::min(area.top, y), std::max(area.right, x + 1), std::max(area.bottom, y + 1)};
+      area = {std::min(area.left, x), std::min(area.top, y), std::max(area.right, x + 1),
+              std::max(area.bottom, y + 1)};
     }
   }
   return area.right == 0 ? Area{} : area;
@@ -52,11 +56,13 @@ Picture readPicture(const std::string& path) {
   if (cairo_surface_status(surface) == CAIRO_STATUS_SUCCESS) {
     picture.width = cairo_image_surface_get_width(surface);
     picture.height = cairo_image_surface_get_height(surface);
-    picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
+    picture.pixels.resize(static_cast<std::size_t>(picture.width) *
+                          static_cast<std::size_t>(picture.height));
     const auto rowBytes = static_cast<std::size_t>(picture.width) * 4;
     for (int y = 0; y < picture.height; ++y) {
-      const unsigned char* row = cairo_image_surface_get_data(surface) +
-                                 static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(surface);
+      const unsigned char* row =
+          cairo_image_surface_get_data(surface) +
+          static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(surface);
       std::memcpy(&picture.pixels[static_cast<std::size_t>(y * picture.width)], row, rowBytes);
     }
     for (std::uint32_t& pixel : picture.pixels) pixel &= 0xFFFFFFU;
@@ -68,8 +74,8 @@ Picture readPicture(const std::string& path) {
 bool writePicture(const Picture& picture, const std::string& path) {
   std::vector<std::uint32_t> pixels = picture.pixels;
   cairo_surface_t* surface = cairo_image_surface_create_for_data(
-      reinterpret_cast<unsigned char*>(pixels.data()), CAIRO_FORMAT_RGB24, picture.width, picture.height,
-      cairo_format_stride_for_width(CAIRO_FORMAT_RGB24, picture.width));
+      reinterpret_cast<unsigned char*>(pixels.data()), CAIRO_FORMAT_RGB24, picture.width,
+      picture.height, cairo_format_stride_for_width(CAIRO_FORMAT_RGB24, picture.width));
   const cairo_status_t status = cairo_surface_write_to_png(surface, path.c_str());
   cairo_surface_destroy(surface);
   return status == CAIRO_STATUS_SUCCESS;

@@ -15,7 +15,9 @@ struct Area {
 
   constexpr int centreX() const { return (left + right) / 2; }
   constexpr int centreY() const { return (top + bottom) / 2; }
-  constexpr bool contains(int x, int y) const { return x >= left && x < right && y >= top && y < bottom; }
+  constexpr bool contains(int x, int y) const {
+    return x >= left && x < right && y >= top && y < bottom;
+  }
   constexpr bool contains(const Area& other) const {
     return other.left >= left && other.right <= right && other.top >= top && other.bottom <= bottom;
   }
@@ -43,8 +45,10 @@ int channelDifference(std::uint32_t one, std::uint32_t other);
 // The smallest area that holds every pixel that differs; empty (all 0) where none does. Same size.
 Area differingArea(const Picture& one, const Picture& other);
 
-// How many pixels of the area differ by more than `threshold` in some channel, as a share of them all, 0..1.
-double differingShare(const Picture& one, const Picture& other, const Area& area, int threshold = 0);
+// How many pixels of the area differ by more than `threshold` in some channel, as a share of them
+// all, 0..1.
+double differingShare(const Picture& one, const Picture& other, const Area& area,
+                      int threshold = 0);
 
 inline bool sameIn(const Area& area, const Picture& one, const Picture& other) {
   return differingShare(one, other, area) == 0;

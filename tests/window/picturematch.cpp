@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int kThreshold = 24;           // of 255: a smaller difference of an artwork's pixel is none
+constexpr int kThreshold = 24;  // of 255: a smaller difference of an artwork's pixel is none
 constexpr double kArtworkLimit = 0.002;  // 100 pixels of the window
 constexpr int kTile = 16;                // pixels each way
 constexpr double kTileLimit = 0.12;      // 30 pixels of a tile
@@ -19,7 +19,8 @@ Area cut(const Area& area, const Area& to) {
 }
 
 bool inAny(const std::vector<Area>& areas, int x, int y) {
-  return std::any_of(areas.begin(), areas.end(), [&](const Area& area) { return area.contains(x, y); });
+  return std::any_of(areas.begin(), areas.end(),
+                     [&](const Area& area) { return area.contains(x, y); });
 }
 
 // The mean brightness around a place, 0..255; beyond the edges the picture goes on as it ends.
@@ -27,8 +28,8 @@ double brightness(const Picture& picture, int x, int y) {
   int sum = 0;
   for (int row = y - kBlur; row <= y + kBlur; ++row) {
     for (int column = x - kBlur; column <= x + kBlur; ++column) {
-      const std::uint32_t pixel =
-          picture.at(std::clamp(column, 0, picture.width - 1), std::clamp(row, 0, picture.height - 1));
+      const std::uint32_t pixel = picture.at(std::clamp(column, 0, picture.width - 1),
+                                             std::clamp(row, 0, picture.height - 1));
       for (const int shift : {0, 8, 16}) sum += static_cast<int>(pixel >> shift & 0xFFU);
     }
   }
@@ -74,12 +75,14 @@ bool PictureMatch::alike() const {
 }
 
 std::ostream& operator<<(std::ostream& out, const PictureMatch& match) {
-  return out << "of the artwork " << 100 * match.artwork << " % differ, in one place " << 100 * match.tile
-             << " %, of a text " << 100 * match.text << " %";
+  return out << "of the artwork " << 100 * match.artwork << " % differ, in one place "
+             << 100 * match.tile << " %, of a text " << 100 * match.text << " %";
 }
 
-PictureMatch matchPictures(const Picture& one, const Picture& other, const std::vector<Area>& texts) {
-  if (one.width != other.width || one.height != other.height || one.pixels.empty()) return {1, 1, 1};
+PictureMatch matchPictures(const Picture& one, const Picture& other,
+                           const std::vector<Area>& texts) {
+  if (one.width != other.width || one.height != other.height || one.pixels.empty())
+    return {1, 1, 1};
   PictureMatch match;
   int pixels = 0, differing = 0;
   for (int top = 0; top < one.height; top += kTile) {

@@ -1,4 +1,5 @@
-// The window's looks, compared with the pictures beside this file. refresh-pictures.sh takes them anew.
+// The window's looks, compared with the pictures beside this file. refresh-pictures.sh takes them
+// anew.
 #include <cstdlib>
 #include <functional>
 #include <numeric>
@@ -35,8 +36,9 @@ std::vector<Area> listEntries() {
   return areas;
 }
 
+// pixels, so that a button that is out of place shows
 Area around(const Area& area) {
-  constexpr int kMargin = 5;  // pixels, so that a button that is out of place shows
+  constexpr int kMargin = 5;
   return {area.left - kMargin, area.top - kMargin, area.right + kMargin, area.bottom + kMargin};
 }
 
@@ -127,10 +129,14 @@ std::vector<State> states() {
   };
   for (const Button& button : buttons) {
     const std::string name = button.name;
-    all.push_back(
-        {name + "-hover", [place = button.place](WindowHost& host) { host.hover(place); }, around(button.place), {}});
-    // Those that show a press at all; the dialog buttons and the manual's act and are at rest again.
-    const bool shows = name.find("store") == 0 || name.find("recall") == 0 || name.find("rocker") == 0;
+    all.push_back({name + "-hover",
+                   [place = button.place](WindowHost& host) { host.hover(place); },
+                   around(button.place),
+                   {}});
+    // Those that show a press at all; the dialog buttons and the manual's act and are at rest
+    // again.
+    const bool shows =
+        name.find("store") == 0 || name.find("recall") == 0 || name.find("rocker") == 0;
     const bool twice = name.find("default") == 0;
     if (!shows && !twice) continue;
     all.push_back({name + "-pressed",
@@ -164,8 +170,9 @@ std::string nameOf(const ::testing::TestParamInfo<State>& info) {
 // The caret blinks: the darkest picture shows it.
 Picture withCaret(WindowHost& host) {
   const auto brightness = [](const Picture& picture) {
-    return std::accumulate(picture.pixels.begin(), picture.pixels.end(), std::uint64_t{0},
-                           [](std::uint64_t sum, std::uint32_t pixel) { return sum + (pixel & 0xFFU); });
+    return std::accumulate(
+        picture.pixels.begin(), picture.pixels.end(), std::uint64_t{0},
+        [](std::uint64_t sum, std::uint32_t pixel) { return sum + (pixel & 0xFFU); });
   };
   constexpr int kSamples = 30;
   constexpr int kInterval = 40;  // ms: together more than a blink
@@ -185,13 +192,15 @@ Picture pictureOf(WindowHost& host, const State& state, std::vector<Area>& texts
   host.settle();
   state.reach(host);
   const bool pointerMatters = state.name.find("hover") != std::string::npos ||
-                              state.name.find("pressed") != std::string::npos || state.name == "list";
+                              state.name.find("pressed") != std::string::npos ||
+                              state.name == "list";
   if (!pointerMatters) host.moveAway();
   Picture picture = state.name.find("text-entry") == 0 ? withCaret(host) : host.picture();
   const Area area = state.part == Area{} ? picture.whole() : state.part;
   texts = state.texts;
   for (Area& text : texts) {
-    text = {text.left - area.left, text.top - area.top, text.right - area.left, text.bottom - area.top};
+    text = {text.left - area.left, text.top - area.top, text.right - area.left,
+            text.bottom - area.top};
   }
   return part(picture, area);
 }
@@ -218,8 +227,9 @@ TEST_P(Pictures, LookAsTheyDid) {
   if (expected.width == actual.width && expected.height == actual.height) {
     writePicture(differencePicture(expected, actual), state.name + ".difference.png");
   }
-  ADD_FAILURE() << "not as in " << kept << ": " << match << "\nsee " << std::filesystem::current_path().string() << "/"
-                << state.name << ".actual.png and .difference.png";
+  ADD_FAILURE() << "not as in " << kept << ": " << match << "\nsee "
+                << std::filesystem::current_path().string() << "/" << state.name
+                << ".actual.png and .difference.png";
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, Pictures, ::testing::ValuesIn(states()), nameOf);
@@ -260,8 +270,9 @@ TEST_F(PictureMatching, TheSameWindowIsAlike) {
   EXPECT_TRUE(alike());
 }
 
+// "61%" for "60%"
 TEST_F(PictureMatching, AnotherNumberIsNot) {
-  host.setParameter(0, 0.61F);  // "61%" for "60%"
+  host.setParameter(0, 0.61F);
   const Picture after = host.picture();
   Picture onlyText = before;
   for (int y = 0; y < before.height; ++y) {

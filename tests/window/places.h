@@ -1,4 +1,5 @@
-// Where everything stands in the window, written down once more for the tests. All numbers are pixels of the editor.
+// Where everything stands in the window, written down once more for the tests. All numbers are
+// pixels of the editor.
 #pragma once
 
 #include <array>

@@ -4,8 +4,9 @@
 namespace {
 
 // Factory presets: the raw width of each.
-constexpr float kWidths[] = {0.0F,  0.75F, 0.5F, 0.6F, 0.75F, 0.5F,  0.63F, 0.75F, 0.75F, 0.6F, 0.75F, 0.75F,
-                             0.55F, 0.6F,  1.0F, 0.4F, 0.65F, 0.75F, 0.6F,  0.5F,  0.7F,  0.7F, 0.8F,  0.9F};
+constexpr float kWidths[] = {0.0F,  0.75F, 0.5F,  0.6F,  0.75F, 0.5F, 0.63F, 0.75F,
+                             0.75F, 0.6F,  0.75F, 0.75F, 0.55F, 0.6F, 1.0F,  0.4F,
+                             0.65F, 0.75F, 0.6F,  0.5F,  0.7F,  0.7F, 0.8F,  0.9F};
 
 class PresetList : public WindowTest {
  protected:

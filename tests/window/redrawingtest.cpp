@@ -45,8 +45,9 @@ TEST_F(Redrawing, AMeterChangeDrawsTheMetersRectangleAndNoMore) {
   }
 }
 
+// settled at the end of the scale
 TEST_F(Redrawing, AMeterThatKeepsItsReadingDrawsNothing) {
-  host.play(0.5F, 0.5F, 441000);  // settled at the end of the scale
+  host.play(0.5F, 0.5F, 441000);
   host.settle();
   DamageWatch watch(host.display, host.parent());
   host.play(0.5F, 0.5F, 4410);
@@ -59,7 +60,8 @@ TEST_F(Redrawing, AParameterDrawsItsSliderAndItsDisplay) {
   host.setParameter(1, 0.9F);
   const std::vector<Area> areas = drawnBy(watch);
   EXPECT_FALSE(areas.empty());
-  const Area row{places::slider(1).left, places::slider(1).top, places::kWidth, places::slider(1).bottom};
+  const Area row{places::slider(1).left, places::slider(1).top, places::kWidth,
+                 places::slider(1).bottom};
   for (const Area& area : areas) EXPECT_TRUE(row.contains(area)) << area;
 }
 

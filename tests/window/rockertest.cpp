@@ -68,8 +68,9 @@ TEST_F(Rocker, APressThatIsHeldStepsOnce) {
   EXPECT_EQ(host.currentPreset(), 1);
 }
 
+// down: further along the list
 TEST_F(Rocker, TheWheelSteps) {
-  host.wheel(places::kRockerRight, -3);  // down: further along the list
+  host.wheel(places::kRockerRight, -3);
   EXPECT_EQ(host.currentPreset(), 3);
   host.wheel(places::kRockerLeft, 1);
   EXPECT_EQ(host.currentPreset(), 2);
@@ -80,7 +81,9 @@ TEST_F(Rocker, OtherButtonsAndKeysDoNothing) {
   host.click(places::kRockerRight, 2);
   EXPECT_EQ(host.currentPreset(), 0);
   host.click(places::kRockerRight);
-  for (const std::uint32_t key : {XKB_KEY_Up, XKB_KEY_Down, XKB_KEY_Left, XKB_KEY_Right, XKB_KEY_Return}) host.key(key);
+  for (const std::uint32_t key :
+       {XKB_KEY_Up, XKB_KEY_Down, XKB_KEY_Left, XKB_KEY_Right, XKB_KEY_Return})
+    host.key(key);
   host.moveAway();
   EXPECT_EQ(host.currentPreset(), 1);
 }

@@ -15,8 +15,9 @@ constexpr int kRounds = 2000;
 #endif
 constexpr int kWarmUp = kRounds / 2;  // until then the text libraries fill their caches
 
+// bytes
 struct State {
-  long heap = 0;      // bytes
+  long heap = 0;
   long resident = 0;  // kB
   long files = 0;
   long threads = 0;
@@ -35,7 +36,8 @@ struct State {
 
 class Rounds : public WindowTest, public ::testing::WithParamInterface<int> {};
 
-// Some rounds close a window before it was ever drawn, some after, some with a control under the mouse.
+// Some rounds close a window before it was ever drawn, some after, some with a control under the
+// mouse.
 void use(WindowHost& host, int round) {
   switch (round % 4) {
     case 0:
@@ -62,7 +64,8 @@ void use(WindowHost& host, int round) {
 TEST_P(Rounds, NothingGrowsAndNothingStays) {
   const auto count = static_cast<std::size_t>(GetParam());
   std::vector<std::unique_ptr<WindowHost>> hosts;
-  for (std::size_t i = 0; i < count; ++i) hosts.push_back(std::make_unique<WindowHost>(static_cast<int>(i)));
+  for (std::size_t i = 0; i < count; ++i)
+    hosts.push_back(std::make_unique<WindowHost>(static_cast<int>(i)));
   TestDisplay display;
   // A window that is drawn and whose events are all handled: what is measured then is what stays.
   const auto measured = [&] {
@@ -75,7 +78,8 @@ TEST_P(Rounds, NothingGrowsAndNothingStays) {
   State warm;
   for (int round = 0; round < kRounds; ++round) {
     for (const auto& host : hosts) ASSERT_TRUE(host->openOnly());
-    for (std::size_t i = 0; i < count; ++i) use(*hosts[(i + static_cast<std::size_t>(round)) % count], round);
+    for (std::size_t i = 0; i < count; ++i)
+      use(*hosts[(i + static_cast<std::size_t>(round)) % count], round);
     // In the order of opening, or in the opposite one.
     for (std::size_t i = 0; i < count; ++i) {
       WindowHost& host = *hosts[round % 2 == 0 ? i : count - 1 - i];
@@ -88,12 +92,13 @@ TEST_P(Rounds, NothingGrowsAndNothingStays) {
     if (round == kWarmUp) warm = measured();
   }
   const State end = measured();
-  std::printf("%zu instances, %d rounds: heap %+ld bytes, resident %+ld kB\n", count, kRounds - kWarmUp,
-              end.heap - warm.heap, end.resident - warm.resident);
+  std::printf("%zu instances, %d rounds: heap %+ld bytes, resident %+ld kB\n", count,
+              kRounds - kWarmUp, end.heap - warm.heap, end.resident - warm.resident);
   EXPECT_EQ(end.files, warm.files);
   EXPECT_EQ(end.threads, warm.threads);
   EXPECT_EQ(end.serverResources, warm.serverResources);
-#ifndef TRELVAN_SANITIZED        // where the sanitizer looks for leaks itself, and keeps what has been freed
+#ifndef TRELVAN_SANITIZED  // where the sanitizer looks for leaks itself, and keeps what has been
+                           // freed
   constexpr int kSmallest = 32;  // bytes: what the allocator takes for one object, however small
   EXPECT_LT(end.heap - warm.heap, kSmallest * (kRounds - kWarmUp)) << "bytes";
   EXPECT_LE(end.resident - warm.resident, 2048) << "kB";

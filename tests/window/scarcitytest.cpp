@@ -39,12 +39,14 @@ class FullServer {
 // All file descriptors that the process may have, but for some.
 class FullProcess {
  public:
+  // more than what the test has open
   explicit FullProcess(int files) {
-    constexpr rlim_t kFew = 128;  // more than what the test has open
+    constexpr rlim_t kFew = 128;
     getrlimit(RLIMIT_NOFILE, &before);
     const rlimit few{kFew, before.rlim_max};
     setrlimit(RLIMIT_NOFILE, &few);
-    for (int file = open("/dev/null", O_RDONLY); file >= 0; file = open("/dev/null", O_RDONLY)) taken.push_back(file);
+    for (int file = open("/dev/null", O_RDONLY); file >= 0; file = open("/dev/null", O_RDONLY))
+      taken.push_back(file);
     for (; files > 0; --files) {
       close(taken.back());
       taken.pop_back();
@@ -77,8 +79,9 @@ class Scarcity : public WindowTest {
 // The window has a connection of its own beside the toolkit's.
 TEST_F(Scarcity, WithLessThanTwoPlacesOnTheServerTheAnswerIsNo) {
   const Picture expected = usual();
+  // the only one: nothing is connected yet
   for (int places = 0; places <= 3; ++places) {
-    WindowHost host;  // the only one: nothing is connected yet
+    WindowHost host;
     {
       const FullServer server(places);
       EXPECT_EQ(host.openOnly(), places >= 2) << places;

@@ -12,10 +12,13 @@
 
 namespace {
 
+// bits
 xcb_visualid_t alphaVisual(const xcb_screen_t* screen) {
-  constexpr std::uint8_t kAlphaDepth = 32;  // bits
-  for (auto depth = xcb_screen_allowed_depths_iterator(screen); depth.rem > 0; xcb_depth_next(&depth)) {
-    if (depth.data->depth == kAlphaDepth) return xcb_depth_visuals_iterator(depth.data).data->visual_id;
+  constexpr std::uint8_t kAlphaDepth = 32;
+  for (auto depth = xcb_screen_allowed_depths_iterator(screen); depth.rem > 0;
+       xcb_depth_next(&depth)) {
+    if (depth.data->depth == kAlphaDepth)
+      return xcb_depth_visuals_iterator(depth.data).data->visual_id;
   }
   throw std::runtime_error("the display has no visual with an alpha channel");
 }
@@ -42,11 +45,14 @@ xcb_window_t TestDisplay::makeWindow(const Area& place, bool alpha) {
     colours = xcb_generate_id(connection);
     xcb_create_colormap(connection, XCB_COLORMAP_ALLOC_NONE, colours, screen->root, visual);
   }
-  const std::uint32_t values[] = {0xFFFFFFFFU, 0, 1, colours};  // background, border, override-redirect, colour map
-  xcb_create_window(connection, depth, window, screen->root, static_cast<std::int16_t>(place.left),
-                    static_cast<std::int16_t>(place.top), static_cast<std::uint16_t>(place.right - place.left),
-                    static_cast<std::uint16_t>(place.bottom - place.top), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
-                    XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_COLORMAP, values);
+  // background, border, override-redirect, colour map
+  const std::uint32_t values[] = {0xFFFFFFFFU, 0, 1, colours};
+  xcb_create_window(
+      connection, depth, window, screen->root, static_cast<std::int16_t>(place.left),
+      static_cast<std::int16_t>(place.top), static_cast<std::uint16_t>(place.right - place.left),
+      static_cast<std::uint16_t>(place.bottom - place.top), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+      visual, XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_COLORMAP,
+      values);
   xcb_map_window(connection, window);
   sync();
   return window;
@@ -58,13 +64,16 @@ void TestDisplay::destroyWindow(xcb_window_t window) {
 }
 
 void TestDisplay::resizeWindow(xcb_window_t window, int width, int height) {
-  const std::uint32_t size[] = {static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)};
-  xcb_configure_window(connection, window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
+  const std::uint32_t size[] = {static_cast<std::uint32_t>(width),
+                                static_cast<std::uint32_t>(height)};
+  xcb_configure_window(connection, window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                       size);
   sync();
 }
 
 int TestDisplay::childrenOf(xcb_window_t window) {
-  xcb_query_tree_reply_t* tree = xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr);
+  xcb_query_tree_reply_t* tree =
+      xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr);
   const int count = tree == nullptr ? 0 : xcb_query_tree_children_length(tree);
   std::free(tree);
   return count;
@@ -75,11 +84,14 @@ long TestDisplay::resources() {
   xcb_res_query_clients_reply_t* clients =
       xcb_res_query_clients_reply(connection, xcb_res_query_clients(connection), nullptr);
   if (clients == nullptr) throw std::runtime_error("the server does not tell its resources");
-  for (auto client = xcb_res_query_clients_clients_iterator(clients); client.rem > 0; xcb_res_client_next(&client)) {
+  for (auto client = xcb_res_query_clients_clients_iterator(clients); client.rem > 0;
+       xcb_res_client_next(&client)) {
     xcb_res_query_client_resources_reply_t* kinds = xcb_res_query_client_resources_reply(
-        connection, xcb_res_query_client_resources(connection, client.data->resource_base), nullptr);
+        connection, xcb_res_query_client_resources(connection, client.data->resource_base),
+        nullptr);
     if (kinds == nullptr) continue;  // the client has gone meanwhile
-    for (auto kind = xcb_res_query_client_resources_types_iterator(kinds); kind.rem > 0; xcb_res_type_next(&kind)) {
+    for (auto kind = xcb_res_query_client_resources_types_iterator(kinds); kind.rem > 0;
+         xcb_res_type_next(&kind)) {
       total += kind.data->count;
     }
     std::free(kinds);
@@ -89,14 +101,15 @@ long TestDisplay::resources() {
 }
 
 bool TestDisplay::exists(xcb_window_t window) {
-  xcb_query_tree_reply_t* tree = xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr);
+  xcb_query_tree_reply_t* tree =
+      xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr);
   std::free(tree);
   return tree != nullptr;
 }
 
 void TestDisplay::fake(std::uint8_t type, std::uint8_t detail, int x, int y) {
-  xcb_test_fake_input(connection, type, detail, XCB_CURRENT_TIME, screen->root, static_cast<std::int16_t>(x),
-                      static_cast<std::int16_t>(y), 0);
+  xcb_test_fake_input(connection, type, detail, XCB_CURRENT_TIME, screen->root,
+                      static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0);
   sync();
 }
 
@@ -154,7 +167,8 @@ void TestDisplay::focus(xcb_window_t window) {
 }
 
 xcb_window_t TestDisplay::focused() {
-  xcb_get_input_focus_reply_t* reply = xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr);
+  xcb_get_input_focus_reply_t* reply =
+      xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr);
   const xcb_window_t window = reply == nullptr ? 0 : reply->focus;
   std::free(reply);
   return window;
@@ -165,12 +179,14 @@ Picture TestDisplay::picture(const Area& area) {
   Picture taken{area.right - area.left, area.bottom - area.top, {}};
   xcb_get_image_reply_t* image = xcb_get_image_reply(
       connection,
-      xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, screen->root, static_cast<std::int16_t>(area.left),
-                    static_cast<std::int16_t>(area.top), static_cast<std::uint16_t>(taken.width),
+      xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, screen->root,
+                    static_cast<std::int16_t>(area.left), static_cast<std::int16_t>(area.top),
+                    static_cast<std::uint16_t>(taken.width),
                     static_cast<std::uint16_t>(taken.height), 0xFFFFFFFFU),
       nullptr);
   if (image == nullptr) throw std::runtime_error("no picture");
-  taken.pixels.resize(static_cast<std::size_t>(taken.width) * static_cast<std::size_t>(taken.height));
+  taken.pixels.resize(static_cast<std::size_t>(taken.width) *
+                      static_cast<std::size_t>(taken.height));
   std::memcpy(taken.pixels.data(), xcb_get_image_data(image), taken.pixels.size() * 4);
   std::free(image);
   for (std::uint32_t& pixel : taken.pixels) pixel &= 0xFFFFFFU;

@@ -1,4 +1,5 @@
-// An X11 client of the tests' own: windows to put the editor in, a pointer and a keyboard, and pictures of the screen.
+// An X11 client of the tests' own: windows to put the editor in, a pointer and a keyboard, and
+// pictures of the screen.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -7,8 +8,8 @@
 
 #include "picture.h"
 
-// One connection to the display that DISPLAY names. Coordinates are the screen's. An event that an operation makes has
-// reached its receiver's connection when the operation returns.
+// One connection to the display that DISPLAY names. Coordinates are the screen's. An event that an
+// operation makes has reached its receiver's connection when the operation returns.
 class TestDisplay {
  public:
   TestDisplay();  // throws where there is no display
@@ -19,7 +20,8 @@ class TestDisplay {
   xcb_connection_t* link() const { return connection; }
   xcb_window_t root() const { return screen->root; }
 
-  // A white top-level window that no window manager moves. alpha: of 32 bits, as some hosts have theirs.
+  // A white top-level window that no window manager moves. alpha: of 32 bits, as some hosts have
+  // theirs.
   xcb_window_t makeWindow(const Area& place, bool alpha = false);
   void destroyWindow(xcb_window_t window);
   void resizeWindow(xcb_window_t window, int width, int height);

@@ -1,4 +1,5 @@
-// In-place text entry of a label of any look, anywhere in a window: colours, place, and what the listener hears.
+// In-place text entry of a label of any look, anywhere in a window: colours, place, and what the
+// listener hears.
 #include <algorithm>
 #include <thread>
 
@@ -32,7 +33,8 @@ class Listener : public VSTGUI::IControlListener {
 // A window with one red label in a container of its own, on white.
 class LabelEditor : public AEffGUIEditor {
  public:
-  explicit LabelEditor(VSTGUI::IControlListener* heldListener) : AEffGUIEditor(nullptr), listener(heldListener) {}
+  explicit LabelEditor(VSTGUI::IControlListener* heldListener)
+      : AEffGUIEditor(nullptr), listener(heldListener) {}
   ~LabelEditor() override { closeFrame(); }
 
   bool open(void* window) override {
@@ -75,7 +77,8 @@ class TextEntryInTheFrame : public WindowTest {
     for (int pass = 0; pass < 8; ++pass) {
       display.sync();
       editor.idle();
-      std::this_thread::sleep_for(std::chrono::milliseconds(17));  // the toolkit draws from a timer of 16
+      // the toolkit draws from a timer of 16
+      std::this_thread::sleep_for(std::chrono::milliseconds(17));
     }
   }
   void click(int button = 1) {
@@ -95,14 +98,18 @@ class TextEntryInTheFrame : public WindowTest {
     settle();
     return display.picture(kWindow);
   }
-  // Whether some pixel has this colour; a thin line's may be mixed with a little of what is behind it.
+  // Whether some pixel has this colour; a thin line's may be mixed with a little of what is behind
+  // it.
+  // of a channel's 255
   static bool has(const Picture& picture, std::uint32_t colour) {
-    constexpr int kNearly = 40;  // of a channel's 255
-    return std::any_of(picture.pixels.begin(), picture.pixels.end(),
-                       [&](std::uint32_t pixel) { return channelDifference(pixel, colour) <= kNearly; });
+    constexpr int kNearly = 40;
+    return std::any_of(picture.pixels.begin(), picture.pixels.end(), [&](std::uint32_t pixel) {
+      return channelDifference(pixel, colour) <= kNearly;
+    });
   }
   static std::uint32_t number(const CColor& colour) {
-    return static_cast<std::uint32_t>(colour.red) << 16U | static_cast<std::uint32_t>(colour.green) << 8U | colour.blue;
+    return static_cast<std::uint32_t>(colour.red) << 16U |
+           static_cast<std::uint32_t>(colour.green) << 8U | colour.blue;
   }
 
   TestDisplay display;
@@ -182,7 +189,8 @@ TEST_F(TextEntryInTheFrame, TheFieldLiesOverItsLabelWhereverThatIs) {
   for (int letter = 0; letter < 40; ++letter) display.tap(XKB_KEY_M);
   const Area changed = differingArea(closed, picture());
   EXPECT_TRUE(kLabel.contains(changed)) << changed;
-  EXPECT_GE(changed.right - changed.left, (kLabel.right - kLabel.left) * 9 / 10) << "it is as wide as the label";
+  EXPECT_GE(changed.right - changed.left, (kLabel.right - kLabel.left) * 9 / 10)
+      << "it is as wide as the label";
 }
 
 TEST_F(TextEntryInTheFrame, EscapeLeavesTextAndListenerUntouched) {
@@ -214,7 +222,8 @@ TEST_F(TextEntryInTheFrame, AFurtherPressWhileEditingChangesNothing) {
   click();
   tap(XKB_KEY_x);
   VSTGUI::CPoint where(80, 80);
-  EXPECT_EQ(editor.label->onMouseDown(where, VSTGUI::CButtonState(VSTGUI::kRButton)), VSTGUI::kMouseEventHandled);
+  EXPECT_EQ(editor.label->onMouseDown(where, VSTGUI::CButtonState(VSTGUI::kRButton)),
+            VSTGUI::kMouseEventHandled);
   EXPECT_TRUE(editor.label->isBeingEdited());
   tap(XKB_KEY_Return);
   EXPECT_EQ(editor.label->getText().getString(), "x");

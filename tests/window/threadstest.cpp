@@ -1,4 +1,5 @@
-// The editor on a thread of its own, as one host has it, while the host's main thread works on the same instance.
+// The editor on a thread of its own, as one host has it, while the host's main thread works on the
+// same instance.
 #include <atomic>
 #include <thread>
 
@@ -75,7 +76,8 @@ TEST_F(Threads, ParametersNamesAndChunksMeanwhileAreSafe) {
   });
   const std::vector<unsigned char> state = host.chunk();
   for (int round = 0; !stop; ++round) {
-    for (VstInt32 index = 0; index < 5; ++index) host.setParameter(index, static_cast<float>(round % 10) * 0.1F);
+    for (VstInt32 index = 0; index < 5; ++index)
+      host.setParameter(index, static_cast<float>(round % 10) * 0.1F);
     EXPECT_EQ(host.chunk().size(), state.size());
     if (round % 3 == 0) {
       EXPECT_EQ(host.setChunk(state), 0);

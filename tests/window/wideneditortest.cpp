@@ -31,10 +31,11 @@ class WidenEditor : public ProgramTest {
 
   // The only window on the screen, once it is there.
   xcb_window_t topWindow() {
-    xcb_query_tree_reply_t* tree =
-        xcb_query_tree_reply(display.link(), xcb_query_tree(display.link(), display.root()), nullptr);
-    const xcb_window_t found =
-        xcb_query_tree_children_length(tree) == 1 ? xcb_query_tree_children(tree)[0] : xcb_window_t{0};
+    xcb_query_tree_reply_t* tree = xcb_query_tree_reply(
+        display.link(), xcb_query_tree(display.link(), display.root()), nullptr);
+    const xcb_window_t found = xcb_query_tree_children_length(tree) == 1
+                                   ? xcb_query_tree_children(tree)[0]
+                                   : xcb_window_t{0};
     std::free(tree);
     return found;
   }
@@ -51,8 +52,8 @@ class WidenEditor : public ProgramTest {
   Outcome close() {
     const auto atom = [this](const std::string& name) {
       const auto length = static_cast<std::uint16_t>(name.size());
-      xcb_intern_atom_reply_t* reply =
-          xcb_intern_atom_reply(display.link(), xcb_intern_atom(display.link(), 1, length, name.data()), nullptr);
+      xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
+          display.link(), xcb_intern_atom(display.link(), 1, length, name.data()), nullptr);
       const xcb_atom_t found = reply->atom;
       std::free(reply);
       return found;
@@ -77,7 +78,8 @@ class WidenEditor : public ProgramTest {
     return host.picture();
   }
 
-  static constexpr Area kWindow{0, 0, places::kWidth, 251};  // without a window manager, at the screen's corner
+  // without a window manager, at the screen's corner
+  static constexpr Area kWindow{0, 0, places::kWidth, 251};
   Picture expected = takeExpected();
   TestDisplay display;
   xcb_window_t window = 0;

@@ -20,7 +20,8 @@ constexpr int kTop = 40;
 constexpr int kOtherTop = 400;
 constexpr int kRedraw = 17;  // ms: the toolkit draws from a timer of 16
 
-thread_local WindowHost* making = nullptr;  // the host whose plug-in is being made and has no `user` yet
+// the host whose plug-in is being made and has no `user` yet
+thread_local WindowHost* making = nullptr;
 
 void sleepFor(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
@@ -37,7 +38,8 @@ AEffect* makePlugin(audioMasterCallback host) {
 }
 
 WindowHost::WindowHost(int place, Parent parent) : left(20 + 330 * place), top(kTop) {
-  window = display.makeWindow({left, top, left + kHostWidth, top + kHostHeight}, parent == Parent::alpha);
+  window = display.makeWindow({left, top, left + kHostWidth, top + kHostHeight},
+                              parent == Parent::alpha);
   otherWindow = display.makeWindow({left, kOtherTop, left + kHostWidth, kOtherTop + 100});
   making = this;
   plugin = makePlugin(callback);
@@ -54,12 +56,14 @@ WindowHost::~WindowHost() {
   display.destroyWindow(otherWindow);
 }
 
-VstIntPtr WindowHost::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+VstIntPtr WindowHost::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                               float opt) {
   return plugin->dispatcher(plugin, opcode, index, value, ptr, opt);
 }
 
 bool WindowHost::openOnly() {
-  editorOpen = dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(static_cast<std::uintptr_t>(window))) != 0;
+  editorOpen = dispatch(effEditOpen, 0, 0,
+                        reinterpret_cast<void*>(static_cast<std::uintptr_t>(window))) != 0;
   return editorOpen;
 }
 
@@ -102,8 +106,9 @@ void WindowHost::idle(int times) {
   }
 }
 
+// passes; a caret that blinks lets it end within a few
 void WindowHost::settle() {
-  constexpr int kMost = 100;  // passes; a caret that blinks lets it end within a few
+  constexpr int kMost = 100;
   Picture before = pictureNow();
   for (int pass = 0, same = 0; pass < kMost && same < 2; ++pass) {
     idle();
@@ -195,7 +200,8 @@ void WindowHost::keyUp(std::uint32_t keysym) {
 }
 
 void WindowHost::type(const std::string& text) {
-  for (const char letter : text) key(static_cast<std::uint32_t>(static_cast<unsigned char>(letter)));
+  for (const char letter : text)
+    key(static_cast<std::uint32_t>(static_cast<unsigned char>(letter)));
 }
 
 void WindowHost::focusOther() {
@@ -232,10 +238,11 @@ std::vector<HostCall> WindowHost::calls(VstInt32 opcode) const {
 std::vector<HostCall> WindowHost::gestureCalls() const {
   const std::lock_guard<std::mutex> lock(mutex);
   std::vector<HostCall> found;
-  std::copy_if(recorded.begin(), recorded.end(), std::back_inserter(found), [](const HostCall& call) {
-    return call.opcode == audioMasterAutomate || call.opcode == audioMasterBeginEdit ||
-           call.opcode == audioMasterEndEdit;
-  });
+  std::copy_if(recorded.begin(), recorded.end(), std::back_inserter(found),
+               [](const HostCall& call) {
+                 return call.opcode == audioMasterAutomate || call.opcode == audioMasterBeginEdit ||
+                        call.opcode == audioMasterEndEdit;
+               });
   return found;
 }
 
@@ -268,18 +275,21 @@ VstIntPtr WindowHost::setChunk(std::vector<unsigned char> data) {
 }
 
 int WindowHost::currentPreset() {
-  constexpr std::size_t kCurrentPresetOffset = 8 + 17;  // bytes: the prefix, and the field's place in the header
+  // bytes: the prefix, and the field's place in the header
+  constexpr std::size_t kCurrentPresetOffset = 8 + 17;
   std::int32_t current = -1;
   std::memcpy(&current, chunk().data() + kCurrentPresetOffset, sizeof current);
   return current;
 }
 
+// frames
 void WindowHost::play(float leftLevel, float rightLevel, int frames) {
-  constexpr int kHalf = 50;  // frames
+  constexpr int kHalf = 50;
   std::vector<float> in[2], out[2];
   for (int channel = 0; channel < 2; ++channel) {
     for (int i = 0; i < frames; ++i) {
-      in[channel].push_back((channel == 0 ? leftLevel : rightLevel) * (i / kHalf % 2 == 0 ? 1.0F : -1.0F));
+      in[channel].push_back((channel == 0 ? leftLevel : rightLevel) *
+                            (i / kHalf % 2 == 0 ? 1.0F : -1.0F));
     }
     out[channel].resize(in[channel].size());
   }
@@ -288,9 +298,11 @@ void WindowHost::play(float leftLevel, float rightLevel, int frames) {
   plugin->processReplacing(plugin, ins, outs, frames);
 }
 
-VstIntPtr WindowHost::callback(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr, void*, float opt) {
+VstIntPtr WindowHost::callback(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr, void*,
+                               float opt) {
   if (opcode == audioMasterVersion) return kVstVersion;
-  auto* host = effect != nullptr && effect->user != nullptr ? static_cast<WindowHost*>(effect->user) : making;
+  auto* host = effect != nullptr && effect->user != nullptr ? static_cast<WindowHost*>(effect->user)
+                                                            : making;
   return host != nullptr ? host->answer(opcode, index, opt) : 0;
 }
 

@@ -1,4 +1,5 @@
-// A host with a window for the tests: opens the built module's editor in an X11 window and works it with real events.
+// A host with a window for the tests: opens the built module's editor in an X11 window and works it
+// with real events.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +21,8 @@ struct HostCall {
 // The module under test, from the environment's TRELVAN_MODULE; stays loaded.
 AEffect* makePlugin(audioMasterCallback host);
 
-// One instance of the plug-in with a window for its editor. Coordinates of the mouse are the editor's pixels.
-// Input and idling on one thread; the plug-in's calls may come from any.
+// One instance of the plug-in with a window for its editor. Coordinates of the mouse are the
+// editor's pixels. Input and idling on one thread; the plug-in's calls may come from any.
 class WindowHost {
  public:
   enum class Parent { plain, alpha };
@@ -33,7 +34,8 @@ class WindowHost {
   WindowHost& operator=(const WindowHost&) = delete;
 
   AEffect* effect() const { return plugin; }
-  VstIntPtr dispatch(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr, float opt = 0.0F);
+  VstIntPtr dispatch(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr,
+                     float opt = 0.0F);
 
   bool openEditor();  // and draws it
   bool openOnly();    // without any idling
@@ -43,12 +45,14 @@ class WindowHost {
   void destroyParent();   // the host's window goes first
   void resizeParent(int width, int height);
   xcb_window_t parent() const { return window; }
-  // Of the host's window. The editor's connection to the server is another than ours, so both may need a moment.
+  // Of the host's window. The editor's connection to the server is another than ours, so both may
+  // need a moment.
   bool hasChildWindows(int count);
 
   void idle(int times = 1);  // effEditIdle
   void settle();             // idles until the window's picture stays as it is
-  bool idleUntil(const std::function<bool()>& condition, int milliseconds = 3000);  // false: the time is up
+  // false: the time is up
+  bool idleUntil(const std::function<bool()>& condition, int milliseconds = 3000);
   void idleFor(int milliseconds, int interval = 16);
 
   // Each one idles once, so that the editor has had the event.
@@ -92,7 +96,8 @@ class WindowHost {
   TestDisplay display;
 
  private:
-  static VstIntPtr callback(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
+  static VstIntPtr callback(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value,
+                            void* ptr, float opt);
   VstIntPtr answer(VstInt32 opcode, VstInt32 index, float opt);
 
   int left, top;  // of the host's window on the screen

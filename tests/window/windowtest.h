@@ -1,4 +1,5 @@
-// What each test of the window has: a home of its own, and dialog programs that do what the test says.
+// What each test of the window has: a home of its own, and dialog programs that do what the test
+// says.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -14,10 +15,12 @@
 #include "tests/support/temporaryfolder.h"
 #include "windowhost.h"
 
-// A script in PATH: writes down its arguments, waits for the test's answer, prints it and ends with its status.
+// A script in PATH: writes down its arguments, waits for the test's answer, prints it and ends with
+// its status.
 class FakeProgram {
  public:
-  FakeProgram(std::string binFolder, const std::string& name) : base(std::move(binFolder) + "/" + name) {
+  FakeProgram(std::string binFolder, const std::string& name)
+      : base(std::move(binFolder) + "/" + name) {
     writeProgram(base, "base=" + base + R"(
 echo $$ >"$base.pid"
 for argument; do printf '%s\n' "$argument"; done >"$base.asking.$$"
@@ -57,7 +60,8 @@ exit "$status")");
 class WindowTest : public ::testing::Test {
  protected:
   WindowTest() {
-    for (const char* name : {"home", "config", "bin", "files"}) std::filesystem::create_directory(folder / name);
+    for (const char* name : {"home", "config", "bin", "files"})
+      std::filesystem::create_directory(folder / name);
     // What the scripts need, and no dialog program of this machine.
     for (const std::string tool : {"cat", "mv", "rm", "sleep"}) {
       std::filesystem::create_symlink("/bin/" + tool, folder / ("bin/" + tool));

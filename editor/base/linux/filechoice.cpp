@@ -12,7 +12,8 @@ namespace {
 // "*.orv *.ORV"
 std::string patternsOf(const std::string& extension) {
   std::string upper = extension;
-  std::transform(upper.begin(), upper.end(), upper.begin(), [](unsigned char letter) { return std::toupper(letter); });
+  std::transform(upper.begin(), upper.end(), upper.begin(),
+                 [](unsigned char letter) { return std::toupper(letter); });
   return "*." + extension + " *." + upper;
 }
 
@@ -30,7 +31,8 @@ std::string startOf(const FileDialogRequest& request) {
 std::vector<std::string> zenityFile(const std::string& program, const FileDialogRequest& request) {
   std::vector<std::string> arguments = {
       program, "--file-selection", "--title=" + request.title, "--filename=" + startOf(request),
-      "--file-filter=" + request.typeName + " (*." + request.extension + ") | " + patternsOf(request.extension)};
+      "--file-filter=" + request.typeName + " (*." + request.extension + ") | " +
+          patternsOf(request.extension)};
   if (request.save) {
     arguments.emplace_back("--save");
     arguments.emplace_back("--confirm-overwrite");
@@ -53,7 +55,8 @@ std::vector<std::string> kdialogFile(const std::string& program, const FileDialo
 
 }  // namespace
 
-std::vector<std::string> fileChoice(const desktopdialog::Program& program, const FileDialogRequest& request) {
+std::vector<std::string> fileChoice(const desktopdialog::Program& program,
+                                    const FileDialogRequest& request) {
   const bool kdialog = program.kind == desktopdialog::Kind::kdialog;
   return kdialog ? kdialogFile(program.path, request) : zenityFile(program.path, request);
 }

@@ -8,4 +8,5 @@
 #include "platform/linux/desktopdialog.h"
 
 // The argument vector. Texts are data, whatever they hold.
-std::vector<std::string> fileChoice(const desktopdialog::Program& program, const FileDialogRequest& request);
+std::vector<std::string> fileChoice(const desktopdialog::Program& program,
+                                    const FileDialogRequest& request);

@@ -13,7 +13,8 @@ namespace {
 
 bool endsWithExtension(const std::string& path, const std::string& extension) {
   const std::string ending = "." + extension;
-  return path.size() >= ending.size() && strcasecmp(path.c_str() + path.size() - ending.size(), ending.c_str()) == 0;
+  return path.size() >= ending.size() &&
+         strcasecmp(path.c_str() + path.size() - ending.size(), ending.c_str()) == 0;
 }
 
 }  // namespace
@@ -38,7 +39,8 @@ struct FileDialog::System {
   }
 
   void programEnded() {
-    const desktopdialog::Answer answer = desktopdialog::answerOf(program.exitStatus(), program.output());
+    const desktopdialog::Answer answer =
+        desktopdialog::answerOf(program.exitStatus(), program.output());
     if (step == Step::confirming) {
       confirmed(answer);
     } else if (answer == desktopdialog::Answer::accepted) {
@@ -52,7 +54,8 @@ struct FileDialog::System {
   }
 
   void accepted(std::string output) {
-    if (!output.empty() && output.back() == '\n') output.pop_back();  // one: a name may end with a new line itself
+    // one: a name may end with a new line itself
+    if (!output.empty() && output.back() == '\n') output.pop_back();
     if (output.empty() || output[0] != '/' || output.back() == '/') {
       state = State::cancelled;
       return;
@@ -66,7 +69,8 @@ struct FileDialog::System {
     state = State::running;
     step = Step::confirming;
     const std::string text = namePart(path) + "\nThis file exists already. Replace it?";
-    if (!program.start(desktopdialog::question(programs.front(), request.title, text))) chooseAgain();
+    if (!program.start(desktopdialog::question(programs.front(), request.title, text)))
+      chooseAgain();
   }
 
   void confirmed(desktopdialog::Answer answer) {

@@ -8,7 +8,9 @@ ForgottenReplies::ForgottenReplies(xcb_connection_t* link) : connection(link) {
 ForgottenReplies::~ForgottenReplies() {
   if (connection == nullptr) return;
   const unsigned last = xcb_no_operation(connection).sequence;
-  if (xcb_connection_has_error(connection) != 0) return;  // its numbers are all 0, and nothing waits in it
+  // its numbers are all 0, and nothing waits in it
+  if (xcb_connection_has_error(connection) != 0) return;
   // The numbers wrap.
-  for (unsigned request = first + 1; request != last; ++request) xcb_discard_reply(connection, request);
+  for (unsigned request = first + 1; request != last; ++request)
+    xcb_discard_reply(connection, request);
 }

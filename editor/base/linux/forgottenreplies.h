@@ -9,7 +9,8 @@
 // when it is over goes. User-interface thread.
 class ForgottenReplies {
  public:
-  explicit ForgottenReplies(xcb_connection_t* connection);  // null: there is none yet, and nothing to do
+  // null: there is none yet, and nothing to do
+  explicit ForgottenReplies(xcb_connection_t* connection);
   ~ForgottenReplies();
   ForgottenReplies(const ForgottenReplies&) = delete;
   ForgottenReplies& operator=(const ForgottenReplies&) = delete;

@@ -32,9 +32,10 @@ class OwnWindow {
     const xcb_screen_t& screen = *screens.data;
     window = xcb_generate_id(connection);
     const std::uint32_t values[] = {0, screen.default_colormap};  // border pixel, colour map
-    const xcb_void_cookie_t asked = xcb_create_window_checked(
-        connection, screen.root_depth, window, parent, 0, 0, width, height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-        screen.root_visual, XCB_CW_BORDER_PIXEL | XCB_CW_COLORMAP, values);
+    const xcb_void_cookie_t asked =
+        xcb_create_window_checked(connection, screen.root_depth, window, parent, 0, 0, width,
+                                  height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, screen.root_visual,
+                                  XCB_CW_BORDER_PIXEL | XCB_CW_COLORMAP, values);
     xcb_map_window(connection, window);
     xcb_generic_error_t* refused = xcb_request_check(connection, asked);
     there = refused == nullptr && xcb_connection_has_error(connection) == 0;
@@ -76,7 +77,8 @@ class FocusWatch {
     while (xcb_generic_event_t* event = xcb_poll_for_event(connection)) {
       const auto type = event->response_type & 0x7F;  // the high bit marks events sent by clients
       const auto* focus = reinterpret_cast<const xcb_focus_out_event_t*>(event);
-      const bool real = focus->mode == XCB_NOTIFY_MODE_NORMAL || focus->mode == XCB_NOTIFY_MODE_WHILE_GRABBED;
+      const bool real =
+          focus->mode == XCB_NOTIFY_MODE_NORMAL || focus->mode == XCB_NOTIFY_MODE_WHILE_GRABBED;
       if (type == XCB_FOCUS_IN) {
         lostToAncestor.reset();
       } else if (type == XCB_FOCUS_OUT && real) {

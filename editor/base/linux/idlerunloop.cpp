@@ -10,8 +10,9 @@
 #include "editor/base/steadytime.h"
 #include "lib/platform/linux/x11platform.h"
 
+// one handler a library, a few timers a window
 void IdleRunLoop::makeRoom() {
-  constexpr std::size_t kRoom = 16;  // one handler a library, a few timers a window
+  constexpr std::size_t kRoom = 16;
   handlers.reserve(handlers.size() + kRoom);
   timers.reserve(timers.size() + kRoom);
 }
@@ -27,8 +28,9 @@ bool IdleRunLoop::isDataThere() const {
 // which nothing goes on does without. An event that came with such a reply waits in the
 // connection's memory, where nobody sees it: another look follows whatever has happened, and one
 // from time to time.
+// ms without a look
 void IdleRunLoop::handleEvents(std::uint64_t time) {
-  constexpr std::uint64_t kLongest = 200;  // ms without a look
+  constexpr std::uint64_t kLongest = 200;
   const bool dataThere = isDataThere();
   if (!dataThere && !lookAgain && time - lastLook < kLongest) return;
   lookAgain = dataThere;
@@ -72,8 +74,9 @@ void IdleRunLoop::runAfterwards() noexcept {
     next.splice(next.begin(), afterwards, afterwards.begin());
     try {
       next.front()();
+      // what it had begun may have made events
     } catch (const std::bad_alloc&) {
-      lookAgain = true;  // what it had begun may have made events
+      lookAgain = true;
     }
   }
 }

@@ -11,8 +11,9 @@
 
 namespace {
 
+// not owned
 struct Listener {
-  AEffGUIEditor* editor;  // not owned
+  AEffGUIEditor* editor;
   std::thread::id maker;
 };
 
@@ -20,7 +21,8 @@ struct Listener {
 // come on that one, which has no business with an editor.
 gboolean tick(gpointer data) noexcept {
   const auto* listener = static_cast<const Listener*>(data);
-  if (listener->editor == nullptr || std::this_thread::get_id() != listener->maker) return G_SOURCE_CONTINUE;
+  if (listener->editor == nullptr || std::this_thread::get_id() != listener->maker)
+    return G_SOURCE_CONTINUE;
   try {
     listener->editor->idle();
   } catch (...) {  // it has nowhere to go: what called this is C
@@ -34,7 +36,8 @@ gboolean tick(gpointer data) noexcept {
 void* createTimer(AEffGUIEditor* editor, int intervalMs) {
   auto listener = std::make_unique<Listener>(Listener{editor, std::this_thread::get_id()});
   GSource* timer = g_timeout_source_new(static_cast<guint>(std::max(intervalMs, 1)));
-  g_source_set_callback(timer, tick, listener.release(), [](gpointer data) { delete static_cast<Listener*>(data); });
+  g_source_set_callback(timer, tick, listener.release(),
+                        [](gpointer data) { delete static_cast<Listener*>(data); });
   g_source_attach(timer, g_main_context_get_thread_default());  // null: the process's own
   return timer;
 }

@@ -36,13 +36,15 @@ VSTGUI::SharedPointer<IdleRunLoop> openSharedRunLoop() {
     runLoop = made.get();
     runLoop->remember();
   }
-  if (xcb_connection_has_error(VSTGUI::X11::RunLoop::instance().getXcbConnection()) != 0) return nullptr;
+  if (xcb_connection_has_error(VSTGUI::X11::RunLoop::instance().getXcbConnection()) != 0)
+    return nullptr;
   runLoop->makeRoom();
   return sharedRunLoop();
 }
 
 void keepDrawingDevice() {
-  const auto& devices = VSTGUI::getPlatformFactory().asLinuxFactory()->getCairoGraphicsDeviceFactory();
+  const auto& devices =
+      VSTGUI::getPlatformFactory().asLinuxFactory()->getCairoGraphicsDeviceFactory();
   const auto device = std::dynamic_pointer_cast<VSTGUI::CairoGraphicsDevice>(
       devices.getDeviceForScreen(VSTGUI::DefaultScreenIdentifier));
   if (device) VSTGUI::X11::RunLoop::instance().setDevice(device->get());

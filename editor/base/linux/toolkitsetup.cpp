@@ -15,8 +15,9 @@ void setUpResources() {
   VSTGUI::CFontDesc::init();
   VSTGUI::getPlatformFactory().asLinuxFactory()->setResourcePath(resourcesFolder());
   for (const VSTGUI::CFontRef font :
-       {VSTGUI::kSystemFont, VSTGUI::kNormalFontVeryBig, VSTGUI::kNormalFontBig, VSTGUI::kNormalFont,
-        VSTGUI::kNormalFontSmall, VSTGUI::kNormalFontSmaller, VSTGUI::kNormalFontVerySmall}) {
+       {VSTGUI::kSystemFont, VSTGUI::kNormalFontVeryBig, VSTGUI::kNormalFontBig,
+        VSTGUI::kNormalFont, VSTGUI::kNormalFontSmall, VSTGUI::kNormalFontSmaller,
+        VSTGUI::kNormalFontVerySmall}) {
     font->setName("Liberation Sans");
   }
 }

@@ -12,8 +12,9 @@ VSTGUI::SharedPointer<VSTGUI::CBitmap> loadBitmap(std::int32_t number) {
   char name[32];
   std::snprintf(name, sizeof(name), "bmp%05d@2x.png", static_cast<int>(number));
   const auto sharp = VSTGUI::getPlatformFactory().createBitmap(VSTGUI::CResourceDescription(name));
+  // pixels a point
   if (bitmap->isLoaded() && sharp != nullptr) {
-    sharp->setScaleFactor(2.);  // pixels a point
+    sharp->setScaleFactor(2.);
     bitmap->addBitmap(sharp);
   }
   return bitmap;

@@ -28,12 +28,14 @@ const char* ownImageName() {
 
 }  // namespace
 
+// Trelvan.vst/Contents/MacOS/Trelvan -> Trelvan.vst
 void InitMachOLibrary() {
-  constexpr int kLevels = 3;  // Trelvan.vst/Contents/MacOS/Trelvan -> Trelvan.vst
+  constexpr int kLevels = 3;
   const char* name = ownImageName();
   if (name == nullptr) return;
   CFOwned<CFURLRef> url(CFURLCreateFromFileSystemRepresentation(
-      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(name), static_cast<CFIndex>(std::strlen(name)), false));
+      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(name),
+      static_cast<CFIndex>(std::strlen(name)), false));
   for (int level = 0; url && level < kLevels; ++level) {
     url.reset(CFURLCreateCopyDeletingLastPathComponent(kCFAllocatorDefault, url.get()));
   }

@@ -3,7 +3,8 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 
-extern CFBundleRef gBundleRef;  // one reference for each InitMachOLibrary that found it; null: not found yet
+// one reference for each InitMachOLibrary that found it; null: not found yet
+extern CFBundleRef gBundleRef;
 
 // Finds the bundle that this code was loaded from. Without it the reference stays as it was; where
 // the system cannot make a path or a bundle of it the reference becomes null. Each call is matched

@@ -24,17 +24,21 @@ struct Panel {
 
   void run() {
     if (!wanted) return;
-    const auto style = request.save ? VSTGUI::CNewFileSelector::kSelectSaveFile : VSTGUI::CNewFileSelector::kSelectFile;
+    const auto style = request.save ? VSTGUI::CNewFileSelector::kSelectSaveFile
+                                    : VSTGUI::CNewFileSelector::kSelectFile;
     selector = VSTGUI::owned(VSTGUI::CNewFileSelector::create(nullptr, style));
     if (!selector) {
       state = FileDialog::State::unavailable;
       return;
     }
     selector->setTitle(request.title.c_str());
-    if (!request.folder.empty() && isText(request.folder)) selector->setInitialDirectory(request.folder.c_str());
-    selector->setDefaultExtension(VSTGUI::CFileExtension(request.typeName.c_str(), request.extension.c_str()));
+    if (!request.folder.empty() && isText(request.folder))
+      selector->setInitialDirectory(request.folder.c_str());
+    selector->setDefaultExtension(
+        VSTGUI::CFileExtension(request.typeName.c_str(), request.extension.c_str()));
     selector->setAllowMultiFileSelection(false);
-    if (request.save && isText(request.proposedName)) selector->setDefaultSaveName(request.proposedName.c_str());
+    if (request.save && isText(request.proposedName))
+      selector->setDefaultSaveName(request.proposedName.c_str());
     selector->runModal();
     state = FileDialog::State::cancelled;
     if (selector->getNumSelectedFiles() == 1) {

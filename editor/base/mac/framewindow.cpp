@@ -34,6 +34,7 @@ void FrameWindow::during(const std::function<void()>& work) {
   work();
 }
 
+// the text entry's own window sees it
 bool FrameWindow::keyboardLost() {
-  return false;  // the text entry's own window sees it
+  return false;
 }

@@ -10,15 +10,17 @@
 
 // The timer's target, apart from its owner: a timer retains its target, and the owner has to be
 // able to go before it.
+// not owned
 @interface Orv_Tlvn_TimerListener : NSObject {
-  AEffGUIEditor* editor;  // not owned
+  AEffGUIEditor* editor;
 }
 - (id)setListenerEditor:(AEffGUIEditor*)newEditor;
 - (void)timerProc:(NSTimer*)timer;
 @end
 
+// not owned
 @interface Orv_Tlvn_Timer : NSObject {
-  AEffGUIEditor* editor;             // not owned
+  AEffGUIEditor* editor;
   int32_t interval;                  // milliseconds
   NSTimer* timer;                    // retained
   Orv_Tlvn_TimerListener* listener;  // retained
@@ -62,8 +64,9 @@
 }
 
 - (void)dealloc {
+  // a tick that is under way does nothing
   if (listener != nil) {
-    [listener setListenerEditor:nullptr];  // a tick that is under way does nothing
+    [listener setListenerEditor:nullptr];
     [timer invalidate];
     [timer release];
     [listener release];

@@ -23,8 +23,8 @@ class EditedText {
   void insert(std::string_view valid);  // UTF-8, in the selection's place
   void eraseBack();                     // the selection, or else the character before the caret
   void eraseForward();                  // the selection, or else the character after the caret
-  void moveBack(bool extend);           // without extending a selection goes, and the caret is at its begin
-  void moveForward(bool extend);        // or at its end
+  void moveBack(bool extend);  // without extending a selection goes, and the caret is at its begin
+  void moveForward(bool extend);  // or at its end
   void moveTo(std::size_t place, bool extend);
   void selectAll();
 

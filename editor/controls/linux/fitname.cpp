@@ -8,7 +8,8 @@ FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, doub
   const auto fits = [&](const VSTGUI::UTF8String& text) {
     return context->getStringWidth(text.getPlatformString()) <= width;
   };
-  for (VSTGUI::CFontRef font : {VSTGUI::kNormalFontSmall, VSTGUI::kNormalFontSmaller, VSTGUI::kNormalFontVerySmall}) {
+  for (VSTGUI::CFontRef font :
+       {VSTGUI::kNormalFontSmall, VSTGUI::kNormalFontSmaller, VSTGUI::kNormalFontVerySmall}) {
     context->setFont(font);
     if (fits(name)) return {name, font};
   }

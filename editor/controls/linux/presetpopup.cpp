@@ -41,7 +41,8 @@ constexpr double kRightRoom = 3;
 // frame still holds on to a view while it gives it an event.
 class PresetPopup final : public VSTGUI::CView {
  public:
-  PresetPopup(const PresetPopupLayout& places, CPresetMenu* opener, const std::optional<CPoint>& press)
+  PresetPopup(const PresetPopupLayout& places, CPresetMenu* opener,
+              const std::optional<CPoint>& press)
       : CView(places.panel()),
         layout(places),
         menu(VSTGUI::shared(opener)),
@@ -74,7 +75,8 @@ class PresetPopup final : public VSTGUI::CView {
     context->setFrameColor(kEdge);
     context->drawRect(getViewSize(), VSTGUI::kDrawFilledAndStroked);
     for (std::int32_t index = 0; index < layout.entryCount(); ++index) {
-      if (index > 0 && layout.isColumnStart(index)) drawColumnLine(context, layout.entry(index).left);
+      if (index > 0 && layout.isColumnStart(index))
+        drawColumnLine(context, layout.entry(index).left);
       if (layout.entry(index).rectOverlap(updateRect)) drawEntry(context, index);
     }
     setDirty(false);
@@ -95,8 +97,8 @@ class PresetPopup final : public VSTGUI::CView {
 
   CMouseEventResult onMouseMoved(CPoint& where, const CButtonState& /*buttons*/) override {
     if (openingPress && !dragged) {
-      dragged =
-          std::abs(where.x - openingPress->x) > kDragDistance || std::abs(where.y - openingPress->y) > kDragDistance;
+      dragged = std::abs(where.x - openingPress->x) > kDragDistance ||
+                std::abs(where.y - openingPress->y) > kDragDistance;
     }
     if (!openingPress || dragged) highlight(layout.entryAt(where));
     return VSTGUI::kMouseEventHandled;
@@ -105,7 +107,8 @@ class PresetPopup final : public VSTGUI::CView {
   CMouseEventResult onMouseUp(CPoint& where, const CButtonState& /*buttons*/) override {
     const bool ofOpening = openingPress.has_value();
     openingPress.reset();
-    if (ofOpening ? !dragged : !pressed) return VSTGUI::kMouseEventHandled;  // a click on the menu leaves the list open
+    // a click on the menu leaves the list open
+    if (ofOpening ? !dragged : !pressed) return VSTGUI::kMouseEventHandled;
     pressed = false;
     const std::int32_t index = layout.entryAt(where);
     if (index != kNone) {
@@ -155,7 +158,8 @@ class PresetPopup final : public VSTGUI::CView {
     const CRect first = layout.entry(0);
     const double x = columnLeft - 1;
     context->setFrameColor(kColumnLine);
-    context->drawLine(CPoint(x, first.top), CPoint(x, getViewSize().bottom - (first.top - getViewSize().top)));
+    context->drawLine(CPoint(x, first.top),
+                      CPoint(x, getViewSize().bottom - (first.top - getViewSize().top)));
   }
 
   void drawEntry(VSTGUI::CDrawContext* context, std::int32_t index) {
@@ -168,7 +172,8 @@ class PresetPopup final : public VSTGUI::CView {
       context->setFillColor(kHighlight);
       context->drawRect(area, VSTGUI::kDrawFilled);
     }
-    if (index == menu->getCurrentIndex(true)) drawMark(context, area, lit ? VSTGUI::kWhiteCColor : kMark);
+    if (index == menu->getCurrentIndex(true))
+      drawMark(context, area, lit ? VSTGUI::kWhiteCColor : kMark);
     area.left += kMarkRoom;
     area.right -= kRightRoom;
     const FittedName name = fitName(context, item->getTitle().getString(), area.getWidth());

@@ -15,7 +15,8 @@ constexpr double kColumnWidth = 145;  // two of them fill the window's 302
 
 }  // namespace
 
-PresetPopupLayout::PresetPopupLayout(const VSTGUI::CRect& window, std::int32_t entryTotal, std::int32_t rowTotal)
+PresetPopupLayout::PresetPopupLayout(const VSTGUI::CRect& window, std::int32_t entryTotal,
+                                     std::int32_t rowTotal)
     : entries(entryTotal), rows(rowTotal) {
   const std::int32_t columns = (entries + rows - 1) / rows;
   const double frameWidth = 2 * (kWindowMargin + kInset) + (columns - 1) * kGap;

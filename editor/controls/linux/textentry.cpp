@@ -11,7 +11,8 @@ using VSTGUI::CRect;
 
 namespace {
 
-constexpr double kTextRise = 0.5;  // pixels: the label draws that much further up, and the text must not jump
+// pixels: the label draws that much further up, and the text must not jump
+constexpr double kTextRise = 0.5;
 
 // The place, which is the frame's, for a view in the container that the label is in.
 CRect besideLabel(const COrvTextEdit* label, const TextEntryPlace& place) {
@@ -25,15 +26,16 @@ CRect besideLabel(const COrvTextEdit* label, const TextEntryPlace& place) {
 struct TextEntry::System {
   System(COrvTextEdit* edited, const TextEntryPlace& place)
       : label(edited),
-        field(
-            VSTGUI::makeOwned<TextField>(edited, besideLabel(edited, place), [this](bool confirm) { end(confirm); })) {}
+        field(VSTGUI::makeOwned<TextField>(edited, besideLabel(edited, place),
+                                           [this](bool confirm) { end(confirm); })) {}
   ~System() { takeDown(); }
   System(const System&) = delete;
   System& operator=(const System&) = delete;
 
   // Apart from the making, so that it is taken down where it breaks off.
+  // the container lets go of it once
   void show() {
-    field->remember();  // the container lets go of it once
+    field->remember();
     label->getParentView()->asViewContainer()->addView(field);
     grabPointer(label->getFrame(), true);
   }
@@ -50,7 +52,8 @@ struct TextEntry::System {
   void takeDown() {
     if (!field) return;
     grabPointer(label->getFrame(), false);
-    if (VSTGUI::CView* container = field->getParentView()) container->asViewContainer()->removeView(field);
+    if (VSTGUI::CView* container = field->getParentView())
+      container->asViewContainer()->removeView(field);
     field = nullptr;
   }
 

@@ -22,7 +22,8 @@ namespace {
 constexpr std::uint32_t kBlink = 500;  // ms lit, and as long not
 
 bool isModifierKey(VirtualKey key) {
-  return key == VirtualKey::ShiftModifier || key == VirtualKey::ControlModifier || key == VirtualKey::AltModifier;
+  return key == VirtualKey::ShiftModifier || key == VirtualKey::ControlModifier ||
+         key == VirtualKey::AltModifier;
 }
 
 // Keys that the toolkit names and that stand for a character all the same.
@@ -55,8 +56,12 @@ std::string typedText(const VSTGUI::KeyboardEvent& event) {
 
 }  // namespace
 
-TextField::TextField(const COrvTextEdit* edited, const CRect& place, std::function<void(bool)> whenEnded)
-    : CView(place), label(edited), edit(validText(edited->getText().getString())), ended(std::move(whenEnded)) {}
+TextField::TextField(const COrvTextEdit* edited, const CRect& place,
+                     std::function<void(bool)> whenEnded)
+    : CView(place),
+      label(edited),
+      edit(validText(edited->getText().getString())),
+      ended(std::move(whenEnded)) {}
 
 bool TextField::attached(CView* parent) {
   if (!CView::attached(parent)) return false;
@@ -116,16 +121,16 @@ void TextField::draw(VSTGUI::CDrawContext* context) {
   const auto write = [&](const VSTGUI::CColor& in) {
     context->setFontColor(in);
     context->drawString(text.getPlatformString(),
-                        CRect(left, area.top, left + widthOf(edit.text().size()), area.bottom), VSTGUI::kLeftText,
-                        true);
+                        CRect(left, area.top, left + widthOf(edit.text().size()), area.bottom),
+                        VSTGUI::kLeftText, true);
   };
   const VSTGUI::ConcatClip inside(*context, area);
   context->setDrawMode(VSTGUI::kAntiAliasing);
   context->setFont(label->getFont());
   write(colour);
   if (edit.hasSelection()) {
-    const CRect selection(left + widthOf(edit.selectionBegin()), area.top, left + widthOf(edit.selectionEnd()),
-                          area.bottom);
+    const CRect selection(left + widthOf(edit.selectionBegin()), area.top,
+                          left + widthOf(edit.selectionEnd()), area.bottom);
     const VSTGUI::ConcatClip selected(*context, selection);
     context->setFillColor(label->highlightColor().orElse(getFrame()->getFocusColor()));
     context->drawRect(selection, VSTGUI::kDrawFilled);
@@ -153,7 +158,8 @@ void TextField::onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* /*
 // A shortcut confirms instead of acting.
 void TextField::pressKey(const VSTGUI::KeyboardEvent& event) {
   const bool extend = event.modifiers.has(VSTGUI::ModifierKey::Shift);
-  if (event.modifiers.has(VSTGUI::ModifierKey::Control) && !isModifierKey(event.virt)) return ended(true);
+  if (event.modifiers.has(VSTGUI::ModifierKey::Control) && !isModifierKey(event.virt))
+    return ended(true);
   switch (event.virt) {
     case VirtualKey::Return:
     case VirtualKey::Enter:

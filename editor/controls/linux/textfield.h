@@ -15,11 +15,14 @@ class COrvTextEdit;
 // attached it takes every key of the window and every press: it edits, or calls `ended` with
 // whether to confirm. The toolkit's own field counts a selection in bytes and a text in UTF-16
 // units, and reads past its end where a name is not plain ASCII. User-interface thread.
-class TextField final : public VSTGUI::CView, public VSTGUI::IKeyboardHook, public VSTGUI::IMouseObserver {
+class TextField final : public VSTGUI::CView,
+                        public VSTGUI::IKeyboardHook,
+                        public VSTGUI::IMouseObserver {
  public:
   // place: in the coordinates of the label's container. The label outlives the field's being
   // attached.
-  TextField(const COrvTextEdit* edited, const VSTGUI::CRect& place, std::function<void(bool confirm)> whenEnded);
+  TextField(const COrvTextEdit* edited, const VSTGUI::CRect& place,
+            std::function<void(bool confirm)> whenEnded);
   TextField(const TextField&) = delete;
 
   const std::string& text() const { return edit.text(); }

@@ -8,8 +8,9 @@ class COrvTextEdit;
 
 // Borderless and transparent over the whole main screen, so that a click anywhere comes here. It
 // ends once, by itself, and tells its label; closing releases it. Main thread.
+// owned; nil once the entry has ended
 @interface OrvMCSystemBoxWindow : NSWindow <NSTextFieldDelegate> {
-  OrvMCMyTextField* textField;    // owned; nil once the entry has ended
+  OrvMCMyTextField* textField;
   COrvTextEdit* vstPointer;       // not owned; null once the entry has ended
   OrvMCSystemBoxWindow** handle;  // not owned: the label's side's pointer to this window
 }

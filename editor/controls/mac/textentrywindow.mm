@@ -46,8 +46,9 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
 }
 
 - (void)setUpTextFieldwithRect:(NSRect)rect andTopLeft:(NSPoint)topLeft {
-  const NSRect frame = NSMakeRect(topLeft.x + rect.origin.x, topLeft.y - rect.origin.y - rect.size.height,
-                                  rect.size.width, rect.size.height);
+  const NSRect frame =
+      NSMakeRect(topLeft.x + rect.origin.x, topLeft.y - rect.origin.y - rect.size.height,
+                 rect.size.width, rect.size.height);
   textField = [[OrvMCMyTextField alloc] initWithFrame:frame];
   [textField setBezeled:NO];
   [textField setDrawsBackground:NO];
@@ -55,7 +56,8 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
   [textField setSelectable:YES];
   [textField setEnabled:YES];
   [textField setDelegate:self];
-  [textField setAlignment:NSTextAlignmentCenter];  // by its name: the numbers of centre and right differ by processor
+  // by its name: the numbers of centre and right differ by processor
+  [textField setAlignment:NSTextAlignmentCenter];
   [textField setStringValue:cocoaText(vstPointer->getText())];
   [[textField cell] setWraps:NO];
   [[self contentView] addSubview:textField];
@@ -64,7 +66,8 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
 - (void)setUpFont {
   const VSTGUI::CFontRef font = vstPointer->getFont();
   NSFont* cocoaFont = [NSFont fontWithName:cocoaText(font->getName()) size:font->getSize()];
-  if (cocoaFont != nil) [textField setFont:cocoaFont];  // a font that is missing leaves the field its own
+  // a font that is missing leaves the field its own
+  if (cocoaFont != nil) [textField setFont:cocoaFont];
   const COrvTextEdit::CustomColor& edition = vstPointer->fontEditionColor();
   [textField setTextColor:cocoaColor(edition.set ? edition.color : vstPointer->getFontColor())];
 }
@@ -94,8 +97,10 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
   const COrvTextEdit::CustomColor& back = vstPointer->highlightColor();
   if (!text.set && !back.set) return;
   NSDictionary* now = [editor selectedTextAttributes];
-  id foreground = text.set ? cocoaColor(text.color) : [now objectForKey:NSForegroundColorAttributeName];
-  id background = back.set ? cocoaColor(back.color) : [now objectForKey:NSBackgroundColorAttributeName];
+  id foreground =
+      text.set ? cocoaColor(text.color) : [now objectForKey:NSForegroundColorAttributeName];
+  id background =
+      back.set ? cocoaColor(back.color) : [now objectForKey:NSBackgroundColorAttributeName];
   NSMutableDictionary* attributes = [NSMutableDictionary dictionaryWithCapacity:2];
   if (foreground != nil) [attributes setObject:foreground forKey:NSForegroundColorAttributeName];
   if (background != nil) [attributes setObject:background forKey:NSBackgroundColorAttributeName];
@@ -115,7 +120,9 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
   [self confirmEditing:event];
 }
 
-- (BOOL)control:(NSControl*)control textView:(NSTextView*)textView doCommandBySelector:(SEL)command {
+- (BOOL)control:(NSControl*)control
+               textView:(NSTextView*)textView
+    doCommandBySelector:(SEL)command {
   (void)control;
   (void)textView;
   if (sel_isEqual(command, @selector(insertNewline:))) {
@@ -153,7 +160,8 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
 
 - (void)confirmEditing:(id)sender {
   (void)sender;
-  if (const auto control = VSTGUI::shared([self takeVstPointer])) {  // its listener may close the editor
+  // its listener may close the editor
+  if (const auto control = VSTGUI::shared([self takeVstPointer])) {
     control->setText([[textField stringValue] UTF8String]);
     control->endEditMode(true);
     [self takeDown];

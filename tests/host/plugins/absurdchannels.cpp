@@ -3,7 +3,9 @@
 
 class AbsurdChannels : public TestEffect {
  public:
-  explicit AbsurdChannels(audioMasterCallback callback) : TestEffect(callback) { record.numOutputs = 1000000; }
+  explicit AbsurdChannels(audioMasterCallback callback) : TestEffect(callback) {
+    record.numOutputs = 1000000;
+  }
 };
 
 TEST_EXPORT AEffect* VSTPluginMain(audioMasterCallback callback) {

@@ -5,7 +5,9 @@
 
 class Latency : public TestEffect {
  public:
-  explicit Latency(audioMasterCallback callback) : TestEffect(callback) { record.initialDelay = kDelay; }
+  explicit Latency(audioMasterCallback callback) : TestEffect(callback) {
+    record.initialDelay = kDelay;
+  }
 
  protected:
   void process(float** in, float** out, VstInt32 frames) override {

@@ -17,13 +17,15 @@ class Lateness : public TestEffect {
       const auto colon = word.find(':');
       changes.push_back({std::atol(word.c_str()), word.substr(colon + 1)});
     }
-    const char* named = std::getenv("WIDEN_TEST_FIRST");  // latency that is named before anything is processed
+    // latency that is named before anything is processed
+    const char* named = std::getenv("WIDEN_TEST_FIRST");
     if (named != nullptr) record.initialDelay = std::atoi(named);
   }
 
  protected:
   void process(float** in, float** out, VstInt32 frames) override {
-    while (next < changes.size() && static_cast<long>(heard[0].size()) >= changes[next].at) change(changes[next++].to);
+    while (next < changes.size() && static_cast<long>(heard[0].size()) >= changes[next].at)
+      change(changes[next++].to);
     for (int pin = 0; pin < 2; ++pin) {
       const auto position = static_cast<VstInt32>(heard[pin].size());
       heard[pin].insert(heard[pin].end(), in[pin], in[pin] + frames);
@@ -35,8 +37,9 @@ class Lateness : public TestEffect {
   }
 
  private:
+  // frame
   struct Change {
-    long at;  // frame
+    long at;
     std::string to;
   };
 
@@ -48,7 +51,8 @@ class Lateness : public TestEffect {
       record.initialDelay = count;
       delay = count < 0 ? 0 : count;
     }
-    if (std::getenv("WIDEN_TEST_SILENT") == nullptr) host(&record, audioMasterIOChanged, 0, 0, nullptr, 0.0F);
+    if (std::getenv("WIDEN_TEST_SILENT") == nullptr)
+      host(&record, audioMasterIOChanged, 0, 0, nullptr, 0.0F);
   }
 
   std::vector<Change> changes;

@@ -3,7 +3,9 @@
 
 class NegativeCounts : public TestEffect {
  public:
-  explicit NegativeCounts(audioMasterCallback callback) : TestEffect(callback) { record.numParams = -3; }
+  explicit NegativeCounts(audioMasterCallback callback) : TestEffect(callback) {
+    record.numParams = -3;
+  }
 };
 
 TEST_EXPORT AEffect* VSTPluginMain(audioMasterCallback callback) {

@@ -3,7 +3,9 @@
 
 class NegativeLatency : public TestEffect {
  public:
-  explicit NegativeLatency(audioMasterCallback callback) : TestEffect(callback) { record.initialDelay = -64; }
+  explicit NegativeLatency(audioMasterCallback callback) : TestEffect(callback) {
+    record.initialDelay = -64;
+  }
 };
 
 TEST_EXPORT AEffect* VSTPluginMain(audioMasterCallback callback) {

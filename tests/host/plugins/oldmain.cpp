@@ -6,7 +6,8 @@
 // front.
 #define TEST_TEXT_OF(name) #name
 #define TEST_TEXT(name) TEST_TEXT_OF(name)
-TEST_EXPORT AEffect* oldEntry(audioMasterCallback callback) asm(TEST_TEXT(__USER_LABEL_PREFIX__) "main");
+TEST_EXPORT AEffect* oldEntry(audioMasterCallback callback) asm(
+    TEST_TEXT(__USER_LABEL_PREFIX__) "main");
 
 class OldMain : public TestEffect {
  public:

@@ -9,7 +9,8 @@
 
 class Recorder : public TestEffect {
  public:
-  explicit Recorder(audioMasterCallback callback) : TestEffect(callback), log(std::fopen(path(), "a")) {
+  explicit Recorder(audioMasterCallback callback)
+      : TestEffect(callback), log(std::fopen(path(), "a")) {
     record.numPrograms = 1;
     record.numInputs = 3;  // the third is a side chain that nobody feeds
     record.numOutputs = 4;
@@ -62,7 +63,9 @@ class Recorder : public TestEffect {
     return 0;
   }
 
-  void process(float** in, float** out, VstInt32 frames) override { processed(in, out, frames, 3, 4); }
+  void process(float** in, float** out, VstInt32 frames) override {
+    processed(in, out, frames, 3, 4);
+  }
 
  private:
   static const char* path() {
@@ -75,7 +78,8 @@ class Recorder : public TestEffect {
     std::fflush(log);
   }
 
-  VstIntPtr ask(AEffect* effect, VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr) {
+  VstIntPtr ask(AEffect* effect, VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0,
+                void* ptr = nullptr) {
     return host(effect, opcode, index, value, ptr, 0.0F);
   }
 
@@ -87,8 +91,10 @@ class Recorder : public TestEffect {
     write(" blockSize " + std::to_string(ask(effect, audioMasterGetBlockSize)));
     write(" pins " + std::to_string(ask(effect, audioMasterPinConnected, 0, 0)) +
           std::to_string(ask(effect, audioMasterPinConnected, 1, 1)));
-    write(" vendor " + std::to_string(ask(effect, audioMasterGetVendorString, 0, 0, text)) + " " + text);
-    write(" product " + std::to_string(ask(effect, audioMasterGetProductString, 0, 0, text)) + " " + text);
+    write(" vendor " + std::to_string(ask(effect, audioMasterGetVendorString, 0, 0, text)) + " " +
+          text);
+    write(" product " + std::to_string(ask(effect, audioMasterGetProductString, 0, 0, text)) + " " +
+          text);
     write(" level " + std::to_string(ask(effect, audioMasterGetCurrentProcessLevel)));
     write(" unknown " + std::to_string(ask(effect, 12345)));
   }
@@ -97,14 +103,18 @@ class Recorder : public TestEffect {
   void processed(Sample** in, Sample** out, VstInt32 frames, int inputs, int outputs) {
     bool aligned = true;
     bool sideChainSilent = true;
-    for (int pin = 0; pin < inputs; ++pin) aligned = aligned && reinterpret_cast<std::uintptr_t>(in[pin]) % 64 == 0;
-    for (int pin = 0; pin < outputs; ++pin) aligned = aligned && reinterpret_cast<std::uintptr_t>(out[pin]) % 64 == 0;
+    for (int pin = 0; pin < inputs; ++pin)
+      aligned = aligned && reinterpret_cast<std::uintptr_t>(in[pin]) % 64 == 0;
+    for (int pin = 0; pin < outputs; ++pin)
+      aligned = aligned && reinterpret_cast<std::uintptr_t>(out[pin]) % 64 == 0;
     for (VstInt32 i = 0; i < frames; ++i) sideChainSilent = sideChainSilent && in[2][i] == 0;
     const auto* time = reinterpret_cast<VstTimeInfo*>(ask(&record, audioMasterGetTime));
-    write("process " + std::to_string(frames) + " at " + std::to_string(static_cast<long>(time->samplePos)) + " of " +
-          std::to_string(static_cast<int>(time->sampleRate)) + (aligned ? " aligned" : " UNALIGNED") +
-          (in[0] != in[1] ? " own buffers" : " SHARED") + (sideChainSilent ? " silent side chain" : " NOISE") +
-          " level " + std::to_string(ask(&record, audioMasterGetCurrentProcessLevel)) +
+    write("process " + std::to_string(frames) + " at " +
+          std::to_string(static_cast<long>(time->samplePos)) + " of " +
+          std::to_string(static_cast<int>(time->sampleRate)) +
+          (aligned ? " aligned" : " UNALIGNED") + (in[0] != in[1] ? " own buffers" : " SHARED") +
+          (sideChainSilent ? " silent side chain" : " NOISE") + " level " +
+          std::to_string(ask(&record, audioMasterGetCurrentProcessLevel)) +
           (sizeof(Sample) == sizeof(double) ? " double" : " single"));
     for (int pin = 0; pin < outputs; ++pin) std::copy_n(in[pin % 2], frames, out[pin]);
     std::fill_n(in[2], frames, Sample{1});  // a plug-in may use its inputs as scratch memory

@@ -13,14 +13,19 @@ class TestEffect {
  public:
   explicit TestEffect(audioMasterCallback callback) : host(callback) {
     record.magic = kEffectMagic;
-    record.dispatcher = [](AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt) {
+    record.dispatcher = [](AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                           float opt) {
       const VstIntPtr result = of(e)->dispatch(opcode, index, value, ptr, opt);
       if (opcode == effClose) delete of(e);
       return result;
     };
-    record.setParameter = [](AEffect* e, VstInt32 index, float value) { of(e)->setParameter(index, value); };
+    record.setParameter = [](AEffect* e, VstInt32 index, float value) {
+      of(e)->setParameter(index, value);
+    };
     record.getParameter = [](AEffect* e, VstInt32 index) { return of(e)->getParameter(index); };
-    record.processReplacing = [](AEffect* e, float** in, float** out, VstInt32 n) { of(e)->process(in, out, n); };
+    record.processReplacing = [](AEffect* e, float** in, float** out, VstInt32 n) {
+      of(e)->process(in, out, n);
+    };
     record.numInputs = 2;
     record.numOutputs = 2;
     record.flags = effFlagsCanReplacing;
@@ -37,7 +42,8 @@ class TestEffect {
   virtual void setParameter(VstInt32, float) {}
   virtual float getParameter(VstInt32) { return 0.0F; }
   virtual void process(float** in, float** out, VstInt32 frames) {
-    for (int pin = 0; pin < record.numOutputs; ++pin) std::copy_n(in[pin % record.numInputs], frames, out[pin]);
+    for (int pin = 0; pin < record.numOutputs; ++pin)
+      std::copy_n(in[pin % record.numInputs], frames, out[pin]);
   }
 
   static void give(void* to, const char* text) { std::strcpy(static_cast<char*>(to), text); }

@@ -28,7 +28,9 @@ class BundleLookup : public testing::Test {
     gBundleRef = nullptr;
   }
 
-  static std::string pathOf(CFBundleRef found) { return cfdouble::get(found, cfdouble::Kind::bundle)->path; }
+  static std::string pathOf(CFBundleRef found) {
+    return cfdouble::get(found, cfdouble::Kind::bundle)->path;
+  }
 
   const std::string bundle = std::filesystem::current_path() / "Some Product.vst";
   const std::string image = bundle + "/Contents/MacOS/Some Product";
@@ -45,8 +47,9 @@ TEST_F(BundleLookup, FindsTheFolderThreeLevelsAboveTheImage) {
 
 TEST_F(BundleLookup, FindsItsImageAmongOthers) {
   const char other = 0;
-  dylddouble::show(
-      {{&host, "/Host"}, {&other, "/Other.vst/Contents/MacOS/Other"}, {dylddouble::ownHeader(), image.c_str()}});
+  dylddouble::show({{&host, "/Host"},
+                    {&other, "/Other.vst/Contents/MacOS/Other"},
+                    {dylddouble::ownHeader(), image.c_str()}});
   InitMachOLibrary();
   ASSERT_NE(gBundleRef, nullptr);
   EXPECT_EQ(pathOf(gBundleRef), bundle);
@@ -92,7 +95,8 @@ TEST_F(BundleLookup, ClearsTheReferenceWhereThePathIsTooShort) {
 }
 
 TEST_F(BundleLookup, ClearsTheReferenceWhereTheFolderIsGone) {
-  dylddouble::show({{&host, "/Host"}, {dylddouble::ownHeader(), "/no/such/Product.vst/Contents/MacOS/Product"}});
+  dylddouble::show(
+      {{&host, "/Host"}, {dylddouble::ownHeader(), "/no/such/Product.vst/Contents/MacOS/Product"}});
   InitMachOLibrary();
   EXPECT_EQ(gBundleRef, nullptr);
 }

@@ -6,7 +6,8 @@
 #include "platform/modulepath.h"
 
 // Returns the references that are left over.
-extern "C" __attribute__((visibility("default"))) long probe(char* bundle, char* folder, char* resources) {
+extern "C" __attribute__((visibility("default"))) long probe(char* bundle, char* folder,
+                                                             char* resources) {
   InitMachOLibrary();
   std::strcpy(bundle, gBundleRef != nullptr ? cfdouble::get(gBundleRef)->path.c_str() : "(none)");
   std::strcpy(folder, moduleFolder().c_str());

@@ -23,8 +23,8 @@ class OpenManualMac : public testing::Test {
     fs::create_directories(place / "bin");
     fs::create_directories(place / "home");
     // Notes its arguments, one a line, and succeeds for files that are there.
-    std::ofstream(place / "bin/open") << "#!/bin/sh\nfor a; do echo \"$a\" >>" << (place / "log").string()
-                                      << "; done\n[ -f \"$1\" ]\n";
+    std::ofstream(place / "bin/open") << "#!/bin/sh\nfor a; do echo \"$a\" >>"
+                                      << (place / "log").string() << "; done\n[ -f \"$1\" ]\n";
     chmod((place / "bin/open").c_str(), 0755);
     path = std::getenv("PATH");
     setenv("PATH", ((place / "bin").string() + ":" + path).c_str(), 1);

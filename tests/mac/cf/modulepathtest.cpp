@@ -1,4 +1,5 @@
-// The paths of the image that holds the code: this program's, and a bundle's that is loaded twice under two names.
+// The paths of the image that holds the code: this program's, and a bundle's that is loaded twice
+// under two names.
 #include "platform/modulepath.h"
 
 #include <dlfcn.h>

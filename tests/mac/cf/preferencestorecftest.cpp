@@ -23,7 +23,8 @@ class PrefsCf : public testing::Test {
   }
   void TearDown() override { EXPECT_EQ(cfdouble::references(), referencesBefore); }
 
-  static std::string stringOf(const PreferenceStore& store, const char* key, std::size_t size = 257) {
+  static std::string stringOf(const PreferenceStore& store, const char* key,
+                              std::size_t size = 257) {
     std::string buffer(size, '#');
     return store.getString(key, buffer.data(), size) ? buffer.c_str() : "(missing)";
   }
@@ -45,7 +46,8 @@ TEST_F(PrefsCf, StoresStringsInTheRomanEncoding) {
   PreferenceStore store(kApplication);
   store.setString("CurrDir", "/M\x8Asik/");  // a with diaeresis in that encoding
   EXPECT_TRUE(store.synchronise());
-  EXPECT_THAT(cfdouble::storedText(kApplication, "CurrDir"), Optional(std::u16string(u"/M\u00E4sik/")));
+  EXPECT_THAT(cfdouble::storedText(kApplication, "CurrDir"),
+              Optional(std::u16string(u"/M\u00E4sik/")));
 }
 
 TEST_F(PrefsCf, GivesEveryByteOfAStringBack) {
@@ -133,7 +135,8 @@ TEST_F(PrefsCf, PutsEveryWriteOnDiskAtOnce) {
   PreferenceStore store(kApplication);
   store.setBytes("DefaultPreset", "image", 5);
   EXPECT_TRUE(store.synchronise());
-  EXPECT_THAT(cfdouble::storedBytes(kApplication, "DefaultPreset"), Optional(ElementsAre('i', 'm', 'a', 'g', 'e')));
+  EXPECT_THAT(cfdouble::storedBytes(kApplication, "DefaultPreset"),
+              Optional(ElementsAre('i', 'm', 'a', 'g', 'e')));
 }
 
 TEST_F(PrefsCf, RemovesAKeyAndLeavesTheOthers) {

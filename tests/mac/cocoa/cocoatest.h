@@ -15,7 +15,8 @@ class CocoaTest : public testing::Test {
   static int alive(const char* className);  // objects of a Cocoa class
   void drainPool();                         // and start a new one
 
-  // Gives the application the events that arrive until the condition holds; false after the seconds are up.
+  // Gives the application the events that arrive until the condition holds; false after the seconds
+  // are up.
   static bool pump(const std::function<bool()>& until, double seconds = 8);
   static void pumpFor(double seconds);
 

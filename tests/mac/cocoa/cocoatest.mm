@@ -8,8 +8,9 @@
 #include <cstdlib>
 #include <memory>
 
+// owned
 @interface RepeatedAction : NSObject {
-  std::function<bool()>* action;  // owned
+  std::function<bool()>* action;
 }
 - (id)initWithAction:(std::function<bool()>)newAction;
 - (void)fire:(NSTimer*)timer;
@@ -46,7 +47,8 @@ void CocoaTest::SetUp() { pool = [[NSAutoreleasePool alloc] init]; }
 void CocoaTest::TearDown() {
   [pool release];
   pool = nil;
-  for (const char* name : {"OrvMCSystemBoxWindow", "OrvMCMyTextField", "Orv_Tlvn_Timer", "Orv_Tlvn_TimerListener"}) {
+  for (const char* name :
+       {"OrvMCSystemBoxWindow", "OrvMCMyTextField", "Orv_Tlvn_Timer", "Orv_Tlvn_TimerListener"}) {
     EXPECT_EQ(alive(name), 0) << name;
   }
 }
@@ -88,8 +90,8 @@ int main(int argc, char** argv) {
   if (std::getenv("DISPLAY") != nullptr) {
     // In a field editor macOS sends cancelOperation: for Escape, GNUstep complete:.
     NSDictionary* keys = [NSDictionary dictionaryWithObject:@"cancelOperation:" forKey:@"Escape"];
-    [[NSUserDefaults standardUserDefaults] registerDefaults:[NSDictionary dictionaryWithObject:keys
-                                                                                        forKey:@"GSKeyBindings"]];
+    [[NSUserDefaults standardUserDefaults]
+        registerDefaults:[NSDictionary dictionaryWithObject:keys forKey:@"GSKeyBindings"]];
     [NSApplication sharedApplication];
     [NSApp finishLaunching];
     [NSApp activateIgnoringOtherApps:YES];

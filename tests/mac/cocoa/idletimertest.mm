@@ -58,7 +58,8 @@ TEST_F(IdleTimerMac, StopsWhenItIsDestroyed) {
 // The system's timer, which another thing may still hold, or a tick that is under way.
 TEST_F(IdleTimerMac, ATickThatComesAfterItsEndDoesNothing) {
   id owner = static_cast<id>(createTimer(&editor, 60000));
-  id listener = object_getIvar(owner, class_getInstanceVariable(object_getClass(owner), "listener"));
+  id listener =
+      object_getIvar(owner, class_getInstanceVariable(object_getClass(owner), "listener"));
   ASSERT_NE(listener, nil);
   [listener retain];
   [listener performSelector:@selector(timerProc:) withObject:nil];

@@ -98,7 +98,8 @@ TEST_F(TextEntryOnMac, AnotherProgramsWindowConfirms) {
 
 TEST_F(TextEntryOnMac, WhoeverClosesTheWindowConfirms) {
   open();
-  [[NSNotificationCenter defaultCenter] removeObserver:window()];  // as where it is not the main window
+  // as where it is not the main window
+  [[NSNotificationCenter defaultCenter] removeObserver:window()];
   [window() close];
   expectConfirmed("Init 01");
 }

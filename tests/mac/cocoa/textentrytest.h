@@ -57,7 +57,8 @@ class TextEntryOnMac : public CocoaTest {
 
   void makeLabel(const char* text) {
     if (label != nullptr) frame->removeView(label);
-    label = new COrvTextEdit(VSTGUI::CRect(100, 200, 340, 224), &listener, 1000, text, nullptr, 0, false);
+    label = new COrvTextEdit(VSTGUI::CRect(100, 200, 340, 224), &listener, 1000, text, nullptr, 0,
+                             false);
     label->setFont(VSTGUI::makeOwned<VSTGUI::CFontDesc>("DejaVuSans", 14));
     label->setFontColor(VSTGUI::CColor(255, 255, 0, 255));
     frame->addView(label);
@@ -86,13 +87,16 @@ class TextEntryOnMac : public CocoaTest {
     return nil;
   }
   static NSTextField* field() { return [[[window() contentView] subviews] objectAtIndex:0]; }
-  static NSTextView* fieldEditor() { return static_cast<NSTextView*>([window() fieldEditor:NO forObject:field()]); }
+  static NSTextView* fieldEditor() {
+    return static_cast<NSTextView*>([window() fieldEditor:NO forObject:field()]);
+  }
 
   // Opens the entry and waits until keys would reach it.
   void open() {
     press();
     ASSERT_TRUE(label->isBeingEdited());
-    const auto xWindow = static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>([window() windowRef]));
+    const auto xWindow =
+        static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>([window() windowRef]));
     ASSERT_TRUE(pump([&] {
       if (display.focused() != xWindow) display.focus(xWindow);
       return [window() isKeyWindow] && [window() isMainWindow] && display.focused() == xWindow;
@@ -114,7 +118,8 @@ class TextEntryOnMac : public CocoaTest {
   }
   void click(double x, double y) {  // from the screen's top left
     display.moveTo(static_cast<int>(x), static_cast<int>(y));
-    std::thread finger([] {  // on its own: a field that is pressed waits for the release, and lets no timer fire
+    // on its own: a field that is pressed waits for the release, and lets no timer fire
+    std::thread finger([] {
       TestDisplay own;
       std::this_thread::sleep_for(std::chrono::milliseconds(100));
       own.press(1);

@@ -9,7 +9,8 @@ namespace {
 using VSTGUI::CColor;
 
 constexpr double kScreenHeight = 768;  // pixels, as the display was started
-constexpr TextEntryPlace kPlace{.x = 10, .y = 20, .width = 30, .height = 12, .globalX = 400.5, .globalY = 300.25};
+constexpr TextEntryPlace kPlace{
+    .x = 10, .y = 20, .width = 30, .height = 12, .globalX = 400.5, .globalY = 300.25};
 
 NSColor* color(double red, double green, double blue, double alpha) {
   return [NSColor colorWithCalibratedRed:red green:green blue:blue alpha:alpha];
@@ -41,7 +42,8 @@ TEST_F(TextEntryOnMac, CoversTheFirstScreen) {
 
 TEST_F(TextEntryOnMac, LiesOverTheLabel) {
   open();
-  // The label is 240 by 24 at 100, 200; the field 2 higher than the font, and (24 - 14 - 1) / 2 below the label's top.
+  // The label is 240 by 24 at 100, 200; the field 2 higher than the font, and (24 - 14 - 1) / 2
+  // below the label's top.
   EXPECT_TRUE(NSEqualRects([field() frame], NSMakeRect(100, kScreenHeight - 204.5 - 16, 240, 16)));
   label->endEntry(false);
 }
@@ -55,11 +57,13 @@ TEST_F(TextEntryOnMac, CountsTheFramesPlaceFromTheTopOfTheScreen) {
 
 TEST_F(TextEntryOnMac, CountsFromTheBottomOfAFirstScreenOfAnyHeight) {
   Method frameMethod = class_getInstanceMethod([NSScreen class], @selector(frame));
-  // Height, and the frame's top from the bottom: the height without its fraction, less 300.25, without its fraction.
+  // Height, and the frame's top from the bottom: the height without its fraction, less 300.25,
+  // without its fraction.
   const std::pair<double, double> screens[] = {{600, 299}, {1080, 779}, {1440.75, 1139}};
   for (const auto& [height, top] : screens) {
     screenHeight = height;
-    const IMP own = method_setImplementation(frameMethod, reinterpret_cast<IMP>(frameOfOtherHeight));
+    const IMP own =
+        method_setImplementation(frameMethod, reinterpret_cast<IMP>(frameOfOtherHeight));
     TextEntry entry;
     const bool opened = entry.open(label, kPlace);
     method_setImplementation(frameMethod, own);
@@ -206,11 +210,13 @@ TEST_F(TextEntryOnMac, ListensForResigningTwiceAndNotAnyMoreWhenItHasEnded) {
   Method method = class_getInstanceMethod([OrvMCSystemBoxWindow class], @selector(confirmEditing:));
   const IMP real = method_setImplementation(method, reinterpret_cast<IMP>(countConfirmation));
   confirmations = 0;
-  [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification object:running];
+  [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification
+                                                      object:running];
   EXPECT_EQ(confirmations, 2);
   label->endEntry(false);
   confirmations = 0;
-  [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification object:running];
+  [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification
+                                                      object:running];
   EXPECT_EQ(confirmations, 0);
   method_setImplementation(method, real);
   [running release];

@@ -24,18 +24,21 @@ NSView* viewWith(NSView* view, const std::function<bool(NSView*)>& wanted) {
 
 class XplatAlertMac : public CocoaTest {
  protected:
-  // Shows the alert and, while it is up and has the keyboard, lets the user act twice a second: a key that comes too
-  // soon after the window gets lost here.
+  // Shows the alert and, while it is up and has the keyboard, lets the user act twice a second: a
+  // key that comes too soon after the window gets lost here.
+  // ticks
   void show(const char* message, std::function<void(NSWindow*)> user) {
-    constexpr int kHalfSecond = 10;  // ticks
+    constexpr int kHalfSecond = 10;
     const auto ended = std::make_shared<bool>(false);
     repeatUntilDone([this, user, ended, ticks = 0]() mutable {
       if (*ended) return true;
       NSWindow* panel = [NSApp modalWindow];
       if (panel == nil) return false;
-      const auto window = static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>([panel windowRef]));
+      const auto window =
+          static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>([panel windowRef]));
       if (display.focused() != window) display.focus(window);
-      if (![panel isKeyWindow]) [panel makeKeyWindow];  // GNUstep 0.32 does not take that from the focus
+      // GNUstep 0.32 does not take that from the focus
+      if (![panel isKeyWindow]) [panel makeKeyWindow];
       if ([panel isKeyWindow] && ++ticks % kHalfSecond == 5) user(panel);
       return false;
     });
@@ -89,7 +92,8 @@ TEST_F(XplatAlertMac, IsDismissedByAClickOnOk) {
   show("text", [this, &finger](NSWindow* panel) {
     if (finger.joinable()) finger.join();
     NSView* button = viewWith([panel contentView], [](NSView* view) {
-      return [view isKindOfClass:[NSButton class]] && [[static_cast<NSButton*>(view) title] isEqualToString:@"OK"];
+      return [view isKindOfClass:[NSButton class]] &&
+             [[static_cast<NSButton*>(view) title] isEqualToString:@"OK"];
     });
     const NSRect frame = [button convertRect:[button bounds] toView:nil];
     const NSPoint middle = [panel convertBaseToScreen:NSMakePoint(NSMidX(frame), NSMidY(frame))];

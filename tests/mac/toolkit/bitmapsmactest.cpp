@@ -1,4 +1,5 @@
-// The bundle's pictures as macOS loads them, each with its sharp variant; here by the toolkit for Linux.
+// The bundle's pictures as macOS loads them, each with its sharp variant; here by the toolkit for
+// Linux.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -35,7 +36,8 @@ TEST_F(BitmapsMac, AreTwiceAsSharpWhereTheScreenIs) {
     ASSERT_NE(sharp, plain) << name;
     EXPECT_EQ(plain->getScaleFactor(), 1.) << name;
     EXPECT_EQ(sharp->getScaleFactor(), 2.) << name;
-    EXPECT_EQ(sharp->getSize(), VSTGUI::CPoint(2 * plain->getSize().x, 2 * plain->getSize().y)) << name;
+    EXPECT_EQ(sharp->getSize(), VSTGUI::CPoint(2 * plain->getSize().x, 2 * plain->getSize().y))
+        << name;
   }
   EXPECT_GE(pictures, 20);
 }

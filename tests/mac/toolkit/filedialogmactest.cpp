@@ -55,7 +55,8 @@ TEST_F(FileDialogMac, AsksForOneFileOfTheKindModally) {
   EXPECT_EQ(record.selectorStyle, PlatformFileSelectorStyle::SelectFile);
   EXPECT_EQ(record.selectorConfig.title.getString(), "Load preset");
   EXPECT_EQ(record.selectorConfig.initialPath.getString(), "/Users/me/Presets/");
-  EXPECT_EQ(record.selectorConfig.flags, static_cast<std::uint32_t>(PlatformFileSelectorFlags::RunModal));
+  EXPECT_EQ(record.selectorConfig.flags,
+            static_cast<std::uint32_t>(PlatformFileSelectorFlags::RunModal));
   ASSERT_EQ(record.selectorConfig.extensions.size(), 1U);
   EXPECT_EQ(record.selectorConfig.extensions[0].extension.getString(), "orv");
   EXPECT_EQ(record.selectorConfig.extensions[0].description.getString(), "Orv Preset");

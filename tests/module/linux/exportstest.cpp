@@ -10,14 +10,16 @@
 
 namespace {
 
+// global or weak, seen by others
 struct Symbols {
-  std::vector<std::string> defined;  // global or weak, seen by others
+  std::vector<std::string> defined;
 };
 
 template <typename Record>
 Record at(const std::vector<char>& file, std::size_t offset) {
   Record record{};
-  if (offset + sizeof record <= file.size()) std::memcpy(&record, file.data() + offset, sizeof record);
+  if (offset + sizeof record <= file.size())
+    std::memcpy(&record, file.data() + offset, sizeof record);
   return record;
 }
 
@@ -36,8 +38,8 @@ Symbols dynamicSymbols(const char* path) {
     const Elf64_Shdr names = section(table.sh_link);
     for (std::size_t n = 1; n < table.sh_size / sizeof(Elf64_Sym); ++n) {
       const auto symbol = at<Elf64_Sym>(file, table.sh_offset + n * sizeof(Elf64_Sym));
-      const bool seen =
-          ELF64_ST_BIND(symbol.st_info) != STB_LOCAL && ELF64_ST_VISIBILITY(symbol.st_other) != STV_HIDDEN;
+      const bool seen = ELF64_ST_BIND(symbol.st_info) != STB_LOCAL &&
+                        ELF64_ST_VISIBILITY(symbol.st_other) != STV_HIDDEN;
       if (seen && symbol.st_shndx != SHN_UNDEF)
         symbols.defined.emplace_back(file.data() + names.sh_offset + symbol.st_name);
     }

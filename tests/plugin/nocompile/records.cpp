@@ -1,4 +1,5 @@
-// Compiled on purpose with records of a wrong shape, one CASE at a time: the assertions beside the records must see it.
+// Compiled on purpose with records of a wrong shape, one CASE at a time: the assertions beside the
+// records must see it.
 #include <array>
 #include <atomic>
 #include <bit>

@@ -8,7 +8,8 @@
 using cfdouble::get;
 using cfdouble::Kind;
 
-CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef, const UInt8* buffer, CFIndex bufLen, Boolean) {
+CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef, const UInt8* buffer,
+                                                 CFIndex bufLen, Boolean) {
   if (bufLen == 0) return nullptr;
   auto* object = cfdouble::create(Kind::url);
   object->path.assign(reinterpret_cast<const char*>(buffer), static_cast<std::size_t>(bufLen));
@@ -18,7 +19,8 @@ CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef, const UInt8* bu
 CFURLRef CFURLCreateCopyDeletingLastPathComponent(CFAllocatorRef, CFURLRef url) {
   const std::string& path = get(url, Kind::url)->path;
   const std::size_t slash = path.rfind('/');
-  if (slash == std::string::npos || path == "/") return nullptr;  // where the real one may or may not make a URL
+  // where the real one may or may not make a URL
+  if (slash == std::string::npos || path == "/") return nullptr;
   auto* object = cfdouble::create(Kind::url);
   object->path = slash == 0 ? "/" : path.substr(0, slash);
   return reinterpret_cast<CFURLRef>(object);

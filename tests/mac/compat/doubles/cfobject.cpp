@@ -15,7 +15,8 @@ constexpr char16_t kRoman[] = {
 static_assert(std::size(kRoman) == 128);
 
 std::vector<Object*>& objects() {
-  static auto* all = new std::vector<Object*>;  // never ended: objects are looked at until the process is
+  // never ended: objects are looked at until the process is
+  static auto* all = new std::vector<Object*>;
   return *all;
 }
 
@@ -53,8 +54,9 @@ bool decode(const char* text, CFStringEncoding encoding, std::u16string& out) {
     } else if (encoding == kCFStringEncodingUTF8 && (*p & 0xE0) == 0xC0 && (p[1] & 0xC0) == 0x80) {
       out += static_cast<char16_t>((*p & 0x1F) << 6 | (p[1] & 0x3F));
       ++p;
+      // longer UTF-8 sequences do not occur in the tests
     } else {
-      return false;  // longer UTF-8 sequences do not occur in the tests
+      return false;
     }
   }
   return true;
@@ -87,7 +89,8 @@ long references() {
 
 long bundleReferences() {
   long references = 0;
-  for (const Object* object : objects()) references += object->kind == Kind::bundle ? object->references : 0;
+  for (const Object* object : objects())
+    references += object->kind == Kind::bundle ? object->references : 0;
   return references;
 }
 
@@ -123,7 +126,8 @@ CFStringRef CFStringCreateWithCString(CFAllocatorRef, const char* cStr, CFString
   return reinterpret_cast<CFStringRef>(object);
 }
 
-Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize, CFStringEncoding encoding) {
+Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize,
+                           CFStringEncoding encoding) {
   std::string bytes;
   if (cfdouble::encode(get(theString, Kind::string)->text, encoding, bytes) &&
       static_cast<CFIndex>(bytes.size()) < bufferSize) {

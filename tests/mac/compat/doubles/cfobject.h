@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-// Stricter than the real library: a null object, one of the wrong type, and one after its last release end the process.
+// Stricter than the real library: a null object, one of the wrong type, and one after its last
+// release end the process.
 namespace cfdouble {
 
 enum class Kind : CFTypeID { string = 7, data = 20, url = 29, bundle = 30 };
@@ -34,8 +35,10 @@ void startPreferences();    // nothing stored, disk in order
 void restartPreferences();  // as if all processes had ended: what was not synchronised is lost
 void failSynchronising(bool fails);
 int synchronisings();  // since startPreferences
-std::optional<std::u16string> storedText(const std::string& application, const std::string& key);  // on the disk
-std::optional<std::vector<UInt8>> storedBytes(const std::string& application, const std::string& key);
+// on the disk
+std::optional<std::u16string> storedText(const std::string& application, const std::string& key);
+std::optional<std::vector<UInt8>> storedBytes(const std::string& application,
+                                              const std::string& key);
 long heldByPreferences();
 
 }  // namespace cfdouble

@@ -72,7 +72,8 @@ std::optional<std::u16string> storedText(const std::string& application, const s
   return found->second.text;
 }
 
-std::optional<std::vector<UInt8>> storedBytes(const std::string& application, const std::string& key) {
+std::optional<std::vector<UInt8>> storedBytes(const std::string& application,
+                                              const std::string& key) {
   const auto found = disk.find(keyOf(application, key));
   if (found == disk.end() || found->second.kind != Kind::data) return std::nullopt;
   return found->second.bytes;

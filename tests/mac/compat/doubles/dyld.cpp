@@ -10,7 +10,8 @@ extern "C" const char __dso_handle;  // one an image here too, though not at the
 
 namespace {
 
-auto& shown = *new std::vector<dylddouble::Image>;  // never ended: with a destructor the name below would be taken
+// never ended: with a destructor the name below would be taken
+auto& shown = *new std::vector<dylddouble::Image>;
 bool process = true;
 
 int visit(dl_phdr_info* info, std::size_t, void* data) {

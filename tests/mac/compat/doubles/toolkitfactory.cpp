@@ -28,14 +28,17 @@ class Frame final : public IPlatformFrame {
   bool showTooltip(const CRect&, const char*) override { return false; }
   bool hideTooltip() override { return false; }
   void* getPlatformRepresentation() const override { return nullptr; }
-  SharedPointer<IPlatformTextEdit> createPlatformTextEdit(IPlatformTextEditCallback*) override { return nullptr; }
+  SharedPointer<IPlatformTextEdit> createPlatformTextEdit(IPlatformTextEditCallback*) override {
+    return nullptr;
+  }
   SharedPointer<IPlatformOptionMenu> createPlatformOptionMenu() override { return nullptr; }
 #if VSTGUI_OPENGL_SUPPORT
   SharedPointer<IPlatformOpenGLView> createPlatformOpenGLView() override {
     return nullptr;
   }
 #endif
-  SharedPointer<IPlatformViewLayer> createPlatformViewLayer(IPlatformViewLayerDelegate*, IPlatformViewLayer*) override {
+  SharedPointer<IPlatformViewLayer> createPlatformViewLayer(IPlatformViewLayerDelegate*,
+                                                            IPlatformViewLayer*) override {
     return nullptr;
   }
 #if VSTGUI_ENABLE_DEPRECATED_METHODS
@@ -104,8 +107,8 @@ class Factory final : public IPlatformFactory {
   explicit Factory(Record& r) : record(r) {}
 
   uint64_t getTicks() const noexcept override { return 0; }
-  PlatformFramePtr createFrame(IPlatformFrameCallback* frame, const CRect&, void* parent, PlatformType type,
-                               IPlatformFrameConfig*) const noexcept override {
+  PlatformFramePtr createFrame(IPlatformFrameCallback* frame, const CRect&, void* parent,
+                               PlatformType type, IPlatformFrameConfig*) const noexcept override {
     record.frameParent = parent;
     record.frameType = type;
     if (record.refusesFrames) return nullptr;
@@ -114,28 +117,40 @@ class Factory final : public IPlatformFactory {
   PlatformTimerPtr createTimer(IPlatformTimerCallback* callback) const noexcept override {
     return makeOwned<Timer>(callback, record);
   }
-  PlatformFileSelectorPtr createFileSelector(PlatformFileSelectorStyle style, IPlatformFrame*) const noexcept override {
+  PlatformFileSelectorPtr createFileSelector(PlatformFileSelectorStyle style,
+                                             IPlatformFrame*) const noexcept override {
     record.selectorStyle = style;
     return record.hasFileSelector ? std::make_shared<FileSelector>(record) : nullptr;
   }
 
-  PlatformFontPtr createFont(const UTF8String&, const CCoord&, const int32_t&) const noexcept override {
+  PlatformFontPtr createFont(const UTF8String&, const CCoord&,
+                             const int32_t&) const noexcept override {
     return nullptr;
   }
   bool getAllFontFamilies(const FontFamilyCallback&) const noexcept override { return false; }
   PlatformBitmapPtr createBitmap(const CPoint&) const noexcept override { return nullptr; }
-  PlatformBitmapPtr createBitmap(const CResourceDescription&) const noexcept override { return nullptr; }
+  PlatformBitmapPtr createBitmap(const CResourceDescription&) const noexcept override {
+    return nullptr;
+  }
   PlatformBitmapPtr createBitmapFromPath(UTF8StringPtr) const noexcept override { return nullptr; }
-  PlatformBitmapPtr createBitmapFromMemory(const void*, uint32_t) const noexcept override { return nullptr; }
-  PNGBitmapBuffer createBitmapMemoryPNGRepresentation(const PlatformBitmapPtr&) const noexcept override { return {}; }
-  PlatformResourceInputStreamPtr createResourceInputStream(const CResourceDescription&) const noexcept override {
+  PlatformBitmapPtr createBitmapFromMemory(const void*, uint32_t) const noexcept override {
+    return nullptr;
+  }
+  PNGBitmapBuffer createBitmapMemoryPNGRepresentation(
+      const PlatformBitmapPtr&) const noexcept override {
+    return {};
+  }
+  PlatformResourceInputStreamPtr createResourceInputStream(
+      const CResourceDescription&) const noexcept override {
     return nullptr;
   }
   PlatformStringPtr createString(UTF8StringPtr) const noexcept override { return nullptr; }
   bool setClipboard(const DataPackagePtr&) const noexcept override { return false; }
   DataPackagePtr getClipboard() const noexcept override { return nullptr; }
   PlatformGradientPtr createGradient() const noexcept override { return nullptr; }
-  const IPlatformGraphicsDeviceFactory& getGraphicsDeviceFactory() const noexcept override { std::abort(); }
+  const IPlatformGraphicsDeviceFactory& getGraphicsDeviceFactory() const noexcept override {
+    std::abort();
+  }
   const LinuxFactory* asLinuxFactory() const noexcept override { return nullptr; }
   const MacFactory* asMacFactory() const noexcept override { return nullptr; }
   const Win32Factory* asWin32Factory() const noexcept override { return nullptr; }

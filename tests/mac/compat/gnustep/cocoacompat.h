@@ -1,4 +1,5 @@
-// Included by force in front of every .mm file of the GNUstep build: the names of Apple's that GNUstep 0.29 lacks.
+// Included by force in front of every .mm file of the GNUstep build: the names of Apple's that
+// GNUstep 0.29 lacks.
 #pragma once
 
 #import <Cocoa/Cocoa.h>

@@ -1,5 +1,5 @@
-// What the C++ library asks of macOS's locales and this C library has not: the functions for a given locale, and the
-// classes of characters.
+// What the C++ library asks of macOS's locales and this C library has not: the functions for a
+// given locale, and the classes of characters.
 #pragma once
 
 #include <locale.h>

@@ -1,4 +1,5 @@
-// Declarations of the two Carbon functions that the plug-in uses, for the test double on Linux and the Mach-O check.
+// Declarations of the two Carbon functions that the plug-in uses, for the test double on Linux and
+// the Mach-O check.
 #pragma once
 
 #include <stdint.h>

@@ -1,5 +1,6 @@
-// Declarations of exactly the Core Foundation names that the plug-in uses, written from Apple's published reference.
-// They serve the test double on Linux and the Mach-O check; a build on macOS never sees this file.
+// Declarations of exactly the Core Foundation names that the plug-in uses, written from Apple's
+// published reference. They serve the test double on Linux and the Mach-O check; a build on macOS
+// never sees this file.
 #pragma once
 
 #include <stddef.h>
@@ -34,16 +35,18 @@ void CFRelease(CFTypeRef cf);  // null ends the process
 CFTypeID CFGetTypeID(CFTypeRef cf);
 
 CFTypeID CFStringGetTypeID(void);
-CFStringRef CFStringCreateWithCString(CFAllocatorRef alloc, const char* cStr, CFStringEncoding encoding);
-Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize, CFStringEncoding encoding);
+CFStringRef CFStringCreateWithCString(CFAllocatorRef alloc, const char* cStr,
+                                      CFStringEncoding encoding);
+Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize,
+                           CFStringEncoding encoding);
 
 CFTypeID CFDataGetTypeID(void);
 CFDataRef CFDataCreate(CFAllocatorRef allocator, const UInt8* bytes, CFIndex length);
 CFIndex CFDataGetLength(CFDataRef theData);
 const UInt8* CFDataGetBytePtr(CFDataRef theData);
 
-CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef allocator, const UInt8* buffer, CFIndex bufLen,
-                                                 Boolean isDirectory);
+CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef allocator, const UInt8* buffer,
+                                                 CFIndex bufLen, Boolean isDirectory);
 CFURLRef CFURLCreateCopyDeletingLastPathComponent(CFAllocatorRef allocator, CFURLRef url);
 
 CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef bundleURL);

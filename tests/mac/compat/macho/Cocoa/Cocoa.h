@@ -1,5 +1,6 @@
-// Declarations of exactly the Cocoa names that the plug-in uses, written from Apple's published reference: types, order
-// of arguments, constants. For the Mach-O check only; a build on macOS never sees this file.
+// Declarations of exactly the Cocoa names that the plug-in uses, written from Apple's published
+// reference: types, order of arguments, constants. For the Mach-O check only; a build on macOS
+// never sees this file.
 #pragma once
 #include <TargetConditionals.h>
 #include <objc/runtime.h>
@@ -21,10 +22,12 @@ typedef struct CGRect {
   CGSize size;
 } CGRect, NSRect;
 static inline NSPoint NSMakePoint(CGFloat x, CGFloat y) { return NSPoint{x, y}; }
-static inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat w, CGFloat h) { return NSRect{{x, y}, {w, h}}; }
+static inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat w, CGFloat h) {
+  return NSRect{{x, y}, {w, h}};
+}
 
-@class NSString, NSDate, NSTimer, NSButton, NSColor, NSFont, NSEvent, NSText, NSTextView, NSCell, NSControl, NSView,
-    NSWindow, NSDictionary, NSNotification;
+@class NSString, NSDate, NSTimer, NSButton, NSColor, NSFont, NSEvent, NSText, NSTextView, NSCell,
+    NSControl, NSView, NSWindow, NSDictionary, NSNotification;
 @protocol NSObject
 - (instancetype)retain;
 - (oneway void)release;
@@ -41,7 +44,11 @@ __attribute__((objc_root_class))
 @end
 
 typedef NSUInteger NSStringEncoding;
-enum : NSStringEncoding { NSASCIIStringEncoding = 1, NSUTF8StringEncoding = 4, NSMacOSRomanStringEncoding = 30 };
+enum : NSStringEncoding {
+  NSASCIIStringEncoding = 1,
+  NSUTF8StringEncoding = 4,
+  NSMacOSRomanStringEncoding = 30
+};
 @interface NSString : NSObject
 + (instancetype)stringWithUTF8String:(const char*)s;
 + (instancetype)stringWithCString:(const char*)s encoding:(NSStringEncoding)e;
@@ -87,7 +94,11 @@ typedef NSString* NSNotificationName;
 - (void)removeObserver:(id)o;
 @end
 
-enum NSAlertStyle : NSUInteger { NSAlertStyleWarning = 0, NSAlertStyleInformational = 1, NSAlertStyleCritical = 2 };
+enum NSAlertStyle : NSUInteger {
+  NSAlertStyleWarning = 0,
+  NSAlertStyleInformational = 1,
+  NSAlertStyleCritical = 2
+};
 typedef NSInteger NSModalResponse;
 @interface NSAlert : NSObject
 @property(copy) NSString* messageText;
@@ -187,7 +198,8 @@ typedef NSInteger NSWindowLevel;
 @end
 
 typedef int32_t CGWindowLevel;
-enum CGWindowLevelKey : int32_t { kCGStatusWindowLevelKey = 9 };  // an integer literal does not convert
+// an integer literal does not convert
+enum CGWindowLevelKey : int32_t { kCGStatusWindowLevelKey = 9 };
 extern "C" {
 CGWindowLevel CGWindowLevelForKey(CGWindowLevelKey key);
 extern NSNotificationName const NSWindowDidResignMainNotification;
