@@ -127,7 +127,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
   const Bytes file(input, input + size);
   const presetimage::Image image = presetimage::identify(file, fuzz::kUniqueID);
   // no file, or none to be read
-  if (image.isChunk || image.extent == presetimage::Image::Extent::headless) return 0;
+  const bool isOurs = image.content != Content::foreign && image.content != Content::unknown;
+  if (image.isChunk || (isOurs && image.extent == presetimage::Image::Extent::headless)) return 0;
   const Bank before = fuzz::sampleBank();
   fuzz::resetWholeEffect(before, kCurrentBefore);
 

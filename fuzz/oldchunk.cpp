@@ -77,7 +77,7 @@ void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlo
 
   const std::int32_t count = fuzz::wordAt(data, kCountOffset, swapped);
   const std::size_t stride = count > 0 ? strideOf(byteSize, count) : 0;
-  const std::size_t taken = std::min(stride, sizeof(ACombProgram));  // of a record
+  const std::size_t taken = std::min(stride, presetimage::kOldRecordSize);  // of a record
   for (std::size_t number = 0; number < bank.size(); ++number) {
     const std::size_t at = presetimage::kOldChunkHeaderSize + number * stride;
     const bool there =
@@ -91,6 +91,12 @@ void read(const Bytes& data, std::int64_t byteSize, bool swapped, const DummySlo
     }
   }
 
+  // A word that the size cuts reads as its first bytes and zeros, which is another number in the
+  // other order.
+  const bool wordsAreWhole =
+      byteSize < 0 || byteSize % 4 == 0 ||
+      byteSize >= static_cast<std::int64_t>(presetimage::kOldChunkHeaderSize);
+  if (!wordsAreWhole) return;
   Bank turned;
   const OldReading other = readOver(inOtherOrder(data, stride), byteSize, dummies, turned);
   require(other.complete == reading.complete && other.presetToSelect == reading.presetToSelect &&

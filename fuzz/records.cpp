@@ -37,6 +37,7 @@ ACombProgram sampleDefault() {
 }
 
 bool identical(const ACombProgram& a, const ACombProgram& b) {
+  static_assert(sizeof(ACombProgram) == 44);  // a field that is new has to be compared too
   if (std::memcmp(a.name, b.name, sizeof a.name) != 0) return false;
   for (int index = 0; index < presetimage::kParameterCount; ++index) {
     const auto bits = [index](const ACombProgram& preset) {

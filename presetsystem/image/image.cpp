@@ -30,17 +30,15 @@ Content contentOf(ImageKind kind) {
 // Header and entries. sizeIsTrusted: all that is there belongs to the image, whatever its header
 // says.
 void takeCurrent(Image& image, std::span<const unsigned char> bytes, bool sizeIsTrusted) {
-  if (bytes.size() < newpresetheader::kSize) {
-    image.extent = Extent::headless;
-    return;
-  }
+  if (bytes.size() < newpresetheader::kSize) return;
   image.header = newpresetheader::read(bytes);
   if (image.swapped) byteSwapHeader(&image.header);
   image.presetToSelect = presetToSelect(image.header.currentPreset);
   constexpr auto kMost = static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max());
   image.body = bytes.subspan(newpresetheader::kSize);
   const auto there = static_cast<std::int32_t>(std::min(image.body.size(), kMost));
-  if (image.header.dataSize < 0 || image.header.dataSize > there) image.extent = Extent::cut;
+  const bool isCut = image.header.dataSize < 0 || image.header.dataSize > there;
+  image.extent = isCut ? Extent::cut : Extent::whole;
   if (sizeIsTrusted || image.header.dataSize > there) image.header.dataSize = there;
 }
 
@@ -53,9 +51,13 @@ void takeFile(Image& image, std::span<const unsigned char> bytes, bool whole) {
     return;
   }
   const auto size = static_cast<std::int64_t>(bytes.size());
+  image.extent = Extent::whole;
   const bool isBank = kind == ImageKind::oldBank;
   // its size is all that tells where the records are
-  if (isBank && !whole) image.content = Content::unknown;
+  if (isBank && !whole) {
+    image.content = Content::unknown;
+    image.extent = Extent::headless;
+  }
   image.body = bytes.subspan(kOldPrefixSize);
   image.recordCount = isBank ? kPresetCount : 1;
   image.floatsPerRecord = isBank ? floatsPerOldBankRecord(size) : floatsInOldPreset(size);
@@ -65,6 +67,7 @@ void takeFile(Image& image, std::span<const unsigned char> bytes, bool whole) {
 // floats.
 void takeOldChunk(Image& image, std::span<const unsigned char> bytes) {
   image.isOld = true;
+  image.extent = Extent::whole;
   ByteReader header(bytes, image.swapped);
   header.skip(kChunkPrefixSize);
   const std::int32_t count = header.int32();

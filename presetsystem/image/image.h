@@ -21,11 +21,11 @@ struct Image {
   enum class Extent {
     whole,
     cut,       // less is there than the header names: what is there may be read
-    headless,  // not even the header is there: nothing may be read
+    headless,  // nothing may be read: not even the header is there, or nobody knows what it is
   };
 
   Content content = Content::foreign;
-  Extent extent = Extent::whole;
+  Extent extent = Extent::headless;
   bool isChunk = false;  // a host's chunk; else a file's or a stored value's bytes
   bool isOld = false;    // of the layouts before the current one, which are read and never written
   // a chunk names us twice, the second time in the bank's header, which no reader looks at

@@ -32,9 +32,8 @@ constexpr std::size_t kChunkSize = kChunkPrefixSize + kBankImageSize;
 constexpr std::size_t kOldChunkHeaderSize = 32;
 // floats of an old record that are taken; nobody writes more any more
 constexpr int kOldParameterCount = 5;
-constexpr std::size_t kOldChunkSize =
-    kOldChunkHeaderSize +
-    kPresetCount * (ACombProgram::kNameSize + kOldParameterCount * sizeof(float));
+constexpr std::size_t kOldRecordSize = ACombProgram::kNameSize + kOldParameterCount * sizeof(float);
+constexpr std::size_t kOldChunkSize = kOldChunkHeaderSize + kPresetCount * kOldRecordSize;
 // Hosts' projects and users' files have these shapes.
 static_assert(sizeof(ACombProgram) == 44);
 static_assert(kPresetImageSize == 369);

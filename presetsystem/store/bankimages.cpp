@@ -36,6 +36,7 @@ Image currentImage(Image::Content content, const char* entries, const newpreseth
                    bool swapped) {
   Image image;
   image.content = content;
+  image.extent = Image::Extent::whole;
   image.swapped = swapped;
   image.header = header;
   image.body = bytesAt(entries, header.dataSize);
@@ -46,6 +47,7 @@ Image currentImage(Image::Content content, const char* entries, const newpreseth
 Image oldImage(Image::Content content, const char* data, bool swapped, int records, int floats) {
   Image image;
   image.content = content;
+  image.extent = Image::Extent::whole;
   image.isOld = true;
   image.swapped = swapped;
   image.body =

@@ -69,6 +69,23 @@ TEST_F(DamagedChunk, OfTheOldLayoutCutAtEveryLengthReadsNothingBehindItsEnd) {
   }
 }
 
+// In the other byte order a header of ours is turned where it lies; there is none of ours here.
+TEST_F(DamagedChunk, OfAnUnknownTagIsLeftAloneWhateverItsSize) {
+  Instance instance(module);
+  const Bytes data = imagebytes::Writer(true)
+                         .word(0x03000000)
+                         .word(imagebytes::kTrelvan)
+                         .word(0x01020304)
+                         .zeros(37)
+                         .bytes;
+  for (const std::size_t size : {49U, 48U, 12U, 8U}) {
+    unsigned char* handed = memory.holding(data, size);
+    const Bytes before(handed, handed + size);
+    EXPECT_EQ(instance.send(effSetChunk, 0, static_cast<VstIntPtr>(size), handed), -1);
+    EXPECT_EQ(Bytes(handed, handed + size), before) << size;
+  }
+}
+
 // All values that hosts get to see are between 0 and 1, and the chunk can be loaded again.
 void expectValid(Instance& instance) {
   for (VstInt32 index = 0; index < 5; ++index) {

@@ -38,6 +38,7 @@ inline newpresetheader headerFor(const imagebytes::Bytes& entries, std::int32_t 
 
 // Same 24 name bytes and same bits of every value.
 inline bool isSame(const ACombProgram& a, const ACombProgram& b) {
+  static_assert(sizeof(ACombProgram) == 44);  // a field that is new has to be compared too
   if (nameBytes(a) != nameBytes(b)) return false;
   for (int i = 0; i < 5; ++i) {
     if (std::bit_cast<std::uint32_t>(a.parameter(i)) !=
