@@ -1,6 +1,8 @@
-# trelvan_add_artwork(<target> <folder>): a target that fills a bundle's resource folder with pictures and the font.
+# trelvan_add_artwork(<target> <folder>): a target that fills a bundle's resource folder with
+# pictures and the font.
 #
-# Each resources/artwork/bmpNNNNN.svg becomes <folder>/bmpNNNNN.png and, at twice the size, <folder>/bmpNNNNN@2x.png.
+# Each resources/artwork/bmpNNNNN.svg becomes <folder>/bmpNNNNN.png and, at twice the size,
+# <folder>/bmpNNNNN@2x.png.
 # Linux: <folder>/Fonts/ gets the displays' font and its licence. macOS has the displays' font.
 set(TRELVAN_PICTURES
   00128 00133 00134 00135 00136 00137 00138 00139 00989  # panel, controls, about panel, manual button

@@ -1,4 +1,5 @@
-# Language level, warnings, floating-point rules and sanitizers: target `trelvan_options`, linked by all of our code.
+# Language level, warnings, floating-point rules and sanitizers: target `trelvan_options`, linked by
+# all of our code.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

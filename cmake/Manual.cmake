@@ -1,4 +1,5 @@
-# trelvan_add_manual(<target> <pdf>): a target that makes the user manual from docs/manual and the window's pictures.
+# trelvan_add_manual(<target> <pdf>): a target that makes the user manual from docs/manual and the
+# window's pictures.
 include(Artwork)  # trelvan_find_font, TRELVAN_PICTURES
 cmake_path(SET manual NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../docs/manual)
 set(TRELVAN_MANUAL_SOURCES ${manual} CACHE INTERNAL "Sources of the manual")

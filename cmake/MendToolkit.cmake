@@ -1,5 +1,7 @@
-# Mends the one line of the toolkit that g++ 14 and clang 19 refuse: it calls a flag that it means to clear.
-# Usage: cmake -DTOOLKIT=FOLDER -P cmake/MendToolkit.cmake   (FOLDER holds vstgui/; mended once, it is left as it is)
+# Mends the one line of the toolkit that g++ 14 and clang 19 refuse: it calls a flag that it
+# means to clear.
+# Usage: cmake -DTOOLKIT=FOLDER -P cmake/MendToolkit.cmake
+# (FOLDER holds vstgui/; mended once, it is left as it is)
 set(file ${TOOLKIT}/vstgui/lib/finally.h)
 set(wrong "other.invoke (false);")
 set(mended "other.invoke = false;")

@@ -7,8 +7,8 @@ add_library(trelvan_images STATIC
   presetsystem/image/image.cpp)
 target_link_libraries(trelvan_images PUBLIC trelvan_options)
 
-# Compiles without the toolkit's headers. All that it needs of the window is createEditor: who links this without the
-# window brings one of its own.
+# Compiles without the toolkit's headers. All that it needs of the window is createEditor: who links
+# this without the window brings one of its own.
 add_library(trelvan_effect STATIC
   plugin/audioeffect.cpp
   plugin/audioeffectstrings.cpp

@@ -29,7 +29,8 @@ find_package(PkgConfig REQUIRED)
 # Preferences are a key file of this library, which the toolkit brings anyway.
 pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0)
 target_link_libraries(trelvan PRIVATE PkgConfig::GLIB)
-# The toolkit's own headers for Linux name the drawing library, and the window is opened on a connection of our own.
+# The toolkit's own headers for Linux name the drawing library, and the window is opened on a
+# connection of our own.
 pkg_check_modules(WINDOW REQUIRED IMPORTED_TARGET cairo xcb)
 target_link_libraries(trelvan PRIVATE PkgConfig::WINDOW ${CMAKE_DL_LIBS})
 
@@ -46,8 +47,9 @@ set_target_properties(Trelvan PROPERTIES
   PREFIX "" SUFFIX ".so"
   LIBRARY_OUTPUT_DIRECTORY ${TRELVAN_BUNDLE}/Contents/${CMAKE_SYSTEM_PROCESSOR}-linux
   LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
-# Exactly one export. nodelete: the toolkit's libraries cannot be unloaded and registered a second time, so the module
-# stays in the process when the host lets go of it, and a second load finds it again.
+# Exactly one export. nodelete: the toolkit's libraries cannot be unloaded and registered a
+# second time, so the module stays in the process when the host lets go of it, and a second load
+# finds it again.
 target_link_options(Trelvan PRIVATE
   LINKER:--exclude-libs,ALL LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map
   LINKER:-z,nodelete LINKER:--as-needed)

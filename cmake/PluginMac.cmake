@@ -55,8 +55,8 @@ set_target_properties(Trelvan PROPERTIES
   MACOSX_BUNDLE_GUI_IDENTIFIER com.orv.trelvan  # the preferences' too
   MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION}
   MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION}
-  # Resources and Info.plist too, which CMake writes while it generates: whatever changes in the bundle, it is linked and
-  # thereby signed again.
+  # Resources and Info.plist too, which CMake writes while it generates: whatever changes in the
+  # bundle, it is linked and thereby signed again.
   LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/exports.txt;${TRELVAN_BUNDLE}/Contents/Info.plist;${pictures};${manual_file}")
 target_link_options(Trelvan PRIVATE
   LINKER:-exported_symbols_list,${PROJECT_SOURCE_DIR}/cmake/exports.txt LINKER:-dead_strip)

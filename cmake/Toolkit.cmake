@@ -30,6 +30,7 @@ add_subdirectory(${toolkit_source}/vstgui ${PROJECT_BINARY_DIR}/vstgui EXCLUDE_F
 add_library(trelvan_toolkit INTERFACE)
 target_link_libraries(trelvan_toolkit INTERFACE vstgui)
 target_include_directories(trelvan_toolkit SYSTEM INTERFACE ${toolkit_source}/vstgui)
-# The library's own definitions are private to it and change the layout of its classes: the same ones here.
+# The library's own definitions are private to it and change the layout of its classes: the
+# same ones here.
 target_compile_definitions(trelvan_toolkit INTERFACE
   VSTGUI_ENABLE_DEPRECATED_METHODS=1 VSTGUI_OPENGL_SUPPORT=1 $<$<CONFIG:Debug>:DEBUG=1>)

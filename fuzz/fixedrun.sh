@@ -5,8 +5,9 @@ set -eu
 program=$1
 seeds=$2
 shift 2
-# As a list of files, not as a folder, into which the fuzzer would put what it finds. The standard error stream is
-# closed for the program under test, whose diagnostics would fill the log, not for the fuzzer.
+# As a list of files, not as a folder, into which the fuzzer would put what it finds. The
+# standard error stream is closed for the program under test, whose diagnostics would fill the
+# log, not for the fuzzer.
 list=$(find "$seeds" -type f | sort | paste -s -d , -)
 [ -n "$list" ] || { echo "no seeds in $seeds" >&2; exit 1; }
 # Without random addresses: compared pointers flow into the mutations.

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# macOS: installs what Trelvan needs and is missing, with Homebrew. The toolkit's source is fetched by CMake.
-# Silent and quick when all is there. Usage: tools/dependencies-mac.sh [build|test]   (test adds the tests' tools)
+# macOS: installs what Trelvan needs and is missing, with Homebrew. The toolkit's source is fetched
+# by CMake. Silent and quick when all is there.
+# Usage: tools/dependencies-mac.sh [build|test]   (test adds the tests' tools)
 set -euo pipefail
 
 build_packages=(

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs what Trelvan needs and is missing: Debian's packages, and the toolkit's source below .deps/.
-# Silent and quick when all is there. Usage: tools/dependencies.sh [build|test]   (test adds the tests' tools)
+# Installs what Trelvan needs and is missing: Debian's packages, and the toolkit's source below
+# .deps/. Silent and quick when all is there.
+# Usage: tools/dependencies.sh [build|test]   (test adds the tests' tools)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 if [ "$(uname -s)" = Darwin ]; then exec tools/dependencies-mac.sh "$@"; fi
@@ -28,7 +29,8 @@ toolkit_file="vst3sdk_3.7.10.14+~${toolkit_version}.orig-vstgui4.tar.gz"
 toolkit_sha256=5a7673c7b22a66086a6749a0c7ff447fcfc4a10d2c2013d58ff1320be4e8456f
 toolkit_folder=".deps/vstgui-${toolkit_version}"
 
-# LLVM and GNUSTEP stand for versions that each Debian has one of: its packages without a version in their names need them.
+# LLVM and GNUSTEP stand for versions that each Debian has one of: its packages without a version in
+# their names need them.
 read_versions() {
   local needs
   needs=$(LC_ALL=C apt-cache depends --important clang libgnustep-gui-dev 2>/dev/null) || return 1
@@ -37,7 +39,8 @@ read_versions() {
   [ -n "$llvm" ] && [ -n "$gnustep" ]
 }
 
-# The source comes from the mirror that this machine's apt is set to; apt's helper checks the SHA-256.
+# The source comes from the mirror that this machine's apt is set to; apt's helper
+# checks the SHA-256.
 fetch_toolkit() {
   [ -f "$toolkit_folder/.complete" ] && return 0
   local mirror archive

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs clang-tidy over all of our code but the tests.
-# Usage: tools/lint.sh BUILD_FOLDER [OPTION...]   (a folder configured with clang; options for clang-tidy)
+# Usage: tools/lint.sh BUILD_FOLDER [OPTION...]
+# (a folder configured with clang; options for clang-tidy)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$1

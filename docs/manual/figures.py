@@ -81,7 +81,8 @@ def window(artwork):
     return shown.body
 
 
-# Number, the control's place in the window, the side on which its number stands and the place along that side.
+# Number, the control's place in the window, the side on which its number stands and the place
+# along that side.
 MARKS = (
     (1, 31, 33, "left", 33), (2, 12, 63, "left", 63), (3, 20, 95, "left", 95), (4, 12, 127, "left", 127),
     (5, 94, 160, "left", 160), (6, 207, 160, "right", 160), (7, 208, 193, "right", 178), (8, 277, 194, "right", 198),

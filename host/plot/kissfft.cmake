@@ -1,5 +1,5 @@
-# The spectrum's transform: target `widen_kissfft`, the system's library (Debian) or, where it has none (Homebrew), the same
-# version of its sources.
+# The spectrum's transform: target `widen_kissfft`, the system's library (Debian) or, where it has
+# none (Homebrew), the same version of its sources.
 pkg_check_modules(kissfft IMPORTED_TARGET kissfft-float)
 if(kissfft_FOUND)
   add_library(widen_kissfft INTERFACE)

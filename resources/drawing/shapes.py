@@ -74,7 +74,8 @@ def triangle(x, y, direction, colour, size=3.5):
     return f'<path fill="{colour}" stroke="{colour}" stroke-width=".8" stroke-linejoin="round" d="{data}"/>\n'
 
 
-# Letters of the word mark as strokes, and their widths; small letters are 7 units tall, tall ones 10.5.
+# Letters of the word mark as strokes, and their widths; small letters are 7 units tall,
+# tall ones 10.5.
 _MARK = {
     "T": ("M0-10.5H8.4M4.2-10.5V0", 8.4),
     "r": ("M0 0V-7M0-3.2Q0-7 3.8-7", 3.8),

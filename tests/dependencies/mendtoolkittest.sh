@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# One test of cmake/MendToolkit.cmake and of those who call it. Usage: mendtoolkittest.sh CASE SOURCE CMAKE
+# One test of cmake/MendToolkit.cmake and of those who call it.
+# Usage: mendtoolkittest.sh CASE SOURCE CMAKE
 set -euo pipefail
 case=$1
 source=$2
@@ -10,7 +11,8 @@ toolkit=$work/toolkit
 
 fail() { echo "$1" >&2; exit 1; }
 
-# make_toolkit FOLDER LINE: a folder with as much of the toolkit as CMake asks for, and LINE between two others.
+# make_toolkit FOLDER LINE: a folder with as much of the toolkit as CMake asks for, and LINE
+# between two others.
 make_toolkit() {
   mkdir -p "$1/vstgui/lib"
   touch "$1/vstgui/vstgui.h"
@@ -23,7 +25,8 @@ expect_line() {
   make_toolkit "$work/expected" "$2"
   cmp "$work/expected/vstgui/lib/finally.h" "$1/vstgui/lib/finally.h" || fail "the file is not as it should be"
 }
-# configure [OPTION...]: a project that has nothing but the toolkit; what CMake says is in $work/said.
+# configure [OPTION...]: a project that has nothing but the toolkit; what CMake says
+# is in $work/said.
 configure() {
   mkdir "$work/project"
   printf 'cmake_minimum_required(VERSION 3.25)\nproject(P LANGUAGES NONE)\ninclude(%s/cmake/Toolkit.cmake)\n' "$source" \

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# One test of the names that tools/dependencies.sh installs, with doubles for apt. Usage: packagestest.sh CASE SOURCE
+# One test of the names that tools/dependencies.sh installs, with doubles for apt.
+# Usage: packagestest.sh CASE SOURCE
 set -euo pipefail
 case=$1
 source=$2
@@ -26,7 +27,8 @@ echo 'other.invoke = false;' >"$toolkit/vstgui/lib/finally.h"
 printf '#!/usr/bin/env bash\nprintf "%%s\\n" "$@"\n' >"$work/tree/tools/packages.sh"
 double sudo <<<'exec "$@"'
 double apt-get <<<'[ "$1" = update ] && touch "$PACKAGES_WORK/updated"'
-# As on a system of versions that no Debian has: clang 97, GNUstep 0.98. What it needs besides stands there too.
+# As on a system of versions that no Debian has: clang 97, GNUstep 0.98. What it needs besides
+# stands there too.
 double apt-cache <<'EOF'
 [ -e "$PACKAGES_WORK/known" ] || [ -e "$PACKAGES_WORK/updated" ] || { echo "E: No packages found" >&2; exit 100; }
 [ "${LC_ALL:-}" = C ] || { printf '%s\n' clang '  Braucht: clang-97'; exit; }

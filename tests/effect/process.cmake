@@ -1,4 +1,5 @@
-# Tests of the signal processing: against the reference, of its properties, and of the rules of the audio thread.
+# Tests of the signal processing: against the reference, of its properties, and of the rules of
+# the audio thread.
 include(${PROJECT_SOURCE_DIR}/tests/support/reference.cmake)
 
 trelvan_add_test(processtest effect
@@ -13,7 +14,8 @@ trelvan_add_test(processthreadstest threads
   SOURCES processthreadstest.cpp
   LIBRARIES trelvan trelvan_reference)
 
-# Sanitizers bring operator new, the allocator and the mutexes themselves, so nothing else can stand in front of them.
+# Sanitizers bring operator new, the allocator and the mutexes themselves, so nothing else can stand
+# in front of them.
 if(NOT TRELVAN_SANITIZE)
   set(watch realtimewatch.cpp)
   if(CMAKE_SYSTEM_NAME STREQUAL "Linux")

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Ardour shows the effect's window: a slider is dragged with the mouse, a preset is renamed with the keyboard, the
-# session is saved, and the next start shows it as it was. Pictures stay in PICTURES, by default the build folder's
-# pictures/.
+# Ardour shows the effect's window: a slider is dragged with the mouse, a preset is renamed with the
+# keyboard, the session is saved, and the next start shows it as it was. Pictures stay in PICTURES,
+# by default the build folder's pictures/.
 # Usage: tests/hosts/ardour-window.sh BUILD-FOLDER
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$tests/ardourcommon.sh"
@@ -10,7 +10,8 @@
 program=$(find "$library" -maxdepth 1 -name "ardour-$version.*" | head -n 1)
 [ -n "$program" ] || give_up "Ardour's program is missing"
 
-# Without a first-run assistant, and with JACK as the only sound system, so that no dialogue asks for one.
+# Without a first-run assistant, and with JACK as the only sound system, so that no
+# dialogue asks for one.
 prepare_ardour() {
   mkdir -p "$XDG_CONFIG_HOME/ardour$version" "$work/ardour/backends"
   echo 1 >"$XDG_CONFIG_HOME/ardour$version/.a$version"

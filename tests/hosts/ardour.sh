@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Ardour scans the bundle, renders through it, and saves and restores its state; every sample is compared.
+# Ardour scans the bundle, renders through it, and saves and restores its state; every
+# sample is compared.
 # Usage: tests/hosts/ardour.sh BUILD-FOLDER
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$tests/ardourcommon.sh"

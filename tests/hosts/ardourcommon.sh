@@ -1,5 +1,5 @@
-# What the tests with Ardour share: its scanner, sessions made and changed by its interpreter, and its export. Sourced
-# after common.sh.
+# What the tests with Ardour share: its scanner, sessions made and changed by its interpreter, and
+# its export. Sourced after common.sh.
 library=$(ls -d /usr/lib/ardour[0-9]* 2>/dev/null | sort -V | tail -n 1)
 [ -n "$library" ] || give_up "Ardour is not installed (tests/hosts/install.sh installs it)"
 version=${library#/usr/lib/ardour}
@@ -29,7 +29,8 @@ session() {
   grep -qx saved "$work/lua.log" || { cat "$work/lua.log"; return 1; }
 }
 
-# new_session FOLDER SOUND CHANNELS PARAMETERS: a session "mix" with the sound and the effect on one track.
+# new_session FOLDER SOUND CHANNELS PARAMETERS: a session "mix" with the sound and the
+# effect on one track.
 new_session() {
   local folder=$1 file=$2 channels=$3
   session "$folder" mix NEW=1 RATE=$rate CHANNELS="$channels" PARAMETERS="$4" || return 1

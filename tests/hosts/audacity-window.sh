@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# Audacity shows the effect's window: sliders are dragged with the mouse, a preset is renamed with the keyboard, the
-# effect is applied, and the next start shows it as it was. Pictures stay in PICTURES, by default the build folder's
-# pictures/.
+# Audacity shows the effect's window: sliders are dragged with the mouse, a preset is renamed with
+# the keyboard, the effect is applied, and the next start shows it as it was. Pictures stay in
+# PICTURES, by default the build folder's pictures/.
 # Usage: tests/hosts/audacity-window.sh BUILD-FOLDER
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$tests/audacitycommon.sh"
 . "$tests/windowcommon.sh"
 
-# open_effect: a new Audacity with the sound, all of it selected, and the effect's dialogue from its menu. The menu's
-# command is answered only when the dialogue is closed.
+# open_effect: a new Audacity with the sound, all of it selected, and the effect's dialogue from its
+# menu. The menu's command is answered only when the dialogue is closed.
 open_effect() {
   local id
   start_audacity 1 || return 1
@@ -42,7 +42,8 @@ apply_effect() {
 start_screen
 check "the window manager runs" start_window_manager || finish
 sound make "$sound_file" $rate $seconds 2
-# The mouse drags depth by 120 and freq by 40 of the travel's 160 pixels. Without depth nobody would hear freq.
+# The mouse drags depth by 120 and freq by 40 of the travel's 160 pixels. Without depth nobody
+# would hear freq.
 changed=0.75,0.25,0,1,0
 check "widen shows the window as it is at first" widen_picture "$work/first.png" || finish
 check "widen shows it with the settings after the drags" \

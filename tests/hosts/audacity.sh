@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Audacity scans the bundle, renders through it with a user preset, and remembers the settings; every sample is
-# compared.
+# Audacity scans the bundle, renders through it with a user preset, and remembers the settings;
+# every sample is compared.
 # Usage: tests/hosts/audacity.sh BUILD-FOLDER
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$tests/audacitycommon.sh"
 
-# render SOUND CHANNELS OUT COMMAND: a new Audacity imports the sound, applies the effect and exports.
+# render SOUND CHANNELS OUT COMMAND: a new Audacity imports the sound, applies the
+# effect and exports.
 render() {
   local in=$1 channels=$2 out=$3
   shift 3
@@ -22,8 +23,8 @@ first_configuration
 check "the first start finds the effect in its bundle" scan_with_audacity || finish
 check "it is registered as an effect that is enabled" registered_as_expected
 
-# The state goes in as user preset "p1", a chunk that widen made. The effect is switched on before it gets the chunk, so
-# it glides from its first preset to the chunk's.
+# The state goes in as user preset "p1", a chunk that widen made. The effect is switched on before
+# it gets the chunk, so it glides from its first preset to the chunk's.
 sound make "$sound_file" $rate $seconds 2
 reference_render "$sound_file" "$work/rule-preset.wav" $rate $init 0.75,0.25,0.3,1,1
 save_state "$work/preset.chunk" --width 0.75 --base-freq 0.25 --emphasis 0.3 --phase on ||

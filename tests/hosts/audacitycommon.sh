@@ -1,4 +1,5 @@
-# What the tests with Audacity share: its configuration, its start and its scripting pipe. Sourced after common.sh.
+# What the tests with Audacity share: its configuration, its start and its scripting pipe. Sourced
+# after common.sh.
 needs audacity
 settings="$XDG_CONFIG_HOME/audacity"
 temporary="$work/temporary"
@@ -38,8 +39,8 @@ WAV_10000=6
 CFG
 }
 
-# start_audacity PIPE: 0 without, 1 with the scripting pipe, which the scan of a first start would disturb. A killed
-# Audacity would offer to recover its project: nothing of it stays.
+# start_audacity PIPE: 0 without, 1 with the scripting pipe, which the scan of a first start would
+# disturb. A killed Audacity would offer to recover its project: nothing of it stays.
 start_audacity() {
   python3 "$tests/audacitypipe.py" --free || { echo "Audacity can run once for every user"; return 1; }
   rm -rf "$temporary"

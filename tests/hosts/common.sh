@@ -1,5 +1,6 @@
-# What the host tests share: a private home, a screen without a display, checks that print PASS or FAIL, and the end of
-# everything that was started. Sourced with the build folder as the script's first argument.
+# What the host tests share: a private home, a screen without a display, checks that print PASS or
+# FAIL, and the end of everything that was started. Sourced with the build folder as the script's
+# first argument.
 set -uo pipefail
 
 tests=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -20,8 +21,8 @@ fail() {
   failures=$((failures + 1))
 }
 
-# check STATEMENT COMMAND...: what the command says is shown only where it fails. The command runs in this shell: what
-# it starts is known at the end.
+# check STATEMENT COMMAND...: what the command says is shown only where it fails. The command runs
+# in this shell: what it starts is known at the end.
 check() {
   local statement=$1
   shift
@@ -34,7 +35,7 @@ check() {
   fi
 }
 
-# Nothing behind this statement makes sense without it.
+# Nothing after this statement makes sense without it.
 give_up() {
   fail "$1"
   exit 1
@@ -84,8 +85,8 @@ export DBUS_SESSION_BUS_ADDRESS=disabled: LV2_PATH="$work/nothing" LADSPA_PATH="
 export VST3_PATH="$work/nothing"
 unset DISPLAY
 
-# A copy of the bundle in a folder of its own, as a user would put it there. The binary is back-dated: Ardour takes a
-# scan made in the same second for outdated.
+# A copy of the bundle in a folder of its own, as a user would put it there. The binary is
+# back-dated: Ardour takes a scan made in the same second for outdated.
 needs python3 g++
 [ -d "$build/Trelvan.vst/Contents" ] || give_up "$build holds no Trelvan.vst: build it first"
 cp -r "$build/Trelvan.vst" "$work/vst/"
@@ -98,7 +99,8 @@ sound() { python3 "$tests/sound.py" "$@"; }
 
 g++ -std=c++20 -O2 -ffp-contract=off -I "$tests/../.." -o "$work/reference" \
   "$tests/reference.cpp" "$tests/../support/reference.cpp" || give_up "reference.cpp does not build"
-# reference_render IN OUT RATE BEFORE AFTER: what the rule makes of a stereo file; see reference.cpp.
+# reference_render IN OUT RATE BEFORE AFTER: what the rule makes of a stereo file;
+# see reference.cpp.
 reference_render() {
   sound raw "$1" | "$work/reference" "$3" "$4" "$5" | sound wav "$3" "$2"
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the programs that the host tests drive: Debian's packages of four hosts, and what runs them without a screen.
-# Silent and quick when all is there.
+# Installs the programs that the host tests drive: Debian's packages of four hosts, and what runs
+# them without a screen. Silent and quick when all is there.
 set -euo pipefail
 
 packages=(

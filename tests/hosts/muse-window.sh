@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# MusE shows the effect's window: a slider is dragged with the mouse, a preset is renamed with the keyboard, the song is
-# saved, and the next start shows it as it was. Pictures stay in PICTURES, by default the build folder's pictures/.
+# MusE shows the effect's window: a slider is dragged with the mouse, a preset is renamed with the
+# keyboard, the song is saved, and the next start shows it as it was. Pictures stay in PICTURES, by
+# default the build folder's pictures/.
 # Usage: tests/hosts/muse-window.sh BUILD-FOLDER
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$tests/windowcommon.sh"
@@ -20,7 +21,8 @@ without_splash() {
 XML
 }
 
-# MusE with JACK, which it does not start, and with no plug-ins but VST 2. Its tip of the day is closed.
+# MusE with JACK, which it does not start, and with no plug-ins but VST 2. Its tip of
+# the day is closed.
 start_muse() {
   timeout -k 5 120 muse -j -J -R -S -I -2 -p "$song" >"$work/muse.log" 2>&1 &
   muse_process=$!

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Runs the plug-in in real hosts, one script after the other: a PASS or FAIL line a statement, and a summary. The status
-# is 0 where all is well.
-# Usage: tests/hosts/run.sh BUILD-FOLDER [HOST...], where a HOST is a script's name without .sh; default: all
+# Runs the plug-in in real hosts, one script after the other: a PASS or FAIL line a statement, and a
+# summary. The status is 0 where all is well.
+# Usage: tests/hosts/run.sh BUILD-FOLDER [HOST...]
+# A HOST is a script's name without .sh; default: all
 set -uo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)

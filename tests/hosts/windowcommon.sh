@@ -1,5 +1,6 @@
-# What the tests of the window in a host share: finding it on the screen, dragging its sliders with the screen's mouse,
-# pictures, and the window that `widen` shows as the one to compare with. Sourced after common.sh.
+# What the tests of the window in a host share: finding it on the screen, dragging its sliders with
+# the screen's mouse, pictures, and the window that `widen` shows as the one to compare with.
+# Sourced after common.sh.
 needs openbox xdotool xwininfo xprop import compare convert
 
 pictures=${PICTURES:-$build/pictures}  # stay there to be looked at
@@ -18,7 +19,8 @@ above_freq_row=$depth_row
 below_freq_row=302x140+0+111
 plain_artwork=130x14+88+186  # nothing but the background's own drawing
 
-# A slider's handle moves by 160 pixels from 1, at the left, to 0; at 1 its middle is 71 pixels from the window's left.
+# A slider's handle moves by 160 pixels from 1, at the left, to 0; at 1 its middle is 71 pixels from
+# the window's left.
 handle_x() { awk -v value="$1" 'BEGIN { printf "%d", 71 + (1 - value) * 160 + 0.5 }'; }
 depth_y=62 freq_y=94  # the handles' middles
 
@@ -49,8 +51,8 @@ has_ended() {
 }
 process_is_gone() { ! kill -0 "$1" 2>/dev/null; }
 
-# The plug-in's own window: what has its size on the screen, be it the host's window right around it. Sets window,
-# window_x and window_y.
+# The plug-in's own window: what has its size on the screen, be it the host's window right around
+# it. Sets window, window_x and window_y.
 find_window() {
   local found
   found=$(grep -m 1 -- " $window_size+" <<<"$(all_windows)") || return 1
@@ -70,7 +72,8 @@ drag() {
     timeout 5 xdotool mouseup 1 && sleep 0.3 && mouse_away
 }
 
-# rename_preset NAME: a press on the name opens an entry, typing replaces what is in it, Return confirms.
+# rename_preset NAME: a press on the name opens an entry, typing replaces what is in it,
+# Return confirms.
 rename_preset() {
   mouse 140 229 && sleep 0.3 && timeout 5 xdotool click 1 && sleep 0.5 &&
     timeout 10 xdotool type --delay 60 "$1" && sleep 0.3 && timeout 5 xdotool key Return && sleep 0.3 && mouse_away
@@ -79,7 +82,8 @@ rename_preset() {
 # picture NAME: of the plug-in's window, in $pictures/NAME.png.
 picture() { timeout 10 import -silent -window "$window" "$pictures/$1.png"; }
 
-# different_pixels A B AREA: their number. same_area, other_area: whether the pixels of two pictures are the same there.
+# different_pixels A B AREA: their number. same_area, other_area: whether the pixels of two pictures
+# are the same there.
 different_pixels() {
   local a=$work/area-a.png b=$work/area-b.png said
   timeout 10 convert "$1" -crop "$3" +repage -alpha off "$a" || return 1
@@ -98,7 +102,8 @@ other_area() {
   [[ "$count" =~ ^[0-9]+$ ]] && [ "$count" -gt 0 ] || { echo "$1 and $2: $count pixels differ in $3"; return 1; }
 }
 
-# pictured_as NAME REFERENCE AREA: takes the picture until it looks as it should; redrawing takes a moment.
+# pictured_as NAME REFERENCE AREA: takes the picture until it looks as it should; redrawing
+# takes a moment.
 pictured_as() {
   local name=$1 reference=$2 area=$3
   for _ in $(seq 20); do
@@ -117,7 +122,8 @@ pictured_otherwise() {
   other_area "$pictures/$1.png" "$2" "$3"
 }
 
-# widen_picture OUT OPTIONS...: what the window looks like in a plain window, on a screen without another one.
+# widen_picture OUT OPTIONS...: what the window looks like in a plain window, on a screen
+# without another one.
 widen_picture() {
   local out=$1 status
   shift

@@ -1,4 +1,5 @@
-# Label mac-macho too: CMake's and Homebrew's part of the build. Label mac-mutants: whether faults can still be planted.
+# Label mac-macho too: CMake's and Homebrew's part of the build. Label mac-mutants: whether faults
+# can still be planted.
 add_test(NAME MacBuild.IsConfiguredAndGeneratedAsAWhole COMMAND python3 ${CMAKE_CURRENT_SOURCE_DIR}/configuretest.py
   ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR}/configure ${TRELVAN_TOOLKIT_SOURCE}
   -DCMAKE_LIBRARY_ARCHITECTURE=${CMAKE_LIBRARY_ARCHITECTURE})  # where this machine has GoogleTest

@@ -1,4 +1,5 @@
-# Label mac-cf: the sources that need Core Foundation, the dynamic loader, Carbon or the toolkit's platform, on doubles.
+# Label mac-cf: the sources that need Core Foundation, the dynamic loader, Carbon or the toolkit's
+# platform, on doubles.
 add_library(mac_doubles STATIC
   compat/doubles/cfobject.cpp
   compat/doubles/cfbundle.cpp

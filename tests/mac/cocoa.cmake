@@ -1,4 +1,5 @@
-# Label mac-cocoa: the .mm files of the plug-in on GNUstep, in a real application with real keys and clicks under Xvfb.
+# Label mac-cocoa: the .mm files of the plug-in on GNUstep, in a real application with real keys and
+# clicks under Xvfb.
 find_program(MAC_CLANGXX clang++ REQUIRED)  # gcc does not compile these files rightly
 if(NOT CMAKE_OBJCXX_COMPILER)
   set(CMAKE_OBJCXX_COMPILER ${MAC_CLANGXX})
@@ -24,18 +25,20 @@ add_executable(maccocoatest
   ${PROJECT_SOURCE_DIR}/editor/controls/mac/textentry.mm
   ${PROJECT_SOURCE_DIR}/editor/controls/mac/textentrywindow.mm)
 target_include_directories(maccocoatest PRIVATE cocoa ${PROJECT_SOURCE_DIR}/tests/window)
-# The library brings the label and the editor's base; its own text entry and lock stay out, as ours come first.
+# The library brings the label and the editor's base; its own text entry and lock stay out, as
+# ours come first.
 target_link_libraries(maccocoatest PRIVATE trelvan GNUstep::Gui windowhost GTest::gtest)
 target_compile_options(maccocoatest PRIVATE
   "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-Wno-unknown-warning-option -Wobjc-method-access>"  # some warnings are g++'s
   "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-include ${compat}/gnustep/cocoacompat.h>")
 
 set_source_files_properties(cocoa/cocoatest.mm PROPERTIES COMPILE_OPTIONS -UNDEBUG)  # or GNUstep hides its counts
-# To exchange a method, its function is cast to IMP; newer compilers warn of that, and -Wextra turns it on.
+# To exchange a method, its function is cast to IMP; newer compilers warn of that, and
+# -Wextra turns it on.
 set_source_files_properties(cocoa/textentrywindowtest.mm PROPERTIES COMPILE_OPTIONS -Wno-cast-function-type-mismatch)
 
-# One test a suite, but for the alerts: here the second one of a process gets no keys. RESOURCE_LOCK: what they do takes
-# its time, and more of it while others do the same.
+# One test a suite, but for the alerts: here the second one of a process gets no keys.
+# RESOURCE_LOCK: what they do takes its time, and more of it while others do the same.
 foreach(filter
     XplatMutexMac.* IdleTimerMac.* TextEntryOnMac.*
     XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape XplatAlertMac.IsDismissedByAClickOnOk

@@ -13,7 +13,8 @@ import stat
 import subprocess
 import sys
 
-# Stands in for the transform's sources, which are fetched from upstream: the names that widen uses, and a warning.
+# Stands in for the transform's sources, which are fetched from upstream: the names that widen
+# uses, and a warning.
 TRANSFORM = {
     "kiss_fft.h": "#pragma once\n#ifndef kiss_fft_scalar\n#error no type\n#endif\n"
                   "typedef struct { kiss_fft_scalar r, i; } kiss_fft_cpx;\n",

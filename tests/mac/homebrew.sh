@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# homebrew.sh SOURCE: tools/dependencies-mac.sh with stand-ins for Apple's and Homebrew's programs. As Homebrew does, the
-# stand-in refuses a whole list for one name that is no formula.
+# homebrew.sh SOURCE: tools/dependencies-mac.sh with stand-ins for Apple's and Homebrew's programs.
+# As Homebrew does, the stand-in refuses a whole list for one name that is no formula.
 set -euo pipefail
 source=$1
 work=$(mktemp -d)

@@ -1,4 +1,5 @@
-# Label mac-macho: everything that a Mac would build, as a universal bundle made by Debian's clang and lld.
+# Label mac-macho: everything that a Mac would build, as a universal bundle made by
+# Debian's clang and lld.
 set(macho_options)
 if(CMAKE_CXX_COMPILER_LAUNCHER)
   set(macho_options -DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER})

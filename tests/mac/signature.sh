@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# signature.sh SOURCE BUILD: what the Mach-O check built is signed again when its Info.plist changes, and only then. The
-# signing is a stand-in that notes what it sealed. BUILD is left configured as the Mach-O check does it.
+# signature.sh SOURCE BUILD: what the Mach-O check built is signed again when its Info.plist
+# changes, and only then. The signing is a stand-in that notes what it sealed. BUILD is left
+# configured as the Mach-O check does it.
 set -euo pipefail
 source=$1
 build=$2

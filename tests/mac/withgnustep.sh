@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Runs a GNUstep program on a display of its own and with user files of its own; its output comes at the end.
-# GTEST_FILTER in the environment chooses tests: the application would take arguments for documents.
+# Runs a GNUstep program on a display of its own and with user files of its own; its output
+# comes at the end. GTEST_FILTER in the environment chooses tests: the application would take
+# arguments for documents.
 set -u
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# GNUstep takes the home folder from the password file, not from HOME, so the user's folder is named from there up.
+# GNUstep takes the home folder from the password file, not from HOME, so the user's folder is
+# named from there up.
 mkdir "$work/GNUstep"
 sed "s#=GNUstep#=../../../../../../../..$work/GNUstep#" /etc/GNUstep/GNUstep.conf >"$work/GNUstep.conf"
 export GNUSTEP_CONFIG_FILE=$work/GNUstep.conf

@@ -1,5 +1,6 @@
-# trelvan_must_not_compile(<name> <file> <case> <message>): a test that compiles <file> with CASE=<case> and passes only
-# if the compiler refuses it with a message that matches. CASE=0 of each file must compile.
+# trelvan_must_not_compile(<name> <file> <case> <message>): a test that compiles <file> with
+# CASE=<case> and passes only if the compiler refuses it with a message that matches. CASE=0 of each
+# file must compile.
 function(trelvan_compile_case name file case)
   add_test(NAME ${name}
     COMMAND ${CMAKE_CXX_COMPILER} -std=c++20 -fsyntax-only -DCASE=${case} -I${PROJECT_SOURCE_DIR}

@@ -1,4 +1,5 @@
-# The reference as a library, for the tests and for the benchmarks, which compare with it: target `trelvan_reference`.
+# The reference as a library, for the tests and for the benchmarks, which compare with it: target
+# `trelvan_reference`.
 if(NOT TARGET trelvan_reference)
   add_library(trelvan_reference STATIC ${CMAKE_CURRENT_LIST_DIR}/reference.cpp)
   target_link_libraries(trelvan_reference PUBLIC trelvan_options)

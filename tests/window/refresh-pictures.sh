@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# Takes the reference pictures of the window anew, into pictures/ beside this script. Look at each before you keep it.
-# Usage: tests/window/refresh-pictures.sh [BUILD_FOLDER]     (build/release; it must have been built with its tests)
+# Takes the reference pictures of the window anew, into pictures/ beside this script. Look at each
+# before you keep it.
+# Usage: tests/window/refresh-pictures.sh [BUILD_FOLDER]
+# (build/release; it must have been built with its tests)
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 build=${1:-$here/../../build/release}

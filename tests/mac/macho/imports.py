@@ -9,7 +9,8 @@ class Section:
     """One library: its path on macOS, the symbols and the Objective-C classes that may be imported from it."""
 
     def __init__(self, title):
-        # Without a leading slash it is no library of Apple's: nothing is made of it, only the imports are compared.
+        # Without a leading slash it is no library of Apple's: nothing is made of it, only the
+        # imports are compared.
         self.path = title
         self.symbols = []
         self.classes = []

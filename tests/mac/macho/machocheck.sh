@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# machocheck.sh SOURCE BUILD TOOLKIT [OPTION...]: builds the plug-in for macOS with Debian's clang and lld, and looks at
-# what came of it. BUILD is kept: a second run builds what has changed.
+# machocheck.sh SOURCE BUILD TOOLKIT [OPTION...]: builds the plug-in for macOS with Debian's clang
+# and lld, and looks at what came of it. BUILD is kept: a second run builds what has changed.
 set -euo pipefail
 source=$1
 build=$2

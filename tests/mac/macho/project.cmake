@@ -18,8 +18,8 @@ foreach(language C CXX OBJCXX)
   set(CMAKE_${language}_CREATE_STATIC_LIBRARY "${MACHO_libtool-darwin} -static -o <TARGET> <OBJECTS>")
 endforeach()
 
-# Frameworks and libraries that hold the allowed symbols and nothing else. The C and C++ libraries' and the toolkit's
-# Cocoa backend are left open here; the check of imports looks at them.
+# Frameworks and libraries that hold the allowed symbols and nothing else. The C and C++ libraries'
+# and the toolkit's Cocoa backend are left open here; the check of imports looks at them.
 execute_process(COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/stubs.py ${CMAKE_BINARY_DIR}/stubs
   COMMAND_ERROR_IS_FATAL ANY)
 file(GLOB macho_stubs ${CMAKE_BINARY_DIR}/stubs/*.tbd)
@@ -28,7 +28,8 @@ string(JOIN " " CMAKE_MODULE_LINKER_FLAGS
   -B${CMAKE_BINARY_DIR}/bin -fuse-ld=${MACHO_LD} -mlinker-version=705 -nodefaultlibs -nostdlib++
   -Wno-unused-command-line-argument -F${CMAKE_BINARY_DIR}/stubs -Wl,-undefined,dynamic_lookup ${macho_stubs})
 
-# The toolkit without its Cocoa backend, which needs Apple's headers: its folder with a CMakeLists.txt of ours in it.
+# The toolkit without its Cocoa backend, which needs Apple's headers: its folder with a
+# CMakeLists.txt of ours in it.
 set(macho_toolkit ${CMAKE_BINARY_DIR}/toolkit)
 file(MAKE_DIRECTORY ${macho_toolkit}/vstgui)
 file(GLOB entries ${MACHO_TOOLKIT_SOURCE}/vstgui/*)

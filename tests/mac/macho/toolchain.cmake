@@ -1,7 +1,9 @@
-# Compiles and links for macOS on Linux, with Debian's clang and lld only. The result cannot run and is never shipped: it
-# shows that the sources compile for both processors in Apple's Objective-C interface, and what they import and export.
+# Compiles and links for macOS on Linux, with Debian's clang and lld only. The result cannot run and
+# is never shipped: it shows that the sources compile for both processors in Apple's Objective-C
+# interface, and what they import and export.
 #
-# The system's headers are declarations of this project's own (tests/mac/compat), libc++'s and musl's.
+# The system's headers are declarations of this project's own (tests/mac/compat),
+# libc++'s and musl's.
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_VERSION 18)
 if(NOT MACHO_LLVM)

@@ -1,4 +1,5 @@
-# The toolkit's sources that are common to all systems, in their configuration for macOS. The list is the toolkit's own.
+# The toolkit's sources that are common to all systems, in their configuration for macOS. The list
+# is the toolkit's own.
 file(READ lib/CMakeLists.txt list)
 string(REGEX MATCH "_common_sources([^)]*)\\)" list "${list}")
 string(REGEX MATCHALL "[A-Za-z0-9_/]+\\.cpp" sources "${CMAKE_MATCH_1}")
