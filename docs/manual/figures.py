@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes the manual's figures as SVG: figures.py <artwork folder> <output folder>.
 
-window.svg shows the window put together from its pictures, with numbers; flow.svg the signal's way; comb.svg the levels of
-the two channels and of their sum over frequency. Needs nothing but Python.
+window.svg shows the window put together from its pictures, with numbers; flow.svg the signal's way;
+comb.svg the levels of the two channels and of their sum over frequency. Needs nothing but Python.
 """
 
 import math
@@ -10,31 +10,39 @@ import re
 import sys
 from pathlib import Path
 
-BLUE, STEEL, PALE, INK, GLOW, WARM = "#2d2d78", "#4f6677", "#9fb2c0", "#27282d", "#a2dde3", "#d9772b"
+BLUE, STEEL, PALE = "#2d2d78", "#4f6677", "#9fb2c0"
+INK, GLOW, WARM = "#27282d", "#a2dde3", "#d9772b"
 FONT = 'font-family="Liberation Sans, Arial, sans-serif"'
 
 
 def svg(width, height, body):
     return (
         f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{height}" '
-        f'viewBox="0 0 {width} {height}">\n<rect width="{width}" height="{height}" fill="#fff"/>\n{body}</svg>\n'
+        f'viewBox="0 0 {width} {height}">\n'
+        f'<rect width="{width}" height="{height}" fill="#fff"/>\n{body}</svg>\n'
     )
 
 
 def text(x, y, words, size=11, anchor="middle", colour=INK, weight="normal"):
     return (
-        f'<text x="{x:g}" y="{y:g}" {FONT} font-size="{size}" font-weight="{weight}" text-anchor="{anchor}" '
-        f'fill="{colour}">{words}</text>\n'
+        f'<text x="{x:g}" y="{y:g}" {FONT} font-size="{size}" font-weight="{weight}" '
+        f'text-anchor="{anchor}" fill="{colour}">{words}</text>\n'
     )
 
 
 def line(points, colour=STEEL, width=1.0, extra=""):
     data = " ".join(f"{x:g},{y:g}" for x, y in points)
-    return f'<polyline points="{data}" fill="none" stroke="{colour}" stroke-width="{width:g}" {extra}/>\n'
+    return (
+        f'<polyline points="{data}" fill="none" stroke="{colour}" stroke-width="{width:g}" '
+        f'{extra}/>\n'
+    )
 
 
 class Window:
-    """The pictures at their places, in the window's own pixels; `image` chooses one of the stacked images."""
+    """The pictures at their places, in the window's own pixels.
+
+    `image` chooses one of the stacked images.
+    """
 
     def __init__(self, artwork):
         self.artwork = artwork
@@ -45,7 +53,8 @@ class Window:
         whole_width, height = map(int, re.search(r'width="(\d+)" height="(\d+)"', source).groups())
         width, height = width or whole_width, height // images
         inner = re.sub(r"^<svg[^>]*>|</svg>\s*$", "", source)
-        inner = re.sub(r'(id="|url\(#)', rf"\g<1>p{number}-{len(self.body)}-", inner)  # names are unique in one file
+        # names are unique in one file
+        inner = re.sub(r'(id="|url\(#)', rf"\g<1>p{number}-{len(self.body)}-", inner)
         self.body += (
             f'<svg x="{left:g}" y="{top:g}" width="{width:g}" height="{height}" '
             f'viewBox="0 {height * image} {width:g} {height}">\n{inner}</svg>\n'
@@ -74,7 +83,8 @@ def window(artwork):
     shown.body += text(146, 232.8, "techno space 1", colour="#000")
     shown.place(19997, 219, 221, 5)
     for number, left, top in (
-        (19993, 71, 229), (19994, 8, 229), (19990, 26, 231), (19998, 71, 214), (19999, 8, 214), (19899, 22, 216),
+        (19993, 71, 229), (19994, 8, 229), (19990, 26, 231),
+        (19998, 71, 214), (19999, 8, 214), (19899, 22, 216),
         (19991, 279, 214), (19995, 254, 214), (19992, 279, 229), (19996, 254, 229), (989, 262, 187),
     ):
         shown.place(number, left, top, 3)
@@ -84,9 +94,10 @@ def window(artwork):
 # Number, the control's place in the window, the side on which its number stands and the place
 # along that side.
 MARKS = (
-    (1, 31, 33, "left", 33), (2, 12, 63, "left", 63), (3, 20, 95, "left", 95), (4, 12, 127, "left", 127),
-    (5, 94, 160, "left", 160), (6, 207, 160, "right", 160), (7, 208, 193, "right", 178), (8, 277, 194, "right", 198),
-    (9, 14, 244, "below", 14), (10, 45, 242, "below", 45), (11, 77, 244, "below", 77), (12, 140, 239, "below", 140),
+    (1, 31, 33, "left", 33), (2, 12, 63, "left", 63), (3, 20, 95, "left", 95),
+    (4, 12, 127, "left", 127), (5, 94, 160, "left", 160), (6, 207, 160, "right", 160),
+    (7, 208, 193, "right", 178), (8, 277, 194, "right", 198), (9, 14, 244, "below", 14),
+    (10, 45, 242, "below", 45), (11, 77, 244, "below", 77), (12, 140, 239, "below", 140),
     (13, 212, 239, "below", 207), (14, 235, 236, "below", 233), (15, 260, 244, "below", 260),
     (16, 285, 244, "below", 286),
 )
@@ -96,11 +107,20 @@ def labelled_window(artwork):
     scale, left, top = 1.6, 50, 10
     right, bottom = left + 302 * scale, top + 251 * scale
     body = f'<g transform="translate({left} {top}) scale({scale})">\n{window(artwork)}</g>\n'
-    body += f'<rect x="{left}" y="{top}" width="{302 * scale}" height="{251 * scale}" fill="none" stroke="{STEEL}"/>\n'
+    body += (
+        f'<rect x="{left}" y="{top}" width="{302 * scale}" height="{251 * scale}" '
+        f'fill="none" stroke="{STEEL}"/>\n'
+    )
     for number, x, y, side, along in MARKS:
-        x, y, along = left + x * scale, top + y * scale, (left if side == "below" else top) + along * scale
-        at = {"left": (left - 26, along), "right": (right + 26, along), "below": (along, bottom + 26)}[side]
-        body += line([at, (x, y)], WARM, 1.1) + f'<circle cx="{x:g}" cy="{y:g}" r="2.4" fill="{WARM}"/>\n'
+        x, y = left + x * scale, top + y * scale
+        along = (left if side == "below" else top) + along * scale
+        at = {
+            "left": (left - 26, along),
+            "right": (right + 26, along),
+            "below": (along, bottom + 26),
+        }[side]
+        body += line([at, (x, y)], WARM, 1.1)
+        body += f'<circle cx="{x:g}" cy="{y:g}" r="2.4" fill="{WARM}"/>\n'
         body += f'<circle cx="{at[0]:g}" cy="{at[1]:g}" r="10" fill="{WARM}"/>\n'
         body += text(at[0], at[1] + 4, str(number), 11.5, colour="#fff", weight="bold")
     return svg(round(right + 50), round(bottom + 46), body)
@@ -112,15 +132,19 @@ def flow():
 
     def box(x, at, width, first, second):
         return (
-            f'<rect x="{x}" y="{at - 21}" width="{width}" height="42" rx="6" fill="#eef4f7" stroke="{BLUE}" '
-            f'stroke-width="1.3"/>\n' + text(x + width / 2, at - 3, first, 12, colour=BLUE, weight="bold")
+            f'<rect x="{x}" y="{at - 21}" width="{width}" height="42" rx="6" '
+            f'fill="#eef4f7" stroke="{BLUE}" stroke-width="1.3"/>\n'
+            + text(x + width / 2, at - 3, first, 12, colour=BLUE, weight="bold")
             + text(x + width / 2, at + 13, second, 10.5, colour=STEEL)
         )
 
     def arrow(points):
         (x0, y0), (x1, y1) = points[-2:]
         angle = math.degrees(math.atan2(y1 - y0, x1 - x0))
-        head = f'<path transform="translate({x1:g} {y1:g}) rotate({angle:g})" fill="{INK}" d="M0 0L-8-4V4Z"/>\n'
+        head = (
+            f'<path transform="translate({x1:g} {y1:g}) rotate({angle:g})" fill="{INK}" '
+            f'd="M0 0L-8-4V4Z"/>\n'
+        )
         return line(points, INK, 1.3) + head
 
     def plus(x, at, sign):
@@ -138,10 +162,13 @@ def flow():
     body += box(317, low, 92, "emph", "less bass") + arrow([(409, low), (429, low)])
     body += box(429, low, 92, "depth, phase", "level and sign") + arrow([(521, low), (590, low)])
     body += arrow([(548, y), (593, low - 8)]) + arrow([(548, low), (593, y + 8)])
-    body += "".join(f'<circle cx="{x}" cy="{at}" r="3" fill="{INK}"/>\n' for x, at in ((185, y), (548, y), (548, low)))
-    body += text(535, low + 18, "side", 10.5, colour=STEEL) + text(535, y - 10, "mid", 10.5, colour=STEEL)
+    for x, at in ((185, y), (548, y), (548, low)):
+        body += f'<circle cx="{x}" cy="{at}" r="3" fill="{INK}"/>\n'
+    body += text(535, low + 18, "side", 10.5, colour=STEEL)
+    body += text(535, y - 10, "mid", 10.5, colour=STEEL)
     for at, sign, words in ((y, "+", "L out"), (low, "&#8722;", "R out")):
-        body += plus(600, at, sign) + arrow([(610, at), (640, at)]) + text(647, at + 4, words, 12, "start")
+        body += plus(600, at, sign) + arrow([(610, at), (640, at)])
+        body += text(647, at + 4, words, 12, "start")
     return svg(690, 150, body)
 
 
@@ -161,20 +188,24 @@ def comb():
             ratio = step / 100
             real = 1 + gain * math.cos(2 * math.pi * ratio)
             imaginary = -gain * math.sin(2 * math.pi * ratio)
-            points.append((round(x_of(ratio), 2), round(y_of(10 * math.log10(real**2 + imaginary**2)), 2)))
+            level = 10 * math.log10(real**2 + imaginary**2)
+            points.append((round(x_of(ratio), 2), round(y_of(level), 2)))
         return line(points, colour, width, dash)
 
     body = ""
     for decibels in (6, 3, 0, -3, -6):
         body += line([(left, y_of(decibels)), (right, y_of(decibels))], "#dbe4ea", 1)
-        body += text(left - 8, y_of(decibels) + 4, f"{decibels:+d} dB" if decibels else "0 dB", 12, "end", STEEL)
+        words = f"{decibels:+d} dB" if decibels else "0 dB"
+        body += text(left - 8, y_of(decibels) + 4, words, 12, "end", STEEL)
     for ratio in range(7):
         body += line([(x_of(ratio), top), (x_of(ratio), bottom)], "#dbe4ea", 1)
         label = "0" if ratio == 0 else "freq" if ratio == 1 else f"{ratio} &#215; freq"
         body += text(x_of(ratio), bottom + 17, label, 12, "middle", STEEL)
     body += curve(0.5, BLUE, 2) + curve(-0.5, WARM, 2)
     body += line([(left, y_of(0)), (right, y_of(0))], INK, 2, 'stroke-dasharray="7 4"')
-    for x, colour, words in ((150, BLUE, "left"), (270, WARM, "right"), (390, INK, "both folded to mono")):
+    for x, colour, words in (
+        (150, BLUE, "left"), (270, WARM, "right"), (390, INK, "both folded to mono")
+    ):
         body += line([(x, 186), (x + 26, 186)], colour, 2.4) + text(x + 34, 190, words, 12, "start")
     return svg(650, 200, body)
 

@@ -1,11 +1,12 @@
 """Resource 128: the window's panel with everything that does not move."""
 
 from lettering import caption
-from palette import (BLUE, DRAWER, DRAWER_LINE, FIELD, FIELD_EDGE, GROOVE_BOTTOM, GROOVE_TOP, INK, METER_BACK, PANEL,
-                     PANEL_EDGE, STEEL, WHITE)
+from palette import (BLUE, DRAWER, DRAWER_LINE, FIELD, FIELD_EDGE, GROOVE_BOTTOM, GROOVE_TOP, INK,
+                     METER_BACK, PANEL, PANEL_EDGE, STEEL, WHITE)
 from shapes import picture, sign, triangle, word_mark
 
-WIDTH, HEIGHT = 302, 251  # the lowest controls end at 243: 8 pixels below them, as to the left of the bar
+# The lowest controls end at 243: 8 pixels below them, as to the left of the bar.
+WIDTH, HEIGHT = 302, 251
 METER_LEFT, METER_TOP, METER_WIDTH, METER_HEIGHT = 60, 25, 182, 15
 SLIDER_TOPS, SLIDER_LEFT, SLIDER_RIGHT = (51, 83, 115), 63, 239
 HANDLE_WIDTH, HANDLE_HEIGHT = 16, 23
@@ -25,24 +26,29 @@ def background():
 def _meter_frame():
     """The hollow around the meter, and its scale: the ratio of side to mid at five places."""
     body = (
-        f'<rect x="{METER_LEFT - 2}" y="{METER_TOP - 2}" width="{METER_WIDTH + 4}" height="{METER_HEIGHT + 4}" rx="3" '
-        f'fill="{METER_BACK}"/>\n'
-        f'<rect x="{METER_LEFT - 1}" y="{METER_TOP + METER_HEIGHT + 2}" width="{METER_WIDTH + 2}" height="1" '
-        f'fill="{WHITE}" opacity=".8"/>\n'
+        f'<rect x="{METER_LEFT - 2}" y="{METER_TOP - 2}" width="{METER_WIDTH + 4}" '
+        f'height="{METER_HEIGHT + 4}" rx="3" fill="{METER_BACK}"/>\n'
+        f'<rect x="{METER_LEFT - 1}" y="{METER_TOP + METER_HEIGHT + 2}" width="{METER_WIDTH + 2}" '
+        f'height="1" fill="{WHITE}" opacity=".8"/>\n'
     )
     for place, text in enumerate(("4:1", "2:1", "1:1", "1:2", "1:4")):
         body += caption(text, METER_LEFT + METER_WIDTH * place / 4, 17, 9, STEEL)
-    for x, width in ((60, 1), (105, 1), (150, 2), (196, 1), (241, 1)):  # whole pixels nearest to those places
+    # Whole pixels nearest to those places.
+    for x, width in ((60, 1), (105, 1), (150, 2), (196, 1), (241, 1)):
         body += f'<rect x="{x}" y="19" width="{width}" height="3" fill="{STEEL}"/>\n'
     return body
 
 
 def _slider(top):
-    """A groove that widens to the left, where the value is highest, and marks at each tenth of the handle's way."""
+    """A groove that widens to the left, where the value is highest.
+
+    A mark stands at each tenth of the handle's way.
+    """
     middle = top + HANDLE_HEIGHT / 2
     left, right = SLIDER_LEFT + 3, SLIDER_RIGHT - 3
     groove = (
-        f"M{left + 4} {middle - 4}L{right - 1.2} {middle - 1.2}A1.2 1.2 0 0 1 {right - 1.2} {middle + 1.2}"
+        f"M{left + 4} {middle - 4}L{right - 1.2} {middle - 1.2}"
+        f"A1.2 1.2 0 0 1 {right - 1.2} {middle + 1.2}"
         f"L{left + 4} {middle + 4}A4 4 0 0 1 {left + 4} {middle - 4}Z"
     )
     body = f'<path transform="translate(0 1)" fill="{WHITE}" d="{groove}"/>\n'
@@ -52,14 +58,17 @@ def _slider(top):
         x = first + (last - first) * tenth / 10
         height, opacity = (4, 0.65) if tenth % 5 == 0 else (2, 0.45)
         body += (
-            f'<rect x="{x - 1:g}" y="{top + HANDLE_HEIGHT + 1}" width="2" height="{height}" fill="{STEEL}" '
-            f'opacity="{opacity}"/>\n'
+            f'<rect x="{x - 1:g}" y="{top + HANDLE_HEIGHT + 1}" width="2" height="{height}" '
+            f'fill="{STEEL}" opacity="{opacity}"/>\n'
         )
     return body
 
 
 def _name():
-    """The sign, the product's and the maker's name over the area that opens the about panel (70..225)."""
+    """The sign, the product's and the maker's name over the area that opens the about panel.
+
+    That area goes from 70 to 225 pixels from the left.
+    """
     baseline, scale = 197, 0.92
     drawn, width = word_mark(0, 0)
     width *= scale
@@ -73,12 +82,17 @@ def _name():
 
 def _drawer():
     """The preset bar's ground: column heads, the name's field and the list's arrow."""
-    body = f'<rect y="{DRAWER_TOP}" width="{WIDTH}" height="{HEIGHT - DRAWER_TOP}" fill="{DRAWER}"/>\n'
+    body = (
+        f'<rect y="{DRAWER_TOP}" width="{WIDTH}" height="{HEIGHT - DRAWER_TOP}" fill="{DRAWER}"/>\n'
+    )
     body += f'<rect y="{DRAWER_TOP - 1}" width="{WIDTH}" height="1" fill="{DRAWER_LINE}"/>\n'
-    for text, x in (("save", 14), ("default", 45.5), ("load", 77), ("store", 259.5), ("recall", 285.5)):
+    for text, x in (
+        ("save", 14), ("default", 45.5), ("load", 77), ("store", 259.5), ("recall", 285.5)
+    ):
         body += caption(text, x, 212, 9, INK)
     body += (
-        f'<rect x="87.5" y="219.5" width="130" height="18" rx="3" fill="{FIELD}" stroke="{FIELD_EDGE}"/>\n'
+        f'<rect x="87.5" y="219.5" width="130" height="18" rx="3" fill="{FIELD}" '
+        f'stroke="{FIELD_EDGE}"/>\n'
         f'<rect x="89" y="238" width="127" height="1" fill="{WHITE}" opacity=".7"/>\n'
     )
     body += f'<rect x="204" y="223" width="1" height="11" fill="{FIELD_EDGE}" opacity=".6"/>\n'

@@ -2,8 +2,10 @@
 
 from background import HANDLE_HEIGHT, HANDLE_WIDTH, METER_HEIGHT, METER_WIDTH
 from lettering import caption
-from palette import BLUE, GLOW, INK, METER_BACK, METER_EVEN, METER_MID, METER_SIDE, PALE, STEEL, WHITE, mixed
-from shapes import HOVER, IDLE, INK_OF, PRESSED, disk, filled, folder, picture, plate, sign, stacked, triangle
+from palette import (BLUE, GLOW, INK, METER_BACK, METER_EVEN, METER_MID, METER_SIDE, PALE, STEEL,
+                     WHITE, mixed)
+from shapes import (HOVER, IDLE, INK_OF, PRESSED, disk, filled, folder, picture, plate, sign,
+                    stacked, triangle)
 
 STATES = (IDLE, HOVER, PRESSED)
 HOLE_OF = {IDLE: "#f2f6f9", HOVER: GLOW, PRESSED: BLUE}  # what shows through an icon's openings
@@ -13,8 +15,10 @@ def handle():
     """134: a slider's handle with a mark in its middle."""
     w, h = HANDLE_WIDTH, HANDLE_HEIGHT
     body = (
-        f'<rect x="1.5" y="2" width="{w - 3}" height="{h - 2.5}" rx="3.5" fill="{INK}" opacity=".22"/>\n'
-        f'<rect x="1.5" y=".5" width="{w - 3}" height="{h - 2.5}" rx="3" fill="url(#cap)" stroke="{STEEL}"/>\n'
+        f'<rect x="1.5" y="2" width="{w - 3}" height="{h - 2.5}" rx="3.5" fill="{INK}" '
+        f'opacity=".22"/>\n'
+        f'<rect x="1.5" y=".5" width="{w - 3}" height="{h - 2.5}" rx="3" fill="url(#cap)" '
+        f'stroke="{STEEL}"/>\n'
         f'<rect x="{w / 2 - 1}" y="3" width="2" height="{h - 7.5}" rx="1" fill="{BLUE}"/>\n'
     )
     for x in (4, w - 5):
@@ -38,7 +42,10 @@ def meter(lit):
         else:
             bright = mixed(METER_EVEN, METER_MID, 2 * share - 1)
         colour = bright if lit else mixed(METER_BACK, bright, 0.16)
-        body += f'<rect x="{block * 7 + 1}" y="2" width="5" height="{METER_HEIGHT - 4}" rx=".8" fill="{colour}"/>\n'
+        body += (
+            f'<rect x="{block * 7 + 1}" y="2" width="5" height="{METER_HEIGHT - 4}" rx=".8" '
+            f'fill="{colour}"/>\n'
+        )
     return picture(METER_WIDTH, METER_HEIGHT, body)
 
 
@@ -50,30 +57,38 @@ def switch(name):
 def _switch(name, is_on):
     track, edge = ("url(#pressed)", BLUE) if is_on else ("#c3d0da", STEEL)
     knob = 31 if is_on else 11
-    body = f'<rect x="3.5" y="1.5" width="35" height="15" rx="7.5" fill="{track}" stroke="{edge}"/>\n'
+    body = (
+        f'<rect x="3.5" y="1.5" width="35" height="15" rx="7.5" fill="{track}" stroke="{edge}"/>\n'
+    )
     if is_on:
         body += f'<rect x="13" y="5" width="2" height="8" rx="1" fill="{GLOW}"/>\n'
     else:
         body += f'<circle cx="28" cy="9" r="3" fill="none" stroke="{STEEL}" stroke-width="1.5"/>\n'
     fill = GLOW if is_on else "url(#idle)"
-    body += f'<circle cx="{knob}" cy="9" r="6" fill="{fill}" stroke="{WHITE if is_on else STEEL}"/>\n'
+    stroke = WHITE if is_on else STEEL
+    body += f'<circle cx="{knob}" cy="9" r="6" fill="{fill}" stroke="{stroke}"/>\n'
     return body + caption(name, 21, 27, 11, INK)
 
 
 def rocker():
-    """19997: steps to the preset before and after; at rest, over left, over right, pressed left, pressed right."""
+    """19997: steps to the preset before and after.
+
+    At rest, over left, over right, pressed left, pressed right.
+    """
     rows = ((IDLE, IDLE), (HOVER, IDLE), (IDLE, HOVER), (PRESSED, IDLE), (IDLE, PRESSED))
     images = []
     for left, right in rows:
         body = plate(1, 1, 15, 13, left) + plate(16, 1, 15, 13, right)
-        body += triangle(8.2, 7.5, "left", INK_OF[left]) + triangle(23.8, 7.5, "right", INK_OF[right])
+        body += triangle(8.2, 7.5, "left", INK_OF[left])
+        body += triangle(23.8, 7.5, "right", INK_OF[right])
         images.append(body)
     return stacked(31, 14, images)
 
 
 def save_button():
     """19994 and 19999: a disk."""
-    return stacked(12, 14, [plate(0, 0, 12, 14, s) + disk(2, 3, INK_OF[s], HOLE_OF[s]) for s in STATES])
+    images = [plate(0, 0, 12, 14, s) + disk(2, 3, INK_OF[s], HOLE_OF[s]) for s in STATES]
+    return stacked(12, 14, images)
 
 
 def load_button():
@@ -86,31 +101,42 @@ def memory_button(letter, stores):
     images = []
     for state in STATES:
         arrow = filled("M2.5 2H9.5L6 5.3Z" if stores else "M2.5 5.2H9.5L6 1.9Z", INK_OF[state])
-        images.append(plate(0, 0, 12, 14, state) + arrow + caption(letter, 6, 12, 8, INK_OF[state], bold=True))
+        words = caption(letter, 6, 12, 8, INK_OF[state], bold=True)
+        images.append(plate(0, 0, 12, 14, state) + arrow + words)
     return stacked(12, 14, images)
 
 
 def default_button(name, width, left, baseline):
-    """19990 and 19899: a caption on a plate that keeps `left` columns free, so that both stand in one line."""
+    """19990 and 19899: a caption on a plate.
+
+    The plate keeps `left` columns free, so that both stand in one line.
+    """
     images = []
     for state in STATES:
         ink = WHITE if state == PRESSED else INK
-        images.append(plate(left, 0, width - left, 10, state, 3) + caption(name, (left + width) / 2, baseline, 9, ink))
+        words = caption(name, (left + width) / 2, baseline, 9, ink)
+        images.append(plate(left, 0, width - left, 10, state, 3) + words)
     return stacked(width, 10, images)
 
 
 def manual_button():
     """989: a question mark."""
-    images = [plate(0, 0, 16, 14, state) + caption("?", 8, 11, 11, INK_OF[state], bold=True) for state in STATES]
+    images = [
+        plate(0, 0, 16, 14, state) + caption("?", 8, 11, 11, INK_OF[state], bold=True)
+        for state in STATES
+    ]
     return stacked(16, 14, images)
 
 
 def about():
-    """139: a light panel; the program writes four lines on it, 8, 25, 42 and 79 pixels below its top, 15 tall each."""
+    """139: a light panel.
+
+    The program writes four lines on it, 8, 25, 42 and 79 pixels below its top, 15 tall each.
+    """
     width, height = 224, 104
     body = (
-        f'<rect x="1" y="1" width="{width - 2}" height="{height - 2}" rx="5" fill="url(#sheet)" stroke="{BLUE}" '
-        f'stroke-width="2"/>\n'
+        f'<rect x="1" y="1" width="{width - 2}" height="{height - 2}" rx="5" fill="url(#sheet)" '
+        f'stroke="{BLUE}" stroke-width="2"/>\n'
     )
     middle, y = width // 2, 68
     for x in (20, middle + 18):

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Writes ../artwork/bmpNNNNN.svg, the sources of the window's pictures, from one palette and one set of shapes.
+"""Writes ../artwork/bmpNNNNN.svg, the sources of the window's pictures.
 
-Run it after a change in this folder and keep what it wrote: the build renders the SVG files and has no use for this script.
-Needs fonts-liberation2 and python3-freetype.
+They come from one palette and one set of shapes. Run it after a change in this folder and keep what
+it wrote: the build renders the SVG files and has no use for this script. Needs fonts-liberation2
+and python3-freetype.
 """
 
 from pathlib import Path

@@ -1,7 +1,7 @@
 """Captions as outlines, so that no picture depends on the fonts of the machine that renders it.
 
-The outlines come from Liberation Sans, fitted to whole pixel rows at the size at which they stand in the window. The texts
-that the program draws get the same fitting, so both look alike.
+The outlines come from Liberation Sans, fitted to whole pixel rows at the size at which they stand
+in the window. The texts that the program draws get the same fitting, so both look alike.
 """
 
 import freetype
@@ -26,13 +26,17 @@ def _face(bold):
 
 
 def outline(text, pixels, bold=False):
-    """Path data of `text` at `pixels` per em with its origin on the baseline, and its advance width in pixels."""
+    """Path data of `text` with its origin on the baseline, and its advance width in pixels.
+
+    It has `pixels` per em.
+    """
     face = _face(bold)
     face.set_char_size(round(pixels * 64), 0, 72, 72)
     commands, pen, previous = [], 0.0, 0
     for letter in text:
         index = face.get_char_index(letter)
-        pen += face.get_kerning(previous, index, freetype.FT_KERNING_UNFITTED).x / 64 if previous else 0
+        if previous:
+            pen += face.get_kerning(previous, index, freetype.FT_KERNING_UNFITTED).x / 64
         face.load_glyph(index, freetype.FT_LOAD_TARGET_LIGHT | freetype.FT_LOAD_NO_BITMAP)
         commands += _glyph(face.glyph.outline, pen)
         pen += face.glyph.linearHoriAdvance / 65536 + TRACKING
@@ -41,7 +45,10 @@ def outline(text, pixels, bold=False):
 
 
 def caption(text, x, baseline, pixels, colour, anchor="middle", bold=False):
-    """`text` as one filled path; `anchor` says which part of it stands at `x`: "start", "middle" or "end"."""
+    """`text` as one filled path.
+
+    `anchor` says which part of it stands at `x`: "start", "middle" or "end".
+    """
     data, width = outline(text, pixels, bold)
     left = round(x - {"start": 0.0, "middle": 0.5, "end": 1.0}[anchor] * width)
     return f'<path fill="{colour}" transform="translate({left} {baseline})" d="{data}"/>\n'
@@ -63,7 +70,9 @@ def _glyph(shape, pen):
         control = None
         for point, is_on in list(zip(points, on))[1:] + [(points[0], 1)]:
             if is_on:
-                commands.append("L" + at(point) if control is None else f"Q{at(control)} {at(point)}")
+                commands.append(
+                    "L" + at(point) if control is None else f"Q{at(control)} {at(point)}"
+                )
                 control = None
                 continue
             if control is not None:  # between two control points lies an implied point on the curve

@@ -1,6 +1,10 @@
-"""The parts that the pictures share: plates, icons and the word mark. One unit is one pixel of the window."""
+"""The parts that the pictures share: plates, icons and the word mark.
 
-from palette import (BLUE, BUTTON_BOTTOM, BUTTON_TOP, GLOW, PALE, PRESSED_BOTTOM, PRESSED_TOP, STEEL, WHITE)
+One unit is one pixel of the window.
+"""
+
+from palette import (BLUE, BUTTON_BOTTOM, BUTTON_TOP, GLOW, PALE, PRESSED_BOTTOM, PRESSED_TOP,
+                     STEEL, WHITE)
 
 IDLE, HOVER, PRESSED = "idle", "hover", "pressed"
 INK_OF = {IDLE: BLUE, HOVER: BLUE, PRESSED: WHITE}  # what stands on a plate in each state
@@ -17,7 +21,8 @@ def picture(width, height, body, gradients=()):
     """A whole SVG file; `gradients` are (id, colour at the top, colour at the bottom)."""
     definitions = "".join(
         f'<linearGradient id="{name}" x1="0" y1="0" x2="0" y2="1">'
-        f'<stop offset="0" stop-color="{top}"/><stop offset="1" stop-color="{bottom}"/></linearGradient>\n'
+        f'<stop offset="0" stop-color="{top}"/>'
+        f'<stop offset="1" stop-color="{bottom}"/></linearGradient>\n'
         for name, top, bottom in gradients
     )
     definitions = f"<defs>\n{definitions}</defs>\n" if definitions else ""
@@ -32,14 +37,15 @@ def stacked(width, height, images):
     body = ""
     for place, image in enumerate(images):
         body += f'<g transform="translate(0 {height * place})">\n{image}</g>\n'
-    return picture(width, height * len(images), body, [(name, *GRADIENTS[name]) for name in GRADIENTS])
+    gradients = [(name, *GRADIENTS[name]) for name in GRADIENTS]
+    return picture(width, height * len(images), body, gradients)
 
 
 def plate(left, top, width, height, state, radius=2.5):
     """A button's body with its outline inside the given box."""
     return (
-        f'<rect x="{left + 0.5:g}" y="{top + 0.5:g}" width="{width - 1:g}" height="{height - 1:g}" rx="{radius:g}" '
-        f'fill="url(#{state})" stroke="{EDGES[state]}"/>\n'
+        f'<rect x="{left + 0.5:g}" y="{top + 0.5:g}" width="{width - 1:g}" height="{height - 1:g}" '
+        f'rx="{radius:g}" fill="url(#{state})" stroke="{EDGES[state]}"/>\n'
     )
 
 
@@ -48,7 +54,10 @@ def filled(data, colour):
 
 
 def disk(x, y, colour, hole):
-    """Save: a disk, 8 by 8, with its upper left corner at x,y; `hole` is the colour of shutter and label."""
+    """Save: a disk, 8 by 8, with its upper left corner at x,y.
+
+    `hole` is the colour of shutter and label.
+    """
     return (
         filled(f"M{x} {y}h6.5l1.5 1.5v6.5h-8z", colour)
         + filled(f"M{x + 3} {y}h2v2h-2z", hole)
@@ -71,7 +80,10 @@ def triangle(x, y, direction, colour, size=3.5):
         "right": f"M{x - h} {y - s}v{2 * s}L{x + h} {y}z",
         "down": f"M{x - s} {y - h}h{2 * s}L{x} {y + h}z",
     }[direction]
-    return f'<path fill="{colour}" stroke="{colour}" stroke-width=".8" stroke-linejoin="round" d="{data}"/>\n'
+    return (
+        f'<path fill="{colour}" stroke="{colour}" stroke-width=".8" stroke-linejoin="round" '
+        f'd="{data}"/>\n'
+    )
 
 
 # Letters of the word mark as strokes, and their widths; small letters are 7 units tall,
@@ -96,8 +108,8 @@ def word_mark(x, baseline, colour=BLUE, stroke=1.8):
         data += f'<path transform="translate({pen:.2f} 0)" d="{path}"/>\n'
         pen += width + _MARK_GAPS.get(name[place : place + 2], 0.0)
     group = (
-        f'<g transform="translate({x:g} {baseline:g})" fill="none" stroke="{colour}" stroke-width="{stroke:g}" '
-        f'stroke-linecap="round" stroke-linejoin="round">\n{data}</g>\n'
+        f'<g transform="translate({x:g} {baseline:g})" fill="none" stroke="{colour}" '
+        f'stroke-width="{stroke:g}" stroke-linecap="round" stroke-linejoin="round">\n{data}</g>\n'
     )
     return group, pen
 

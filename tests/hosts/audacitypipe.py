@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Sends commands through Audacity's scripting pipe, each when the one before it is done.
 
-audacitypipe.py --free | COMMAND...: --free succeeds where no Audacity of this user listens, and removes pipes that one
-left behind.
+audacitypipe.py --free | COMMAND...: --free succeeds where no Audacity of this user listens, and
+removes pipes that one left behind.
 """
 import errno
 import os
@@ -31,7 +31,8 @@ def remove_left_overs():
 
 def wait_for_pipes():
     for _ in range(120):
-        if all(os.path.exists(path) and stat.S_ISFIFO(os.stat(path).st_mode) for path in (TO, FROM)):
+        pipes = (TO, FROM)
+        if all(os.path.exists(path) and stat.S_ISFIFO(os.stat(path).st_mode) for path in pipes):
             return
         time.sleep(0.25)
     sys.exit("Audacity opened no scripting pipe")
@@ -45,7 +46,8 @@ def main(commands):
         return
     wait_for_pipes()
     # In this order, without creating a file: each opening waits for Audacity's.
-    with open(os.open(TO, os.O_WRONLY), "w", encoding="utf-8") as to, open(FROM, encoding="utf-8") as answers:
+    with (open(os.open(TO, os.O_WRONLY), "w", encoding="utf-8") as to,
+          open(FROM, encoding="utf-8") as answers):
         for command in commands:
             to.write(command + "\n")
             to.flush()

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""The effect's settings in Audacity's pluginsettings.cfg: puts chunks in and takes them out, by kind of settings.
+"""The effect's settings in Audacity's pluginsettings.cfg: puts chunks in and takes them out, by
+kind of settings.
 
 Kinds: FactoryDefaults, CurrentSettings, SavedState, UserPresets/<name>.
 """
@@ -27,7 +28,8 @@ def with_chunk(text, kind, chunk):
     coded = base64.b64encode(chunk).decode()
     before, found, rest = text.partition(header(kind))
     if found:
-        return before + found + re.sub(r"^Chunk=.*$", lambda _: f"Chunk={coded}", rest, count=1, flags=re.M)
+        rest = re.sub(r"^Chunk=.*$", lambda _: f"Chunk={coded}", rest, count=1, flags=re.M)
+        return before + found + rest
     # The numbers are those of the effect's record; Audacity takes no settings with others.
     return text + header(kind) + f"UniqueID=1416394350\nVersion=1\nElements=5\nChunk={coded}\n"
 

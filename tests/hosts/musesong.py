@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""MusE's song files: makes one with the effect on its output, its window open; takes the effect's chunk out of one."""
+"""MusE's song files: makes one with the effect on its output, its window open; takes the effect's
+chunk out of one."""
 import base64
 import re
 import sys

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Sound files of 32-bit floats for the host tests: makes them, takes them apart and compares them bit by bit."""
+"""Sound files of 32-bit floats for the host tests: makes them, takes them apart and compares them
+bit by bit."""
 import random
 import struct
 import sys
@@ -32,7 +33,8 @@ def read(path):
 
 def write(path, rate, channels, frames):
     frame_size = 4 * channels
-    form = struct.pack("<HHIIHHH", FLOAT_FORMAT, channels, rate, rate * frame_size, frame_size, 32, 0)
+    form = struct.pack("<HHIIHHH", FLOAT_FORMAT, channels, rate, rate * frame_size, frame_size,
+                       32, 0)
     fact = struct.pack("<I", len(frames) // frame_size)
     body = b"WAVE"
     for name, content in ((b"fmt ", form), (b"fact", fact), (b"data", frames)):
@@ -78,7 +80,8 @@ def compare(path, other_path):
     if not any(a):
         sys.exit(f"{path}: silence")
     count = len(a) // 4
-    differences = [abs(x - y) for x, y in zip(struct.unpack(f"<{count}f", a), struct.unpack(f"<{count}f", b))]
+    differences = [abs(x - y) for x, y in zip(struct.unpack(f"<{count}f", a),
+                                              struct.unpack(f"<{count}f", b))]
     first = next(i for i in range(count) if a[4 * i:4 * i + 4] != b[4 * i:4 * i + 4])
     different = sum(a[4 * i:4 * i + 4] != b[4 * i:4 * i + 4] for i in range(count))
     sys.exit(f"{different} of {count} samples differ, the first in frame {first // channels}, "
@@ -101,8 +104,8 @@ def main(words):
     elif len(words) == 3 and words[0] == "same":
         compare(words[1], words[2])
     else:
-        sys.exit("usage: sound.py make OUT RATE SECONDS CHANNELS | raw IN | wav RATE OUT | both-sides MONO STEREO | "
-                 "left-only MONO STEREO | left STEREO MONO | same A B")
+        sys.exit("usage: sound.py make OUT RATE SECONDS CHANNELS | raw IN | wav RATE OUT | "
+                 "both-sides MONO STEREO | left-only MONO STEREO | left STEREO MONO | same A B")
 
 
 if __name__ == "__main__":

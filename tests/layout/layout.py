@@ -1,24 +1,30 @@
 """Checks a source tree against the table of rooms in its CONTRIBUTING.md.
 
-A row of that table names a room and what it may include in its last column: "the rooms above" are all rows above it,
-a path in backticks is that folder or file, "the toolkit" is VSTGUI, "everything" is everything.
+A row of that table names a room and what it may include in its last column: "the rooms above" are
+all rows above it, a path in backticks is that folder or file, "the toolkit" is VSTGUI,
+"everything" is everything.
 """
 import pathlib
 import re
 
 SOURCES = {".h", ".c", ".cpp", ".m", ".mm"}
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*["<]([^">]+)[">]')
-SYSTEM = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b(?:__APPLE__|__MACH__|__?linux(?:__)?|__gnu_linux__|__unix__|"
+SYSTEM = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b(?:"
+                    r"__APPLE__|__MACH__|__?linux(?:__)?|__gnu_linux__|__unix__|"
                     r"_?WIN(?:32|64)|MAC|LINUX|WINDOWS|TARGET_OS_\w+)\b")
 TOOLKIT = re.compile(r"^(?:vstgui\.h|lib/|vstgui/)")
 
 
 def rooms_of(contributing):
-    """The table's rows in order: room -> what it may include, as prefixes of paths ("" for all), and "toolkit"."""
+    """The table's rows in order: room -> what it may include.
+
+    That is prefixes of paths ("" for all), and "toolkit".
+    """
     rooms = {}
     for line in contributing.splitlines():
         cells = [cell.strip() for cell in line.strip("|").split("|")]
-        names = re.findall(r"`([\w/]+/)`", cells[1]) if line.startswith("|") and len(cells) == 4 else []
+        is_row = line.startswith("|") and len(cells) == 4
+        names = re.findall(r"`([\w/]+/)`", cells[1]) if is_row else []
         may = set(re.findall(r"`([^`]+)`", cells[-1]))
         may |= set(rooms) if "the rooms above" in cells[-1] else set()
         may |= {"toolkit"} if "the toolkit" in cells[-1] else set()
@@ -42,7 +48,11 @@ class Tree:
         return max((room for room in self.rooms if path.startswith(room)), key=len, default="")
 
     def _includes(self, path):
-        """(line, target): a source of this tree by its path, the toolkit's header by its name; others are left out."""
+        """(line, target) of each include.
+
+        A source of this tree goes by its path, the toolkit's header by its name; others are left
+        out.
+        """
         tops = tuple(room.split("/")[0] + "/" for room in self.rooms)
         for number, line in enumerate(self.texts[path].splitlines(), 1):
             if not (match := INCLUDE.match(line)):
@@ -70,8 +80,10 @@ class Tree:
         if not self.room(path):
             yield "is in no room"
         own_header = path.rsplit(".", 1)[0] + ".h"
-        named = [target for file in {path, own_header} & set(self.texts) for _, target in self._includes(file)]
-        if "VSTGUI::" in text and "namespace VSTGUI {" not in text and not any(map(TOOLKIT.match, named)):
+        named = [target for file in {path, own_header} & set(self.texts)
+                 for _, target in self._includes(file)]
+        if ("VSTGUI::" in text and "namespace VSTGUI {" not in text
+                and not any(map(TOOLKIT.match, named))):
             yield "names the toolkit and includes nothing of it"
 
     def _lines(self, path, text):
@@ -80,9 +92,11 @@ class Tree:
         for number, target in self.includes[path]:
             if target not in self.texts and not TOOLKIT.match(target):
                 yield number, f"includes {target}, which is not there"
-            elif TOOLKIT.match(target) and "toolkit" not in may or not TOOLKIT.match(target) and not (
-                    self.room(target) == room or "" in may or self.room(target) in may
-                    or any(target == one or one.endswith("/") and target.startswith(one) for one in may)):
+            elif (TOOLKIT.match(target) and "toolkit" not in may
+                  or not TOOLKIT.match(target) and not (
+                      self.room(target) == room or "" in may or self.room(target) in may
+                      or any(target == one or one.endswith("/") and target.startswith(one)
+                             for one in may))):
                 yield number, f"may not include {target}"
         if not {"linux", "mac"} & set(path.split("/")[:-1]):
             for number, line in enumerate(text.splitlines(), 1):
@@ -90,12 +104,16 @@ class Tree:
                     yield number, "asks for the operating system"
 
     def _cycles(self):
-        """Depth first; a file met again on the way back to itself closes a cycle, which is told once."""
+        """Depth first.
+
+        A file met again on the way back to itself closes a cycle, which is told once.
+        """
         done, way = set(), []
 
         def follow(path):
             if path in way:
-                yield f"{path}:1: is in a cycle of includes: " + " -> ".join(way[way.index(path):] + [path])
+                cycle = way[way.index(path):] + [path]
+                yield f"{path}:1: is in a cycle of includes: " + " -> ".join(cycle)
             elif path not in done and path in self.texts:
                 done.add(path)
                 way.append(path)

@@ -23,7 +23,8 @@ class Tree_(unittest.TestCase):
 
     def test_is_read_whole(self):  # an empty tree would have no violations either
         for path in ("plugin/vst24.h", "effect/trelvan.cpp", "presetsystem/image/presetimage.h",
-                     "editor/window/adeditor.cpp", "platform/linux/preferencestore.cpp", "tests/plugin/vst24test.cpp"):
+                     "editor/window/adeditor.cpp", "platform/linux/preferencestore.cpp",
+                     "tests/plugin/vst24test.cpp"):
             self.assertIn(path, Tree(ROOT).texts)
 
 
@@ -39,46 +40,61 @@ class Checker(unittest.TestCase):
             self.assertEqual(violations(root), list(expected))
 
     def test_finds_nothing_in_a_tree_in_order(self):
-        self.check({"house/low/b.cpp": ["house/low/a.h", "ground/door.h", "vstgui.h", "lib/events.h"],
-                    "house/high/a.cpp": ["house/low/a.h"], "guest/a.cpp": ["ground/door.h", "house/low/a.h"],
-                    "tests/a.cpp": ["house/low/a.h", "vstgui.h"], "ground/b.h": "// Two lines\n// of text.\n#if 1\n",
+        self.check({"house/low/b.cpp": ["house/low/a.h", "ground/door.h", "vstgui.h",
+                                        "lib/events.h"],
+                    "house/high/a.cpp": ["house/low/a.h"],
+                    "guest/a.cpp": ["ground/door.h", "house/low/a.h"],
+                    "tests/a.cpp": ["house/low/a.h", "vstgui.h"],
+                    "ground/b.h": "// Two lines\n// of text.\n#if 1\n",
                     "ground/c.cpp": "// A file.\n#include <vector>\n#include <linux/limits.h>\n"})
 
     def test_sees_every_border_that_is_crossed(self):
-        for path, target in (("ground/a.cpp", "house/low/a.h"), ("house/low/b.cpp", "house/high/b.h"),
+        for path, target in (("ground/a.cpp", "house/low/a.h"),
+                             ("house/low/b.cpp", "house/high/b.h"),
                              ("guest/a.cpp", "ground/b.h"), ("ground/a.cpp", "vstgui.h"),
-                             ("house/high/a.cpp", "lib/events.h"), ("house/low/linux/a.cpp", "guest/b.h")):
+                             ("house/high/a.cpp", "lib/events.h"),
+                             ("house/low/linux/a.cpp", "guest/b.h")):
             with self.subTest(path):
-                self.check({"house/high/b.h": [], "guest/b.h": [], "ground/b.h": [], path: [target]},
+                self.check({"house/high/b.h": [], "guest/b.h": [], "ground/b.h": [],
+                            path: [target]},
                            f"{path}:2: may not include {target}")
 
     def test_sees_a_border_crossed_beside_the_file_or_in_angle_brackets(self):
-        self.check({"ground/a.cpp": "// A file.\n #  import <house/low/a.h>\n#include \"../house/low/a.h\"\n"},
+        self.check({"ground/a.cpp": "// A file.\n #  import <house/low/a.h>\n"
+                                    "#include \"../house/low/a.h\"\n"},
                    *(f"ground/a.cpp:{line}: may not include house/low/a.h" for line in (2, 3)))
 
     def test_sees_an_include_of_a_missing_file_and_a_file_in_no_room(self):
-        self.check({"tests/a.cpp": ["ground/gone.h"], "house/a.h": []}, "house/a.h:1: is in no room",
+        self.check({"tests/a.cpp": ["ground/gone.h"], "house/a.h": []},
+                   "house/a.h:1: is in no room",
                    "tests/a.cpp:2: includes ground/gone.h, which is not there")
 
     def test_sees_a_cycle_once(self):
-        self.check({"ground/a.h": ["ground/b.h"], "ground/b.h": ["ground/a.h"], "ground/c.h": ["ground/a.h"]},
-                   "ground/a.h:1: is in a cycle of includes: ground/a.h -> ground/b.h -> ground/a.h")
+        self.check({"ground/a.h": ["ground/b.h"], "ground/b.h": ["ground/a.h"],
+                    "ground/c.h": ["ground/a.h"]},
+                   "ground/a.h:1: is in a cycle of includes: "
+                   "ground/a.h -> ground/b.h -> ground/a.h")
 
     def test_sees_a_file_that_does_not_open_with_a_sentence(self):
         for text in ("", "#pragma once\n// A file.\n", "//\n", "// a title\n", "// .\n"):
             with self.subTest(text):
-                self.check({"ground/a.h": text}, "ground/a.h:1: does not open with a comment that says in a sentence "
-                                                 "what the file is")
+                self.check({"ground/a.h": text},
+                           "ground/a.h:1: does not open with a comment that says in a sentence "
+                           "what the file is")
 
     def test_sees_the_toolkit_named_and_not_included(self):
-        self.check({"house/low/b.cpp": "// A file.\nVSTGUI::CView* view;\n", "house/low/c.h": ["vstgui.h"],
-                    "house/low/c.cpp": "// A file.\n#include \"house/low/c.h\"\nVSTGUI::CView* view;\n"},
+        self.check({"house/low/b.cpp": "// A file.\nVSTGUI::CView* view;\n",
+                    "house/low/c.h": ["vstgui.h"],
+                    "house/low/c.cpp": "// A file.\n#include \"house/low/c.h\"\n"
+                                       "VSTGUI::CView* view;\n"},
                    "house/low/b.cpp:1: names the toolkit and includes nothing of it")
 
     def test_sees_conditions_on_the_system_outside_its_folders(self):
-        for line in ("#ifdef __APPLE__", "#if defined(__linux__) && 1", "  #  elif TARGET_OS_OSX", "#ifndef _WIN32"):
+        for line in ("#ifdef __APPLE__", "#if defined(__linux__) && 1", "  #  elif TARGET_OS_OSX",
+                     "#ifndef _WIN32"):
             with self.subTest(line):
-                self.check({"house/low/mac/a.mm": f"// A file.\n{line}\n", "ground/a.h": f"// A file.\n{line}\n"},
+                self.check({"house/low/mac/a.mm": f"// A file.\n{line}\n",
+                            "ground/a.h": f"// A file.\n{line}\n"},
                            "ground/a.h:2: asks for the operating system")
 
 

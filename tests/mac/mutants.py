@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
-"""mutants.py [--folder FOLDER] [WORD...]: plants faults in the macOS sources, one at a time, and shows that the tests fail.
-mutants.py --check BUILD: only looks whether it could, with the programs of a build folder; takes a second.
+"""mutants.py [--folder FOLDER] [WORD...]: plants faults in the macOS sources, one at a time, and
+shows that the tests fail.
+mutants.py --check BUILD: only looks whether it could, with the programs of a build folder; takes a
+second.
 
-It works on a copy of the sources in a temporary folder and builds that first, which takes some minutes; then a fault takes
-five to twenty seconds. FOLDER is kept for the next time. With words it plants only the faults of these kinds (cf, path,
-toolkit, cocoa, macho) or with one of them in their description. First comes a run without a fault, which passes.
+It works on a copy of the sources in a temporary folder and builds that first, which takes some
+minutes; then a fault takes five to twenty seconds. FOLDER is kept for the next time. With words it
+plants only the faults of these kinds (cf, path, toolkit, cocoa, macho) or with one of them in their
+description. First comes a run without a fault, which passes.
 """
 import os
 import shutil
@@ -16,18 +19,21 @@ import time
 from mutantlist import MUTANTS
 
 ROOT = os.path.abspath(os.path.join(os.path.dirname(__file__), "../.."))
-FOLDERS = ("cmake", "docs", "editor", "effect", "host", "platform", "plugin", "presetsystem", "resources", "tests", "tools")
+FOLDERS = ("cmake", "docs", "editor", "effect", "host", "platform", "plugin", "presetsystem",
+           "resources", "tests", "tools")
 TIME = 45  # seconds that a test may take; one that hangs has failed
 
 # Program for each kind of test, and what it loads.
-PROGRAMS = {"cf": "maccftest", "path": "macpathtest", "toolkit": "mactoolkittest", "cocoa": "maccocoatest"}
+PROGRAMS = {"cf": "maccftest", "path": "macpathtest", "toolkit": "mactoolkittest",
+            "cocoa": "maccocoatest"}
 LOADED = {"path": ["macbundle_One", "macbundle_Two_u"]}
 
 
 def run(command, cwd, seconds, **environment):
     try:
         done = subprocess.run(command, cwd=cwd, env={**os.environ, **environment}, timeout=seconds,
-                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                              errors="replace")
         return done.returncode, done.stdout
     except subprocess.TimeoutExpired:
         return "too late", ""
@@ -51,7 +57,8 @@ class Copy:
         self.build = os.path.join(folder, "build")
         shutil.rmtree(self.source, ignore_errors=True)
         os.makedirs(self.source)
-        for name in FOLDERS:  # with their times, so that a build folder that is there already stays of use
+        # With their times, so that a build folder that is there already stays of use.
+        for name in FOLDERS:
             shutil.copytree(os.path.join(ROOT, name), os.path.join(self.source, name))
         for mutant in MUTANTS:  # built anew: what lies there may be from a fault of the last time
             os.utime(os.path.join(self.source, mutant.file))
@@ -65,7 +72,8 @@ class Copy:
         self.write("CMakeLists.txt", lines)
         rooms = self.read("tests/CMakeLists.txt")
         begin = rooms.index("foreach(room")
-        self.write("tests/CMakeLists.txt", rooms[:begin] + "foreach(room mac)" + rooms[rooms.index(")", begin) + 1:])
+        end = rooms.index(")", begin) + 1
+        self.write("tests/CMakeLists.txt", rooms[:begin] + "foreach(room mac)" + rooms[end:])
         self.toolkit = os.path.join(ROOT, ".deps/vstgui-4.13.3")
 
     def read(self, name):
@@ -78,15 +86,18 @@ class Copy:
 
     def configure(self):
         launcher = shutil.which("ccache")
-        options = [f"-DCMAKE_{language}_COMPILER_LAUNCHER={launcher}" for language in ("CXX", "OBJCXX") if launcher]
-        code, output = run(["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
-                            "-DTRELVAN_BENCHMARKS=OFF", f"-DTRELVAN_TOOLKIT_SOURCE={self.toolkit}", *options],
+        options = [f"-DCMAKE_{language}_COMPILER_LAUNCHER={launcher}"
+                   for language in ("CXX", "OBJCXX") if launcher]
+        code, output = run(["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja",
+                            "-DCMAKE_BUILD_TYPE=Release", "-DTRELVAN_BENCHMARKS=OFF",
+                            f"-DTRELVAN_TOOLKIT_SOURCE={self.toolkit}", *options],
                            self.source, 300)
         if code != 0:
             sys.exit(output)
 
     def compile(self, *targets):
-        return run(["cmake", "--build", self.build, "--parallel", "2", "--target", *targets], self.source, 1800)
+        return run(["cmake", "--build", self.build, "--parallel", "2", "--target", *targets],
+                   self.source, 1800)
 
     def passes(self, kind, chosen):
         """What the tests of one kind say: (passed, output). None: the fault does not compile."""
@@ -115,18 +126,25 @@ def reason(output):
 def places(mutant, text):
     """What is wrong with the place of a fault; nothing where it is found once."""
     count = text.count(mutant.old)
-    return "" if count == 1 else f"{mutant.what}: {count} places in {mutant.file} for {mutant.old!r}"
+    if count == 1:
+        return ""
+    return f"{mutant.what}: {count} places in {mutant.file} for {mutant.old!r}"
 
 
 def check(build):
-    """Whether every fault has its place, and every program that looks for one is in the build folder."""
+    """Whether every fault has its place, and every program that looks for one is there.
+
+    The programs are looked for in the build folder.
+    """
     with tempfile.TemporaryDirectory(prefix="mutants") as folder:
         copy = Copy(folder)  # as it would be built
         wrong = [places(mutant, copy.read(mutant.file)) for mutant in MUTANTS]
-    targets = run(["cmake", "--build", build, "--target", "help"], build, 60)[1].replace(":", " ").split()
+    listing = run(["cmake", "--build", build, "--target", "help"], build, 60)[1]
+    targets = listing.replace(":", " ").split()
     for kind in sorted({mutant.kind for mutant in MUTANTS}):
         command, work = programs(kind, ROOT, build)
-        wrong += [f"{kind}: {path} cannot be run" for path in command if not os.access(path, os.X_OK)]
+        wrong += [f"{kind}: {path} cannot be run" for path in command
+                  if not os.access(path, os.X_OK)]
         wrong += [] if os.path.isdir(work) else [f"{kind}: no folder {work} to work in"]
         names = [PROGRAMS[kind], *LOADED.get(kind, [])] if kind in PROGRAMS else []
         wrong += [f"{kind}: no target {name}" for name in names if name not in targets]
@@ -169,7 +187,8 @@ def main():
                 seen = "DOES NOT COMPILE  " + reason(output)
                 survivors.append(mutant.what)
             caught += passed is False
-            print(f"{time.monotonic() - begin:5.1f} s  {mutant.kind:8} {mutant.what}: {seen}", flush=True)
+            seconds = time.monotonic() - begin
+            print(f"{seconds:5.1f} s  {mutant.kind:8} {mutant.what}: {seen}", flush=True)
     finally:
         if not kept:
             shutil.rmtree(folder)

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""check.py BUILD LLVM: looks at what the Mach-O build made: the bundle, its exports, and what it and the libraries import."""
+"""check.py BUILD LLVM: looks at what the Mach-O build made: the bundle, its exports, and what it
+and the libraries import."""
 import os
 import plistlib
 import subprocess
@@ -23,7 +24,8 @@ def expect(condition, what):
 
 
 def tool(name, *arguments):
-    return subprocess.run([f"{name}-{sys.argv[2]}", *arguments], check=True, capture_output=True, text=True).stdout
+    return subprocess.run([f"{name}-{sys.argv[2]}", *arguments], check=True, capture_output=True,
+                          text=True).stdout
 
 
 def symbols(file, processor, *options):
@@ -38,37 +40,44 @@ def check_bundle(build):
         folders.sort()
         for name in sorted(files):
             path = os.path.join(folder, name)
-            print(f"  {os.path.relpath(path, os.path.dirname(contents))}  {os.path.getsize(path)} bytes")
+            shown = os.path.relpath(path, os.path.dirname(contents))
+            print(f"  {shown}  {os.path.getsize(path)} bytes")
     with open(os.path.join(contents, "Info.plist"), "rb") as file:
         info = plistlib.load(file)
     for key, value in info.items():
         print(f"  {key} = {value}")
     expect(info["CFBundleExecutable"] == "Trelvan", "Info.plist names the executable")
-    expect(info["CFBundleIdentifier"] == "com.orv.trelvan", "Info.plist has the preferences' identifier")
+    expect(info["CFBundleIdentifier"] == "com.orv.trelvan",
+           "Info.plist has the preferences' identifier")
     expect(info["CFBundlePackageType"] == "BNDL", "Info.plist says that it is a bundle")
     expect(info["LSMinimumSystemVersion"] == OLDEST["x86_64"], "Info.plist names the oldest system")
     with open(os.path.join(contents, "PkgInfo"), "rb") as file:
         expect(file.read() == b"BNDL????", "PkgInfo is what it is in every bundle")
-    pictures = {name for name in os.listdir(os.path.join(contents, "Resources")) if name.endswith(".png")}
+    pictures = {name for name in os.listdir(os.path.join(contents, "Resources"))
+                if name.endswith(".png")}
     simple = {name for name in pictures if "@2x" not in name}
     double = {name.replace("@2x", "") for name in pictures if "@2x" in name}
-    expect(len(simple) >= 20 and simple == double, f"every one of {len(simple)} pictures is there at 1x and 2x")
+    expect(len(simple) >= 20 and simple == double,
+           f"every one of {len(simple)} pictures is there at 1x and 2x")
 
 
 def check_module(module):
     with open(module, "rb") as file:
         expect(file.read(4) == b"\xca\xfe\xba\xbe", "the module is universal")
-    expect(set(tool("llvm-lipo", "-archs", module).split()) == set(PROCESSORS), "it has both processors' code")
+    expect(set(tool("llvm-lipo", "-archs", module).split()) == set(PROCESSORS),
+           "it has both processors' code")
     for processor in PROCESSORS:
         header = tool("llvm-objdump", "--macho", f"--arch={processor}", "--private-headers", module)
         expect(" BUNDLE " in header, f"{processor}: a Mach-O bundle")
         oldest = "minos " + OLDEST[processor] in header or "version " + OLDEST[processor] in header
         expect(oldest, f"{processor}: runs from {OLDEST[processor]} on")
-        linked = [line.split()[1] for line in header.splitlines() if line.strip().startswith("name /")]
+        linked = [line.split()[1] for line in header.splitlines()
+                  if line.strip().startswith("name /")]
         print(f"      {processor} links: " + ", ".join(os.path.basename(path) for path in linked))
         for name in FRAMEWORKS:
             expect(any(path.endswith("/" + name) for path in linked), f"{processor}: links {name}")
-        exports = symbols(module, processor, "--defined-only", "--extern-only") - {"__mh_bundle_header"}
+        exports = (symbols(module, processor, "--defined-only", "--extern-only")
+                   - {"__mh_bundle_header"})
         expect(exports == {EXPORT}, f"{processor}: exports {sorted(exports)}")
 
 
@@ -91,7 +100,8 @@ def main():
     for processor in PROCESSORS:
         check_imports("module", processor, symbols(module, processor, "--undefined-only"))
         # Our objects too, as the module leaves out what nothing in it asks for.
-        ours = [os.path.join(build, name) for name in ("libtrelvan.a", "libtrelvan_effect.a", "libtrelvan_images.a")]
+        ours = [os.path.join(build, name)
+                for name in ("libtrelvan.a", "libtrelvan_effect.a", "libtrelvan_images.a")]
         defined = symbols(os.path.join(build, "vstgui/libvstgui.a"), processor, "--defined-only")
         undefined = set()
         for library in ours:

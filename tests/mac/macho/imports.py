@@ -6,7 +6,10 @@ FOLDER = os.path.dirname(os.path.abspath(__file__))
 
 
 class Section:
-    """One library: its path on macOS, the symbols and the Objective-C classes that may be imported from it."""
+    """One library: its path on macOS, and what may be imported from it.
+
+    That is symbols and Objective-C classes.
+    """
 
     def __init__(self, title):
         # Without a leading slash it is no library of Apple's: nothing is made of it, only the
