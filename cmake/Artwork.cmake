@@ -5,7 +5,8 @@
 # <folder>/bmpNNNNN@2x.png.
 # Linux: <folder>/Fonts/ gets the displays' font and its licence. macOS has the displays' font.
 set(TRELVAN_PICTURES
-  00128 00133 00134 00135 00136 00137 00138 00139 00989  # panel, controls, about panel, manual button
+  # panel, controls, about panel, manual button
+  00128 00133 00134 00135 00136 00137 00138 00139 00989
   19899 19990 19991 19992 19993 19994 19995 19996 19997 19998 19999  # preset bar
   CACHE INTERNAL "Resource numbers of the window's pictures")
 cmake_path(SET resources NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../resources)
@@ -14,7 +15,8 @@ set(TRELVAN_RESOURCE_SOURCES ${resources} CACHE INTERNAL "Sources of pictures an
 function(trelvan_add_artwork target folder)
   find_program(TRELVAN_RSVG_CONVERT rsvg-convert DOC "Renders SVG files")
   if(NOT TRELVAN_RSVG_CONVERT)
-    message(FATAL_ERROR "rsvg-convert is missing. Debian: apt-get install librsvg2-bin. Homebrew: brew install librsvg.")
+    message(FATAL_ERROR "rsvg-convert is missing. Debian: apt-get install librsvg2-bin. "
+      "Homebrew: brew install librsvg.")
   endif()
 
   set(outputs)
@@ -34,7 +36,8 @@ function(trelvan_add_artwork target folder)
 
   if(NOT APPLE)
     trelvan_find_font(TRELVAN_FONT LiberationSans-Regular.ttf)
-    foreach(source IN ITEMS ${TRELVAN_FONT} ${TRELVAN_RESOURCE_SOURCES}/fonts/LiberationSans-LICENSE.txt)
+    foreach(source IN ITEMS
+      ${TRELVAN_FONT} ${TRELVAN_RESOURCE_SOURCES}/fonts/LiberationSans-LICENSE.txt)
       cmake_path(GET source FILENAME name)
       add_custom_command(
         OUTPUT ${folder}/Fonts/${name}
@@ -53,11 +56,12 @@ endfunction()
 function(trelvan_find_font variable file)
   find_file(${variable} ${file}
     PATHS /usr/share/fonts /usr/local/share/fonts /opt/homebrew/share/fonts
-    PATH_SUFFIXES truetype/liberation2 truetype/liberation liberation-sans liberation liberation-fonts TTF
+    PATH_SUFFIXES
+      truetype/liberation2 truetype/liberation liberation-sans liberation liberation-fonts TTF
     NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH
     DOC "Font file ${file}")
   if(NOT ${variable})
-    message(FATAL_ERROR "${file} is missing. Debian 12: apt-get install fonts-liberation2. Debian 13: fonts-liberation. "
-      "Elsewhere: set ${variable} to its path.")
+    message(FATAL_ERROR "${file} is missing. Debian 12: apt-get install fonts-liberation2. "
+      "Debian 13: fonts-liberation. Elsewhere: set ${variable} to its path.")
   endif()
 endfunction()

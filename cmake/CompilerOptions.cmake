@@ -13,7 +13,8 @@ add_compile_options(-ffp-contract=off)
 
 if(TRELVAN_SANITIZE)
   # The toolkit too, or containers that it shares with us would be reported wrongly.
-  add_compile_options(-fsanitize=${TRELVAN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_options(
+    -fsanitize=${TRELVAN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${TRELVAN_SANITIZE})
 endif()
 

@@ -24,7 +24,8 @@ function(trelvan_add_manual target pdf)
   foreach(figure IN ITEMS window flow comb)
     list(APPEND figures ${work}/${figure}.png)
     # 4: about 300 dots an inch at the size at which the page shows it
-    list(APPEND render COMMAND ${TRELVAN_RSVG_CONVERT} --zoom 4 --output ${work}/${figure}.png ${work}/${figure}.svg)
+    list(APPEND render COMMAND
+      ${TRELVAN_RSVG_CONVERT} --zoom 4 --output ${work}/${figure}.png ${work}/${figure}.svg)
   endforeach()
   add_custom_command(
     OUTPUT ${figures}
@@ -36,10 +37,12 @@ function(trelvan_add_manual target pdf)
   add_custom_command(
     OUTPUT ${pdf}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
-    COMMAND ${CMAKE_COMMAND} -E copy ${TRELVAN_MANUAL_SOURCES}/manual.rst ${work}/manual.rst  # beside its figures
+    # Beside its figures.
+    COMMAND ${CMAKE_COMMAND} -E copy ${TRELVAN_MANUAL_SOURCES}/manual.rst ${work}/manual.rst
     COMMAND ${CMAKE_COMMAND} -E env DOCUTILSCONFIG=${TRELVAN_MANUAL_SOURCES}/docutils.conf
       ${TRELVAN_RST2PDF} --quiet --config=${work}/none --compressed --date-invariant
-      --stylesheets=${TRELVAN_MANUAL_SOURCES}/style.yaml --font-path=${fonts} --output=${pdf} ${work}/manual.rst
+      --stylesheets=${TRELVAN_MANUAL_SOURCES}/style.yaml --font-path=${fonts} --output=${pdf}
+      ${work}/manual.rst
     DEPENDS ${TRELVAN_MANUAL_SOURCES}/manual.rst ${TRELVAN_MANUAL_SOURCES}/style.yaml
       ${TRELVAN_MANUAL_SOURCES}/docutils.conf ${figures}
     COMMENT "Setting the manual"

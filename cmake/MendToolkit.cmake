@@ -13,7 +13,7 @@ if(NOT place EQUAL -1)
 else()
   string(FIND "${text}" "${mended}" place)
   if(place EQUAL -1)
-    message(FATAL_ERROR "${file} has neither \"${wrong}\" nor \"${mended}\": this is not the toolkit's version 4.13.3. "
-      "Remove ${TOOLKIT} and fetch it again.")
+    message(FATAL_ERROR "${file} has neither \"${wrong}\" nor \"${mended}\": this is not the "
+      "toolkit's version 4.13.3. Remove ${TOOLKIT} and fetch it again.")
   endif()
 endif()

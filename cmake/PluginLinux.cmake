@@ -54,7 +54,8 @@ target_link_options(Trelvan PRIVATE
   LINKER:--exclude-libs,ALL LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map
   LINKER:-z,nodelete LINKER:--as-needed)
 if(NOT TRELVAN_SANITIZE)
-  target_link_options(Trelvan PRIVATE LINKER:--no-undefined)  # a sanitizer's runtime is the host program's
+  # A sanitizer's runtime is the host program's.
+  target_link_options(Trelvan PRIVATE LINKER:--no-undefined)
 endif()
 file(MAKE_DIRECTORY ${TRELVAN_RESOURCES})
 trelvan_add_artwork(trelvan_artwork ${TRELVAN_RESOURCES})

@@ -18,7 +18,8 @@ target_sources(trelvan PRIVATE
   platform/mac/xplatalert.mm
   platform/mac/xplatmutex.mm)
 target_compile_options(trelvan PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-objc-arc>)
-target_link_libraries(trelvan PUBLIC "-framework Cocoa" "-framework Carbon" "-framework CoreFoundation")
+target_link_libraries(trelvan
+  PUBLIC "-framework Cocoa" "-framework Carbon" "-framework CoreFoundation")
 # The toolkit makes errors of its warnings, and a newer system's headers bring new ones.
 target_compile_options(vstgui PRIVATE -Wno-error)
 
@@ -33,10 +34,12 @@ target_link_libraries(Trelvan PRIVATE trelvan)
 file(MAKE_DIRECTORY ${TRELVAN_RESOURCES})
 trelvan_add_artwork(trelvan_artwork ${TRELVAN_RESOURCES})
 add_dependencies(Trelvan trelvan_artwork)
-list(TRANSFORM TRELVAN_PICTURES REPLACE "(.+)" "${TRELVAN_RESOURCES}/bmp\\1.png" OUTPUT_VARIABLE pictures)
+list(TRANSFORM TRELVAN_PICTURES REPLACE "(.+)" "${TRELVAN_RESOURCES}/bmp\\1.png"
+  OUTPUT_VARIABLE pictures)
 # What makes the manual is not among Homebrew's packages: without it the bundle has no copy.
 find_program(TRELVAN_RST2PDF rst2pdf DOC "Makes the manual")
-find_file(TRELVAN_FONT LiberationSans-Regular.ttf PATHS $ENV{HOME}/Library/Fonts /Library/Fonts NO_DEFAULT_PATH
+find_file(TRELVAN_FONT LiberationSans-Regular.ttf
+  PATHS $ENV{HOME}/Library/Fonts /Library/Fonts NO_DEFAULT_PATH
   DOC "The manual's font")
 if(TRELVAN_RST2PDF AND TRELVAN_FONT)
   set(manual_file "${TRELVAN_RESOURCES}/Trelvan Operation Manual.pdf")
@@ -46,6 +49,11 @@ else()
   set(manual_file)
 endif()
 
+# Resources and Info.plist too, which CMake writes while it generates: whatever changes in the
+# bundle, it is linked and thereby signed again.
+set(linked_again_for
+  ${PROJECT_SOURCE_DIR}/cmake/exports.txt ${TRELVAN_BUNDLE}/Contents/Info.plist
+  ${pictures} ${manual_file})
 set_target_properties(Trelvan PROPERTIES
   PREFIX ""
   BUNDLE TRUE
@@ -55,9 +63,7 @@ set_target_properties(Trelvan PROPERTIES
   MACOSX_BUNDLE_GUI_IDENTIFIER com.orv.trelvan  # the preferences' too
   MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION}
   MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION}
-  # Resources and Info.plist too, which CMake writes while it generates: whatever changes in the
-  # bundle, it is linked and thereby signed again.
-  LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/exports.txt;${TRELVAN_BUNDLE}/Contents/Info.plist;${pictures};${manual_file}")
+  LINK_DEPENDS "${linked_again_for}")
 target_link_options(Trelvan PRIVATE
   LINKER:-exported_symbols_list,${PROJECT_SOURCE_DIR}/cmake/exports.txt LINKER:-dead_strip)
 

@@ -13,4 +13,5 @@ list=$(find "$seeds" -type f | sort | paste -s -d , -)
 # Without random addresses: compared pointers flow into the mutations.
 fixed=
 setarch -R true 2>/dev/null && fixed="setarch -R"
-exec $fixed "$program" -seed=1 -seed_inputs="$list" -close_fd_mask=2 -print_final_stats=1 -artifact_prefix="$PWD/" "$@"
+exec $fixed "$program" -seed=1 -seed_inputs="$list" -close_fd_mask=2 -print_final_stats=1 \
+  -artifact_prefix="$PWD/" "$@"

@@ -6,12 +6,13 @@ set -euo pipefail
 
 build_packages=(
   cmake ninja pkg-config
-  libsndfile cli11 cairo  # widen; the source of its transform is fetched by CMake, as no formula has it
+  libsndfile cli11 cairo  # widen; CMake fetches the source of its transform: no formula has it
   librsvg                 # the window's pictures
 )
 test_packages=(googletest google-benchmark clang-format)
 
-xcode-select -p >/dev/null 2>&1 || { echo "the compiler is missing: run xcode-select --install" >&2; exit 1; }
+xcode-select -p >/dev/null 2>&1 ||
+  { echo "the compiler is missing: run xcode-select --install" >&2; exit 1; }
 command -v brew >/dev/null || { echo "Homebrew is missing: see README, Dependencies" >&2; exit 1; }
 
 packages=("${build_packages[@]}")

@@ -8,20 +8,27 @@ if [ "$(uname -s)" = Darwin ]; then exec tools/dependencies-mac.sh "$@"; fi
 
 build_packages=(
   g++ cmake ninja-build pkg-config
-  libsndfile1-dev libcli11-dev libkissfft-dev                             # widen
-  libx11-dev libxcb1-dev libxcb-cursor-dev libxcb-keysyms1-dev            # the toolkit
+  # widen
+  libsndfile1-dev libcli11-dev libkissfft-dev
+  # the toolkit
+  libx11-dev libxcb1-dev libxcb-cursor-dev libxcb-keysyms1-dev
   libxcb-util-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
   libcairo2-dev libpango1.0-dev libfontconfig-dev libfreetype-dev libglib2.0-dev
-  librsvg2-bin fonts-liberation2 python3 rst2pdf                          # artwork, the displays' font, the manual
-  sonic-pi-samples                                                        # the demonstration's recording
+  # artwork, the displays' font, the manual
+  librsvg2-bin fonts-liberation2 python3 rst2pdf
+  # the demonstration's recording
+  sonic-pi-samples
 )
 test_packages=(
-  clang-LLVM clang clang-format clang-tidy libclang-rt-LLVM-dev llvm-LLVM # fuzzers, sanitizers, format, lint
-  libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-res0-dev               # the window, with real events
-  lld-LLVM libc++-LLVM-dev musl-dev                                       # the macOS sources: Mach-O bundle
-  gobjc++ libgnustep-gui-dev gnustep-backGNUSTEP-cairo fonts-dejavu-core  # the macOS sources: run on GNUstep
-  git binutils procps
+  libgtest-dev libgmock-dev libbenchmark-dev git binutils procps
+  # fuzzers, sanitizers, format, lint
+  clang-LLVM clang clang-format clang-tidy libclang-rt-LLVM-dev llvm-LLVM
+  # the window, with real events
+  xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-res0-dev
+  # the macOS sources: Mach-O bundle
+  lld-LLVM libc++-LLVM-dev musl-dev
+  # the macOS sources: run on GNUstep
+  gobjc++ libgnustep-gui-dev gnustep-backGNUSTEP-cairo fonts-dejavu-core
 )
 
 toolkit_version=4.13.3
@@ -50,12 +57,14 @@ fetch_toolkit() {
     apt-get indextargets --format '$(REPO_URI)' | grep -q . || tools/asroot.sh apt-get update -qq
     echo "fetching the toolkit's source"
     for mirror in $(apt-get indextargets --format '$(REPO_URI)' | sort -u); do
-      /usr/lib/apt/apt-helper download-file "${mirror%/}/pool/main/v/vst3sdk/$toolkit_file" "$archive" \
+      /usr/lib/apt/apt-helper download-file \
+        "${mirror%/}/pool/main/v/vst3sdk/$toolkit_file" "$archive" \
         "SHA256:$toolkit_sha256" >/dev/null 2>&1 && break
       rm -f "$archive"
     done
   fi
-  [ -f "$archive" ] || { echo "the toolkit's source could not be fetched (see README, Dependencies)" >&2; exit 1; }
+  [ -f "$archive" ] ||
+    { echo "the toolkit's source could not be fetched (see README, Dependencies)" >&2; exit 1; }
   echo "$toolkit_sha256  $archive" | sha256sum --check --quiet
   rm -rf "$toolkit_folder"
   mkdir -p "$toolkit_folder"
@@ -74,4 +83,5 @@ else
   tools/packages.sh "${build_packages[@]}"
 fi
 fetch_toolkit
-cmake -DTOOLKIT="$toolkit_folder" -P cmake/MendToolkit.cmake  # each time: it may have been unpacked before
+# Each time: it may have been unpacked before.
+cmake -DTOOLKIT="$toolkit_folder" -P cmake/MendToolkit.cmake

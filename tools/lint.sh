@@ -6,5 +6,6 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$1
 shift
-git ls-files -z '*.cpp' | grep -zE '^(plugin|effect|presetsystem|editor|platform|host)/' | grep -zv '/mac/' |
+git ls-files -z '*.cpp' |
+  grep -zE '^(plugin|effect|presetsystem|editor|platform|host)/' | grep -zv '/mac/' |
   xargs -0 -P "$(getconf _NPROCESSORS_ONLN)" -n 4 clang-tidy -p "$build" --quiet "$@" 2>/dev/null

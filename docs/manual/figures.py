@@ -53,7 +53,7 @@ class Window:
         whole_width, height = map(int, re.search(r'width="(\d+)" height="(\d+)"', source).groups())
         width, height = width or whole_width, height // images
         inner = re.sub(r"^<svg[^>]*>|</svg>\s*$", "", source)
-        # names are unique in one file
+        # Names are unique in one file.
         inner = re.sub(r'(id="|url\(#)', rf"\g<1>p{number}-{len(self.body)}-", inner)
         self.body += (
             f'<svg x="{left:g}" y="{top:g}" width="{width:g}" height="{height}" '

@@ -23,15 +23,17 @@ mend() { "$cmake" -DTOOLKIT="$toolkit" -P "$source/cmake/MendToolkit.cmake"; }
 # All of the file, as only the one line may differ.
 expect_line() {
   make_toolkit "$work/expected" "$2"
-  cmp "$work/expected/vstgui/lib/finally.h" "$1/vstgui/lib/finally.h" || fail "the file is not as it should be"
+  cmp "$work/expected/vstgui/lib/finally.h" "$1/vstgui/lib/finally.h" ||
+    fail "the file is not as it should be"
 }
 # configure [OPTION...]: a project that has nothing but the toolkit; what CMake says
 # is in $work/said.
 configure() {
   mkdir "$work/project"
-  printf 'cmake_minimum_required(VERSION 3.25)\nproject(P LANGUAGES NONE)\ninclude(%s/cmake/Toolkit.cmake)\n' "$source" \
-    >"$work/project/CMakeLists.txt"
-  "$cmake" -S "$work/project" -B "$work/build" -G Ninja "$@" >"$work/said" 2>&1 || { cat "$work/said" >&2; exit 1; }
+  printf 'cmake_minimum_required(VERSION 3.25)\nproject(P LANGUAGES NONE)\ninclude(%s)\n' \
+    "$source/cmake/Toolkit.cmake" >"$work/project/CMakeLists.txt"
+  "$cmake" -S "$work/project" -B "$work/build" -G Ninja "$@" >"$work/said" 2>&1 ||
+    { cat "$work/said" >&2; exit 1; }
 }
 
 wrong='other.invoke (false);'
@@ -48,7 +50,8 @@ case $case in
     touch -t 200101010000 "$toolkit/vstgui/lib/finally.h" "$work/then"
     mend
     expect_line "$toolkit" "$mended"
-    [ ! "$toolkit/vstgui/lib/finally.h" -nt "$work/then" ] || fail "the file was written, so all would be built again"
+    [ ! "$toolkit/vstgui/lib/finally.h" -nt "$work/then" ] ||
+      fail "the file was written, so all would be built again"
     ;;
   RefusesASourceWithAnotherLine)
     make_toolkit "$toolkit" 'other.invoked = false;'
@@ -78,7 +81,8 @@ case $case in
     configure -DTRELVAN_TOOLKIT_SOURCE="$toolkit"
     expect_line "$toolkit" "$wrong"
     tr -s '\n ' ' ' <"$work/said" >"$work/words"  # CMake breaks its lines anywhere
-    command=$(grep -o "cmake -DTOOLKIT=$toolkit -P $source/[A-Za-z/]*.cmake" "$work/words") || fail "nothing was said"
+    command=$(grep -o "cmake -DTOOLKIT=$toolkit -P $source/[A-Za-z/]*.cmake" "$work/words") ||
+      fail "nothing was said"
     (cd / && "$cmake" ${command#cmake})
     expect_line "$toolkit" "$mended"
     ;;
@@ -91,7 +95,8 @@ case $case in
     mkdir "$work/tree"
     cp -r "$source/cmake" "$source/tools" "$work/tree"
     printf '#!/bin/sh\n' >"$work/tree/tools/packages.sh"  # nothing is installed for a test
-    toolkit=$work/tree/.deps/vstgui-$(sed -n 's/^toolkit_version=//p' "$source/tools/dependencies.sh")
+    version=$(sed -n 's/^toolkit_version=//p' "$source/tools/dependencies.sh")
+    toolkit=$work/tree/.deps/vstgui-$version
     make_toolkit "$toolkit" "$wrong"
     touch "$toolkit/.complete"
     "$work/tree/tools/dependencies.sh" build

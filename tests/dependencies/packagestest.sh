@@ -30,11 +30,12 @@ double apt-get <<<'[ "$1" = update ] && touch "$PACKAGES_WORK/updated"'
 # As on a system of versions that no Debian has: clang 97, GNUstep 0.98. What it needs besides
 # stands there too.
 double apt-cache <<'EOF'
-[ -e "$PACKAGES_WORK/known" ] || [ -e "$PACKAGES_WORK/updated" ] || { echo "E: No packages found" >&2; exit 100; }
+[ -e "$PACKAGES_WORK/known" ] || [ -e "$PACKAGES_WORK/updated" ] ||
+  { echo "E: No packages found" >&2; exit 100; }
 [ "${LC_ALL:-}" = C ] || { printf '%s\n' clang '  Braucht: clang-97'; exit; }
 printf '%s\n' clang '  Depends: clang-97' libgnustep-gui-dev '  Depends: gnustep-gui-runtime' \
-  '  Depends: libgnustep-base-dev' '  Depends: libgnustep-gui0.98' '  Depends: <gnustep-layout-multiarch>' \
-  '    gnustep-multiarch'
+  '  Depends: libgnustep-base-dev' '  Depends: libgnustep-gui0.98' \
+  '  Depends: <gnustep-layout-multiarch>' '    gnustep-multiarch'
 EOF
 versioned='clang-97
 gnustep-back0.98-cairo
@@ -49,7 +50,9 @@ case $case in
     names_of test >"$work/names"
     [ "$(grep -E '9[78]' "$work/names" | sort)" = "$versioned" ] || fail "$(cat "$work/names")"
     # Nor is there one with a version that is written down.
-    if grep -E 'LLVM|GNUSTEP|-1[0-9]|0\.[0-8]' "$work/names"; then fail "these are of one Debian only"; fi
+    if grep -E 'LLVM|GNUSTEP|-1[0-9]|0\.[0-8]' "$work/names"; then
+      fail "these are of one Debian only"
+    fi
     [ ! -e "$work/updated" ] || fail "the lists of packages were read again without need"
     ;;
   AreLookedUpAfterAnUpdateWhereNoneIsKnown)

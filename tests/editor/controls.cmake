@@ -26,5 +26,6 @@ trelvan_add_test(editorbasetest editor SOURCES aeffguieditortest.cpp LIBRARIES t
 
 # The loops that drive a window: the idle passes' and the system's.
 trelvan_add_test(looptest editor
-  SOURCES idlerunlooptest.cpp idletimertest.cpp ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
+  SOURCES
+    idlerunlooptest.cpp idletimertest.cpp ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)

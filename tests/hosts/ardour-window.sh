@@ -22,7 +22,8 @@ prepare_ardour() {
 main_window() { timeout 5 xdotool search --name '^\*?mix - Ardour$' | head -n 1; }
 
 start_ardour() {
-  env GTK_PATH="/etc/ardour$version:$library" LD_LIBRARY_PATH="$library" ARDOUR_DATA_PATH="/usr/share/ardour$version" \
+  env GTK_PATH="/etc/ardour$version:$library" LD_LIBRARY_PATH="$library" \
+    ARDOUR_DATA_PATH="/usr/share/ardour$version" \
     ARDOUR_CONFIG_PATH="/etc/ardour$version" ARDOUR_DLL_PATH="$work/ardour" \
     timeout -k 5 120 "$program" --no-splash "$song/mix.ardour" >"$work/gui.log" 2>&1 &
   ardour_process=$!
@@ -32,7 +33,10 @@ start_ardour() {
 }
 
 # keys KEYS: to the main window.
-keys() { timeout 10 xdotool windowactivate --sync "$(main_window)" && sleep 0.3 && timeout 5 xdotool key "$1"; }
+keys() {
+  timeout 10 xdotool windowactivate --sync "$(main_window)" && sleep 0.3 &&
+    timeout 5 xdotool key "$1"
+}
 
 save_session() {
   local before
@@ -40,7 +44,9 @@ save_session() {
   keys ctrl+s || return 1
   wait_for 10 session_changed "$before" || { echo "the session was not saved"; return 1; }
 }
-session_changed() { [ "$(cksum <"$song/mix.ardour")" != "$1" ] && grep -q '</Session>' "$song/mix.ardour"; }
+session_changed() {
+  [ "$(cksum <"$song/mix.ardour")" != "$1" ] && grep -q '</Session>' "$song/mix.ardour"
+}
 
 quit_ardour() {
   keys ctrl+q && has_ended "$ardour_process" || { tail -n 5 "$work/gui.log"; return 1; }
@@ -65,21 +71,25 @@ check "widen shows the window with the same settings" \
   widen_picture "$work/first.png" --state "$work/first.chunk" || finish
 check "widen shows it with the settings after the drag" \
   widen_picture "$work/changed.png" --state "$work/first.chunk" --base-freq 0.5 || finish
-check "the two pictures differ in the slider's row" other_area "$work/first.png" "$work/changed.png" $freq_row
+check "the two pictures differ in the slider's row" \
+  other_area "$work/first.png" "$work/changed.png" $freq_row
 
 prepare_ardour || finish
 check "the sound server runs" start_sound_server $rate || finish
 check "Ardour opens the session with the effect's window" start_ardour || finish
 check "the window shows its artwork" shows_artwork ardour-opened
-check "it looks as in widen, pixel by pixel" pictured_as ardour-opened "$work/first.png" $below_meter
+check "it looks as in widen, pixel by pixel" \
+  pictured_as ardour-opened "$work/first.png" $below_meter
 check "the slider is dragged with the mouse" drag "$(handle_x 0.25)" $freq_y "$(handle_x 0.5)"
-check "the window shows the new value, pixel by pixel" pictured_as ardour-dragged "$work/changed.png" $below_meter
+check "the window shows the new value, pixel by pixel" \
+  pictured_as ardour-dragged "$work/changed.png" $below_meter
 check "nothing above the slider has changed" \
   same_area "$pictures/ardour-opened.png" "$pictures/ardour-dragged.png" $above_freq_row
 check "nothing below the slider has changed" \
   same_area "$pictures/ardour-opened.png" "$pictures/ardour-dragged.png" $below_freq_row
 check "the preset's name is typed over" rename_preset "wide 7"
-check "the window shows another name" pictured_otherwise ardour-renamed "$pictures/ardour-dragged.png" $name_area
+check "the window shows another name" \
+  pictured_otherwise ardour-renamed "$pictures/ardour-dragged.png" $name_area
 check "nothing above the name has changed" \
   same_area "$pictures/ardour-dragged.png" "$pictures/ardour-renamed.png" $above_name
 timeout 10 import -silent -window root "$pictures/ardour-screen.png"
@@ -109,5 +119,6 @@ check "Ardour ends properly again" quit_ardour
 reference_render "$stereo" "$work/rule.wav" $rate $changed $changed
 check "the saved session has the dragged value beside its state" \
   session "$song" mix EXPECTED="0=0.75 1=0.5 2=0.3 3=1 4=1"
-check "it renders as the rule says with that value, bit by bit" renders_like "$song" mix "$work/rule.wav"
+check "it renders as the rule says with that value, bit by bit" \
+  renders_like "$song" mix "$work/rule.wav"
 finish

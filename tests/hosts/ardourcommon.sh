@@ -14,9 +14,11 @@ scan() {
   local entry
   entry=$(cat "$cache"/*.v2i) || return 1
   local expected
-  for expected in 'id="1416394350"' 'name="Orv Trelvan"' 'creator="Orv"' 'category="Mastering"' 'n_inputs="2"' \
-    'n_outputs="2"' 'n_midi_inputs="0"' 'is_instrument="0"' 'can_process_replace="1"' 'has_editor="1"'; do
-    grep -qF -- "$expected" <<<"$entry" || { echo "not in the scan: $expected"; echo "$entry"; return 1; }
+  for expected in 'id="1416394350"' 'name="Orv Trelvan"' 'creator="Orv"' 'category="Mastering"' \
+    'n_inputs="2"' 'n_outputs="2"' 'n_midi_inputs="0"' 'is_instrument="0"' \
+    'can_process_replace="1"' 'has_editor="1"'; do
+    grep -qF -- "$expected" <<<"$entry" ||
+      { echo "not in the scan: $expected"; echo "$entry"; return 1; }
   done
 }
 
@@ -35,7 +37,8 @@ new_session() {
   local folder=$1 file=$2 channels=$3
   session "$folder" mix NEW=1 RATE=$rate CHANNELS="$channels" PARAMETERS="$4" || return 1
   cp "$file" "$folder/interchange/$(basename "$folder")/audiofiles/sound.wav" || return 1
-  python3 "$tests/ardoursession.py" place "$folder/mix.ardour" sound.wav $((rate * seconds)) $rate "$channels"
+  python3 "$tests/ardoursession.py" \
+    place "$folder/mix.ardour" sound.wav $((rate * seconds)) $rate "$channels"
 }
 
 # Ardour 7.3's export itself breaks off now and then, without any plug-in too: three tries.

@@ -12,7 +12,8 @@ render() {
   shift 3
   start_audacity 1 || return 1
   wait_for 60 window_is_open || { echo "no window"; tail -n 5 "$work/audacity.log"; return 1; }
-  tell_audacity "Import2: Filename=$in" "SelectAll:" "$1" "Export2: Filename=$out NumChannels=$channels"
+  tell_audacity "Import2: Filename=$in" "SelectAll:" "$1" \
+    "Export2: Filename=$out NumChannels=$channels"
   local status=$?
   stop_audacity
   return $status
@@ -30,8 +31,10 @@ reference_render "$sound_file" "$work/rule-preset.wav" $rate $init 0.75,0.25,0.3
 save_state "$work/preset.chunk" --width 0.75 --base-freq 0.25 --emphasis 0.3 --phase on ||
   give_up "widen saves no state"
 state put UserPresets/p1 "$work/preset.chunk"
-check "a user preset is applied" render "$sound_file" 2 "$work/preset.wav" 'OrvTrelvan: Use_Preset="User Preset:p1"' || finish
-check "it renders as the rule says, glide and all, bit by bit" sound same "$work/preset.wav" "$work/rule-preset.wav"
+check "a user preset is applied" \
+  render "$sound_file" 2 "$work/preset.wav" 'OrvTrelvan: Use_Preset="User Preset:p1"' || finish
+check "it renders as the rule says, glide and all, bit by bit" \
+  sound same "$work/preset.wav" "$work/rule-preset.wav"
 
 # A mono track stays mono: the effect's right input is silent, and its right output is thrown away.
 mono="$work/mono.wav"
@@ -39,7 +42,8 @@ sound make "$mono" $rate $seconds 1
 sound left-only "$mono" "$work/left.wav"
 reference_render "$work/left.wav" "$work/rule-left.wav" $rate $init 0.75,0.25,0.3,1,1
 sound left "$work/rule-left.wav" "$work/rule-mono.wav"
-check "it is applied to a mono track" render "$mono" 1 "$work/preset-mono.wav" 'OrvTrelvan: Use_Preset="User Preset:p1"'
+check "it is applied to a mono track" \
+  render "$mono" 1 "$work/preset-mono.wav" 'OrvTrelvan: Use_Preset="User Preset:p1"'
 check "the track is the rule's left output for a silent right input, bit by bit" \
   sound same "$work/preset-mono.wav" "$work/rule-mono.wav"
 

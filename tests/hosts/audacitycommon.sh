@@ -42,7 +42,8 @@ CFG
 # start_audacity PIPE: 0 without, 1 with the scripting pipe, which the scan of a first start would
 # disturb. A killed Audacity would offer to recover its project: nothing of it stays.
 start_audacity() {
-  python3 "$tests/audacitypipe.py" --free || { echo "Audacity can run once for every user"; return 1; }
+  python3 "$tests/audacitypipe.py" --free ||
+    { echo "Audacity can run once for every user"; return 1; }
   rm -rf "$temporary"
   mkdir -p "$temporary"
   sed -i "s/^mod-script-pipe=[0-9]$/mod-script-pipe=$1/" "$settings/audacity.cfg"
@@ -56,7 +57,8 @@ window_is_open() { grep -q '"Audacity": ("audacity" "Audacity")' <<<"$(all_windo
 
 # Commands through the pipe; where they do not end, the windows that are open tell why.
 tell_audacity() {
-  timeout 60 python3 "$tests/audacitypipe.py" "$@" || { all_windows | grep '("audacity"'; return 1; }
+  timeout 60 python3 "$tests/audacitypipe.py" "$@" ||
+    { all_windows | grep '("audacity"'; return 1; }
 }
 
 registry="$settings/pluginregistry.cfg"
@@ -65,9 +67,10 @@ is_registered() { grep -q '^Symbol=Orv Trelvan$' "$registry"; }
 registered_as_expected() {
   local entry expected
   entry=$(sed -n '/^Path=.*Trelvan\.so;0$/,/^\[/p' "$registry")
-  for expected in 'Symbol=Orv Trelvan' 'Name=Orv Trelvan' 'Vendor=Orv' 'Enabled=1' 'Valid=1' 'EffectType=Process' \
-    'EffectFamily=VST' 'EffectInteractive=1' 'EffectAutomatable=1'; do
-    grep -qxF -- "$expected" <<<"$entry" || { echo "not in the registry: $expected"; echo "$entry"; return 1; }
+  for expected in 'Symbol=Orv Trelvan' 'Name=Orv Trelvan' 'Vendor=Orv' 'Enabled=1' 'Valid=1' \
+    'EffectType=Process' 'EffectFamily=VST' 'EffectInteractive=1' 'EffectAutomatable=1'; do
+    grep -qxF -- "$expected" <<<"$entry" ||
+      { echo "not in the registry: $expected"; echo "$entry"; return 1; }
   done
 }
 

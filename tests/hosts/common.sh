@@ -44,7 +44,8 @@ give_up() {
 needs() {
   local program
   for program in "$@"; do
-    command -v "$program" >/dev/null || give_up "$program is not installed (tests/hosts/install.sh installs it)"
+    command -v "$program" >/dev/null ||
+      give_up "$program is not installed (tests/hosts/install.sh installs it)"
   done
 }
 
@@ -115,7 +116,8 @@ widen_render() {
 # Sets DISPLAY to a screen that nobody else has.
 start_screen() {
   needs Xvfb xwininfo
-  timeout -k 5 600 Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+  timeout -k 5 600 Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+    3>"$work/display" >/dev/null 2>&1 &
   started+=($!)
   for _ in $(seq 50); do
     [ -s "$work/display" ] && break

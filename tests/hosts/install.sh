@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   ardour audacity qtractor muse           # the hosts
   jackd2                                  # a sound server without a sound card
-  xvfb openbox xdotool wmctrl x11-utils   # a screen without a display, windows to look at and to click
+  xvfb openbox xdotool wmctrl x11-utils   # a screen without a display, windows to see and to click
   imagemagick                             # pictures of that screen
   python3 g++                             # the tests' own arithmetic
 )

@@ -11,9 +11,11 @@ scan() {
   : >"$work/scan.xml"
   timeout 30 muse_plugin_scan -t $linux_vst -f "$module" -o "$work/scan.xml" -p || return 1
   local expected
-  for expected in "<plugin file=\"$module\" label=\"Orv Trelvan\">" '<name>Orv Trelvan</name>' '<maker>Orv</maker>' \
-    '<uniqueID>1416394350</uniqueID>' '<inports>2</inports>' '<outports>2</outports>' '<ctlInports>5</ctlInports>'; do
-    grep -qF -- "$expected" "$work/scan.xml" || { echo "not in the scan: $expected"; cat "$work/scan.xml"; return 1; }
+  for expected in "<plugin file=\"$module\" label=\"Orv Trelvan\">" '<name>Orv Trelvan</name>' \
+    '<maker>Orv</maker>' '<uniqueID>1416394350</uniqueID>' '<inports>2</inports>' \
+    '<outports>2</outports>' '<ctlInports>5</ctlInports>'; do
+    grep -qF -- "$expected" "$work/scan.xml" ||
+      { echo "not in the scan: $expected"; cat "$work/scan.xml"; return 1; }
   done
 }
 

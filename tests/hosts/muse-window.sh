@@ -33,21 +33,28 @@ start_muse() {
 }
 
 save_song() {
-  timeout 5 xdotool windowactivate --sync "$(timeout 5 xdotool search --name '^MusE Project' | head -n 1)" &&
+  timeout 5 xdotool windowactivate --sync \
+    "$(timeout 5 xdotool search --name '^MusE Project' | head -n 1)" &&
     sleep 0.3 && timeout 5 xdotool key ctrl+s && wait_for 10 song_is_saved
 }
 quit_muse() {
-  timeout 5 wmctrl -c "MusE Project" && has_ended "$muse_process" || { tail -n 5 "$work/muse.log"; return 1; }
+  timeout 5 wmctrl -c "MusE Project" && has_ended "$muse_process" ||
+    { tail -n 5 "$work/muse.log"; return 1; }
 }
 
 song_is_saved() { grep -q '<customData>' "$song" && grep -q '</muse>' "$song"; }
-song_says() { grep -qF "<control name=\"$1\" val=\"$2\" />" "$song" || { grep '<control name' "$song"; return 1; }; }
+song_says() {
+  grep -qF "<control name=\"$1\" val=\"$2\" />" "$song" ||
+    { grep '<control name' "$song"; return 1; }
+}
 
 start_screen
 check "the window manager runs" start_window_manager || finish
 check "widen shows the window as it is at first" widen_picture "$work/first.png" || finish
-check "widen shows it with the settings after the drag" widen_picture "$work/changed.png" --base-freq 0.75 || finish
-check "the two pictures differ in the slider's row" other_area "$work/first.png" "$work/changed.png" $freq_row
+check "widen shows it with the settings after the drag" \
+  widen_picture "$work/changed.png" --base-freq 0.75 || finish
+check "the two pictures differ in the slider's row" \
+  other_area "$work/first.png" "$work/changed.png" $freq_row
 
 python3 "$tests/musesong.py" make "$song"
 without_splash
@@ -56,17 +63,21 @@ check "MusE finds the effect and opens its window with the song" start_muse || f
 check "the window shows its artwork" shows_artwork muse-opened
 check "it looks as in widen, pixel by pixel" pictured_as muse-opened "$work/first.png" $below_meter
 check "the slider is dragged with the mouse" drag "$(handle_x 0.5)" $freq_y "$(handle_x 0.75)"
-check "the window shows the new value, pixel by pixel" pictured_as muse-dragged "$work/changed.png" $below_meter
+check "the window shows the new value, pixel by pixel" \
+  pictured_as muse-dragged "$work/changed.png" $below_meter
 check "the preset's name is typed over" rename_preset "wide 7"
-check "the window shows another name" pictured_otherwise muse-renamed "$pictures/muse-dragged.png" $name_area
+check "the window shows another name" \
+  pictured_otherwise muse-renamed "$pictures/muse-dragged.png" $name_area
 check "nothing above the name has changed" \
   same_area "$pictures/muse-dragged.png" "$pictures/muse-renamed.png" $above_name
 timeout 10 import -silent -window root "$pictures/muse-screen.png"
 
 check "MusE saves the song" save_song || finish
 check "the song has the dragged value" song_says baseFreq 0.75
-check "the song has the effect's state" python3 "$tests/musesong.py" chunk "$song" "$work/muse.chunk"
-check "the state has the dragged value and the others as before" parameters_are "$work/muse.chunk" 0 0.75 0 1 0
+check "the song has the effect's state" \
+  python3 "$tests/musesong.py" chunk "$song" "$work/muse.chunk"
+check "the state has the dragged value and the others as before" \
+  parameters_are "$work/muse.chunk" 0 0.75 0 1 0
 check "its first preset has the typed name" preset_is_called "$work/muse.chunk" "wide 7"
 check "MusE ends properly with the window open" quit_muse
 check "the window is gone" wait_for 5 window_is_gone

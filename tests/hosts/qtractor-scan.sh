@@ -12,7 +12,8 @@ scanner=$(find /usr/lib /usr/libexec -name qtractor_plugin_scan -type f 2>/dev/n
 scan() {
   local answer expected="VST|Orv Trelvan|2:2|0:0|5:0|GUI,EXT,RT|$module|0|0x546c766e"
   answer=$(timeout 30 "$scanner" <<<"VST2:$module")
-  grep -qxF -- "$expected" <<<"$answer" || { printf 'expected: %s\nanswered: %s\n' "$expected" "$answer"; return 1; }
+  grep -qxF -- "$expected" <<<"$answer" ||
+    { printf 'expected: %s\nanswered: %s\n' "$expected" "$answer"; return 1; }
 }
 check "the scanner describes the effect" scan
 finish

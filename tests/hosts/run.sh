@@ -7,7 +7,8 @@ set -uo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 all=(qtractor-scan muse-scan muse-window ardour ardour-window audacity audacity-window)
-limit=300  # seconds a script; the longest takes half a minute on an idle machine with two processors
+# Seconds a script; the longest takes half a minute on an idle machine with two processors.
+limit=300
 
 if [ $# -lt 1 ] || [ ! -d "$1" ]; then
   echo "usage: $0 BUILD-FOLDER [HOST...]; hosts: ${all[*]}" >&2
@@ -17,7 +18,8 @@ build=$1
 shift
 [ $# -gt 0 ] || set -- "${all[@]}"
 for name in "$@"; do
-  [[ " ${all[*]} " == *" $name "* ]] || { echo "$0: no host is called $name; there are: ${all[*]}" >&2; exit 2; }
+  [[ " ${all[*]} " == *" $name "* ]] ||
+    { echo "$0: no host is called $name; there are: ${all[*]}" >&2; exit 2; }
 done
 
 log=$(mktemp)

@@ -29,7 +29,9 @@ start_window_manager() {
   started+=($!)
   wait_for 10 window_manager_answers
 }
-window_manager_answers() { grep -q "window id" <<<"$(timeout 5 xprop -root _NET_SUPPORTING_WM_CHECK)"; }
+window_manager_answers() {
+  grep -q "window id" <<<"$(timeout 5 xprop -root _NET_SUPPORTING_WM_CHECK)"
+}
 
 # start_sound_server RATE: with a name of its own and without a sound card.
 start_sound_server() {
@@ -76,7 +78,8 @@ drag() {
 # Return confirms.
 rename_preset() {
   mouse 140 229 && sleep 0.3 && timeout 5 xdotool click 1 && sleep 0.5 &&
-    timeout 10 xdotool type --delay 60 "$1" && sleep 0.3 && timeout 5 xdotool key Return && sleep 0.3 && mouse_away
+    timeout 10 xdotool type --delay 60 "$1" && sleep 0.3 && timeout 5 xdotool key Return &&
+    sleep 0.3 && mouse_away
 }
 
 # picture NAME: of the plug-in's window, in $pictures/NAME.png.
@@ -99,7 +102,8 @@ same_area() {
 other_area() {
   local count
   count=$(different_pixels "$1" "$2" "$3")
-  [[ "$count" =~ ^[0-9]+$ ]] && [ "$count" -gt 0 ] || { echo "$1 and $2: $count pixels differ in $3"; return 1; }
+  [[ "$count" =~ ^[0-9]+$ ]] && [ "$count" -gt 0 ] ||
+    { echo "$1 and $2: $count pixels differ in $3"; return 1; }
 }
 
 # pictured_as NAME REFERENCE AREA: takes the picture until it looks as it should; redrawing
@@ -130,7 +134,8 @@ widen_picture() {
   timeout -k 5 30 "$build/widen" --quiet --plugin "$module" --editor "$@" >"$work/widen.log" 2>&1 &
   local process=$!
   started+=("$process")
-  wait_for 15 find_window && mouse_away && sleep 1 && timeout 10 import -silent -window "$window" "$out"
+  wait_for 15 find_window && mouse_away && sleep 1 &&
+    timeout 10 import -silent -window "$window" "$out"
   status=$?
   end_process "$process"
   wait_for 5 window_is_gone || status=1
@@ -155,6 +160,7 @@ parameters_are() {
 # preset_is_called CHUNK NAME: the first preset of a saved state.
 preset_is_called() {
   local found
-  found=$(timeout 30 "$build/widen" --plugin "$module" --state "$1" --list-presets | sed -n '1s/^[* ]*0 *//p')
+  found=$(timeout 30 "$build/widen" --plugin "$module" --state "$1" --list-presets |
+    sed -n '1s/^[* ]*0 *//p')
   [ "$found" = "$2" ] || { echo "found: \"$found\", expected: \"$2\""; return 1; }
 }

@@ -13,7 +13,8 @@ find_path(GNUstep_OBJC_INCLUDE_DIR objc/objc.h HINTS ${gnustep_gcc_include} NO_D
 
 include(FindPackageHandleStandardArgs)
 find_package_handle_standard_args(GNUstep
-  REQUIRED_VARS GNUstep_INCLUDE_DIR GNUstep_GUI_LIBRARY GNUstep_BASE_LIBRARY GNUstep_OBJC_INCLUDE_DIR
+  REQUIRED_VARS
+    GNUstep_INCLUDE_DIR GNUstep_GUI_LIBRARY GNUstep_BASE_LIBRARY GNUstep_OBJC_INCLUDE_DIR
     GNUstep_OBJC_LIBRARY
   REASON_FAILURE_MESSAGE "Debian: tools/dependencies.sh test installs it.")
 
@@ -25,7 +26,8 @@ if(GNUstep_FOUND AND NOT TARGET GNUstep::Gui)
   # The runtime's headers lie among gcc's own: they are searched last, so that clang's come first.
   target_compile_options(GNUstep::Gui INTERFACE
     "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-fobjc-runtime=gcc -fexceptions -fobjc-exceptions>"
-    "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-fconstant-string-class=NSConstantString -idirafter ${GNUstep_OBJC_INCLUDE_DIR}>")
+    "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-fconstant-string-class=NSConstantString>"
+    "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-idirafter ${GNUstep_OBJC_INCLUDE_DIR}>")
   target_link_libraries(GNUstep::Gui INTERFACE
     ${GNUstep_GUI_LIBRARY} ${GNUstep_BASE_LIBRARY} ${GNUstep_OBJC_LIBRARY} m)
 endif()

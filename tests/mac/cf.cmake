@@ -11,7 +11,8 @@ target_link_libraries(mac_doubles PUBLIC trelvan_options)
 
 mac_test(maccftest
   SOURCES
-    cf/cfobjecttest.cpp cf/preferencestorecftest.cpp cf/bundlelookuptest.cpp cf/toolkitmactest.cpp cf/pacingmactest.cpp
+    cf/cfobjecttest.cpp cf/preferencestorecftest.cpp cf/bundlelookuptest.cpp cf/toolkitmactest.cpp
+    cf/pacingmactest.cpp
     ${PROJECT_SOURCE_DIR}/platform/mac/preferencestore.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/bundlelookup.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/toolkitsetup.cpp
@@ -43,7 +44,8 @@ mac_test(macpathtest
   LIBRARIES ${CMAKE_DL_LIBS})
 target_compile_definitions(macpathtest PRIVATE MAC_BUNDLES="${bundles}")
 add_dependencies(macpathtest ${bundle_targets})
-file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/Resources)  # beside the program's folder, as in a bundle
+# Beside the program's folder, as in a bundle.
+file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/Resources)
 
 mac_test(mactoolkittest
   SOURCES

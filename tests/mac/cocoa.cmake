@@ -29,22 +29,27 @@ target_include_directories(maccocoatest PRIVATE cocoa ${PROJECT_SOURCE_DIR}/test
 # ours come first.
 target_link_libraries(maccocoatest PRIVATE trelvan GNUstep::Gui windowhost GTest::gtest)
 target_compile_options(maccocoatest PRIVATE
-  "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-Wno-unknown-warning-option -Wobjc-method-access>"  # some warnings are g++'s
+  # Some warnings are g++'s.
+  "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-Wno-unknown-warning-option -Wobjc-method-access>"
   "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-include ${compat}/gnustep/cocoacompat.h>")
 
-set_source_files_properties(cocoa/cocoatest.mm PROPERTIES COMPILE_OPTIONS -UNDEBUG)  # or GNUstep hides its counts
+# With NDEBUG GNUstep hides its counts.
+set_source_files_properties(cocoa/cocoatest.mm PROPERTIES COMPILE_OPTIONS -UNDEBUG)
 # To exchange a method, its function is cast to IMP; newer compilers warn of that, and
 # -Wextra turns it on.
-set_source_files_properties(cocoa/textentrywindowtest.mm PROPERTIES COMPILE_OPTIONS -Wno-cast-function-type-mismatch)
+set_source_files_properties(cocoa/textentrywindowtest.mm
+  PROPERTIES COMPILE_OPTIONS -Wno-cast-function-type-mismatch)
 
 # One test a suite, but for the alerts: here the second one of a process gets no keys.
 # RESOURCE_LOCK: what they do takes its time, and more of it while others do the same.
 foreach(filter
     XplatMutexMac.* IdleTimerMac.* TextEntryOnMac.*
-    XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape XplatAlertMac.IsDismissedByAClickOnOk
+    XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape
+    XplatAlertMac.IsDismissedByAClickOnOk
     XplatAlertMac.ShowsBytesAbove127AsRomanCharacters XplatAlertMac.TakesNoMessage)
   string(REPLACE ".*" "" name ${filter})
-  add_test(NAME ${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/withgnustep.sh $<TARGET_FILE:maccocoatest>)
+  add_test(NAME ${name}
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/withgnustep.sh $<TARGET_FILE:maccocoatest>)
   set_tests_properties(${name} PROPERTIES LABELS mac-cocoa TIMEOUT 120 RESOURCE_LOCK mac-display
     ENVIRONMENT "GTEST_FILTER=${filter}")
 endforeach()

@@ -8,13 +8,15 @@ trap 'rm -rf "$work"' EXIT
 
 cat >"$work/brew" <<'BREW'
 #!/usr/bin/env bash
-formulas=" cmake ninja pkg-config libsndfile cli11 cairo librsvg googletest google-benchmark clang-format "
+formulas=" cmake ninja pkg-config libsndfile cli11 cairo librsvg"
+formulas+=" googletest google-benchmark clang-format "
 folder=$(dirname "$0")
 case $1 in
   list) test -e "$folder/installed-$3" ;;
   install)
     for name in "${@:3}"; do
-      [[ $formulas == *" $name "* ]] || { echo "No available formula with the name \"$name\"." >&2; exit 1; }
+      [[ $formulas == *" $name "* ]] ||
+        { echo "No available formula with the name \"$name\"." >&2; exit 1; }
     done
     for name in "${@:3}"; do touch "$folder/installed-$name"; done ;;
 esac
@@ -24,7 +26,8 @@ chmod +x "$work/brew" "$work/xcode-select"
 export PATH=$work:$PATH
 
 for kind in build test; do
-  "$source/tools/dependencies-mac.sh" "$kind" | grep '^installing: ' || { echo "WRONG $kind: nothing is installed"; exit 1; }
+  "$source/tools/dependencies-mac.sh" "$kind" | grep '^installing: ' ||
+    { echo "WRONG $kind: nothing is installed"; exit 1; }
   again=$("$source/tools/dependencies-mac.sh" "$kind")
   [ -z "$again" ] || { echo "WRONG $kind: not silent when all is there: $again"; exit 1; }
 done

@@ -9,11 +9,17 @@ bundle=$build/Trelvan.vst
 work=$build/signature
 log=$work/log
 mkdir -p "$work"
-trap 'cmake -S "$source" -B "$build" -U TRELVAN_CODESIGN -U CMAKE_PROJECT_Trelvan_INCLUDE >/dev/null 2>&1 || true' EXIT
+restore() {
+  cmake -S "$source" -B "$build" -U TRELVAN_CODESIGN -U CMAKE_PROJECT_Trelvan_INCLUDE \
+    >/dev/null 2>&1 || true
+}
+trap restore EXIT
 
 # Called as codesign is, with the bundle as its last argument.
-printf '#!/usr/bin/env bash\ncksum "${!#}/Contents/Info.plist" "${!#}/Contents/MacOS/Trelvan" >"%s/seal"\n' "$work" \
-  >"$work/codesign"
+{
+  echo '#!/usr/bin/env bash'
+  printf 'cksum "${!#}/Contents/Info.plist" "${!#}/Contents/MacOS/Trelvan" >"%s/seal"\n' "$work"
+} >"$work/codesign"
 chmod +x "$work/codesign"
 quietly() { "$@" >"$log" 2>&1 || { tail -n 100 "$log"; exit 1; }; }
 configure() {
@@ -27,7 +33,9 @@ expect() {
   shift
   if "$@"; then echo "ok    $what"; else echo "WRONG $what"; exit 1; fi
 }
-sealed() { cksum "$bundle/Contents/Info.plist" "$bundle/Contents/MacOS/Trelvan" | cmp -s - "$work/seal"; }
+sealed() {
+  cksum "$bundle/Contents/Info.plist" "$bundle/Contents/MacOS/Trelvan" | cmp -s - "$work/seal"
+}
 version() { grep -q "<string>$1</string>" "$bundle/Contents/Info.plist"; }
 
 rm -f "$work/seal"

@@ -9,11 +9,13 @@ trap 'rm -rf "$work"' EXIT
 # GNUstep takes the home folder from the password file, not from HOME, so the user's folder is
 # named from there up.
 mkdir "$work/GNUstep"
-sed "s#=GNUstep#=../../../../../../../..$work/GNUstep#" /etc/GNUstep/GNUstep.conf >"$work/GNUstep.conf"
+sed "s#=GNUstep#=../../../../../../../..$work/GNUstep#" /etc/GNUstep/GNUstep.conf \
+  >"$work/GNUstep.conf"
 export GNUSTEP_CONFIG_FILE=$work/GNUstep.conf
 
 # Into a file: helpers that GNUstep starts stay a while, and a pipe would stay open with them.
 "$(dirname "$0")/../window/with-xvfb.sh" 100 "$@" >"$work/output" 2>&1
 result=$?
-grep -v 'Failed to determine offsets' "$work/output"  # said once for each kind of window where no manager is
+# What is left out is said once for each kind of window where no manager is.
+grep -v 'Failed to determine offsets' "$work/output"
 exit $result

@@ -12,6 +12,8 @@ trelvan_add_test(dialogtest platform
 add_library(modulepathprobe MODULE ${CMAKE_CURRENT_LIST_DIR}/modulepathprobe.cpp
   ${PROJECT_SOURCE_DIR}/platform/linux/modulefile.cpp ${PROJECT_SOURCE_DIR}/platform/modulepath.cpp)
 target_link_libraries(modulepathprobe PRIVATE trelvan_options ${CMAKE_DL_LIBS})
-trelvan_add_test(modulepathtest platform SOURCES modulepathtest.cpp LIBRARIES trelvan ${CMAKE_DL_LIBS})
+trelvan_add_test(modulepathtest platform
+  SOURCES modulepathtest.cpp
+  LIBRARIES trelvan ${CMAKE_DL_LIBS})
 target_compile_definitions(modulepathtest PRIVATE TRELVAN_PROBE="$<TARGET_FILE:modulepathprobe>")
 add_dependencies(modulepathtest modulepathprobe)

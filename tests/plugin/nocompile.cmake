@@ -23,5 +23,7 @@ trelvan_must_not_compile(NoCompile.SharedWordThatNeedsALock nocompile/records.cp
 trelvan_compile_case(NoCompile.MisuseCompilesWithoutIt nocompile/misuse.cpp 0)
 trelvan_must_not_compile(NoCompile.CopyOfAnEffect nocompile/misuse.cpp 1 "deleted")
 trelvan_must_not_compile(NoCompile.CopyOfAnEditor nocompile/misuse.cpp 2 "deleted")
-trelvan_must_not_compile(NoCompile.ChunkIntoTooLittleMemory nocompile/misuse.cpp 3 "no matching|could not convert|no viable")
-trelvan_must_not_compile(NoCompile.HostCallbackOfAnotherShape nocompile/misuse.cpp 4 "invalid conversion|no known conversion|no matching")
+trelvan_must_not_compile(NoCompile.ChunkIntoTooLittleMemory nocompile/misuse.cpp 3
+  "no matching|could not convert|no viable")
+trelvan_must_not_compile(NoCompile.HostCallbackOfAnotherShape nocompile/misuse.cpp 4
+  "invalid conversion|no known conversion|no matching")

@@ -9,7 +9,8 @@ build=${1:-$here/../../build/release}
 program=$build/tests/bin/windowpicturestest
 module=$(echo "$build"/Trelvan.vst/Contents/*-linux/Trelvan.so)
 [ -x "$program" ] || { echo "$program is not built" >&2; exit 1; }
-TRELVAN_MODULE=$(realpath "$module") TRELVAN_PICTURES=$here/pictures FONTCONFIG_FILE=$here/fonts.conf \
+TRELVAN_MODULE=$(realpath "$module") TRELVAN_PICTURES=$here/pictures \
+  FONTCONFIG_FILE=$here/fonts.conf \
   TRELVAN_REFRESH_PICTURES=1 \
   "$here/with-xvfb.sh" 120 "$program" --gtest_filter='*LookAsTheyDid*' --gtest_brief=1 >/dev/null
 echo "taken: $(ls "$here/pictures" | wc -l) pictures in $here/pictures"

@@ -1,12 +1,14 @@
 # The host with a window, for the tests and for the editor's benchmarks: target `windowhost`.
 if(NOT TARGET windowhost)
   find_package(PkgConfig REQUIRED)
-  pkg_check_modules(WINDOWTEST REQUIRED IMPORTED_TARGET xcb xcb-xtest xcb-damage xcb-res cairo xkbcommon)
+  pkg_check_modules(WINDOWTEST REQUIRED IMPORTED_TARGET
+    xcb xcb-xtest xcb-damage xcb-res cairo xkbcommon)
   set(sources windowhost.cpp testdisplay.cpp picture.cpp picturematch.cpp damagewatch.cpp)
   list(TRANSFORM sources PREPEND ${CMAKE_CURRENT_LIST_DIR}/)
   add_library(windowhost STATIC ${sources})
   target_link_libraries(windowhost PUBLIC trelvan_options PkgConfig::WINDOWTEST ${CMAKE_DL_LIBS})
   if(TRELVAN_SANITIZE)
-    target_compile_definitions(windowhost PUBLIC TRELVAN_SANITIZED)  # fewer rounds, leaks looked for
+    # Fewer rounds, leaks looked for.
+    target_compile_definitions(windowhost PUBLIC TRELVAN_SANITIZED)
   endif()
 endif()

@@ -19,7 +19,8 @@ trap 'exit 143' TERM INT HUP
 # The server picks a free display number itself and writes it down. No access from outside this
 # machine or user's sockets is needed; -noreset keeps it when its last client goes.
 mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3<>"$folder/display" >"$folder/log" 2>&1 &
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3<>"$folder/display" \
+  >"$folder/log" 2>&1 &
 server=$!
 exec 4<>"$folder/display"
 if ! read -r -t 20 -u 4 number || [ -z "$number" ]; then

@@ -10,13 +10,17 @@ mkdir -p "$build"
 rm -rf "$build/Trelvan.vst"
 log=$build/build.log
 quietly() {
-  "$@" >"$log" 2>&1 || { grep -E -A8 'error|CMake Error|FAILED' "$log" | tail -n 100 || tail -n 100 "$log"; exit 1; }
+  "$@" >"$log" 2>&1 || {
+    grep -E -A8 'error|CMake Error|FAILED' "$log" | tail -n 100 || tail -n 100 "$log"
+    exit 1
+  }
 }
 # -O1: nobody runs it. The manual is made elsewhere.
 macho=$source/tests/mac/macho
 quietly cmake -S "$source" -B "$build" -G Ninja --toolchain "$macho/toolchain.cmake" \
-  -DCMAKE_PROJECT_INCLUDE="$macho/project.cmake" -DMACHO_TOOLKIT_SOURCE="$toolkit" -DTRELVAN_WERROR=ON \
-  -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="-O1 -DNDEBUG" -DCMAKE_OBJCXX_FLAGS_RELEASE="-O1 -DNDEBUG" \
-  -DTRELVAN_WIDEN=OFF -DTRELVAN_TESTS=OFF -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_RST2PDF=OFF "$@"
+  -DCMAKE_PROJECT_INCLUDE="$macho/project.cmake" -DMACHO_TOOLKIT_SOURCE="$toolkit" \
+  -DTRELVAN_WERROR=ON -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="-O1 -DNDEBUG" \
+  -DCMAKE_OBJCXX_FLAGS_RELEASE="-O1 -DNDEBUG" -DTRELVAN_WIDEN=OFF -DTRELVAN_TESTS=OFF \
+  -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_RST2PDF=OFF "$@"
 quietly cmake --build "$build" --target Trelvan macho_widen --parallel 2
 exec python3 "$macho/check.py" "$build" "$(sed -n 's/^MACHO_LLVM:.*=//p' "$build/CMakeCache.txt")"

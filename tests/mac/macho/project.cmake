@@ -15,18 +15,21 @@ file(CREATE_LINK ${MACHO_lipo} ${CMAKE_BINARY_DIR}/bin/lipo SYMBOLIC)
 add_compile_options(-Wno-unused-command-line-argument -B${CMAKE_BINARY_DIR}/bin)
 # Archives of universal objects, as macOS's own tool makes them.
 foreach(language C CXX OBJCXX)
-  set(CMAKE_${language}_CREATE_STATIC_LIBRARY "${MACHO_libtool-darwin} -static -o <TARGET> <OBJECTS>")
+  set(CMAKE_${language}_CREATE_STATIC_LIBRARY
+    "${MACHO_libtool-darwin} -static -o <TARGET> <OBJECTS>")
 endforeach()
 
 # Frameworks and libraries that hold the allowed symbols and nothing else. The C and C++ libraries'
 # and the toolkit's Cocoa backend are left open here; the check of imports looks at them.
-execute_process(COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/stubs.py ${CMAKE_BINARY_DIR}/stubs
+execute_process(
+  COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/stubs.py ${CMAKE_BINARY_DIR}/stubs
   COMMAND_ERROR_IS_FATAL ANY)
 file(GLOB macho_stubs ${CMAKE_BINARY_DIR}/stubs/*.tbd)
 list(JOIN macho_stubs " " macho_stubs)
 string(JOIN " " CMAKE_MODULE_LINKER_FLAGS
   -B${CMAKE_BINARY_DIR}/bin -fuse-ld=${MACHO_LD} -mlinker-version=705 -nodefaultlibs -nostdlib++
-  -Wno-unused-command-line-argument -F${CMAKE_BINARY_DIR}/stubs -Wl,-undefined,dynamic_lookup ${macho_stubs})
+  -Wno-unused-command-line-argument -F${CMAKE_BINARY_DIR}/stubs -Wl,-undefined,dynamic_lookup
+  ${macho_stubs})
 
 # The toolkit without its Cocoa backend, which needs Apple's headers: its folder with a
 # CMakeLists.txt of ours in it.
@@ -38,7 +41,8 @@ foreach(entry ${entries})
   cmake_path(GET entry FILENAME name)
   file(CREATE_LINK ${entry} ${macho_toolkit}/vstgui/${name} SYMBOLIC)
 endforeach()
-configure_file(${CMAKE_CURRENT_LIST_DIR}/toolkit.cmake ${macho_toolkit}/vstgui/CMakeLists.txt COPYONLY)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/toolkit.cmake
+  ${macho_toolkit}/vstgui/CMakeLists.txt COPYONLY)
 set(TRELVAN_TOOLKIT_SOURCE ${macho_toolkit} CACHE PATH "" FORCE)
 
 # What widen has for macOS alone; the rest of it needs libraries that are not here for that system.

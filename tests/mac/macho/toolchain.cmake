@@ -7,7 +7,8 @@
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_VERSION 18)
 if(NOT MACHO_LLVM)
-  execute_process(COMMAND clang -dumpversion OUTPUT_VARIABLE macho_version COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND clang -dumpversion
+    OUTPUT_VARIABLE macho_version COMMAND_ERROR_IS_FATAL ANY)
   string(REGEX MATCH "^[0-9]+" macho_version ${macho_version})
   set(MACHO_LLVM ${macho_version} CACHE STRING "Version in the tools' names")
 endif()
