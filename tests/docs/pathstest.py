@@ -18,7 +18,8 @@ class Documents(unittest.TestCase):
                 self.assertEqual(missing(ROOT, document), [])
 
     def test_are_read(self):  # a document without a word names nothing that is missing either
-        for document, word in (("docs/where.md", "plugin/vst24.h"), ("CONTRIBUTING.md", "bench/run")):
+        for document, word in (("docs/where.md", "plugin/vst24.h"),
+                               ("CONTRIBUTING.md", "bench/run")):
             self.assertIn(word, words_of((ROOT / document).read_text()))
 
 
