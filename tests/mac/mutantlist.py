@@ -96,8 +96,8 @@ MUTANTS = [
     entry("the window stays open", "  [super close];  // releases the window\n", ""),
     entry("the handle does not hear of the end", "  *handle = nil;\n", ""),
     entry("the label is not held",
-          "VSTGUI::shared([self takeVstPointer])) {  // its listener may close the editor",
-          "[self takeVstPointer]) {"),
+          "VSTGUI::shared([self takeVstPointer])) {\n    control->setText",
+          "[self takeVstPointer]) {\n    control->setText"),
     # ---- text entry: text, place, looks ----
     entry("wrong encoding", "stringWithUTF8String:validText(text.getString()).c_str()]",
           "stringWithCString:validText(text.getString()).c_str() "
@@ -162,8 +162,8 @@ MUTANTS = [
        "CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingMacRoman)",
        "CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingISOLatin1)"),
     cf("wrong encoding for reading",
-       "                                       kCFStringEncodingMacRoman);",
-       "                                       kCFStringEncodingUTF8);"),
+       "static_cast<CFIndex>(size), kCFStringEncodingMacRoman);",
+       "static_cast<CFIndex>(size), kCFStringEncodingUTF8);"),
     cf("no synchronisation", "!CFPreferencesAppSynchronize(system->application.get())", "false"),
     cf("a refused string spoils the buffer", "  if (!fits) return false;\n",
        "  if (!fits) {\n    text.copy(buffer, size);\n    return false;\n  }\n"),
