@@ -45,11 +45,11 @@ void dampStringConvert(float value, char* text) {
 // The meter's two ends, and after them the captions of the parameters that have one.
 void parameterNameStringConvert(float value, char* text) {
   constexpr const char* kMeterEnds[] = {"S", "M"};
-  int selected = truncatedToInt32(static_cast<double>(value) * 10.0);
+  const int selected = truncatedToInt32(static_cast<double>(value) * 10.0);
   std::strcpy(text, selected == 0 || selected == 1 ? kMeterEnds[selected] : "");
-  selected -= 2;
+  int place = 2;
   for (const Parameter& parameter : kParameters) {
-    if (parameter.caption != nullptr && selected-- == 0) std::strcpy(text, parameter.caption);
+    if (parameter.caption != nullptr && place++ == selected) std::strcpy(text, parameter.caption);
   }
 }
 
