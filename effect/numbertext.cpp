@@ -17,9 +17,8 @@ double round(double x, int digits) {
   return x;
 }
 
-// eight digits
 void float2string2(float value, int digits, char* text) {
-  constexpr double kLargest = 99999999.0;
+  constexpr double kLargest = 99999999.0;   // eight digits
   constexpr double kSmallest = -9999999.0;  // a sign and seven
   constexpr int kCounted = 8;               // characters, the point and the sign among them
   const double rounded = round(value, digits);

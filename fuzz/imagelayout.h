@@ -22,9 +22,8 @@ void reverseWordsFrom(std::span<unsigned char> data, std::size_t at);
 std::span<const unsigned char> namedPart(std::span<const unsigned char> entries,
                                          std::int32_t dataSize);
 
-// 0 name, 1 parameter value, 2 MIDI assignment
 struct EntryPlace {
-  std::int32_t kind;
+  std::int32_t kind;  // 0 name, 1 parameter value, 2 MIDI assignment
   std::int32_t preset;
   std::span<const unsigned char> payload;
 };

@@ -36,9 +36,8 @@ Bank bankFrom(const Bytes& data) {
   return bank;
 }
 
-// what the image reads back as, over the default record
 struct Expected {
-  Bank bank;
+  Bank bank;  // what the image reads back as, over the default record
   std::size_t repairs = 0;
   bool hasNaN = false;
 };

@@ -5,9 +5,8 @@
 #include <limits>
 
 // Truncates toward zero; numbers beyond the range become its ends, a NaN becomes 0. Any thread.
-// 2^31, the first number beyond the range
 constexpr std::int32_t truncatedToInt32(double value) {
-  constexpr double kEnd = 2147483648.0;
+  constexpr double kEnd = 2147483648.0;  // 2^31, the first number beyond the range
   if (value >= kEnd) return std::numeric_limits<std::int32_t>::max();
   if (value < -kEnd) return std::numeric_limits<std::int32_t>::min();
   return value == value ? static_cast<std::int32_t>(value) : 0;

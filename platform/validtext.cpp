@@ -45,9 +45,8 @@ std::string validText(std::string_view bytes) {
     if (good > 0 && good == length) {
       text += bytes.substr(at, length);
       at += length;
-      // cut off at the end
     } else if (good > 0 && at + good == bytes.size()) {
-      break;
+      break;  // cut off at the end
     } else {
       text += kReplacement;
       ++at;

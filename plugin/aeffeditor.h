@@ -5,8 +5,8 @@
 
 class AudioEffect;
 
-// Owned by its effect. All calls on the host's user-interface thread, which may differ from call to
-// call.
+// Owned by its effect. All calls but setParameter on the host's user-interface thread, which may
+// differ from call to call.
 class AEffEditor {
  public:
   explicit AEffEditor(AudioEffect* owner) : effect(owner) {}
@@ -41,7 +41,7 @@ class AEffEditor {
   virtual bool onWheel(float) { return false; }
   virtual bool setKnobMode(int) { return false; }
 
-  // The effect's parameter has a new value, 0..1. Any thread.
+  // The effect was given a value: index and value as they came, even of no parameter. Any thread.
   virtual void setParameter(VstInt32 /*index*/, float /*value*/) {}
 
  protected:

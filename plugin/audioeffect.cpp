@@ -1,8 +1,6 @@
 // Fills the record, routes the basic opcodes, and calls the host.
 #include "plugin/audioeffect.h"
 
-#include <cstring>
-
 namespace {
 
 AudioEffect* objectOf(AEffect* effect) {

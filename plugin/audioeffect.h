@@ -38,14 +38,13 @@ class AudioEffect {
   // Any thread, and from inside any host callback.
   virtual void setParameter(VstInt32 index, float value);
   virtual float getParameter(VstInt32 index);
-  virtual void setParameterAutomated(VstInt32 index, float value);  // tells the host, then sets
+  virtual void setParameterAutomated(VstInt32 index, float value);  // sets, then tells the host
 
   virtual VstInt32 getProgram() { return curProgram; }
   virtual void setProgram(VstInt32 program) { curProgram = program; }
   virtual void setProgramName(char* name);
   virtual void getProgramName(char* name);
-  // text: the host's buffer, at least kVstMaxParamStrLen characters by the interface; hosts give
-  // more.
+  // text: the host's buffer, by the interface at least kVstMaxParamStrLen bytes; hosts give more.
   virtual void getParameterLabel(VstInt32 index, char* label);
   virtual void getParameterDisplay(VstInt32 index, char* text);
   virtual void getParameterName(VstInt32 index, char* text);
@@ -74,20 +73,12 @@ class AudioEffect {
   virtual bool isInputConnected(VstInt32 input);
   virtual bool isOutputConnected(VstInt32 output);
 
-  // Texts for displays. maxLen: bytes of `text`, the end among them. "Huge!" where the whole part
-  // finds no room.
-  // "-6.02"; "-oo" for 0 and below
-  virtual void dB2string(float amplitude, char* text,
-                         VstInt32 maxLen);
-  // the frequency of a period in frames
-  virtual void Hz2string(float samples, char* text,
-                         VstInt32 maxLen);
-  // that many frames in milliseconds
-  virtual void ms2string(float samples, char* text,
-                         VstInt32 maxLen);
-  // two digits after the point
-  virtual void float2string(float value, char* text,
-                            VstInt32 maxLen);
+  // Texts for displays, with two digits after the point. maxLen: bytes of `text`, the end among
+  // them. "Huge!" where the whole part finds no room.
+  virtual void dB2string(float amplitude, char* text, VstInt32 maxLen);  // "-oo" for 0 and below
+  virtual void Hz2string(float samples, char* text, VstInt32 maxLen);    // of a period in frames
+  virtual void ms2string(float samples, char* text, VstInt32 maxLen);    // of that many frames
+  virtual void float2string(float value, char* text, VstInt32 maxLen);
   virtual void int2string(VstInt32 value, char* text, VstInt32 maxLen);
 
   // Of the interface before version 2.4. Hosts no longer ask; each does nothing and returns 0.

@@ -37,9 +37,8 @@ void AudioEffect::ms2string(float samples, char* text, VstInt32 maxLen) {
 
 // Two digits after the point, cut where they find no room; a whole part that finds none would be
 // another number.
-// a float's 39 digits, sign, point and two more
 void AudioEffect::float2string(float value, char* text, VstInt32 maxLen) {
-  char whole[64];
+  char whole[64];  // a float's 39 digits, sign, point and two more
   std::snprintf(whole, sizeof whole, "%.2f", static_cast<double>(value));
   const char* point = std::strchr(whole, '.');
   const std::size_t needed =
@@ -47,9 +46,8 @@ void AudioEffect::float2string(float value, char* text, VstInt32 maxLen) {
   copyCut(static_cast<VstInt32>(needed) < maxLen ? whole : "Huge!", text, maxLen);
 }
 
-// ten digits and a sign
 void AudioEffect::int2string(VstInt32 value, char* text, VstInt32 maxLen) {
-  char whole[16];
+  char whole[16];  // ten digits and a sign
   const int length = std::snprintf(whole, sizeof whole, "%d", value);
   copyCut(length < maxLen ? whole : "Huge!", text, maxLen);
 }

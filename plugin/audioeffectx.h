@@ -1,5 +1,4 @@
-// The extended interface: opcodes from effProcessEvents upward, and what else a plug-in may ask its
-// host.
+// The extended interface: opcodes from effProcessEvents on, and what else an effect asks its host.
 #pragma once
 
 #include "plugin/audioeffect.h"

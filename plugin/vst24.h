@@ -1,5 +1,4 @@
-// The VST 2.4 binary interface: types, records, opcodes and flags that a plug-in and a host agree
-// on.
+// The VST 2.4 binary interface: types, records, opcodes and flags that plug-in and host agree on.
 #pragma once
 
 #include <cstddef>
@@ -251,9 +250,8 @@ enum VstSpeakerArrangementType : VstInt32 {
   kSpeakerArrStereo = 1,
 };
 
-// 1 MIDI, 6 system exclusive
 struct VstEvent {
-  VstInt32 type;
+  VstInt32 type;  // 1 MIDI, 6 system exclusive
   VstInt32 byteSize;
   VstInt32 deltaFrames;
   VstInt32 flags;

@@ -48,9 +48,8 @@ void AEffGUIEditor::needToolkit() {
   rect = windowSize();
 }
 
-// should the toolkit fail
 bool AEffGUIEditor::getRect(ERect** out) {
-  *out = nullptr;
+  *out = nullptr;  // should the toolkit fail
   needToolkit();
   *out = &rect;
   return true;

@@ -23,8 +23,7 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   ~AEffGUIEditor() override;
 
   bool getRect(ERect** out) override;  // pixels; right at any time, before the first opening too
-  bool open(
-      void* window) override;  // keeps the host's window; subclasses open the frame and answer true
+  bool open(void* window) override;    // keeps the host's window; subclasses open the frame in it
   void idle() override;
   bool onKeyDown(VstKeyCode& key) override;
   bool onKeyUp(VstKeyCode& key) override;

@@ -33,9 +33,8 @@ class DoubleClick {
   void forget() { first.reset(); }
 
  private:
-  // ms
   struct Press {
-    std::uint64_t time;
+    std::uint64_t time;  // ms
     VSTGUI::CPoint where;
   };
   // ms, also between presses that a slow idle hands over late

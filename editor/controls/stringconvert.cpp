@@ -25,9 +25,8 @@ void stepStringConvert(float value, char* text) {
   strictStringConvert(value, text);
 }
 
-// the product in float
 void percentStringConvert(float value, char* text) {
-  const float percent = value * 100.0F;
+  const float percent = value * 100.0F;  // the product in float
   std::snprintf(text, kTextSize, "%d%%", truncatedToInt32(static_cast<double>(percent)));
 }
 

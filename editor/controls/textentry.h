@@ -6,9 +6,8 @@
 class COrvTextEdit;
 
 // The field in frame coordinates, and the frame's origin on the screen, counted from the top.
-// pixels
 struct TextEntryPlace {
-  double x, y, width, height;
+  double x, y, width, height;  // pixels
   double globalX, globalY;
 };
 

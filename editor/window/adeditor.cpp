@@ -38,14 +38,12 @@ ERect ADEditor::windowSize() {
           static_cast<VstInt16>(background->getWidth())};
 }
 
-// opening twice would lose the first frame
 bool ADEditor::open(void* window) {
-  if (frame != nullptr) close();
+  if (frame != nullptr) close();  // opening twice would lose the first frame
   try {
     return openWindow(window);
-    // memory ran out: half a window is none
   } catch (...) {
-    ADEditor::close();
+    ADEditor::close();  // memory ran out: half a window is none
     return false;
   }
 }

@@ -25,7 +25,7 @@ class ADEditor : public CPresetSystemEditor {
   void close() override;
   void idle() override;
   void valueChanged(VSTGUI::CControl* control) override;
-  // any thread; others' indexes are ignored
+  // any thread; an index that is no parameter's is ignored
   void setParameter(VstInt32 index, float value) override;
   virtual void suspend();  // the meter shows the centre
 
@@ -46,9 +46,8 @@ class ADEditor : public CPresetSystemEditor {
   Trelvan* trelvan;
   std::atomic<std::uint32_t> changed{0};  // one bit a parameter that the controls do not show yet
   VSTGUI::SharedPointer<VSTGUI::CBitmap> background;
-  // slider or switch
   struct ParameterViews {
-    VSTGUI::CControl* control = nullptr;
+    VSTGUI::CControl* control = nullptr;       // slider or switch
     VSTGUI::CParamDisplay* display = nullptr;  // of its value; none beside a switch
   };
   std::array<ParameterViews, kParameterCount> views;  // by parameter index

@@ -143,9 +143,8 @@ void ADEditor::addParameterControls() {
   }
 }
 
-// the panel is centred above the preset bar
 void ADEditor::addAbout() {
-  constexpr double kAreaWidth = 302;
+  constexpr double kAreaWidth = 302;  // the panel is centred above the preset bar
   constexpr double kAreaHeight = 214;
   const auto panel = loadBitmap(139);
   CRect size(70, 182, 225, 202);

@@ -131,9 +131,8 @@ bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jo
   for (std::size_t count = 1; count < threadCount(arguments, jobs.list.size()); ++count) {
     try {
       helpers.emplace_back(work);
-      // fewer threads do it too
     } catch (const std::system_error&) {
-      break;
+      break;  // fewer threads do it too
     }
   }
   work();

@@ -54,9 +54,8 @@ fs::path plotName(const fs::path& input) {
   return input.stem().string() + ".png";
 }
 
-// identity of a target, and the input that it is for
 void checkNothingIsDestroyed(const std::vector<Job>& jobs) {
-  std::map<fs::path, fs::path> writers;
+  std::map<fs::path, fs::path> writers;  // identity of a target, and the input that it is for
   const auto claim = [&](const fs::path& target, const fs::path& input) {
     std::error_code error;
     for (const Job& job : jobs) {

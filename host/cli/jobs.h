@@ -13,9 +13,8 @@ struct Job {
   std::optional<std::filesystem::path> plot;
 };
 
-// as the inputs were named
 struct Jobs {
-  std::vector<Job> list;
+  std::vector<Job> list;                               // as the inputs were named
   std::vector<std::filesystem::path> foldersToBeMade;  // for the outputs; missing now
 };
 

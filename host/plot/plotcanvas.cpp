@@ -130,9 +130,8 @@ std::string PlotCanvas::fitted(const std::string& text, const PlotText& look, do
   return shorter + "\u2026";
 }
 
-// of the size
 void PlotCanvas::text(const std::string& text, const PlotPoint& at, const PlotText& look) {
-  constexpr double kCapitalHeight = 0.72;
+  constexpr double kCapitalHeight = 0.72;  // of the size
   const double width = widthOf(text, look);
   cairo_t* cr = context.get();
   cairo_save(cr);
@@ -146,9 +145,8 @@ void PlotCanvas::text(const std::string& text, const PlotPoint& at, const PlotTe
 }
 
 void PlotCanvas::image(const PlotArea& area, const std::vector<std::uint32_t>& pixels, int columns,
-                       // bytes; 32-bit rows need no padding
                        int rows) {
-  const int stride = columns * 4;
+  const int stride = columns * 4;  // bytes; 32-bit rows need no padding
   std::vector<std::uint32_t> copy = pixels;
   const std::unique_ptr<cairo_surface_t, Destroy> source(cairo_image_surface_create_for_data(
       reinterpret_cast<unsigned char*>(copy.data()), CAIRO_FORMAT_ARGB32, columns, rows, stride));

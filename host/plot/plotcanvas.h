@@ -14,9 +14,8 @@ struct PlotColour {
   PlotColour faded(double by) const { return {red, green, blue, alpha * by}; }
 };
 
-// pixels, from the upper left
 struct PlotPoint {
-  double x, y;
+  double x, y;  // pixels, from the upper left
 };
 
 struct PlotArea {
@@ -27,9 +26,8 @@ struct PlotArea {
   double centreY() const { return top + height / 2; }
 };
 
-// pixels
 struct PlotText {
-  double size;
+  double size;  // pixels
   PlotColour colour;
   double anchorX = 0.0;  // 0: the point is the text's left end, 1: the right end
   // 0: the point is on the base line, 0.5: in the middle of the capitals' height

@@ -138,9 +138,8 @@ std::string damagedAt(std::int64_t byte) {
 }
 
 // Page by page, for the library leaves damaged ones out and takes the last whole one for the end.
-// bytes, the last of which counts the segments
 std::string damageInOgg(const Bytes& file) {
-  constexpr std::size_t kHead = 27;
+  constexpr std::size_t kHead = 27;               // bytes, the last of which counts the segments
   constexpr unsigned char kEndOfStream = 1 << 2;  // in the sixth byte
   static constexpr const char* kCut = "has no last page: it is cut short, or a piece of a stream";
   std::vector<char> buffer;

@@ -35,9 +35,8 @@ int namelessFile(const std::filesystem::path& path) {
   return handle;
 }
 
-// bytes: what a pipe holds
 void copyAll(int from, int to, const std::filesystem::path& path) {
-  std::array<char, 1 << 16> piece{};
+  std::array<char, 1 << 16> piece{};  // bytes: what a pipe holds
   for (;;) {
     const ssize_t count = read(from, piece.data(), piece.size());
     if (count < 0 && errno == EINTR) continue;

@@ -21,9 +21,8 @@ void OutputStage::setLatency(std::int64_t frames) {
   acceptSilence(skipped);
 }
 
-// frames
 void OutputStage::acceptSilence(std::int64_t frames) {
-  static constexpr int kPiece = 1024;
+  static constexpr int kPiece = 1024;  // frames
   static constexpr std::array<double, kPiece> kSilent{};
   for (; frames > 0; frames -= kPiece) {
     accept(kSilent.data(), kSilent.data(),

@@ -5,9 +5,8 @@
 #include <functional>
 #include <vector>
 
-// until the effect is silent
 struct TailPlan {
-  bool automatic = false;
+  bool automatic = false;   // until the effect is silent
   std::int64_t frames = 0;  // of tail; with `automatic` the most that may come
   // with `automatic`: silence that counts as the end, longer than any gap inside a tail
   std::int64_t quietFrames = 0;

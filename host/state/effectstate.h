@@ -12,9 +12,8 @@
 // for this effect. Returns notes for the person, one line each.
 std::vector<std::string> applyState(Effect& effect, const StateArguments& arguments);
 
-// by number
 struct PresetNames {
-  std::vector<std::string> names;
+  std::vector<std::string> names;  // by number
   int current = 0;
 };
 // Trelvan's own presets, other effects' programs.

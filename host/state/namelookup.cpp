@@ -40,9 +40,8 @@ std::size_t editDistance(const std::string& a, const std::string& b) {
 }
 
 // How far a name is from what was typed; none where a likeness would be chance. Both in lower case.
-// letters
 std::optional<std::size_t> distanceOf(const std::string& name, const std::string& wanted) {
-  constexpr std::size_t kShortestPart = 2;
+  constexpr std::size_t kShortestPart = 2;  // letters
   constexpr std::size_t kShortestWord = 3;
   if (wanted.size() >= kShortestPart && name.find(wanted) != std::string::npos) return 1;
   const std::size_t distance = editDistance(wanted, name);

@@ -9,16 +9,14 @@
 #include "effect/parameters.h"
 
 // --set NAME=VALUE, taken apart at the first "=".
-// name or index
 struct ParameterSetting {
-  std::string parameter;
+  std::string parameter;  // name or index
   std::string value;
 };
 
 // In the order in which it is applied.
-// raw chunk
 struct StateArguments {
-  std::optional<std::string> state;
+  std::optional<std::string> state;                          // raw chunk
   std::optional<std::string> bank;                           // .orb
   std::optional<std::string> preset;                         // name, number or .orv
   std::array<std::optional<float>, kParameterCount> values;  // of Trelvan, normalised, by index

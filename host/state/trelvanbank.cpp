@@ -88,9 +88,8 @@ void TrelvanBank::loadBank(std::span<const unsigned char> file, const std::strin
   currentPreset = 0;
 }
 
-// what was read is within 0..1
 TrelvanBank::Bytes TrelvanBank::chunk() const {
-  presetimage::InvalidParameters none;
+  presetimage::InvalidParameters none;  // what was read is within 0..1
   Bytes bytes(presetimage::kChunkSize);
   presetimage::writeChunk(std::span<unsigned char, presetimage::kChunkSize>(bytes), bank, id,
                           currentPreset, kNoDummies, none);

@@ -40,9 +40,8 @@ class HostCallback final {
   void setProcessing(bool on) { processing = on; }
   void setPosition(std::int64_t frame);
 
-  // pixels
   struct Size {
-    int width;
+    int width;  // pixels
     int height;
   };
   // Whether this host can show the effect's window, which then takes the size that the effect asks

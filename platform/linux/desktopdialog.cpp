@@ -105,9 +105,8 @@ std::vector<std::string> warning(const Program& program, const std::string& titl
           "--text=" + validText(text)};
 }
 
-// cancelled, closed
 Answer answerOf(int exitStatus, const std::string& output) {
-  constexpr int kRefused = 1;
+  constexpr int kRefused = 1;  // cancelled, closed
   constexpr int kTimeout = 5;  // zenity's own time limit
   if (exitStatus == 0) return Answer::accepted;
   if (exitStatus == ChildProgram::kUnknownStatus)

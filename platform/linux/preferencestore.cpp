@@ -106,9 +106,8 @@ std::optional<std::string> valueIn(GKeyFile* file, const std::string& key) {
   return std::string(value.get());
 }
 
-// empty where nothing could be read
 struct Loaded {
-  KeyFile keys{g_key_file_new()};
+  KeyFile keys{g_key_file_new()};  // empty where nothing could be read
   // false: the file is there and cannot be read, so nobody may write over it
   bool replaceable = true;
   bool damaged = false;  // it is no key file, or too large for one

@@ -115,9 +115,8 @@ bool replace(const std::string& path, const std::string& content) {
   return true;
 }
 
-// then the last one is given up
 bool keepAside(const std::string& path) {
-  constexpr int kNames = 9;
+  constexpr int kNames = 9;  // then the last one is given up
   std::string aside = path + ".damaged";
   for (int number = 2; number <= kNames && ::access(aside.c_str(), F_OK) == 0; ++number) {
     aside = path + ".damaged-" + std::to_string(number);

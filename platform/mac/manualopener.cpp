@@ -12,9 +12,8 @@ namespace {
 
 // "open" hands the file over and ends at once, with a status that says whether it was there and
 // something shows it.
-// bytes; a longer one is not run
 bool shellOpens(const std::string& quotedPath) {
-  char command[1024];
+  char command[1024];  // bytes; a longer one is not run
   const int length = std::snprintf(command, sizeof command, "open %s", quotedPath.c_str());
   return length > 0 && static_cast<std::size_t>(length) < sizeof command &&
          std::system(command) == 0;

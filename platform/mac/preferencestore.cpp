@@ -23,9 +23,8 @@ CFOwned<CFStringRef> romanString(const char* text) {
 
 }  // namespace
 
-// null: no such key
 struct PreferenceStore::System {
-  using Value = CFOwned<CFPropertyListRef>;
+  using Value = CFOwned<CFPropertyListRef>;  // null: no such key
 
   CFOwned<CFStringRef> application;
   std::map<std::string, Value> known;    // as the store returned it, once a key

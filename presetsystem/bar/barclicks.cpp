@@ -2,7 +2,6 @@
 #include "presetsystem/bar/barclicks.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string>
 
 #include "editor/controls/corvtextedit.h"

@@ -5,9 +5,8 @@
 #include <cstring>
 
 // Kept from one run of the host to the next. User-interface thread.
-// bytes, the last one spare
 struct FilePlaces {
-  static constexpr std::size_t kSize = 257;
+  static constexpr std::size_t kSize = 257;  // bytes, the last one spare
 
   char currentDirectory[kSize] = {};  // ends in "/"
   char bankFileName[kSize] = {};

@@ -98,9 +98,9 @@ void PresetFiles::start(Operation wanted, bool endianReversed) {
   request.extension = ofBank ? "orb" : "orv";
   request.proposedName = ofBank ? places.bankFileName : places.presetFileName;
   request.window = window.hostWindow();
+  dialog.start(request);  // throws where there is no memory: then nothing is running
   operation = wanted;
   orderReversed = endianReversed;
-  dialog.start(request);
 }
 
 void PresetFiles::complete() {

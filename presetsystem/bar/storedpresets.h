@@ -15,7 +15,7 @@ enum class StoredImage : std::uint8_t { defaultBank, defaultPreset, defaultMidi,
 // thread.
 class StoredPresets {
  public:
-  StoredPresets(CPresetSystemEffect* storesEffect, FilePlaces& storedPlaces);
+  StoredPresets(CPresetSystemEffect* storesEffect, FilePlaces& kept);
 
   void loadDefaults();  // bank, preset 0, preset into it, places; the preferences are read once
   void save(StoredImage which);

@@ -10,9 +10,8 @@
 // The record that the bank, the chunk and the files hold. The values are words of their own because
 // automation may write one on the audio thread while another thread saves the bank; the name is the
 // user-interface thread's.
-// bytes; a stored name ends with a zero among them
 struct ACombProgram {
-  static constexpr int kNameSize = 24;
+  static constexpr int kNameSize = 24;       // bytes; a stored name ends with a zero among them
   static constexpr int kParameterCount = 5;  // in parameter-index order
 
   char name[kNameSize] = "init";

@@ -106,7 +106,7 @@ Image identify(std::span<const unsigned char> bytes, std::int32_t uniqueID, cons
   ByteReader words(bytes, false);
   const ByteOrder first = byteOrderOf(words.int32(), uniqueID);
   const ByteOrder second = byteOrderOf(words.int32(), uniqueID);
-  if (first != ByteOrder::foreign && bytes.size() >= kOldPrefixSize) {
+  if (origin.sizeKnown && first != ByteOrder::foreign && bytes.size() >= kOldPrefixSize) {
     image.swapped = (first == ByteOrder::swapped) != origin.orderReversed;
     takeFile(image, bytes, origin.whole);
   } else if (second != ByteOrder::foreign && bytes.size() >= kChunkPrefixSize) {

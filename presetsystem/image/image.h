@@ -20,7 +20,7 @@ struct Image {
   };
   enum class Extent {
     whole,
-    cut,       // less is there than the header names: what is there may be read
+    cut,       // the header names more than is there, or below 0: what is there may be read
     headless,  // nothing may be read: not even the header is there, or nobody knows what it is
   };
 
@@ -32,17 +32,16 @@ struct Image {
   bool headerIsOurs = true;
   bool swapped = false;  // written in the byte order that is not this machine's
 
-  // What may be read: the entries or the old records, whose words are swapped where `swapped` says
-  // so.
+  // What may be read: the entries or the old records, whose words are swapped if `swapped` is set.
   std::span<const unsigned char> body;
-  newpresetheader
-      header;  // of current layouts, in this machine's order; dataSize: at most the body's size
+  // Of current layouts, in this machine's order. dataSize: at most the body's size.
+  newpresetheader header;
   int recordCount = 0;      // of old layouts
   int floatsPerRecord = 0;  // of old layouts; below 0: not even the names are whole
   int presetToSelect = 0;   // of a bank, 0..31
 };
 
-// How the bytes were come by.
+// Where the bytes come from.
 struct Origin {
   // false: a host named no size, the bytes are as many as a chunk has at most
   bool sizeKnown = true;

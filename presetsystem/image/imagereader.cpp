@@ -1,5 +1,4 @@
 // Reads the entries of current preset, bank and MIDI-map images.
-#include <cstring>
 #include <optional>
 
 #include "presetsystem/image/bytereader.h"
@@ -60,9 +59,8 @@ bool readName(Entry& entry, ACombProgram& preset) {
   return true;
 }
 
-// bytes: index, two unused words, value
 std::optional<ParameterEntry> readParameter(Entry& entry) {
-  constexpr std::size_t kUpToValue = 16;
+  constexpr std::size_t kUpToValue = 16;  // bytes: index, two unused words, value
   if (entry.payload.left() < kUpToValue) return std::nullopt;
   const std::int32_t index = entry.payload.int32();
   entry.payload.skip(8);

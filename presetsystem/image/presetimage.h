@@ -119,10 +119,9 @@ int presetToSelect(std::int32_t currentPreset);
 Reading readPreset(std::span<const unsigned char> entries, const newpresetheader& header,
                    bool swapped, ACombProgram& preset);
 
-// index
 struct MidiAssignment {
-  int parameter;
-  float value;  // 0..1
+  int parameter;  // index
+  float value;    // 0..1
 };
 std::vector<MidiAssignment> readMidiMap(std::span<const unsigned char> entries,
                                         const newpresetheader& header, bool swapped);

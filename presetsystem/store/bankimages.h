@@ -10,7 +10,8 @@
 class CPresetSystemEffect;
 
 // Reading and writing for the host's chunk, files and stored values alike. A finished reading
-// selects the preset and tells the store's listener; one that is refused leaves the bank as it was.
+// selects the preset and tells the store's listener, but for an old chunk, of which the listener is
+// told nothing; one that is refused leaves the bank as it was, but for what takeChunk says.
 // Values outside 0..1 that a bank is saved or loaded with are told on the standard error stream.
 // Thread of the store's own operations.
 class BankImages {
@@ -18,11 +19,12 @@ class BankImages {
   explicit BankImages(CPresetSystemEffect& store) : effect(store) {}
 
   // Of files and stored values; what is not of that content is ignored. A preset goes into the
-  // current one.
+  // current one; one that names a negative number of entries resets it to the default preset, of
+  // which neither host nor listener is told.
   void takeBank(const presetimage::Image& image);
   void takePreset(const presetimage::Image& image);
-  // False: it is no chunk of ours, or an old one with a value outside 0..1; of that one what was
-  // read before it stays, and the listener is told nothing, as it has always been.
+  // False: it is no chunk of ours, or an old one with a value outside 0..1, of which what was read
+  // before that value stays. A current one that is refused leaves the bank and gives true.
   bool takeChunk(const presetimage::Image& image);
 
   // Return the size in bytes and allocate nothing.

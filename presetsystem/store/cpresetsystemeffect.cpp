@@ -124,9 +124,9 @@ void CPresetSystemEffect::presetTakenOver() {
   if (listener != nullptr) listener->presetsChanged();
 }
 
-// Until the listener is there the effect is being made, and its bank is nobody's yet.
+// Without an editor the effect is being made, or ends: its bank is nobody's.
 VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
-  if (listener == nullptr) return 0;
+  if (editor == nullptr) return 0;
   const std::size_t size = BankImages(*this).writeChunk(chunkBuffer);
   *data = chunkBuffer.data();
   return static_cast<VstInt32>(size);
@@ -135,7 +135,7 @@ VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
 // A byteSize above 0 bounds every read. One that says nothing (0 or below) leaves the header's own
 // data size, and no chunk of ours is longer than kChunkSize.
 VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool /*isPreset*/) {
-  if (data == nullptr || listener == nullptr) return kChunkRefused;
+  if (data == nullptr || editor == nullptr) return kChunkRefused;
   const bool sizeKnown = byteSize > 0;
   const std::span<unsigned char> bytes(
       static_cast<unsigned char*>(data),

@@ -63,10 +63,9 @@ TEST_F(Meter, TheBoundaryIsTheNearestStep) {
   }
 }
 
-// 14 pixels each
 TEST_F(Meter, TheBoundaryMovesInStepsOfTheBitmapsWidth) {
-  CVuMeter1* meter = make(13);
-  meter->setValue(0.49F);  // 6.37 steps
+  CVuMeter1* meter = make(13);  // 14 pixels each
+  meter->setValue(0.49F);       // 6.37 steps
   EXPECT_EQ(litColumns(), 6 * 14);
   meter->setValue(0.51F);  // 6.63 steps
   EXPECT_EQ(litColumns(), 7 * 14);

@@ -138,9 +138,8 @@ TEST_F(IdleTimer, TicksOnTheLoopOfTheThreadThatMadeIt) {
 TEST_F(IdleTimer, NeverTicksOnAnotherThread) {
   void* timer = nullptr;
   std::atomic<bool> theirsIsMade{false}, loopWasRun{false};
-  // without a loop of its own
   std::thread window([&] {
-    timer = createTimer(&editor, 1);
+    timer = createTimer(&editor, 1);  // without a loop of its own
     theirsIsMade = true;
     while (!loopWasRun) std::this_thread::sleep_for(milliseconds(1));
     destroyTimer(timer);

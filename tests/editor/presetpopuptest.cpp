@@ -129,9 +129,8 @@ TEST_F(PresetPopup, ReturnOpensItFromTheFocusedMenu) {
   expectNoChange();
 }
 
-// as whoever steps elsewhere does
 TEST_F(PresetPopup, UpAndDownStepWithoutTheListFromTheEntryShown) {
-  menu->setCurrent(10);
+  menu->setCurrent(10);  // as whoever steps elsewhere does
   frame->setFocusView(menu);
   EXPECT_TRUE(key(VirtualKey::Down));
   EXPECT_TRUE(key(VirtualKey::Up));

@@ -102,9 +102,8 @@ TEST(EffectAloneDeathTest, IsProcessedByOneThreadAtATimeWhereThatIsChecked) {
       "process: another thread is processing");
 }
 
-// guitar 3: wide
 TEST_F(EffectAlone, Widens) {
-  effect.setPresetNo(14);
+  effect.setPresetNo(14);  // guitar 3: wide
   effect.resume();
   std::vector<float> left(1024, 0.0F);
   std::vector<float> right(1024, 0.0F);

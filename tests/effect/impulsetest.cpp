@@ -11,9 +11,8 @@ template <typename Sample>
 class Impulse : public testing::Test {};
 TYPED_TEST_SUITE(Impulse, Precisions, PrecisionNames);
 
-// Hz
 struct Delay {
-  float rate;
+  float rate;      // Hz
   float baseFreq;  // raw
   std::size_t frames;
 };
@@ -33,9 +32,8 @@ constexpr Delay kDelays[] = {
 
 }  // namespace
 
-// 2 * 0.5^2
 TYPED_TEST(Impulse, ComesBackAsSideAfterOnePeriodWithItsEmphasisTapOneFrameLater) {
-  constexpr TypeParam kGain = 0.5;
+  constexpr TypeParam kGain = 0.5;       // 2 * 0.5^2
   constexpr TypeParam kEmphasis = 0.25;  // of the frame before
   for (const Delay& delay : kDelays) {
     Player plugin({.rate = delay.rate, .baseFreq = delay.baseFreq, .emphasis = 0.25F});

@@ -52,9 +52,8 @@ std::vector<Sample> sideOf(const Stereo<Sample>& out) {
 }
 
 // An instance with these raw values that has just been resumed, so that nothing glides.
-// Hz
 struct Settings {
-  float rate = 44100.0F;
+  float rate = 44100.0F;  // Hz
   float width = 0.5F;     // side gain 0.5, a power of two
   float baseFreq = 1.0F;  // 1000 Hz
   float emphasis = 0.0F;

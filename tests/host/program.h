@@ -9,9 +9,8 @@
 
 #include "tests/host/foldertest.h"
 
-// exit status; -number where a signal ended it
 struct Outcome {
-  int status = -1;
+  int status = -1;  // exit status; -number where a signal ended it
   std::string out;
   std::string error;
   long mostMemory = 0;  // kB

@@ -5,9 +5,8 @@
 #include <filesystem>
 #include <vector>
 
-// Hz
 struct Sound {
-  int rate = 44100;
+  int rate = 44100;  // Hz
   int channels = 2;
   std::vector<double> samples;  // interleaved, 1 is full scale
 

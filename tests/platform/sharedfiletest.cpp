@@ -26,9 +26,8 @@ class SharedFile : public testing::Test {
   std::string out = "untouched";
 };
 
-// more than one part
 TEST_F(SharedFile, IsReadUpToItsLimit) {
-  const std::string content(40000, 'x');
+  const std::string content(40000, 'x');  // more than one part
   writeFile(file, content);
   EXPECT_EQ(sharedfile::read(file, content.size() - 1, out), Reading::tooLarge);
   EXPECT_EQ(out, "untouched");

@@ -31,9 +31,8 @@ class EndOfProcess {
   std::terminate_handler before;
 };
 
-// may itself allocate nothing but what is tested
 struct FailingCall {
-  std::function<void()> call;
+  std::function<void()> call;                 // may itself allocate nothing but what is tested
   std::function<void()> afterFailure;         // the host looks at what it got
   std::function<void()> callOnceMore = call;  // with all the memory it wants, after two failures
 };

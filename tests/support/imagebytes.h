@@ -22,9 +22,8 @@ constexpr int kMidiMapKind = 12;
 constexpr int kOldPresetKind = 33;
 constexpr int kOldBankKind = 55;
 
-// bytes; filled with zeros up to 24
 struct Preset {
-  std::string name;
+  std::string name;  // bytes; filled with zeros up to 24
   std::array<float, 5> values{};
 };
 using Bank = std::array<Preset, 32>;

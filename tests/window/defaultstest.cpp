@@ -139,9 +139,8 @@ TEST_F(Defaults, NoKeyTriggersThem) {
   const std::uint32_t keys[] = {XKB_KEY_Return, XKB_KEY_KP_Enter, XKB_KEY_space,
                                 XKB_KEY_Up,     XKB_KEY_Down,     XKB_KEY_Left,
                                 XKB_KEY_Right,  XKB_KEY_Tab,      XKB_KEY_Escape};
-  // the keyboard is in the window, the pointer on the button
   for (const Area& button : {places::kDefaultPreset, places::kDefaultBank}) {
-    host.click(button);
+    host.click(button);  // the keyboard is in the window, the pointer on the button
     wait();
     for (const std::uint32_t key : keys) {
       host.key(key);

@@ -143,9 +143,8 @@ TEST_F(HostChanges, ARefusedChunkChangesNothing) {
 
 // A square wave of mid, and a side of the width's making: none at width 0, twice the mid at width 1
 // (gain 2 * 1 * 1).
-// of the meter, one pixel each; half of them are lit at rest
 TEST_F(HostChanges, SoundMovesTheMeterTowardMidAndTowardSide) {
-  constexpr int kSteps = 182;
+  constexpr int kSteps = 182;  // of the meter, one pixel each; half of them are lit at rest
   constexpr int kTwoSeconds = 88200;
   const Picture rest = host.picture();
   host.setParameter(0, 0.0F);

@@ -343,9 +343,8 @@ TEST_F(Name, ADoubleClickIntoTheFieldSelectsAllOfIt) {
   expectConfirmed("d");
 }
 
-// the interface's number of the key
 TEST_F(Name, KeysThatTheHostHandsOnReachTheField) {
-  constexpr int kReturn = 4;
+  constexpr int kReturn = 4;  // the interface's number of the key
   startEntry();
   host.key(XKB_KEY_x);
   for (const int character : {'o', 'k'}) {

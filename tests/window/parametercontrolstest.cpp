@@ -71,9 +71,8 @@ TEST_F(ParameterControls, ADragIsOneGestureWithOneAutomationPerMovement) {
 }
 
 TEST_F(ParameterControls, TheValueOneIsAtTheLeftAndZeroAtTheRight) {
-  // far beyond the end
   for (VstInt32 index = 0; index < 3; ++index) {
-    dragTo(index, 0.5F, 1.5F);
+    dragTo(index, 0.5F, 1.5F);  // far beyond the end
     EXPECT_EQ(host.parameter(index), 1.0F);
     dragTo(index, 1.0F, -0.5F);
     EXPECT_EQ(host.parameter(index), 0.0F);

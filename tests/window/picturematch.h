@@ -10,11 +10,10 @@
 // Artwork is compared pixel by pixel, with some room for how edges are smoothed. Letters come from
 // the machine's font rendering, which may move them by a pixel and smooth them differently: texts
 // are compared through a slight blur, in the place where they fit best within a pixel to each side.
-// share of the pixels outside the text areas that differ, 0..1
 struct PictureMatch {
-  double artwork = 0;
-  double tile = 0;  // the same share in the square where it is largest
-  double text = 0;  // difference as a share of the ink, of the text area where it is largest
+  double artwork = 0;  // share of the pixels outside the text areas that differ, 0..1
+  double tile = 0;     // the same share in the square where it is largest
+  double text = 0;     // difference as a share of the ink, of the text area where it is largest
 
   bool alike() const;
 };

@@ -36,9 +36,8 @@ std::vector<Area> listEntries() {
   return areas;
 }
 
-// pixels, so that a button that is out of place shows
 Area around(const Area& area) {
-  constexpr int kMargin = 5;
+  constexpr int kMargin = 5;  // pixels, so that a button that is out of place shows
   return {area.left - kMargin, area.top - kMargin, area.right + kMargin, area.bottom + kMargin};
 }
 
@@ -270,9 +269,8 @@ TEST_F(PictureMatching, TheSameWindowIsAlike) {
   EXPECT_TRUE(alike());
 }
 
-// "61%" for "60%"
 TEST_F(PictureMatching, AnotherNumberIsNot) {
-  host.setParameter(0, 0.61F);
+  host.setParameter(0, 0.61F);  // "61%" for "60%"
   const Picture after = host.picture();
   Picture onlyText = before;
   for (int y = 0; y < before.height; ++y) {

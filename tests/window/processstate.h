@@ -9,9 +9,8 @@
 #include <iterator>
 
 // kB in memory.
-// pages
 inline long residentMemory() {
-  long total = 0, resident = 0;
+  long total = 0, resident = 0;  // pages
   std::ifstream("/proc/self/statm") >> total >> resident;
   return resident * (sysconf(_SC_PAGESIZE) / 1024);
 }

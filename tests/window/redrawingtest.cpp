@@ -45,9 +45,8 @@ TEST_F(Redrawing, AMeterChangeDrawsTheMetersRectangleAndNoMore) {
   }
 }
 
-// settled at the end of the scale
 TEST_F(Redrawing, AMeterThatKeepsItsReadingDrawsNothing) {
-  host.play(0.5F, 0.5F, 441000);
+  host.play(0.5F, 0.5F, 441000);  // settled at the end of the scale
   host.settle();
   DamageWatch watch(host.display, host.parent());
   host.play(0.5F, 0.5F, 4410);

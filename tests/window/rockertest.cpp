@@ -68,9 +68,8 @@ TEST_F(Rocker, APressThatIsHeldStepsOnce) {
   EXPECT_EQ(host.currentPreset(), 1);
 }
 
-// down: further along the list
 TEST_F(Rocker, TheWheelSteps) {
-  host.wheel(places::kRockerRight, -3);
+  host.wheel(places::kRockerRight, -3);  // down: further along the list
   EXPECT_EQ(host.currentPreset(), 3);
   host.wheel(places::kRockerLeft, 1);
   EXPECT_EQ(host.currentPreset(), 2);

@@ -15,9 +15,8 @@ constexpr int kRounds = 2000;
 #endif
 constexpr int kWarmUp = kRounds / 2;  // until then the text libraries fill their caches
 
-// bytes
 struct State {
-  long heap = 0;
+  long heap = 0;      // bytes
   long resident = 0;  // kB
   long files = 0;
   long threads = 0;

@@ -39,9 +39,8 @@ class FullServer {
 // All file descriptors that the process may have, but for some.
 class FullProcess {
  public:
-  // more than what the test has open
   explicit FullProcess(int files) {
-    constexpr rlim_t kFew = 128;
+    constexpr rlim_t kFew = 128;  // more than what the test has open
     getrlimit(RLIMIT_NOFILE, &before);
     const rlimit few{kFew, before.rlim_max};
     setrlimit(RLIMIT_NOFILE, &few);
@@ -79,9 +78,8 @@ class Scarcity : public WindowTest {
 // The window has a connection of its own beside the toolkit's.
 TEST_F(Scarcity, WithLessThanTwoPlacesOnTheServerTheAnswerIsNo) {
   const Picture expected = usual();
-  // the only one: nothing is connected yet
   for (int places = 0; places <= 3; ++places) {
-    WindowHost host;
+    WindowHost host;  // the only one: nothing is connected yet
     {
       const FullServer server(places);
       EXPECT_EQ(host.openOnly(), places >= 2) << places;

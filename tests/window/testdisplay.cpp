@@ -12,9 +12,8 @@
 
 namespace {
 
-// bits
 xcb_visualid_t alphaVisual(const xcb_screen_t* screen) {
-  constexpr std::uint8_t kAlphaDepth = 32;
+  constexpr std::uint8_t kAlphaDepth = 32;  // bits
   for (auto depth = xcb_screen_allowed_depths_iterator(screen); depth.rem > 0;
        xcb_depth_next(&depth)) {
     if (depth.data->depth == kAlphaDepth)

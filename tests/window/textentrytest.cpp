@@ -100,9 +100,8 @@ class TextEntryInTheFrame : public WindowTest {
   }
   // Whether some pixel has this colour; a thin line's may be mixed with a little of what is behind
   // it.
-  // of a channel's 255
   static bool has(const Picture& picture, std::uint32_t colour) {
-    constexpr int kNearly = 40;
+    constexpr int kNearly = 40;  // of a channel's 255
     return std::any_of(picture.pixels.begin(), picture.pixels.end(), [&](std::uint32_t pixel) {
       return channelDifference(pixel, colour) <= kNearly;
     });

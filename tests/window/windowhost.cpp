@@ -106,9 +106,8 @@ void WindowHost::idle(int times) {
   }
 }
 
-// passes; a caret that blinks lets it end within a few
 void WindowHost::settle() {
-  constexpr int kMost = 100;
+  constexpr int kMost = 100;  // passes; a caret that blinks lets it end within a few
   Picture before = pictureNow();
   for (int pass = 0, same = 0; pass < kMost && same < 2; ++pass) {
     idle();
@@ -282,9 +281,8 @@ int WindowHost::currentPreset() {
   return current;
 }
 
-// frames
 void WindowHost::play(float leftLevel, float rightLevel, int frames) {
-  constexpr int kHalf = 50;
+  constexpr int kHalf = 50;  // frames
   std::vector<float> in[2], out[2];
   for (int channel = 0; channel < 2; ++channel) {
     for (int i = 0; i < frames; ++i) {

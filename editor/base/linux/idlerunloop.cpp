@@ -10,9 +10,8 @@
 #include "editor/base/steadytime.h"
 #include "lib/platform/linux/x11platform.h"
 
-// one handler a library, a few timers a window
 void IdleRunLoop::makeRoom() {
-  constexpr std::size_t kRoom = 16;
+  constexpr std::size_t kRoom = 16;  // one handler a library, a few timers a window
   handlers.reserve(handlers.size() + kRoom);
   timers.reserve(timers.size() + kRoom);
 }
@@ -28,9 +27,8 @@ bool IdleRunLoop::isDataThere() const {
 // which nothing goes on does without. An event that came with such a reply waits in the
 // connection's memory, where nobody sees it: another look follows whatever has happened, and one
 // from time to time.
-// ms without a look
 void IdleRunLoop::handleEvents(std::uint64_t time) {
-  constexpr std::uint64_t kLongest = 200;
+  constexpr std::uint64_t kLongest = 200;  // ms without a look
   const bool dataThere = isDataThere();
   if (!dataThere && !lookAgain && time - lastLook < kLongest) return;
   lookAgain = dataThere;
@@ -74,9 +72,8 @@ void IdleRunLoop::runAfterwards() noexcept {
     next.splice(next.begin(), afterwards, afterwards.begin());
     try {
       next.front()();
-      // what it had begun may have made events
     } catch (const std::bad_alloc&) {
-      lookAgain = true;
+      lookAgain = true;  // what it had begun may have made events
     }
   }
 }

@@ -40,16 +40,14 @@ class IdleRunLoop final : public VSTGUI::X11::IRunLoop {
   }
 
  private:
-  // file descriptor
   struct Handler {
-    int connection;
+    int connection;                       // file descriptor
     VSTGUI::X11::IEventHandler* handler;  // null: taken away while pumping
   };
-  // null: taken away while pumping
   struct Timer {
-    VSTGUI::X11::ITimerHandler* handler;
-    std::uint64_t interval;  // ms
-    std::uint64_t due;       // ms
+    VSTGUI::X11::ITimerHandler* handler;  // null: taken away while pumping
+    std::uint64_t interval;               // ms
+    std::uint64_t due;                    // ms
   };
 
   // A pump on its way; what waits for its end is done whatever ended it.

@@ -11,9 +11,8 @@
 
 namespace {
 
-// not owned
 struct Listener {
-  AEffGUIEditor* editor;
+  AEffGUIEditor* editor;  // not owned
   std::thread::id maker;
 };
 

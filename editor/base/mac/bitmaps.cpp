@@ -12,9 +12,8 @@ VSTGUI::SharedPointer<VSTGUI::CBitmap> loadBitmap(std::int32_t number) {
   char name[32];
   std::snprintf(name, sizeof(name), "bmp%05d@2x.png", static_cast<int>(number));
   const auto sharp = VSTGUI::getPlatformFactory().createBitmap(VSTGUI::CResourceDescription(name));
-  // pixels a point
   if (bitmap->isLoaded() && sharp != nullptr) {
-    sharp->setScaleFactor(2.);
+    sharp->setScaleFactor(2.);  // pixels a point
     bitmap->addBitmap(sharp);
   }
   return bitmap;

@@ -28,9 +28,8 @@ const char* ownImageName() {
 
 }  // namespace
 
-// Trelvan.vst/Contents/MacOS/Trelvan -> Trelvan.vst
 void InitMachOLibrary() {
-  constexpr int kLevels = 3;
+  constexpr int kLevels = 3;  // Trelvan.vst/Contents/MacOS/Trelvan -> Trelvan.vst
   const char* name = ownImageName();
   if (name == nullptr) return;
   CFOwned<CFURLRef> url(CFURLCreateFromFileSystemRepresentation(

@@ -34,7 +34,6 @@ void FrameWindow::during(const std::function<void()>& work) {
   work();
 }
 
-// the text entry's own window sees it
 bool FrameWindow::keyboardLost() {
-  return false;
+  return false;  // the text entry's own window sees it
 }

@@ -10,17 +10,15 @@
 
 // The timer's target, apart from its owner: a timer retains its target, and the owner has to be
 // able to go before it.
-// not owned
 @interface Orv_Tlvn_TimerListener : NSObject {
-  AEffGUIEditor* editor;
+  AEffGUIEditor* editor;  // not owned
 }
 - (id)setListenerEditor:(AEffGUIEditor*)newEditor;
 - (void)timerProc:(NSTimer*)timer;
 @end
 
-// not owned
 @interface Orv_Tlvn_Timer : NSObject {
-  AEffGUIEditor* editor;
+  AEffGUIEditor* editor;             // not owned
   int32_t interval;                  // milliseconds
   NSTimer* timer;                    // retained
   Orv_Tlvn_TimerListener* listener;  // retained
@@ -64,9 +62,8 @@
 }
 
 - (void)dealloc {
-  // a tick that is under way does nothing
   if (listener != nil) {
-    [listener setListenerEditor:nullptr];
+    [listener setListenerEditor:nullptr];  // a tick that is under way does nothing
     [timer invalidate];
     [timer release];
     [listener release];

@@ -33,9 +33,8 @@ struct TextEntry::System {
   System& operator=(const System&) = delete;
 
   // Apart from the making, so that it is taken down where it breaks off.
-  // the container lets go of it once
   void show() {
-    field->remember();
+    field->remember();  // the container lets go of it once
     label->getParentView()->asViewContainer()->addView(field);
     grabPointer(label->getFrame(), true);
   }

@@ -8,9 +8,8 @@ class COrvTextEdit;
 
 // Borderless and transparent over the whole main screen, so that a click anywhere comes here. It
 // ends once, by itself, and tells its label; closing releases it. Main thread.
-// owned; nil once the entry has ended
 @interface OrvMCSystemBoxWindow : NSWindow <NSTextFieldDelegate> {
-  OrvMCMyTextField* textField;
+  OrvMCMyTextField* textField;    // owned; nil once the entry has ended
   COrvTextEdit* vstPointer;       // not owned; null once the entry has ended
   OrvMCSystemBoxWindow** handle;  // not owned: the label's side's pointer to this window
 }

@@ -37,9 +37,8 @@ class Lateness : public TestEffect {
   }
 
  private:
-  // frame
   struct Change {
-    long at;
+    long at;  // frame
     std::string to;
   };
 

@@ -8,9 +8,8 @@
 #include <cstdlib>
 #include <memory>
 
-// owned
 @interface RepeatedAction : NSObject {
-  std::function<bool()>* action;
+  std::function<bool()>* action;  // owned
 }
 - (id)initWithAction:(std::function<bool()>)newAction;
 - (void)fire:(NSTimer*)timer;

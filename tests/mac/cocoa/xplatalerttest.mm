@@ -26,9 +26,8 @@ class XplatAlertMac : public CocoaTest {
  protected:
   // Shows the alert and, while it is up and has the keyboard, lets the user act twice a second: a
   // key that comes too soon after the window gets lost here.
-  // ticks
   void show(const char* message, std::function<void(NSWindow*)> user) {
-    constexpr int kHalfSecond = 10;
+    constexpr int kHalfSecond = 10;  // ticks
     const auto ended = std::make_shared<bool>(false);
     repeatUntilDone([this, user, ended, ticks = 0]() mutable {
       if (*ended) return true;

@@ -10,9 +10,8 @@
 
 namespace {
 
-// global or weak, seen by others
 struct Symbols {
-  std::vector<std::string> defined;
+  std::vector<std::string> defined;  // global or weak, seen by others
 };
 
 template <typename Record>

@@ -54,9 +54,8 @@ bool decode(const char* text, CFStringEncoding encoding, std::u16string& out) {
     } else if (encoding == kCFStringEncodingUTF8 && (*p & 0xE0) == 0xC0 && (p[1] & 0xC0) == 0x80) {
       out += static_cast<char16_t>((*p & 0x1F) << 6 | (p[1] & 0x3F));
       ++p;
-      // longer UTF-8 sequences do not occur in the tests
     } else {
-      return false;
+      return false;  // longer UTF-8 sequences do not occur in the tests
     }
   }
   return true;
