@@ -86,6 +86,16 @@ TEST_F(DamagedChunk, OfAnUnknownTagIsLeftAloneWhateverItsSize) {
   }
 }
 
+// A host that names no size has handed over a chunk's first words, whatever they look like.
+TEST_F(DamagedChunk, OfNoNamedSizeIsNeverReadAsAFile) {
+  Instance instance(module);
+  for (const int kind : {34, 56, 12}) {
+    const Bytes data = imagebytes::Writer().word(imagebytes::kTrelvan).byte(kind).zeros(3).bytes;
+    unsigned char* handed = memory.holding(data, data.size());
+    EXPECT_EQ(instance.send(effSetChunk, 0, 0, handed), -1) << kind;
+  }
+}
+
 // All values that hosts get to see are between 0 and 1, and the chunk can be loaded again.
 void expectValid(Instance& instance) {
   for (VstInt32 index = 0; index < 5; ++index) {

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "effect/trelvan.h"
+#include "presetsystem/bar/cpresetsystemeditor.h"
 #include "tests/support/recordingeditor.h"
 #include "tests/support/recordinghost.h"
 #include "tests/support/records.h"
@@ -333,6 +334,42 @@ TEST_F(OldChunkOfTheHost, SaysNothingOnTheErrorStream) {
   testing::internal::CaptureStderr();
   set(imagebytes::oldChunk(damaged, 32, 5, 17));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+// Asks for the chunk and hands one in while it ends, as hosts do from a gesture's end.
+class LastCalls final : public CPresetSystemEditor {
+ public:
+  struct Returned {
+    VstInt32 size;
+    VstInt32 taken;
+  };
+  LastCalls(Trelvan* owner, Returned& told)
+      : CPresetSystemEditor(owner), effect(owner), returned(told) {}
+  ~LastCalls() override {
+    void* data = nullptr;
+    returned.size = effect->getChunk(&data, false);
+    Bytes chunk = imagebytes::chunk(distinctBank(), 17);
+    returned.taken = effect->setChunk(chunk.data(), static_cast<VstInt32>(chunk.size()), false);
+  }
+  LastCalls(const LastCalls&) = delete;
+  LastCalls& operator=(const LastCalls&) = delete;
+
+ private:
+  ERect windowSize() override { return {}; }
+
+  Trelvan* effect;
+  Returned& returned;
+};
+
+TEST(ChunkAtTheEnd, IsNobodysWhileTheEditorEnds) {
+  LastCalls::Returned returned{-5, -5};
+  {
+    RecordingHost host;
+    Trelvan effect(RecordingHost::callback);
+    effect.setEditor(new LastCalls(&effect, returned));
+  }
+  EXPECT_EQ(returned.size, 0);
+  EXPECT_EQ(returned.taken, -1);
 }
 
 }  // namespace

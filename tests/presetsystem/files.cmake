@@ -1,7 +1,7 @@
 # Tests of preset and bank files, stored values and the manual button.
 trelvan_add_test(fileoperationstest presetsystem
-  SOURCES presetfilestest.cpp presetfilesdialogtest.cpp storedpresetstest.cpp
-    manualtest.cpp
+  SOURCES presetfilestest.cpp presetfilesdialogtest.cpp storedpresetstest.cpp manualtest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
   LIBRARIES trelvan)
 

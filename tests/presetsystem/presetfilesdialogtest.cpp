@@ -1,7 +1,10 @@
 // Tests of the dialogs behind loading and saving, and of the names that they leave behind.
 #include <signal.h>
 
+#include <new>
+
 #include "tests/presetsystem/filesfixture.h"
+#include "tests/support/failingmemory.h"
 
 namespace {
 
@@ -145,6 +148,30 @@ TEST_F(Files, ANameMayFillItsBuffer) {
   savePreset(files / longest);
   EXPECT_EQ(bytesOf(files / longest), imagebytes::presetImage(kPad));
   EXPECT_STREQ(editor().presetFileName, longest.c_str());
+}
+
+// Presses are kept from the controls while a dialog runs: one that never began would keep them for
+// good.
+TEST_F(Files, ADialogThatCannotBeStartedWithoutMemoryIsNotWaitedFor) {
+  std::strcpy(editor().currentDirectory, "/a/folder/with/a/long/name/");
+  desktop.install("zenity", "exit 1");
+  int failures = 0;
+  for (long succeeding = 0;; ++succeeding) {
+    bool failed = false;
+    {
+      const FailingMemory memory(succeeding);
+      try {
+        editor().loadPreset(true);
+      } catch (const std::bad_alloc&) {
+        failed = true;
+      }
+    }
+    if (!failed) break;
+    ++failures;
+    ASSERT_FALSE(editor().fileOperationRunning()) << succeeding << " allocations";
+  }
+  EXPECT_GT(failures, 0);
+  finish();
 }
 
 }  // namespace
