@@ -77,10 +77,6 @@ std::optional<int> findName(const std::vector<std::string>& names, const std::st
 
 }  // namespace
 
-bool sameLetters(const std::string& a, const std::string& b) {
-  return lowerCase(a) == lowerCase(b);
-}
-
 std::vector<std::string> nearNames(const std::vector<std::string>& names,
                                    const std::string& wanted) {
   std::vector<std::pair<std::size_t, std::string>> near;
