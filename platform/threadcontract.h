@@ -1,4 +1,4 @@
-// Which thread may do what: checked in debug builds, gone in all others.
+// Which thread may do what: checked in builds that ask for it, gone in all others.
 #pragma once
 
 #include <atomic>

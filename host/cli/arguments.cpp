@@ -25,8 +25,8 @@ std::string frequencyNotes() {
   return formatted("265Hz or 0.265kHz, from %gHz to %gHz; without a unit 0 to 1 is the raw value\n",
                    kLowestHz, highest) +
          formatted(
-             "                       (%g + %g x^2 Hz, so that 0.5 is %g Hz) and %g to %g is in "
-             "Hz.\n",
+             "                       (%g + %g x^2 Hz, so that 0.5 is %g Hz) "
+             "and %g to %g is in Hz.\n",
              kLowestHz, kHzRange, middle, kLowestHz, highest);
 }
 
@@ -73,9 +73,8 @@ class Formatter : public CLI::Formatter {
  public:
   Formatter() { column_width(32); }
   std::string make_usage(const CLI::App*, std::string) const override {
-    return "Usage: widen [OPTIONS] IN... -o OUT\n       widen [OPTIONS] --info | --list-params | "
-           "--list-presets | "
-           "--editor\n";
+    return "Usage: widen [OPTIONS] IN... -o OUT\n"
+           "       widen [OPTIONS] --info | --list-params | --list-presets | --editor\n";
   }
 };
 

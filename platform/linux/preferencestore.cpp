@@ -16,9 +16,9 @@
 namespace {
 
 constexpr char kGroup[] = "Preferences";
-constexpr char kStringMark[] =
-    "string:";                           // then the bytes, percent-encoded where they are not plain
-constexpr char kBytesMark[] = "bytes:";  // then two hexadecimal digits a byte
+// Then the bytes, percent-encoded where they are not plain.
+constexpr char kStringMark[] = "string:";
+constexpr char kBytesMark[] = "bytes:";        // then two hexadecimal digits a byte
 constexpr std::size_t kLargestFile = 1 << 20;  // bytes; what the plug-in keeps takes 30 kB
 
 struct FreeText {
