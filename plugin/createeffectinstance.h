@@ -5,7 +5,7 @@
 
 class AudioEffect;
 
-// True where the host answers the version query with anything but 0: real hosts answer 2400, 2300
+// True where the host returns anything but 0 for its version: real hosts return 2400, 2300
 // and 2.
 bool hostHasVersion(audioMasterCallback audioMaster);
 

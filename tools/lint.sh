@@ -8,4 +8,5 @@ build=$1
 shift
 git ls-files -z '*.cpp' |
   grep -zE '^(plugin|effect|presetsystem|editor|platform|host)/' | grep -zv '/mac/' |
-  xargs -0 -P "$(getconf _NPROCESSORS_ONLN)" -n 4 clang-tidy -p "$build" --quiet "$@" 2>/dev/null
+  xargs -0 -P "$(getconf _NPROCESSORS_ONLN)" -n 4 clang-tidy -p "$build" --quiet "$@" 2>"$build/lint.log" ||
+  { cat "$build/lint.log" >&2; exit 1; }

@@ -13,7 +13,8 @@ struct TextEntryPlace {
 
 // One entry after the other over a label, which owns it. A running one ends by Return, Escape, a
 // click elsewhere and the loss of the keyboard on its own, and then calls the label's setText
-// (confirmed only) and endEditMode, from inside which it is not let go. User-interface thread.
+// (confirmed only) and endEditMode, from inside which it may be abandoned, but not destroyed.
+// User-interface thread.
 class TextEntry final {
  public:
   TextEntry();

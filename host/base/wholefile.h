@@ -1,4 +1,4 @@
-// Small files read at once: states, presets, banks.
+// Small files read and written at once: states, presets, banks.
 #pragma once
 
 #include <cstdint>

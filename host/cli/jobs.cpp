@@ -88,9 +88,10 @@ Jobs planJobs(const Arguments& arguments) {
   for (const std::string& input : arguments.inputs) {
     Job job{input, intoFolder ? output / outputName(input) : output, std::nullopt};
     checkOutputType(job.output, arguments);
-    if (arguments.plot)
-      job.plot =
-          plotsIntoFolder ? fs::path(*arguments.plot) / plotName(input) : fs::path(*arguments.plot);
+    if (arguments.plot) {
+      const fs::path plot = *arguments.plot;
+      job.plot = plotsIntoFolder ? plot / plotName(input) : plot;
+    }
     if (job.plot && !sameLetters(job.plot->extension().string(), ".png")) {
       throw UsageFailure(job.plot->string() + ": the picture is a PNG; name it .png");
     }

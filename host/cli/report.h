@@ -8,7 +8,7 @@
 #include "host/plot/plot.h"
 #include "host/sound/soundformat.h"
 
-// What was done.
+// A file's conversion, in numbers.
 struct Conversion {
   int channels = 0;
   int sampleRate = 0;  // Hz
