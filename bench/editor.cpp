@@ -23,8 +23,8 @@ void waitForRedraw() {
   std::this_thread::sleep_for(std::chrono::milliseconds(17));  // the toolkit draws every 16
 }
 
-// The first opening of a process reads fonts and makes the X connection, and is not among those
-// measured.
+// The first opening of a process reads fonts and makes the X connection, and is not
+// among those measured.
 void open(benchmark::State& loop) {
   WindowHost host;
   host.openEditor();

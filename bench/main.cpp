@@ -6,8 +6,8 @@
 #include "bench/ratioreporter.h"
 
 int main(int argc, char** argv) {
-  // Mixed, so that what else the machine does falls on plug-in and reference alike. Later arguments
-  // win.
+  // Mixed, so that what else the machine does falls on plug-in and reference alike.
+  // Later arguments win.
   char repetitions[] = "--benchmark_repetitions=5";
   char mixed[] = "--benchmark_enable_random_interleaving=true";
   char shortRuns[] = "--benchmark_min_time=0.05";  // seconds

@@ -1,5 +1,5 @@
-// Time a frame takes, in the plug-in and in the reference transcription: settled, gliding and
-// bypassed.
+// Time a frame takes, in the plug-in and in the reference transcription: settled,
+// gliding and bypassed.
 #include <benchmark/benchmark.h>
 
 #include <memory>

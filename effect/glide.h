@@ -86,8 +86,8 @@ class Envelope {
   const double coefficient;
 };
 
-// The ring of past mid samples, floats in both precisions. mask: its length, a power of two, minus
-// one.
+// The ring of past mid samples, floats in both precisions. mask: its length, a power of
+// two, minus one.
 class DelayCursor {
  public:
   DelayCursor(float* heldLine, std::int32_t heldMask, std::int32_t& heldIndex)

@@ -1,5 +1,5 @@
-// The effect: widens by adding a delayed, shaped copy of mid on the left and subtracting it on the
-// right.
+// The effect: widens by adding a delayed, shaped copy of mid on the left and subtracting it
+// on the right.
 #pragma once
 
 #include <array>
@@ -92,8 +92,8 @@ class Trelvan : public CPresetSystemEffect {
   Relaxed<bool> inputStereo{true};   // the second input is to be read
   Relaxed<bool> outputStereo{true};  // the second output is to be written
 
-  // By parameter index: raw values, and what follows from them: the targets of the glides, the
-  // switches.
+  // By parameter index: raw values, and what follows from them: the targets of the
+  // glides, the switches.
   std::array<Relaxed<float>, kParameterCount> raw;
   std::array<Relaxed<float>, kParameterCount> derived;
   // read offset in frames: length minus one period of the base frequency

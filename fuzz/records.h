@@ -26,16 +26,16 @@ bool normalised(const ACombProgram& preset);
 bool normalised(const presetimage::Bank& bank);
 
 // A current image from bytes: its header in this machine's byte order, and a copy of what stands
-// after it that ends where the data ends, so that a look past the end is a look past the heap
-// block.
+// after it that ends where the data ends, so that a look past the end is a look past
+// the heap block.
 struct Image {
   newpresetheader header;
   bool swapped;
   presetimage::Bytes entries;
 };
 // Whatever the bytes' own unique ID and kind, they are taken as this plug-in's bank, in the order
-// that the ID tells where it is ours; the header keeps what it names of the data. data: 41 bytes or
-// more.
+// that the ID tells where it is ours; the header keeps what it names of the data. data: 41
+// bytes or more.
 Image imageFrom(std::span<const unsigned char> data);
 
 // Which slots are placeholders, so that inputs steer it too: the low five bits.

@@ -63,8 +63,8 @@ Bytes asLongAsItClaims(Bytes data) {
   return Bytes(data);
 }
 
-// mode: how the size relates to the data. cut: of 256 parts, how much of the data the host owns up
-// to.
+// mode: how the size relates to the data. cut: of 256 parts, how much of the data the host
+// owns up to.
 HostsChunk hostsChunk(unsigned mode, unsigned cut, const Bytes& data) {
   switch (mode % 4) {
     case 0:
@@ -116,8 +116,8 @@ Outcome expectedFrom(const HostsChunk& chunk, const Bank& before) {
   return outcome;
 }
 
-// The host's own copy is left alone but for the header's words, which are turned round with the
-// reading.
+// The host's own copy is left alone but for the header's words, which are turned round
+// with the reading.
 void requireUntouched(const Bytes& now, Bytes before) {
   if (before.size() >= kEntriesOffset) {
     const presetimage::Image image = identified(before);

@@ -18,8 +18,8 @@ using presetimage::DummySlots;
 using presetimage::InvalidParameters;
 using presetimage::Reading;
 
-// The sample bank with as many of its records as there are bytes for, 44 each, replaced by those
-// bytes.
+// The sample bank with as many of its records as there are bytes for, 44 each, replaced
+// by those bytes.
 Bank bankFrom(const Bytes& data) {
   Bank bank = fuzz::sampleBank();
   constexpr std::size_t kRecord = sizeof(ACombProgram);

@@ -3,6 +3,6 @@
 
 #include <climits>
 
-// Writes the full path without links, or nothing where it cannot be found. Asked while the image
-// loads.
+// Writes the full path without links, or nothing where it cannot be found. Asked while
+// the image loads.
 void findModuleFile(char (&path)[PATH_MAX]) noexcept;

@@ -3,8 +3,8 @@
 
 #include <string>
 
-// Any thread. Paths are full and without links, folders end in "/"; empty where they cannot be
-// found.
+// Any thread. Paths are full and without links, folders end in "/"; empty where they
+// cannot be found.
 
 // The file of the image that holds this code: the module, or the program that it is linked into.
 std::string moduleFile();

@@ -14,8 +14,8 @@
 // objects on any threads and in any processes.
 class PreferenceStore {
  public:
-  // applicationId: a reverse-domain name in three parts, "com.maker.product". Opens and reads
-  // nothing.
+  // applicationId: a reverse-domain name in three parts, "com.maker.product". Opens
+  // and reads nothing.
   explicit PreferenceStore(const char* applicationId);
   ~PreferenceStore();
   PreferenceStore(const PreferenceStore&) = delete;

@@ -17,8 +17,8 @@ std::size_t lengthFrom(unsigned char lead) {
   return 0;
 }
 
-// Whether `second` may follow `lead`: no longer spelling than needed, no surrogate, nothing above
-// U+10FFFF.
+// Whether `second` may follow `lead`: no longer spelling than needed, no surrogate,
+// nothing above U+10FFFF.
 bool mayFollow(unsigned char lead, unsigned char second) {
   if (lead == 0xE0) return second >= 0xA0;
   if (lead == 0xED) return second < 0xA0;

@@ -36,8 +36,8 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
 
   void doIdleStuff() override;
   std::int32_t getKnobMode() const override;
-  // Gestures on the effect's parameters reach the host; those on other controls are none of its
-  // business.
+  // Gestures on the effect's parameters reach the host; those on other controls are none
+  // of its business.
   void beginEdit(std::int32_t index) override;
   void endEdit(std::int32_t index) override;
 

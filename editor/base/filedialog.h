@@ -17,8 +17,8 @@ struct FileDialogRequest {
 };
 
 // One dialog at a time, and never a wait: it is started, asked for from the idle pass, and ended
-// with its owner. The user is asked before a file that exists is saved over. User-interface thread
-// only.
+// with its owner. The user is asked before a file that exists is saved over.
+// User-interface thread only.
 class FileDialog {
  public:
   enum class State {

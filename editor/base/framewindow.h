@@ -19,8 +19,8 @@ class FrameWindow final {
   // Opens `frame` in the host's window at 0,0 in the frame's size. False: there is no usable
   // display, and the frame is as it was.
   bool open(VSTGUI::CFrame* frame, void* hostWindow);
-  // Ends the frame, which is forgotten, at once or as soon as the toolkit is out of its event
-  // handling.
+  // Ends the frame, which is forgotten, at once or as soon as the toolkit is out of
+  // its event handling.
   void close();
   // Handles what has arrived: mouse, keys, timers, drawing. From the editor's idle, while open. The
   // object may be gone by its end, as by that of `during`.

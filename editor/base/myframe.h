@@ -4,8 +4,8 @@
 #include "vstgui.h"
 
 // The only child of the toolkit's frame, which cannot be derived from; the background picture is
-// its own. The modal view is not owned: it gets every mouse event and is drawn last. User-interface
-// thread.
+// its own. The modal view is not owned: it gets every mouse event and is drawn
+// last. User-interface thread.
 class MyFrame : public VSTGUI::CViewContainer {
  public:
   explicit MyFrame(const VSTGUI::CRect& size) : CViewContainer(size) {}

@@ -1,5 +1,5 @@
-// Counts the toolkit's users, and replaces the one of its defaults that would change a parameter
-// unasked.
+// Counts the toolkit's users, and replaces the one of its defaults that would change
+// a parameter unasked.
 #include "editor/base/toolkitlibrary.h"
 
 #include <mutex>
@@ -16,8 +16,8 @@ std::mutex usersMutex;
 int users = 0;
 
 // A Control click resets a value to its default on every control of the toolkit, buttons and text
-// fields included. It is wanted on sliders only: on a button it would act as a press that nobody
-// made.
+// fields included. It is wanted on sliders only: on a button it would act as a press
+// that nobody made.
 bool resetsToDefault(VSTGUI::CControl* control, VSTGUI::MouseDownEvent& event) {
   return dynamic_cast<VSTGUI::CSliderBase*>(control) != nullptr && event.buttonState.isLeft() &&
          event.modifiers.is(VSTGUI::ModifierKey::Control);

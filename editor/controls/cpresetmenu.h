@@ -8,8 +8,8 @@
 
 // A press of the left or right button opens the list, and so does Return; Up and Down step without
 // it. A choice sets the value and tells the listener once, also when it is the current entry again;
-// getLastResult is the entry chosen, and negative from each opening until then. User-interface
-// thread.
+// getLastResult is the entry chosen, and negative from each opening until
+// then. User-interface thread.
 class CPresetMenu : public OwnPresses<VSTGUI::COptionMenu> {
  public:
   using OwnPresses::OwnPresses;

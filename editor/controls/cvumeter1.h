@@ -5,8 +5,8 @@
 #include "vstgui.h"
 
 // Rises at once and falls by at most one decrease step per redraw, in whole steps of the bitmap's
-// length / nbLed. It redraws from the frame's idle only, and lets presses through. User-interface
-// thread.
+// length / nbLed. It redraws from the frame's idle only, and lets presses
+// through. User-interface thread.
 class CVuMeter1 : public VSTGUI::CVuMeter {
  public:
   // nbLed: steps, at least 1. style: CVuMeter's. The unlit bitmap may be missing.

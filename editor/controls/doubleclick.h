@@ -17,8 +17,8 @@ class DoubleClick {
 
   void setClock(Clock other) { clock = std::move(other); }
 
-  // True for the second of two presses that are close in time and place. A third one is a first one
-  // again.
+  // True for the second of two presses that are close in time and place. A third one is a
+  // first one again.
   bool press(const VSTGUI::CPoint& where) {
     const std::uint64_t time = clock();
     const bool second = first && time - first->time <= kLongest &&

@@ -24,8 +24,8 @@ class OwnPresses : public Base {
   VSTGUI::CBaseObject* newCopy() const override { return nullptr; }  // views of ours are not copied
 };
 
-// Reacts to the mouse alone. The toolkit's buttons act on Return, and take the keyboard with every
-// click.
+// Reacts to the mouse alone. The toolkit's buttons act on Return, and take the keyboard
+// with every click.
 template <class Base>
 class MouseControl : public OwnPresses<Base> {
  public:

@@ -52,8 +52,8 @@ void parameterNameStringConvert(float value, char* text) {
   }
 }
 
-// Two numbers with a point between them, the second neither rounded nor padded: 0.05 Hz shows as
-// 0.50Hz.
+// Two numbers with a point between them, the second neither rounded nor padded: 0.05 Hz
+// shows as 0.50Hz.
 void frequencyStringConvert(float value, char* text) {
   const int whole = truncatedToInt32(static_cast<double>(value));
   const float fraction = value - static_cast<float>(whole);

@@ -36,8 +36,8 @@ void handle(int signalNumber) {
   raise(signalNumber);
 }
 
-// Handlers that somebody installed before (a sanitizer, a debugger's preload) know more about
-// crashes.
+// Handlers that somebody installed before (a sanitizer, a debugger's preload) know
+// more about crashes.
 void installUnlessTaken(int signalNumber) {
   struct sigaction now {};
   if (sigaction(signalNumber, nullptr, &now) != 0 || now.sa_handler != SIG_DFL) return;

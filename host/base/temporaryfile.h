@@ -29,6 +29,6 @@ class TemporaryFile {
   int handle = -1;
 };
 
-// Refuses a target that is there already, unless it may be replaced, and one that is no regular
-// file.
+// Refuses a target that is there already, unless it may be replaced, and one that is
+// no regular file.
 void checkTarget(const std::filesystem::path& target, bool replace);

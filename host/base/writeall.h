@@ -3,6 +3,6 @@
 
 #include <cstddef>
 
-// To an open file or pipe, in as many pieces as it takes. Returns 0, or the system's error. Any
-// thread.
+// To an open file or pipe, in as many pieces as it takes. Returns 0, or the system's
+// error. Any thread.
 int writeAll(int descriptor, const void* bytes, std::size_t count);

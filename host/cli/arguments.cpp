@@ -46,8 +46,8 @@ Outputs
 Exit status: 0 done, 1 failed, 2 wrong usage.)";
 }
 
-// The words as they were typed; what needs more than the option's own rules is checked after the
-// parser.
+// The words as they were typed; what needs more than the option's own rules is checked
+// after the parser.
 struct Typed {
   std::array<std::string, kParameterCount> values;
   std::vector<std::string> settings;

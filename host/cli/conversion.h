@@ -8,7 +8,7 @@
 #include "host/vst/pluginmodule.h"
 
 // Makes an effect of its own, in the state that the arguments ask for. Memory does not grow with
-// the file. Throws Failure, and leaves no output then. Any thread; several conversions may share a
-// module.
+// the file. Throws Failure, and leaves no output then. Any thread; several conversions may
+// share a module.
 Conversion convert(PluginModule& module, const Arguments& arguments, const Job& job,
                    Console& console);

@@ -90,8 +90,8 @@ std::string describeValues(Effect& effect) {
 
 std::string describeCurrentPreset(Effect& effect) {
   if (effect.record().numPrograms == 0) return {};
-  // The number alone: asking for all names may mean to switch programs, which is no question any
-  // more.
+  // The number alone: asking for all names may mean to switch programs, which is no
+  // question any more.
   const int current = adapterFor(effect)->currentPreset();
   return formatted("preset %d \"%s\"", current, effect.text(effGetProgramName).c_str());
 }

@@ -12,8 +12,8 @@ namespace {
 
 constexpr double kDash[] = {5.0, 4.0};  // pixels on, off
 
-// Cairo refuses everything after the first byte that is not UTF-8, and fonts have no control
-// characters.
+// Cairo refuses everything after the first byte that is not UTF-8, and fonts have
+// no control characters.
 std::string drawable(const std::string& bytes) {
   std::string text = validText(bytes);
   for (char& byte : text) {

@@ -38,8 +38,8 @@ double decibels(double power) {
   return power > 0.0 ? std::max(kSilence, 10.0 * std::log10(power)) : kSilence;
 }
 
-// Mean over the bins around a frequency; between two bins where the spectrum is coarser than the
-// axis.
+// Mean over the bins around a frequency; between two bins where the spectrum is coarser
+// than the axis.
 double levelAt(const std::vector<double>& power, double bin) {
   const double half = std::pow(2.0, kSmoothing / 2);
   const auto first = static_cast<std::size_t>(std::ceil(bin / half));

@@ -51,8 +51,8 @@ class StereoAnalysis {
   int sampleRate() const { return rate; }
   const StereoImage& before() const { return imageBefore; }
   const StereoImage& after() const { return imageAfter; }
-  // Largest |(L+R)/2 after - mid before|, 1 is full scale: how far the mono fold is from the
-  // original.
+  // Largest |(L+R)/2 after - mid before|, 1 is full scale: how far the mono fold is
+  // from the original.
   double foldError() const { return largestFoldError; }
 
  private:

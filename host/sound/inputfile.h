@@ -5,8 +5,8 @@
 #include <utility>
 
 // Sound files are read with steps back, which a pipe does not allow: its contents go into a
-// temporary file without a name, so that memory stays bounded and nothing is left behind whatever
-// happens.
+// temporary file without a name, so that memory stays bounded and nothing is left
+// behind whatever happens.
 class InputFile {
  public:
   // Waits for a pipe's end. Throws Failure: cannot be read, or nowhere to keep what a pipe brings.

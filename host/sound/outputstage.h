@@ -34,8 +34,8 @@ class OutputStage {
   // No more input comes; from now on the effect is fed silence until complete().
   void endOfInput(std::int64_t inputFrames);
   bool complete() const { return ended && bodyLeft == 0 && tailLeft == 0; }
-  // Frames that are still certain to be needed; with an automatic tail one at least until
-  // complete().
+  // Frames that are still certain to be needed; with an automatic tail one at
+  // least until complete().
   std::int64_t framesWanted() const;
 
  private:

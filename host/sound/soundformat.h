@@ -1,5 +1,5 @@
-// Sample formats and file types that widen writes, and how they follow from an input and a file
-// name.
+// Sample formats and file types that widen writes, and how they follow from an input and
+// a file name.
 #pragma once
 
 #include <cstdint>

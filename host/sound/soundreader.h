@@ -17,8 +17,8 @@
 // Any thread, one thread a reader. Memory does not grow with the file.
 class SoundReader {
  public:
-  // Throws Failure: no such file, not a sound file, shorter than it says, no frames, more than two
-  // channels.
+  // Throws Failure: no such file, not a sound file, shorter than it says, no frames, more
+  // than two channels.
   explicit SoundReader(const std::filesystem::path& file);
 
   int channels() const { return static_cast<int>(info.channels); }

@@ -26,8 +26,8 @@ struct SoundWriterOptions {
 // Any thread, one thread a writer. Without finish() nothing is left behind.
 class SoundWriter {
  public:
-  // Throws Failure: the target is there, cannot be written, or cannot hold the format, rate or
-  // length.
+  // Throws Failure: the target is there, cannot be written, or cannot hold the format,
+  // rate or length.
   SoundWriter(const std::filesystem::path& target, const SoundWriterOptions& options);
 
   // Integer formats are rounded to the nearest step and held at full scale. Throws Failure where
@@ -42,8 +42,8 @@ class SoundWriter {
 
  private:
   // Where the library's bytes go. It keeps the errors of its last steps to itself (what an encoder
-  // holds back and the header's lengths are written when it closes), so each one is remembered
-  // here.
+  // holds back and the header's lengths are written when it closes), so each one
+  // is remembered here.
   struct Sink {
     int descriptor;
     int error = 0;  // the system's, of the first write that failed

@@ -66,8 +66,8 @@ std::optional<NumberWithUnit> readNumber(std::string_view text) {
     if (end < text.size() && (text[end] == '-' || text[end] == '+')) ++end;
     if (digits() == 0) end = mantissa;  // a unit that begins with an e
   }
-  // The program never leaves the "C" locale before its arguments are read, so the point is the
-  // separator.
+  // The program never leaves the "C" locale before its arguments are read, so the point
+  // is the separator.
   const double number = std::strtod(std::string(text.substr(0, end)).c_str(), nullptr);
   if (!std::isfinite(number)) return std::nullopt;
   return NumberWithUnit{number, lowerCase(trimmed(text.substr(end)))};

@@ -19,8 +19,8 @@ std::optional<NumberWithUnit> readNumber(std::string_view text);
 // Normalised values, 0..1. A number without a unit is that value itself.
 float parseNormalised(std::string_view option, std::string_view text);  // 0..1 only
 float parsePercent(std::string_view option, std::string_view text);     // "75%" or 0..1
-// "265Hz", "0.265kHz", or 0..1; a bare number from 20 to 1000 is in Hz too, for it can mean nothing
-// else.
+// "265Hz", "0.265kHz", or 0..1; a bare number from 20 to 1000 is in Hz too, for it can
+// mean nothing else.
 float parseBaseFrequency(std::string_view option, std::string_view text);
 float parseSwitch(std::string_view option, std::string_view text);  // on, off, or 0..1
 // In the unit of Trelvan's parameter of this index.

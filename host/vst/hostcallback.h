@@ -7,8 +7,8 @@
 
 #include "plugin/vst24.h"
 
-// One for each effect, alive as long as the effect. Answers come on whatever thread the effect
-// asks.
+// One for each effect, alive as long as the effect. Answers come on whatever thread
+// the effect asks.
 class HostCallback final {
  public:
   HostCallback() = default;

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-// In a bundle's Contents/: the folder with the binaries that this program can load, and their
-// ending.
+// In a bundle's Contents/: the folder with the binaries that this program can load,
+// and their ending.
 std::string binaryFolderInBundle();
 std::string binarySuffix();
 

@@ -91,8 +91,8 @@ class FileActions {
   posix_spawn_file_actions_t actions;
 };
 
-// The host's thread may block or ignore signals; the child starts without either, in a group of its
-// own.
+// The host's thread may block or ignore signals; the child starts without either, in a group
+// of its own.
 class Attributes {
  public:
   Attributes() {

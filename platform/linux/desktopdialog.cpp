@@ -36,8 +36,8 @@ std::string replaced(std::string text, const std::string& what, const std::strin
 }
 
 // The programs refuse texts that are not UTF-8; and kdialog takes backslash escapes, and takes a
-// text with a tag in it for markup, which is then shown as it stands only when it is markup
-// throughout.
+// text with a tag in it for markup, which is then shown as it stands only when it
+// is markup throughout.
 std::string kdialogText(const std::string& text) {
   std::string data = replaced(validText(text), "\\", "\\\\");
   if (data.find('<') == std::string::npos) return data;

@@ -1,5 +1,5 @@
-// Preferences on macOS: the application preferences of Core Foundation, under the plug-in's own
-// identifier.
+// Preferences on macOS: the application preferences of Core Foundation, under the
+// plug-in's own identifier.
 #include "platform/preferencestore.h"
 
 #include <map>

@@ -26,8 +26,8 @@ void BarNames::nameChanged(const char* name) {
   }
 }
 
-// What has been taken over is not given back because the bar has no memory to show it: a later pass
-// does.
+// What has been taken over is not given back because the bar has no memory to show it: a
+// later pass does.
 void BarNames::refresh() {
   try {
     bar.refresh(*effect);

@@ -44,8 +44,8 @@ class CPresetSystemEditor : public AEffGUIEditor,
 
   // Readers of images whose unique ID the caller has checked. data, entries: what stands after the
   // prefix or header; at most header->dataSize bytes are read. header: already in this machine's
-  // byte order. Old records hold `floatsPerRecord` floats after 24 name bytes, and all of them are
-  // there.
+  // byte order. Old records hold `floatsPerRecord` floats after 24 name bytes, and all of
+  // them are there.
   virtual void BufferToBankOld(char* data, bool swapped, int recordCount, int floatsPerRecord);
   virtual void BufferToBank(char* entries, newpresetheader* header, bool swapped);
   virtual void BufferToPresetOld(char* data, bool swapped, int floatCount);

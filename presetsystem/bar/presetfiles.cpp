@@ -47,8 +47,8 @@ class File {
   long length;
 };
 
-// The beginning of a file of this plug-in, at most `kLongestRead` bytes; empty for every other
-// file.
+// The beginning of a file of this plug-in, at most `kLongestRead` bytes; empty for
+// every other file.
 struct FileBytes {
   std::unique_ptr<unsigned char[]> bytes;
   std::size_t size = 0;

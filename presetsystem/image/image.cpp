@@ -27,8 +27,8 @@ Content contentOf(ImageKind kind) {
   return Content::unknown;
 }
 
-// Header and entries. sizeIsTrusted: all that is there belongs to the image, whatever its header
-// says.
+// Header and entries. sizeIsTrusted: all that is there belongs to the image, whatever
+// its header says.
 void takeCurrent(Image& image, std::span<const unsigned char> bytes, bool sizeIsTrusted) {
   if (bytes.size() < newpresetheader::kSize) return;
   image.header = newpresetheader::read(bytes);
@@ -63,8 +63,8 @@ void takeFile(Image& image, std::span<const unsigned char> bytes, bool whole) {
   image.floatsPerRecord = isBank ? floatsPerOldBankRecord(size) : floatsInOldPreset(size);
 }
 
-// The stride is not stored: it follows from the size, at most one record's share of it, in whole
-// floats.
+// The stride is not stored: it follows from the size, at most one record's share of it,
+// in whole floats.
 void takeOldChunk(Image& image, std::span<const unsigned char> bytes) {
   image.isOld = true;
   image.extent = Extent::whole;
@@ -93,8 +93,8 @@ void takeChunk(Image& image, std::span<const unsigned char> bytes, std::int32_t 
     const ByteOrder found = byteOrderOf(newpresetheader::read(bank).uniqueID, uniqueID);
     image.headerIsOurs = bank.size() >= kOldPrefixSize && found == named;
   }
-  // Without a size there are no records to be told apart, and nothing after the prefix is looked
-  // at.
+  // Without a size there are no records to be told apart, and nothing after the prefix
+  // is looked at.
   if (tag == kOldChunkTag) takeOldChunk(image, sizeKnown ? bytes : bytes.first(kChunkPrefixSize));
 }
 

@@ -19,8 +19,8 @@ struct ParameterEntry {
   float value;
 };
 
-// The entries of one image, in order, up to the entry count or the end of the data, whichever comes
-// first.
+// The entries of one image, in order, up to the entry count or the end of the data,
+// whichever comes first.
 class EntryReader {
  public:
   EntryReader(std::span<const unsigned char> data, const newpresetheader& header, bool swapped)

@@ -68,8 +68,8 @@ class EditorBase : public testing::Test {
   CountingEditor* editor = new CountingEditor(&effect);  // the effect's
 };
 
-// 4,294,967 ticks are the last whose thousandfold fits into 32 bits; the next one's is 704 above
-// 2^32.
+// 4,294,967 ticks are the last whose thousandfold fits into 32 bits; the next one's is
+// 704 above 2^32.
 TEST(EditorClock, WrapsAfterSome19Point9HoursOfTicks) {
   ticks = 60;
   EXPECT_EQ(AEffGUIEditor::getTicks(), 1000U);

@@ -10,8 +10,8 @@ using namespace controltest;
 
 constexpr int kWidth = 182, kHeight = 15;  // pixels
 
-// Each column (or row) of each bitmap has a colour of its own, so that a pixel tells where it was
-// read.
+// Each column (or row) of each bitmap has a colour of its own, so that a pixel tells where
+// it was read.
 CColor lit(int place) {
   return {static_cast<std::uint8_t>(place), 255, 0};
 }

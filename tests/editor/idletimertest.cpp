@@ -35,8 +35,8 @@ class IdlingEditor : public AEffGUIEditor {
   ERect windowSize() override { return {}; }
 };
 
-// Runs this thread's main loop, its own or the process's, until the condition holds; false after so
-// long.
+// Runs this thread's main loop, its own or the process's, until the condition holds; false
+// after so long.
 bool runUntil(const std::function<bool()>& holds, milliseconds longest = milliseconds(20000)) {
   GMainContext* context = g_main_context_ref_thread_default();
   const auto end = steady_clock::now() + longest;

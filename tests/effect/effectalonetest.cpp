@@ -1,5 +1,5 @@
-// The effect without the window: the library alone plays, names its presets and takes and hands out
-// chunks.
+// The effect without the window: the library alone plays, names its presets and takes and
+// hands out chunks.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -15,15 +15,15 @@ TYPED_TEST_SUITE(Glides, Precisions, PrecisionNames);
 
 constexpr double kClosingTime = 0.277;  // s in which 15/16 of a step are closed
 
-// What is left of a step after so many frames, from the continuous law: (1/16)^(time / closing
-// time).
+// What is left of a step after so many frames, from the continuous law: (1/16)^(time
+// / closing time).
 double unclosed(double frames, double rate) {
   return std::pow(1.0 / 16.0, frames / rate / kClosingTime);
 }
 
 // The delay in frames, frame by frame, as a listener finds it: mid rises by one a frame, so that
-// the delayed sample tells its own age, also between two frames. In double, with a side gain of
-// 0.5.
+// the delayed sample tells its own age, also between two frames. In double, with a side
+// gain of 0.5.
 class DelayMeter {
  public:
   explicit DelayMeter(Trelvan& heard) : plugin(heard) {}

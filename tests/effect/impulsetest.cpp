@@ -1,5 +1,5 @@
-// What one impulse becomes: when the side comes, how strong, and its emphasis tap; and what bypass
-// keeps.
+// What one impulse becomes: when the side comes, how strong, and its emphasis tap; and
+// what bypass keeps.
 #include <gtest/gtest.h>
 
 #include "tests/effect/play.h"

@@ -76,8 +76,8 @@ TYPED_TEST(Meter, FallsByFifteenSixteenthsIn600Milliseconds) {
   EXPECT_EQ(plugin.getWidthMeter(), 0.5F);  // the upper end: 0.46 s after -0.25
 }
 
-// The other way round: mid rises from nothing while the side is steady, seen one closing time
-// later.
+// The other way round: mid rises from nothing while the side is steady, seen one
+// closing time later.
 TYPED_TEST(Meter, RisesByFifteenSixteenthsIn600Milliseconds) {
   // the side follows 400 frames later
   Player plugin({.rate = kRate, .width = 1.0F, .baseFreq = 0.0F});

@@ -68,8 +68,8 @@ TYPED_TEST(ProcessChannels, EqualTheReferenceWhileTheLayoutChanges) {
 }
 
 TYPED_TEST(ProcessChannels, TakeTheInputSampleAsMidWhenMono) {
-  // The sides of plus and minus cancel in the sum of the outputs, and these values leave every bit
-  // exact.
+  // The sides of plus and minus cancel in the sum of the outputs, and these values leave
+  // every bit exact.
   Stereo<TypeParam> signal{std::vector<TypeParam>(500), std::vector<TypeParam>(500)};
   Noise noise(9);
   for (std::size_t i = 0; i < signal.left.size(); ++i) {

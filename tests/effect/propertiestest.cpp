@@ -1,5 +1,5 @@
-// What every listener may rely on: the mono sum, bypass, the phase switch, zero width, resume and
-// suspend.
+// What every listener may rely on: the mono sum, bypass, the phase switch, zero width,
+// resume and suspend.
 #include <gtest/gtest.h>
 
 #include <algorithm>

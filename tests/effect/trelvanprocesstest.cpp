@@ -1,5 +1,5 @@
-// The plug-in's sound against the reference, bit by bit: presets, sample rates, signals, blocks and
-// precisions.
+// The plug-in's sound against the reference, bit by bit: presets, sample rates, signals,
+// blocks and precisions.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -57,8 +57,8 @@ TEST(Targets, EqualTheReferenceForEveryRawValue) {
 TYPED_TEST(Process, EqualsTheReferenceForEveryFactoryPresetAtEveryRate) {
   ProcessPair pair;
   for (const float rate : kRates) {
-    // The lowest base frequency among the factory presets is above 31 Hz, so every preset is heard
-    // delayed.
+    // The lowest base frequency among the factory presets is above 31 Hz, so every preset
+    // is heard delayed.
     const auto signal = makeSignal<TypeParam>(Signal::kNoise, 1000 + period(rate, 31.0F));
     pair.setSampleRate(rate);
     for (int preset = 0; preset < kPresets; ++preset) {

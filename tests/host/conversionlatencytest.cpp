@@ -1,5 +1,5 @@
-// Where an output begins and ends: an effect's latency, its tail, and what it may not change
-// meanwhile.
+// Where an output begins and ends: an effect's latency, its tail, and what it may
+// not change meanwhile.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -62,8 +62,8 @@ TEST_F(Interruptions, LeaveNoneOfSeveralFiles) {
   EXPECT_TRUE(std::filesystem::is_empty(in("out")));
 }
 
-// Else the next file that is opened would take the stream's place, and get the reports of other
-// files.
+// Else the next file that is opened would take the stream's place, and get the reports
+// of other files.
 TEST_F(Interruptions, FindNoSoundFileInPlaceOfAClosedStream) {
   if (!std::filesystem::exists("/proc/self/fd"))
     GTEST_SKIP() << "looks at the open files of a process there";

@@ -133,8 +133,8 @@ TEST(OutputStage, TakesALatencyAwayThatIsToldWithTheFirstBlock) {
   }
 }
 
-// The effect repeats frames 31 to 40 as frames 41 to 50, because it is late by 10 more from there
-// on.
+// The effect repeats frames 31 to 40 as frames 41 to 50, because it is late by 10 more
+// from there on.
 TEST(OutputStage, DropsWhatAnEffectRepeatsThatBecomesLater) {
   std::vector<double> signal = ramp(1, 40);
   const std::vector<double> rest = ramp(31, 500);

@@ -26,8 +26,8 @@ struct Surroundings {
 // In the working folder `folder`. Ends the program after 30 s.
 Outcome runProgram(const std::filesystem::path& folder, const std::vector<std::string>& words,
                    const Surroundings& surroundings = {});
-// Starts it and returns its process; its output goes to the files "out" and "error" beside the
-// folder.
+// Starts it and returns its process; its output goes to the files "out" and "error"
+// beside the folder.
 int startProgram(const std::filesystem::path& folder, const std::vector<std::string>& words,
                  const Surroundings& surroundings = {});
 Outcome waitForProgram(int process, const std::filesystem::path& folder);

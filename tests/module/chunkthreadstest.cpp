@@ -21,8 +21,8 @@ VstIntPtr threadHost(AEffect* effect, VstInt32 opcode, VstInt32, VstIntPtr, void
   return 0;
 }
 
-// Processes until told to stop; afterwards tells how many blocks, and whether all samples were
-// numbers.
+// Processes until told to stop; afterwards tells how many blocks, and whether all
+// samples were numbers.
 class AudioThread {
  public:
   explicit AudioThread(AEffect* processed) : effect(processed), thread([this] { run(); }) {}

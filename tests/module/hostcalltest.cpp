@@ -1,5 +1,5 @@
-// Calls of hosts in any order and number: before open, inside callbacks, twice, unknown, without
-// buffers.
+// Calls of hosts in any order and number: before open, inside callbacks, twice,
+// unknown, without buffers.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -198,8 +198,8 @@ class CallsFromCallbacks : public HostCalls {
                         float opt = 0.0F) {
     return effect->dispatcher(effect, opcode, 0, value, ptr, opt);
   }
-  // Makes an effect, saves, restores, plays and ends it; then one must still play as if nothing had
-  // been.
+  // Makes an effect, saves, restores, plays and ends it; then one must still play as if
+  // nothing had been.
   void liveThrough() {
     Instance instance(module);
     instance.send(effOpen);

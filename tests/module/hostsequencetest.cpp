@@ -161,8 +161,8 @@ TEST_F(HostSequence, ArdoursChunkInAudacity) {
   EXPECT_EQ(audacity.chunk(1), state);
 }
 
-// From inside every callback it names rate and block size, through the record that it was just
-// passed.
+// From inside every callback it names rate and block size, through the record that it
+// was just passed.
 TEST_F(HostSequence, QtractorsScan) {
   host.answers[audioMasterVersion] = 2;
   host.onCall = [](const RecordingHost::Call& call) {

@@ -1,5 +1,5 @@
-// Tests of the preferences: what is kept, what it costs, and what happens where nothing can be
-// kept.
+// Tests of the preferences: what is kept, what it costs, and what happens where nothing
+// can be kept.
 #include "tests/support/preferencestoretest.h"
 
 #include <fcntl.h>

@@ -1,5 +1,5 @@
-// The virtual operations stand where the published interface has them, whatever else the classes
-// declare.
+// The virtual operations stand where the published interface has them, whatever else
+// the classes declare.
 #include <gtest/gtest.h>
 
 #include <cstring>

@@ -123,8 +123,8 @@ TEST(Vst24, GivesEveryFlagItsPublishedBit) {
   EXPECT_EQ(kVstParameterUsesIntStep, 8);
 }
 
-// The effect's own record is asserted where it is defined; these are the records behind the
-// pointers.
+// The effect's own record is asserted where it is defined; these are the records
+// behind the pointers.
 TEST(Vst24, LaysOutTheRecordsBehindThePointersAsPublished) {
   EXPECT_EQ(offsetof(ERect, bottom), 4U);
   EXPECT_EQ(offsetof(VstKeyCode, virt), 4U);

@@ -86,8 +86,8 @@ TEST_F(ReadPreset, SkipsEntriesOfAnotherKind) {
   EXPECT_EQ(preset.width, 0.5F);
 }
 
-// The name entry's 156 bytes, turned round, are a negative number: a file that lies about its byte
-// order.
+// The name entry's 156 bytes, turned round, are a negative number: a file that lies about
+// its byte order.
 TEST_F(ReadPreset, RefusesEntriesOfTheOtherByteOrderThanItIsTold) {
   for (const bool swapped : {false, true}) {
     EXPECT_EQ(read(Writer(swapped).presetEntries(0, other).bytes, 6, !swapped), Reading::refused);

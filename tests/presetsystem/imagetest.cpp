@@ -1,5 +1,5 @@
-// The door: what bytes are, in which order, and how much of them may be read; and chunks of both
-// generations.
+// The door: what bytes are, in which order, and how much of them may be read; and chunks
+// of both generations.
 #include "presetsystem/image/image.h"
 
 #include <gtest/gtest.h>
@@ -204,8 +204,8 @@ class OldChunk : public testing::Test {
             image.presetToSelect};
   }
   OldReading read(const Bytes& data) { return read(data, static_cast<std::int64_t>(data.size())); }
-  // Records 0..records-1 hold the first `floats` values of the distinct bank, all others are
-  // untouched.
+  // Records 0..records-1 hold the first `floats` values of the distinct bank, all
+  // others are untouched.
   testing::AssertionResult holds(std::size_t records, int floats) const {
     for (std::size_t i = 0; i < bank.size(); ++i) {
       imagebytes::Preset expected = distinctBank()[i];
@@ -258,8 +258,8 @@ TEST_F(OldChunk, TakesFiveOfMoreFloats) {
   EXPECT_TRUE(holds(10, 5));
 }
 
-// 19 floats make 100 bytes a record; of the 1408 bytes after the header 14 records have their five
-// floats.
+// 19 floats make 100 bytes a record; of the 1408 bytes after the header 14 records have
+// their five floats.
 TEST_F(OldChunk, StopsAtTheEndOfWhatIsTakenIn) {
   const Bytes data = imagebytes::oldChunk(distinctBank(), 32, 19, 4);
   const OldReading reading = read(data);

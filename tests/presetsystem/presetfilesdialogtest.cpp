@@ -150,8 +150,8 @@ TEST_F(Files, ANameMayFillItsBuffer) {
   EXPECT_STREQ(editor().presetFileName, longest.c_str());
 }
 
-// Presses are kept from the controls while a dialog runs: one that never began would keep them for
-// good.
+// Presses are kept from the controls while a dialog runs: one that never began would keep
+// them for good.
 TEST_F(Files, ADialogThatCannotBeStartedWithoutMemoryIsNotWaitedFor) {
   std::strcpy(editor().currentDirectory, "/a/folder/with/a/long/name/");
   desktop.install("zenity", "exit 1");

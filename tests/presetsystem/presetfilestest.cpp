@@ -272,8 +272,8 @@ TEST_F(Files, HugeFilesAreHandledInTheirBeginning) {
   loadBank(bankFile);
   EXPECT_TRUE(sameBank(bankNow(), recordsOf(bank)));
 
-  // The records of an old bank are as far apart as the file's size says: nothing to find in its
-  // beginning.
+  // The records of an old bank are as far apart as the file's size says: nothing to find
+  // in its beginning.
   const std::string oldBank =
       put("hugeold.orb", oldFile(imagebytes::kOldBankKind, imagebytes::oldBankData({}, 5)));
   std::filesystem::resize_file(oldBank, huge);

@@ -38,8 +38,8 @@ struct FailingCall {
 };
 
 // Each allocation fails in two calls in a row, before one that gets all it wants. Returns how many
-// allocations the call makes; in the last call none failed. Stops at the first one that shows a
-// fault.
+// allocations the call makes; in the last call none failed. Stops at the first one that
+// shows a fault.
 inline long failEach(const FailingCall& tested, FailingMemory::Fails fails) {
   for (long succeeding = 0;; ++succeeding) {
     SCOPED_TRACE(testing::Message() << "without memory after " << succeeding << " allocations");

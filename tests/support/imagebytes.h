@@ -1,5 +1,5 @@
-// Images, chunks and old files byte by byte from their tables, without the writers of the preset
-// system.
+// Images, chunks and old files byte by byte from their tables, without the writers of
+// the preset system.
 #pragma once
 
 #include <algorithm>

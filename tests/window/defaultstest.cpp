@@ -123,8 +123,8 @@ TEST_F(Defaults, ARightClickBetweenMakesTwoClicks) {
   EXPECT_EQ(preferences(), "");
 }
 
-// A double click that a lone click went before, with the pointer at rest: a new pair counts as
-// such.
+// A double click that a lone click went before, with the pointer at rest: a new pair
+// counts as such.
 TEST_F(Defaults, ADoubleClickAfterALoneClickCounts) {
   host.click(places::kDefaultPreset);
   wait();

@@ -15,8 +15,8 @@ extern "C" __attribute__((weak)) void __lsan_enable();
 
 namespace {
 
-// What is allocated meanwhile may stay: the process ends in the middle of things, or nobody ends an
-// instance.
+// What is allocated meanwhile may stay: the process ends in the middle of things, or nobody
+// ends an instance.
 class LeakAllowed {
  public:
   LeakAllowed() {

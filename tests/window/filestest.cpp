@@ -204,8 +204,8 @@ TEST_F(Files, PressesMeanwhileAreSwallowed) {
   EXPECT_FALSE(zenity.wasAsked());
 }
 
-// Presses that the host hands over only after the dialog has ended were still made on a window that
-// waited.
+// Presses that the host hands over only after the dialog has ended were still made on a
+// window that waited.
 TEST_F(Files, PressesThatArriveWithTheAnswerAreSwallowedToo) {
   dialogOf(places::kLoadPreset);
   const Area screen = host.screenArea();

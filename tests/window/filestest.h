@@ -1,5 +1,5 @@
-// Loading and saving by the preset bar's buttons, with a dialog program that does what the test
-// says.
+// Loading and saving by the preset bar's buttons, with a dialog program that does what
+// the test says.
 #pragma once
 
 #include "windowtest.h"

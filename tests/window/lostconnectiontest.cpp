@@ -33,8 +33,8 @@ class LostConnection : public WindowTest {
 
 }  // namespace
 
-// A pass that looked for replies on a broken connection took half a minute, and each one after it
-// again.
+// A pass that looked for replies on a broken connection took half a minute, and each one
+// after it again.
 TEST_F(LostConnection, IdlingReturnsAtOnceAndClosingWorks) {
   ASSERT_TRUE(host.openEditor());
   breakConnections();

@@ -285,8 +285,8 @@ TEST_F(Name, TheRenamedPresetIsTheCurrentOne) {
   EXPECT_EQ(host.programName(1), "second");
 }
 
-// While it is edited the field shows the typed text only, whatever the host calls the preset
-// meanwhile.
+// While it is edited the field shows the typed text only, whatever the host calls
+// the preset meanwhile.
 TEST_F(Name, AHostsNameMeanwhileGivesWayToTheConfirmedOne) {
   startEntry();
   host.type("mine");

@@ -147,8 +147,8 @@ TEST_F(Opening, ReopeningShowsTheSameValues) {
   EXPECT_EQ(host.picture(), first);
 }
 
-// A host's timer of 15 Hz and one of 60 Hz: the same events lead to the same picture and the same
-// values.
+// A host's timer of 15 Hz and one of 60 Hz: the same events lead to the same picture and
+// the same values.
 TEST_F(Opening, SlowAndFastIdlingEndAlike) {
   Picture pictures[2];
   float values[2] = {};

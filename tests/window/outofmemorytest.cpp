@@ -80,8 +80,8 @@ TEST(WindowOutOfMemory, TheWindowClosesAfterAPassWithoutMemory) {
 }
 
 // With a window more than the bank changes, and what has been taken stays taken. The one answer of
-// "taken" that takes nothing is the rule's own: the copy of the bank that is read into cannot be
-// made.
+// "taken" that takes nothing is the rule's own: the copy of the bank that is read into
+// cannot be made.
 TEST(WindowOutOfMemory, AChunkIsTakenWholeOrNotAtAll) {
   for (const auto fails : kBothWaysToFail) {
     const int failures = failEach([fails](long succeeding) {

@@ -1,5 +1,5 @@
-// Sliders, switches and displays, worked with the mouse: what the host hears, and what the window
-// shows.
+// Sliders, switches and displays, worked with the mouse: what the host hears, and what
+// the window shows.
 #include <algorithm>
 #include <cmath>
 
@@ -215,8 +215,8 @@ TEST_F(ParameterControls, ArrowKeysMoveTheSliderThatHasTheKeyboard) {
   expectGesture(host.gestureCalls(), 0);
 }
 
-// The host may set a value while the mouse is on the slider: the value that it set is the one that
-// stays.
+// The host may set a value while the mouse is on the slider: the value that it set is the
+// one that stays.
 TEST_F(ParameterControls, AHostThatSetsItsOwnValueDuringADragIsShown) {
   host.moveTo(handleX(0.5F), handleY(0));
   host.press();

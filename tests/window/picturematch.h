@@ -1,5 +1,5 @@
-// Tells whether two pictures of the window are the same to a person, whatever draws its letters and
-// edges.
+// Tells whether two pictures of the window are the same to a person, whatever draws its
+// letters and edges.
 #pragma once
 
 #include <ostream>

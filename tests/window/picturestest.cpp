@@ -1,5 +1,5 @@
-// The window's looks, compared with the pictures beside this file. refresh-pictures.sh takes them
-// anew.
+// The window's looks, compared with the pictures beside this file. refresh-pictures.sh
+// takes them anew.
 #include <cstdlib>
 #include <functional>
 #include <numeric>
@@ -132,8 +132,8 @@ std::vector<State> states() {
                    [place = button.place](WindowHost& host) { host.hover(place); },
                    around(button.place),
                    {}});
-    // Those that show a press at all; the dialog buttons and the manual's act and are at rest
-    // again.
+    // Those that show a press at all; the dialog buttons and the manual's act and are
+    // at rest again.
     const bool shows =
         name.find("store") == 0 || name.find("recall") == 0 || name.find("rocker") == 0;
     const bool twice = name.find("default") == 0;

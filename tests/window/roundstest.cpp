@@ -35,8 +35,8 @@ struct State {
 
 class Rounds : public WindowTest, public ::testing::WithParamInterface<int> {};
 
-// Some rounds close a window before it was ever drawn, some after, some with a control under the
-// mouse.
+// Some rounds close a window before it was ever drawn, some after, some with a control
+// under the mouse.
 void use(WindowHost& host, int round) {
   switch (round % 4) {
     case 0:

@@ -20,8 +20,8 @@ class TestDisplay {
   xcb_connection_t* link() const { return connection; }
   xcb_window_t root() const { return screen->root; }
 
-  // A white top-level window that no window manager moves. alpha: of 32 bits, as some hosts have
-  // theirs.
+  // A white top-level window that no window manager moves. alpha: of 32 bits, as some
+  // hosts have theirs.
   xcb_window_t makeWindow(const Area& place, bool alpha = false);
   void destroyWindow(xcb_window_t window);
   void resizeWindow(xcb_window_t window, int width, int height);

@@ -98,8 +98,8 @@ class TextEntryInTheFrame : public WindowTest {
     settle();
     return display.picture(kWindow);
   }
-  // Whether some pixel has this colour; a thin line's may be mixed with a little of what is behind
-  // it.
+  // Whether some pixel has this colour; a thin line's may be mixed with a little of what
+  // is behind it.
   static bool has(const Picture& picture, std::uint32_t colour) {
     constexpr int kNearly = 40;  // of a channel's 255
     return std::any_of(picture.pixels.begin(), picture.pixels.end(), [&](std::uint32_t pixel) {

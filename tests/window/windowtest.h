@@ -1,5 +1,5 @@
-// What each test of the window has: a home of its own, and dialog programs that do what the test
-// says.
+// What each test of the window has: a home of its own, and dialog programs that do what
+// the test says.
 #pragma once
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
-// The toolkit's run loop, driven by the editors' idle passes: nobody runs an event loop for a
-// plug-in.
+// The toolkit's run loop, driven by the editors' idle passes: nobody runs an event loop
+// for a plug-in.
 #pragma once
 
 #include <atomic>

@@ -24,8 +24,8 @@ void setUpResources() {
 
 }  // namespace
 
-// The toolkit's own init in its two steps, of which the first one alone leaves nothing when it
-// fails.
+// The toolkit's own init in its two steps, of which the first one alone leaves nothing
+// when it fails.
 void setUpToolkit() {
   VSTGUI::initPlatform(nullptr);
   try {

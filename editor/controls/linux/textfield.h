@@ -19,8 +19,8 @@ class TextField final : public VSTGUI::CView,
                         public VSTGUI::IKeyboardHook,
                         public VSTGUI::IMouseObserver {
  public:
-  // place: in the coordinates of the label's container. The label outlives the field's being
-  // attached.
+  // place: in the coordinates of the label's container. The label outlives the
+  // field's being attached.
   TextField(const COrvTextEdit* edited, const VSTGUI::CRect& place,
             std::function<void(bool confirm)> whenEnded);
   TextField(const TextField&) = delete;

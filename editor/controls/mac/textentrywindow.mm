@@ -17,8 +17,8 @@ NSColor* cocoaColor(const VSTGUI::CColor& color) {
                                    alpha:color.alpha / 255.0];
 }
 
-// Never nil, which a field does not take: a name that was cut to its 24 bytes may end within a
-// character.
+// Never nil, which a field does not take: a name that was cut to its 24 bytes may end
+// within a character.
 NSString* cocoaText(const VSTGUI::UTF8String& text) {
   return [NSString stringWithUTF8String:validText(text.getString()).c_str()];
 }

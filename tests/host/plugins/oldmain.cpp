@@ -2,8 +2,8 @@
 // its input.
 #include "tests/host/plugins/testeffect.h"
 
-// C++ keeps the name for programs, so the linker's name is set by hand, with the system's prefix in
-// front.
+// C++ keeps the name for programs, so the linker's name is set by hand, with the system's
+// prefix in front.
 #define TEST_TEXT_OF(name) #name
 #define TEST_TEXT(name) TEST_TEXT_OF(name)
 TEST_EXPORT AEffect* oldEntry(audioMasterCallback callback) asm(

@@ -1,5 +1,5 @@
-// Keeps three programs instead of chunks, each with a gain and a balance; "Gain" also understands
-// "2x".
+// Keeps three programs instead of chunks, each with a gain and a balance; "Gain"
+// also understands "2x".
 #include <cstdio>
 #include <cstdlib>
 

@@ -1,5 +1,5 @@
-// The bundle's pictures as macOS loads them, each with its sharp variant; here by the toolkit for
-// Linux.
+// The bundle's pictures as macOS loads them, each with its sharp variant; here by the
+// toolkit for Linux.
 #include <gtest/gtest.h>
 
 #include <filesystem>
