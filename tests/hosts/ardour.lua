@@ -1,13 +1,15 @@
--- Run by Ardour's session interpreter: makes a session with the effect on a track, or changes one that is there.
--- What to do comes as environment variables: SESSION_FOLDER, SESSION, RATE; PARAMETERS, as "index=value ...", to set;
--- EXPECTED, in the same form, to find before that.
+-- Run by Ardour's session interpreter: makes a session with the effect on a track, or changes one
+-- that is there. What to do comes as environment variables: SESSION_FOLDER, SESSION, RATE;
+-- PARAMETERS, as "index=value ...", to set; EXPECTED, in the same form, to find before that.
 io.stdout:setvbuf("no")  -- the interpreter may end by force
 local folder, name = os.getenv("SESSION_FOLDER"), os.getenv("SESSION")
 local unique_id = "1416394350"  -- 'Tlvn'
 
 local function pairs_in(text)
   local list = {}
-  for index, value in string.gmatch(text or "", "(%d+)=(%S+)") do list[tonumber(index)] = tonumber(value) end
+  for index, value in string.gmatch(text or "", "(%d+)=(%S+)") do
+    list[tonumber(index)] = tonumber(value)
+  end
   return list
 end
 
@@ -17,7 +19,8 @@ if os.getenv("NEW") then
   session = create_session(folder, name, tonumber(os.getenv("RATE")))
   assert(session, "no session")
   local channels = tonumber(os.getenv("CHANNELS"))
-  local tracks = session:new_audio_track(channels, 2, nil, 1, "Sound", ARDOUR.PresentationInfo.max_order,
+  local tracks = session:new_audio_track(channels, 2, nil, 1, "Sound",
+                                         ARDOUR.PresentationInfo.max_order,
                                          ARDOUR.TrackMode.Normal, true)
   processor = ARDOUR.LuaAPI.new_plugin(session, unique_id, ARDOUR.PluginType.LXVST, "")
   if processor:isnil() then error("Ardour does not know the effect") end
