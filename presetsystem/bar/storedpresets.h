@@ -11,8 +11,8 @@ class PreferenceStore;
 enum class StoredImage : std::uint8_t { defaultBank, defaultPreset, defaultMidi, memoryA, memoryB };
 
 // All instances share the preferences; what is stored is on disk before the call returns. Nothing
-// is reported: what is missing, foreign or refused leaves the bank as it
-// was. User-interface thread.
+// is reported: what is missing, foreign or refused leaves the bank as it was. User-interface
+// thread. Of a MIDI map there is only the removal.
 class StoredPresets {
  public:
   StoredPresets(CPresetSystemEffect* storesEffect, FilePlaces& kept);

@@ -50,14 +50,13 @@ void takeFile(Image& image, std::span<const unsigned char> bytes, bool whole) {
     if (image.content != Content::unknown) takeCurrent(image, bytes, false);
     return;
   }
+  const bool isBank = kind == ImageKind::oldBank;
+  if (isBank && !whole) {
+    image.content = Content::unknown;  // its size is all that tells where the records are
+    return;
+  }
   const auto size = static_cast<std::int64_t>(bytes.size());
   image.extent = Extent::whole;
-  const bool isBank = kind == ImageKind::oldBank;
-  // its size is all that tells where the records are
-  if (isBank && !whole) {
-    image.content = Content::unknown;
-    image.extent = Extent::headless;
-  }
   image.body = bytes.subspan(kOldPrefixSize);
   image.recordCount = isBank ? kPresetCount : 1;
   image.floatsPerRecord = isBank ? floatsPerOldBankRecord(size) : floatsInOldPreset(size);

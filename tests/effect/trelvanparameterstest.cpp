@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "effect/parameters.h"
 #include "effect/trelvan.h"
 #include "tests/support/recordingeditor.h"
 #include "tests/support/recordinghost.h"
@@ -263,6 +264,17 @@ TEST_F(TrelvanParameters, HaveNoPropertiesOutsideTheFive) {
     VstParameterProperties before = properties;
     EXPECT_FALSE(effect.getParameterProperties(index, &properties)) << index;
     EXPECT_EQ(std::memcmp(&properties, &before, sizeof before), 0) << "nothing is filled";
+  }
+}
+
+TEST(ParameterTable, HasAnInverseThatTurnsEachCurveBack) {
+  for (const Parameter& parameter : kParameters) {
+    const bool isSwitch = parameter.unit == Parameter::Unit::onOff;
+    for (const float raw : {0.0F, 0.25F, 0.5F, 0.875F, 1.0F}) {
+      const float expected = isSwitch ? (raw >= 0.5F ? 1.0F : 0.0F) : raw;
+      const auto derived = static_cast<double>(parameter.derived(raw));
+      EXPECT_NEAR(parameter.raw(derived), expected, 1e-6) << parameter.name << " at " << raw;
+    }
   }
 }
 
