@@ -51,7 +51,9 @@ Exit status: 0 done, 1 failed, 2 wrong usage.)";
 struct Typed {
   std::array<std::string, kParameterCount> values;
   std::vector<std::string> settings;
-  std::string output, format, gain, tail, plot, state, bank, preset, saveState, plugin;
+  std::string output, format, gain, tail, plot, state, bank, preset, saveState, plugin, validated,
+      check;
+  std::uint64_t seed = 0;
   bool version = false;
 };
 
@@ -74,7 +76,8 @@ class Formatter : public CLI::Formatter {
   Formatter() { column_width(32); }
   std::string make_usage(const CLI::App*, std::string) const override {
     return "Usage: widen [OPTIONS] IN... -o OUT\n"
-           "       widen [OPTIONS] --info | --list-params | --list-presets | --editor\n";
+           "       widen [OPTIONS] --info | --list-params | --list-presets | --editor\n"
+           "       widen --validate [PLUGIN] [--strictness 1..10] [--seed N] [--check NAME]\n";
   }
 };
 
@@ -148,6 +151,24 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
                "Open the effect's window; the run ends when it is closed")
       ->group(effect);
   app.add_flag("--version", typed.version, "Show the version");
+
+  const std::string validator = "Validator";
+  app.add_option("--validate", typed.validated,
+                 "Check a VST 2.4 effect, by default Trelvan, and say what is wrong with it")
+      ->group(validator)
+      ->expected(0, 1)
+      ->type_name("[PLUGIN]");
+  app.add_option("--strictness", arguments.strictness,
+                 "1 asks the least, 10 everything; default: 5")
+      ->group(validator)
+      ->check(CLI::Range(1, 10).description(""))
+      ->type_name("N");
+  app.add_option("--seed", typed.seed, "What chance decides, as in the run that printed it")
+      ->group(validator)
+      ->type_name("N");
+  app.add_option("--check", typed.check, "This check alone; what the effect writes is shown")
+      ->group(validator)
+      ->type_name("NAME");
 }
 
 std::string oneLine(std::string text) {
@@ -187,7 +208,28 @@ void takeOutputOptions(const CLI::App& app, const Typed& typed, Arguments& argum
   }
 }
 
+void takeValidator(const CLI::App& app, const Typed& typed, Arguments& arguments) {
+  arguments.validate = app.count("--validate") != 0;
+  arguments.check = given(app, "--check", typed.check);
+  if (app.count("--seed") != 0) arguments.seed = typed.seed;
+  if (!arguments.validate) {
+    if (app.count("--strictness") != 0 || arguments.seed || arguments.check)
+      throw UsageFailure("--strictness, --seed and --check belong to --validate");
+    return;
+  }
+  if (typed.validated.empty()) return;
+  if (arguments.plugin) throw UsageFailure("--validate: two plug-ins named");
+  arguments.plugin = typed.validated;
+}
+
 void checkRules(const Arguments& arguments) {
+  if (arguments.validate) {
+    if (!arguments.inputs.empty() || arguments.output || arguments.asksOnly() ||
+        arguments.saveState) {
+      throw UsageFailure("--validate takes no sound files and no other questions");
+    }
+    return;
+  }
   if (arguments.asksOnly()) {
     if (!arguments.inputs.empty() || arguments.output) {
       throw UsageFailure("--info, --list-params, --list-presets and --editor take no sound files");
@@ -228,6 +270,7 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   arguments.state.preset = given(app, "--preset", typed.preset);
   arguments.saveState = given(app, "--save-state", typed.saveState);
   arguments.plugin = given(app, "--plugin", typed.plugin);
+  takeValidator(app, typed, arguments);
   checkRules(arguments);
   return {arguments, {}};
 }

@@ -1,6 +1,7 @@
 // The command line, read and checked as far as it can be without looking at files or at the effect.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,6 +42,12 @@ struct Arguments {
   bool listPresets = false;
   bool editor = false;
   bool asksOnly() const { return info || listParameters || listPresets || editor; }
+
+  // The validator instead of all that.
+  bool validate = false;
+  int strictness = 5;
+  std::optional<std::uint64_t> seed;
+  std::optional<std::string> check;
 
   bool quiet = false;
 };

@@ -2,6 +2,7 @@
 #include "host/cli/widen.h"
 
 #include <exception>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "host/cli/effectinfo.h"
 #include "host/cli/jobs.h"
 #include "host/state/effectstate.h"
+#include "host/validate/validation.h"
 #include "host/vst/editorwindow.h"
 #include "host/vst/effect.h"
 #include "host/vst/executablepath.h"
@@ -44,7 +46,16 @@ void tryState(PluginModule& module, const Arguments& arguments, Console& console
   if (arguments.saveState) writeWholeFile(*arguments.saveState, effect.chunk(), arguments.force);
 }
 
+ExitStatus runValidator(const Arguments& arguments, Console& console) {
+  const std::uint64_t seed = arguments.seed ? *arguments.seed : std::random_device()();
+  const ValidationRequest request{pluginFor(arguments), arguments.strictness, seed,
+                                  arguments.check};
+  const bool sound = validate(request, [&](const std::string& line) { console.print(line); });
+  return sound ? ExitStatus::done : ExitStatus::failed;
+}
+
 ExitStatus act(const Arguments& arguments, Console& console) {
+  if (arguments.validate) return runValidator(arguments, console);
   Jobs jobs;
   if (!arguments.inputs.empty()) jobs = planJobs(arguments);
   PluginModule module(pluginFor(arguments));

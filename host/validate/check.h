@@ -1,0 +1,24 @@
+// One thing that the validator asks of an effect, and the lists of them.
+#pragma once
+
+#include <span>
+
+#include "host/validate/trial.h"
+
+struct Check {
+  const char* name;  // a sentence about a sound effect; names it on the command line too
+  int strictness;    // 1..10: done from this one on
+  int seconds;       // longer than that, it hangs
+  void (*run)(Trial&);
+};
+
+// By subject, one file each.
+std::span<const Check> loadingChecks();
+std::span<const Check> textChecks();
+std::span<const Check> parameterChecks();
+std::span<const Check> soundChecks();
+std::span<const Check> damagedSoundChecks();
+std::span<const Check> realtimeChecks();
+std::span<const Check> surroundingsChecks();
+std::span<const Check> stateChecks();
+std::span<const Check> editorChecks();

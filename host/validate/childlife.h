@@ -1,0 +1,7 @@
+// What ties a check's process, and what that starts, to the validator's.
+#pragma once
+
+// In the validator: processes whose parent has ended become its own, so that none gets lost.
+void adoptOrphans();
+// In the check's process, first of all: it ends when the validator does.
+void endWithParent();

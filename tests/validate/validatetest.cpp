@@ -1,0 +1,22 @@
+// Runs the built widen's validator.
+#include "tests/validate/validatetest.h"
+
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <memory>
+
+ValidatorRun validateFile(const std::string& plugin, const std::vector<std::string>& words) {
+  std::string command = std::string(WIDEN_PROGRAM) + " --validate '" + plugin + "'";
+  for (const std::string& word : words) command += " '" + word + "'";
+  command += " 2>&1 </dev/null";
+  FILE* output = popen(command.c_str(), "r");
+  if (output == nullptr) return {-1, "the validator cannot be run"};
+  std::string text;
+  std::array<char, 4096> piece{};
+  while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), output))
+    text.append(piece.data(), got);
+  const int status = pclose(output);
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, text};
+}
