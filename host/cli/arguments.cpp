@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <memory>
 
 #include "effect/parameters.h"
@@ -52,8 +53,8 @@ struct Typed {
   std::array<std::string, kParameterCount> values;
   std::vector<std::string> settings;
   std::string output, format, gain, tail, plot, state, bank, preset, saveState, plugin, validated,
-      check;
-  std::uint64_t seed = 0;
+      seed, check;
+  ValidatorArguments validator;
   bool version = false;
 };
 
@@ -151,14 +152,16 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
                "Open the effect's window; the run ends when it is closed")
       ->group(effect);
   app.add_flag("--version", typed.version, "Show the version");
+}
 
+void addValidatorOptions(CLI::App& app, Typed& typed) {
   const std::string validator = "Validator";
   app.add_option("--validate", typed.validated,
                  "Check a VST 2.4 effect, by default Trelvan, and say what is wrong with it")
       ->group(validator)
       ->expected(0, 1)
       ->type_name("[PLUGIN]");
-  app.add_option("--strictness", arguments.strictness,
+  app.add_option("--strictness", typed.validator.strictness,
                  "1 asks the least, 10 everything; default: 5")
       ->group(validator)
       ->check(CLI::Range(1, 10).description(""))
@@ -208,22 +211,33 @@ void takeOutputOptions(const CLI::App& app, const Typed& typed, Arguments& argum
   }
 }
 
+// Not by the parser, which takes numbers that are too large or negative as others.
+std::uint64_t parseSeed(const std::string& text) {
+  std::uint64_t seed = 0;
+  const char* end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, seed);
+  if (error != std::errc() || rest != end)
+    throw UsageFailure("--seed: \"" + text + "\" is no whole number from 0 to 2^64 - 1");
+  return seed;
+}
+
 void takeValidator(const CLI::App& app, const Typed& typed, Arguments& arguments) {
-  arguments.validate = app.count("--validate") != 0;
-  arguments.check = given(app, "--check", typed.check);
-  if (app.count("--seed") != 0) arguments.seed = typed.seed;
-  if (!arguments.validate) {
-    if (app.count("--strictness") != 0 || arguments.seed || arguments.check)
-      throw UsageFailure("--strictness, --seed and --check belong to --validate");
-    return;
+  const bool named = app.count("--validate") != 0;
+  for (const char* option : {"--strictness", "--seed", "--check"}) {
+    if (!named && app.count(option) != 0)
+      throw UsageFailure(std::string(option) + " belongs to --validate");
   }
+  if (!named) return;
+  arguments.validator = typed.validator;
+  arguments.validator->check = given(app, "--check", typed.check);
+  if (app.count("--seed") != 0) arguments.validator->seed = parseSeed(typed.seed);
   if (typed.validated.empty()) return;
   if (arguments.plugin) throw UsageFailure("--validate: two plug-ins named");
   arguments.plugin = typed.validated;
 }
 
 void checkRules(const Arguments& arguments) {
-  if (arguments.validate) {
+  if (arguments.validator) {
     if (!arguments.inputs.empty() || arguments.output || arguments.asksOnly() ||
         arguments.saveState) {
       throw UsageFailure("--validate takes no sound files and no other questions");
@@ -251,6 +265,7 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   app.formatter(std::make_shared<Formatter>());
   app.footer(notes());
   addOptions(app, arguments, typed);
+  addValidatorOptions(app, typed);
   try {
     // the parser takes the last word first
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));

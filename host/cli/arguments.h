@@ -15,6 +15,12 @@ struct TailArgument {
   double seconds = 0.0;
 };
 
+struct ValidatorArguments {
+  int strictness = 5;                 // 1..10
+  std::optional<std::uint64_t> seed;  // none: another one in every run
+  std::optional<std::string> check;   // this one alone
+};
+
 struct Arguments {
   static constexpr int kDefaultBlockSize = 1024;     // frames
   static constexpr int kLargestBlockSize = 1 << 20;  // frames
@@ -43,11 +49,7 @@ struct Arguments {
   bool editor = false;
   bool asksOnly() const { return info || listParameters || listPresets || editor; }
 
-  // The validator instead of all that.
-  bool validate = false;
-  int strictness = 5;
-  std::optional<std::uint64_t> seed;
-  std::optional<std::string> check;
+  std::optional<ValidatorArguments> validator;  // instead of all that
 
   bool quiet = false;
 };

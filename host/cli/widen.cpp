@@ -47,15 +47,15 @@ void tryState(PluginModule& module, const Arguments& arguments, Console& console
 }
 
 ExitStatus runValidator(const Arguments& arguments, Console& console) {
-  const std::uint64_t seed = arguments.seed ? *arguments.seed : std::random_device()();
-  const ValidationRequest request{pluginFor(arguments), arguments.strictness, seed,
-                                  arguments.check};
+  const ValidatorArguments& asked = *arguments.validator;
+  const ValidationRequest request{pluginFor(arguments), asked.strictness,
+                                  asked.seed.value_or(std::random_device()()), asked.check};
   const bool sound = validate(request, [&](const std::string& line) { console.print(line); });
   return sound ? ExitStatus::done : ExitStatus::failed;
 }
 
 ExitStatus act(const Arguments& arguments, Console& console) {
-  if (arguments.validate) return runValidator(arguments, console);
+  if (arguments.validator) return runValidator(arguments, console);
   Jobs jobs;
   if (!arguments.inputs.empty()) jobs = planJobs(arguments);
   PluginModule module(pluginFor(arguments));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "host/validate/trial.h"
 
@@ -22,3 +23,6 @@ std::span<const Check> realtimeChecks();
 std::span<const Check> surroundingsChecks();
 std::span<const Check> stateChecks();
 std::span<const Check> editorChecks();
+
+// All of them, in the order in which they are done.
+std::vector<Check> allChecks();

@@ -107,7 +107,8 @@ std::string during(const TrialReport& report) {
 
 Verdict verdictOf(int status, bool hangs, bool left, const Check& check,
                   const TrialReport& report) {
-  if (hangs) return {CheckOutcome::failed, formatted("hangs (%d s)", check.seconds) + during(report)};
+  if (hangs)
+    return {CheckOutcome::failed, formatted("hangs (%d s)", check.seconds) + during(report)};
   if (WIFSIGNALED(status)) {
     return {CheckOutcome::failed,
             std::string("crashes (") + strsignal(WTERMSIG(status)) + ")" + during(report)};

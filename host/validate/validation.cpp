@@ -12,8 +12,6 @@
 #include "host/validate/trialhome.h"
 #include "host/validate/trialprocess.h"
 
-namespace {
-
 std::vector<Check> allChecks() {
   std::vector<Check> all;
   for (const std::span<const Check> some :
@@ -23,6 +21,8 @@ std::vector<Check> allChecks() {
   }
   return all;
 }
+
+namespace {
 
 std::vector<Check> wantedChecks(const ValidationRequest& request) {
   std::vector<Check> wanted = allChecks();
