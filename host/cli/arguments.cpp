@@ -5,11 +5,11 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
 #include <memory>
 
 #include "effect/parameters.h"
 #include "host/base/text.h"
+#include "host/cli/validatorarguments.h"
 #include "host/state/values.h"
 
 namespace {
@@ -52,9 +52,7 @@ Exit status: 0 done, 1 failed, 2 wrong usage.)";
 struct Typed {
   std::array<std::string, kParameterCount> values;
   std::vector<std::string> settings;
-  std::string output, format, gain, tail, plot, state, bank, preset, saveState, plugin, validated,
-      seed, check;
-  ValidatorArguments validator;
+  std::string output, format, gain, tail, plot, state, bank, preset, saveState, plugin;
   bool version = false;
 };
 
@@ -154,26 +152,6 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
   app.add_flag("--version", typed.version, "Show the version");
 }
 
-void addValidatorOptions(CLI::App& app, Typed& typed) {
-  const std::string validator = "Validator";
-  app.add_option("--validate", typed.validated,
-                 "Check a VST 2.4 effect, by default Trelvan, and say what is wrong with it")
-      ->group(validator)
-      ->expected(0, 1)
-      ->type_name("[PLUGIN]");
-  app.add_option("--strictness", typed.validator.strictness,
-                 "1 asks the least, 10 everything; default: 5")
-      ->group(validator)
-      ->check(CLI::Range(1, 10).description(""))
-      ->type_name("N");
-  app.add_option("--seed", typed.seed, "What chance decides, as in the run that printed it")
-      ->group(validator)
-      ->type_name("N");
-  app.add_option("--check", typed.check, "This check alone; what the effect writes is shown")
-      ->group(validator)
-      ->type_name("NAME");
-}
-
 std::string oneLine(std::string text) {
   std::replace(text.begin(), text.end(), '\n', ' ');
   return text;
@@ -211,39 +189,8 @@ void takeOutputOptions(const CLI::App& app, const Typed& typed, Arguments& argum
   }
 }
 
-// Not by the parser, which takes numbers that are too large or negative as others.
-std::uint64_t parseSeed(const std::string& text) {
-  std::uint64_t seed = 0;
-  const char* end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, seed);
-  if (error != std::errc() || rest != end)
-    throw UsageFailure("--seed: \"" + text + "\" is no whole number from 0 to 2^64 - 1");
-  return seed;
-}
-
-void takeValidator(const CLI::App& app, const Typed& typed, Arguments& arguments) {
-  const bool named = app.count("--validate") != 0;
-  for (const char* option : {"--strictness", "--seed", "--check"}) {
-    if (!named && app.count(option) != 0)
-      throw UsageFailure(std::string(option) + " belongs to --validate");
-  }
-  if (!named) return;
-  arguments.validator = typed.validator;
-  arguments.validator->check = given(app, "--check", typed.check);
-  if (app.count("--seed") != 0) arguments.validator->seed = parseSeed(typed.seed);
-  if (typed.validated.empty()) return;
-  if (arguments.plugin) throw UsageFailure("--validate: two plug-ins named");
-  arguments.plugin = typed.validated;
-}
-
 void checkRules(const Arguments& arguments) {
-  if (arguments.validator) {
-    if (!arguments.inputs.empty() || arguments.output || arguments.asksOnly() ||
-        arguments.saveState) {
-      throw UsageFailure("--validate takes no sound files and no other questions");
-    }
-    return;
-  }
+  if (arguments.validator) return;  // it has rules of its own
   if (arguments.asksOnly()) {
     if (!arguments.inputs.empty() || arguments.output) {
       throw UsageFailure("--info, --list-params, --list-presets and --editor take no sound files");
@@ -261,11 +208,12 @@ void checkRules(const Arguments& arguments) {
 ParsedArguments parseArguments(const std::vector<std::string>& words) {
   Arguments arguments;
   Typed typed;
+  ValidatorWords validatorWords;
   CLI::App app(kDescription, "widen");
   app.formatter(std::make_shared<Formatter>());
   app.footer(notes());
   addOptions(app, arguments, typed);
-  addValidatorOptions(app, typed);
+  addValidatorOptions(app, validatorWords);
   try {
     // the parser takes the last word first
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
@@ -285,7 +233,7 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   arguments.state.preset = given(app, "--preset", typed.preset);
   arguments.saveState = given(app, "--save-state", typed.saveState);
   arguments.plugin = given(app, "--plugin", typed.plugin);
-  takeValidator(app, typed, arguments);
+  takeValidator(app, validatorWords, arguments);
   checkRules(arguments);
   return {arguments, {}};
 }

@@ -61,9 +61,11 @@ TEST(ValidatorArguments, BelongToTheValidator) {
   expectRefused({"--validate", "--check", ""}, "nothing named");
 }
 
-TEST(ValidatorArguments, TakeNoSoundAndNoOtherQuestions) {
-  expectRefused({"--validate", "one.so", "in.wav"}, "--validate takes");
-  expectRefused({"--validate", "-o", "out.wav"}, "--validate takes");
-  expectRefused({"--validate", "--info"}, "--validate takes");
-  expectRefused({"--validate", "--save-state", "file"}, "--validate takes");
+TEST(ValidatorArguments, AreAloneWithThePlugin) {
+  expectRefused({"--validate", "one.so", "in.wav"}, "--validate goes without IN");
+  expectRefused({"--validate", "-o", "out.wav"}, "--validate goes without --output");
+  expectRefused({"--validate", "--info"}, "--validate goes without --info");
+  expectRefused({"--validate", "--save-state", "file"}, "--validate goes without --save-state");
+  expectRefused({"--validate", "--preset", "init"}, "--validate goes without --preset");
+  expectRefused({"--validate", "--block", "7"}, "--validate goes without --block");
 }
