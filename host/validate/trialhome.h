@@ -1,17 +1,17 @@
 // A home folder for the checks, so that a person's own settings are neither read nor written.
 #pragma once
 
-#include <filesystem>
-
-// While it lives, what this process starts finds its home and its configuration there; removed with
-// what was put into it.
+// While it lives, what this process starts finds its home and its configuration there. It is
+// removed with what was put into it, however this process ends.
 class TrialHome {
  public:
-  TrialHome();  // throws Failure where no temporary folder can be made
+  // Throws Failure where no temporary folder can be made. While this process has one thread.
+  TrialHome();
   ~TrialHome();
   TrialHome(const TrialHome&) = delete;
   TrialHome& operator=(const TrialHome&) = delete;
 
  private:
-  std::filesystem::path folder;
+  int lifeline;  // its other end is read by the process that removes the folder
+  int remover;   // that process
 };
