@@ -1,6 +1,8 @@
 // Fills the record, routes the basic opcodes, and calls the host.
 #include "plugin/audioeffect.h"
 
+#include <cmath>
+
 namespace {
 
 AudioEffect* objectOf(AEffect* effect) {
@@ -42,7 +44,10 @@ void processAccumulating(AEffect* effect, float** inputs, float** outputs, VstIn
   guarded([&] { objectOf(effect)->processDeprecated(inputs, outputs, sampleFrames); });
 }
 
+// A NaN is no parameter value: it would be heard as NaNs for as long as the effect is switched on,
+// and no bank that holds one is read again.
 void setParameterOf(AEffect* effect, VstInt32 index, float value) {
+  if (std::isnan(value)) return;
   guarded([&] { objectOf(effect)->setParameter(index, value); });
 }
 

@@ -160,6 +160,26 @@ TYPED_TEST(Meter, StaysOnItsScaleWhateverIsPlayed) {
   }
 }
 
+// One such sample would otherwise be all that the meter hears until the next resume.
+TYPED_TEST(Meter, ForgetsWhatIsNoNumber) {
+  constexpr auto kInfinity = std::numeric_limits<TypeParam>::infinity();
+  for (const TypeParam bad : {std::numeric_limits<TypeParam>::quiet_NaN(), kInfinity, -kInfinity}) {
+    for (const float process : {1.0F, 0.0F}) {
+      Player plugin({.rate = kRate, .width = 0.75F, .process = process});
+      Player spared({.rate = kRate, .width = 0.75F, .process = process});
+      auto in = steady(TypeParam(1), 1000);
+      play(spared, in);
+      in.left[500] = bad;
+      play(plugin, in);
+      // Of the levels one frame is missing, and of the side's the next one.
+      EXPECT_NEAR(plugin.getWidthMeter(), spared.getWidthMeter(), 1e-2) << bad;
+      settle<TypeParam>(plugin);
+      settle<TypeParam>(spared);
+      EXPECT_NEAR(plugin.getWidthMeter(), spared.getWidthMeter(), 1e-6) << bad;
+    }
+  }
+}
+
 TEST(Peak, IsNeverWritten) {
   Player plugin({.width = 1.0F});
   play(plugin, steady(1.0F, 1000));

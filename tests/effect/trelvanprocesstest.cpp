@@ -127,10 +127,33 @@ TYPED_TEST(Process, EqualsTheReferenceWhenSumsOverflow) {
     pair.resume();
     ASSERT_TRUE(pair.all(loud)) << process;
     ASSERT_TRUE(pair.all(noise)) << process << ", afterwards";
+    ASSERT_TRUE(std::isfinite(pair.plugin.getWidthMeter())) << process << ", by itself";
     pair.resume();
     ASSERT_TRUE(pair.all(noise)) << process << ", after a resume";
     // a resume ends every infinity and NaN
     ASSERT_TRUE(std::isfinite(pair.plugin.getWidthMeter()));
+  }
+}
+
+// What comes out is the same as ever, and the meter the same for every division into blocks.
+TYPED_TEST(Process, EqualsTheReferenceWhereSamplesAreNoNumbers) {
+  constexpr auto kNaN = std::numeric_limits<TypeParam>::quiet_NaN();
+  constexpr auto kInfinity = std::numeric_limits<TypeParam>::infinity();
+  auto signal = makeSignal<TypeParam>(Signal::kNoise, 5000);
+  signal.left[100] = kNaN;
+  signal.right[333] = kInfinity;
+  signal.left[2000] = signal.right[2000] = -kInfinity;
+  signal.left[3500] = kInfinity;
+  signal.right[3500] = -kInfinity;
+  for (const float process : {1.0F, 0.0F}) {
+    for (const std::vector<int>& sizes : kDivisions) {
+      ProcessPair pair;
+      pair.setPreset(14);  // full width
+      pair.setParameter(3, process);
+      pair.resume();
+      ASSERT_TRUE(pair.all(signal, sizes)) << process;
+      ASSERT_TRUE(std::isfinite(pair.plugin.getWidthMeter())) << process;
+    }
   }
 }
 

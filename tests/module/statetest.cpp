@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "tests/module/instance.h"
 
@@ -142,6 +143,23 @@ TEST_F(State, IsNotChangedByAParameterThatIsNotThere) {
   instance.setChunk(state);
   for (const VstInt32 index : {5, -1, 7}) instance.setParameter(index, 0.75F);
   EXPECT_EQ(instance.chunk(), state);
+}
+
+// A NaN of a host is neither heard nor saved.
+TEST_F(State, IsNotChangedByAValueThatIsNoNumber) {
+  Instance instance(module);
+  instance.setSampleRate(48000.0F);
+  instance.setChunk(state);
+  instance.mainsChanged(true);
+  for (const VstInt32 index : {-1, 0, 1, 2, 3, 4, 5, 6, 7})
+    instance.setParameter(index, std::numeric_limits<float>::quiet_NaN());
+  EXPECT_EQ(instance.chunk(), state);
+  EXPECT_TRUE(instance.render(noise(2048)) == plainRendering(state, noise(2048)));
+  for (VstInt32 index = 0; index < 5; ++index)
+    EXPECT_EQ(instance.getParameter(index), distinctBank()[9].values[std::size_t(index)]);
+  Instance restored(module);
+  restored.setChunk(instance.chunk());
+  EXPECT_EQ(restored.chunk(), state) << "with all its presets";
 }
 
 TEST_F(State, NamesTheThirtyTwoPresets) {

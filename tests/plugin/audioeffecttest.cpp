@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 #include "tests/support/mockeffect.h"
@@ -229,6 +230,19 @@ TEST_F(AudioEffectTest, ForwardsTheRecordsFunctionsToTheObject) {
   EXPECT_EQ(record->getParameter(record, 5), 0.75F);
   record->processReplacing(record, singles, singles, 64);
   record->processDoubleReplacing(record, doubles, doubles, 65);
+}
+
+TEST_F(AudioEffectTest, TakesEveryValueButOneThatIsNoNumberThroughTheRecord) {
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  AEffect* record = effect.getAeffect();
+  for (const float value : {kInfinity, -kInfinity, -3.0F, 1e30F}) {
+    EXPECT_CALL(effect, setParameter(2, value));
+    record->setParameter(record, 2, value);
+  }
+  for (const VstInt32 index : {-1, 0, 2, 6}) {
+    record->setParameter(record, index, std::numeric_limits<float>::quiet_NaN());
+    record->setParameter(record, index, -std::numeric_limits<float>::signaling_NaN());
+  }
 }
 
 TEST_F(AudioEffectTest, AccumulatesNothingThroughTheDeprecatedEntry) {

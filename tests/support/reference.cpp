@@ -3,6 +3,16 @@
 
 #include <cmath>
 
+namespace {
+
+// What the meter hears of a sample: nothing where it is infinite or no number.
+double level(double sample) {
+  if (std::isinf(sample) || std::isnan(sample)) return 0.0;
+  return std::fabs(sample);
+}
+
+}  // namespace
+
 Reference::Reference() {
   setParameter(0, 0.0F);
   setParameter(1, 0.5F);
@@ -127,9 +137,8 @@ void Reference::processReplacing(float** inputs, float** outputs, int frames, bo
       lastDelayed = delayed;
       const float outL = mid + side;
       const float outR = mid - side;
-      midEnvelope = midEnvelope + (std::fabs(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
-      sideEnvelope =
-          sideEnvelope + (std::fabs(static_cast<double>(side)) - sideEnvelope) * meterCoeff;
+      midEnvelope = midEnvelope + (level(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
+      sideEnvelope = sideEnvelope + (level(static_cast<double>(side)) - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
       sideEnvelope = sideEnvelope + 1e-21;
@@ -141,7 +150,7 @@ void Reference::processReplacing(float** inputs, float** outputs, int frames, bo
       mid = mid + 1e-16F;
       mid = mid - 1e-16F;
       delayLine[writeIndex] = mid;
-      midEnvelope = midEnvelope + (std::fabs(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
+      midEnvelope = midEnvelope + (level(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
       sideEnvelope = sideEnvelope + (0.0 - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
@@ -187,8 +196,8 @@ void Reference::processDoubleReplacing(double** inputs, double** outputs, int fr
       lastDelayed = static_cast<float>(delayed);
       const double outL = mid + side;
       const double outR = mid - side;
-      midEnvelope = midEnvelope + (std::fabs(mid) - midEnvelope) * meterCoeff;
-      sideEnvelope = sideEnvelope + (std::fabs(side) - sideEnvelope) * meterCoeff;
+      midEnvelope = midEnvelope + (level(mid) - midEnvelope) * meterCoeff;
+      sideEnvelope = sideEnvelope + (level(side) - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
       sideEnvelope = sideEnvelope + 1e-21;
@@ -200,7 +209,7 @@ void Reference::processDoubleReplacing(double** inputs, double** outputs, int fr
       mid = mid + 1e-21;
       mid = mid - 1e-21;
       delayLine[writeIndex] = static_cast<float>(mid);
-      midEnvelope = midEnvelope + (std::fabs(mid) - midEnvelope) * meterCoeff;
+      midEnvelope = midEnvelope + (level(mid) - midEnvelope) * meterCoeff;
       sideEnvelope = sideEnvelope + (0.0 - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
