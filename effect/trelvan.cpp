@@ -31,9 +31,6 @@ AudioEffect* createEffectInstance(audioMasterCallback audioMaster) {
 
 Trelvan::Trelvan(audioMasterCallback host)
     : CPresetSystemEffect(host), delayLine(std::make_unique<float[]>(kDelayLength)) {
-  for (VstInt32 index = 0; index < kParameterCount; ++index) {
-    derived[static_cast<std::size_t>(index)] = parameterAt(index).derived(0.0F);
-  }
   setNumInputs(2);
   setNumOutputs(2);
   setUniqueID(kUniqueID);
@@ -54,10 +51,12 @@ Trelvan::Trelvan(audioMasterCallback host)
 
 // A window that is still open goes while the effect is still whole.
 Trelvan::~Trelvan() {
+  const ProcessingScope scope(processing, "close");
   editor.reset();
 }
 
 void Trelvan::resume() {
+  const ProcessingScope scope(processing, "resume");
   CPresetSystemEffect::resume();
   sampleRateInt = truncatedToInt32(getSampleRate());
   sampleRateFloat = static_cast<float>(sampleRateInt);
@@ -69,12 +68,15 @@ void Trelvan::resume() {
   getOutputLatency();
   updateBlockSize();
   clearSignal();
-  delayCurrent = delayTarget;
-  std::copy(derived.begin(), derived.end(), smoothed.begin());  // no glide after a resume
+  // no glide after a resume
+  delayCurrent = delayTarget();
+  for (VstInt32 index = 0; index < kParameterCount; ++index)
+    smoothed[static_cast<std::size_t>(index)] = derived(index);
 }
 
 // Coefficients and glides stay as they are.
 void Trelvan::suspend() {
+  const ProcessingScope scope(processing, "suspend");
   sampleRateInt = truncatedToInt32(getSampleRate());
   sampleRateFloat = getSampleRate();  // with its fraction, unlike resume
   getOutputLatency();
@@ -84,20 +86,18 @@ void Trelvan::suspend() {
 }
 
 void Trelvan::clearSignal() {
-  processing.ensureNoOther("resume or suspend");
   auxParameter = 0.0F;
   std::fill_n(delayLine.get(), delayLength, 0.0F);
   midEnvelope = 0.0;
   sideEnvelope = 0.0;
   lastDelayed = 0.0F;
   writeIndex &= delayMask;
-  delayTarget = delayTargetNow();
 }
 
 // Whole frames: at rest the read offset has no fraction.
-std::int32_t Trelvan::delayTargetNow() const {
+std::int32_t Trelvan::delayTarget() const {
   return truncatedToInt32(static_cast<float>(kDelayLength) -
-                          static_cast<float>(sampleRateInt) / derived[kBaseFreqIndex]);
+                          static_cast<float>(sampleRateInt) / derived(kBaseFreqIndex));
 }
 
 float Trelvan::getVu() {

@@ -13,9 +13,9 @@
 #include "presetsystem/store/cpresetsystemeffect.h"
 
 // Parameter indexes and what they mean: effect/parameters.h.
-// resume and suspend reset; the audio thread processes; setParameter comes from any thread and only
-// moves targets, toward which the frames glide. What crosses threads is a relaxed word, the rest is
-// the audio thread's.
+// resume and suspend reset, one thread processes, none of them beside another; setParameter comes
+// from any thread and only sets raw values, of which every block takes the targets toward which its
+// frames glide. What crosses threads is a relaxed word, the rest is the audio thread's.
 class Trelvan : public CPresetSystemEffect {
  public:
   static constexpr VstInt32 kUniqueID = kTrelvanID;
@@ -84,7 +84,8 @@ class Trelvan : public CPresetSystemEffect {
 
   Glide glide(ParameterIndex index);  // toward the derived value, for one block
   void clearSignal();
-  std::int32_t delayTargetNow() const;
+  float derived(VstInt32 index) const;  // what follows from the raw value; index: a parameter's
+  std::int32_t delayTarget() const;     // read offset in frames: length minus one period
   float meterReading() const;
 
   [[no_unique_address]] ProcessingContract processing;
@@ -92,19 +93,16 @@ class Trelvan : public CPresetSystemEffect {
   Relaxed<bool> inputStereo{true};   // the second input is to be read
   Relaxed<bool> outputStereo{true};  // the second output is to be written
 
-  // By parameter index: raw values, and what follows from them: the targets of the
-  // glides, the switches.
+  // By parameter index. Targets and switches are not kept: two threads that set one parameter could
+  // leave those of the one beside the value of the other.
   std::array<Relaxed<float>, kParameterCount> raw;
-  std::array<Relaxed<float>, kParameterCount> derived;
-  // read offset in frames: length minus one period of the base frequency
-  Relaxed<std::int32_t> delayTarget{0};
-  Relaxed<std::int32_t> sampleRateInt{44100};
   Relaxed<float> auxParameter;
 
   // The glides: where they are, and their one-pole coefficient.
   std::array<float, kParameterCount> smoothed{};  // by parameter index; a switch does not glide
   float glideCoeff = 0.0F;
   double delayCurrent = 0.0;
+  std::int32_t sampleRateInt = 44100;
   float sampleRateFloat = 44100.0F;
 
   // The signal's memory.

@@ -1,4 +1,4 @@
-// The parameters: raw values, the targets derived from them, and their texts, as the table says.
+// The parameters: raw values, what is derived from them, and their texts, as the table says.
 #include <cstring>
 
 #include "effect/numbertext.h"
@@ -20,12 +20,9 @@ void copyText(char* to, VstInt32 index, const char* (*text)(const Parameter&)) {
 // Any thread. The write index needs no wrapping here: the audio thread keeps it below the length at
 // all times.
 void Trelvan::setParameter(VstInt32 index, float value) {
-  if (!isPresetChangeInProgress()) CPresetSystemEffect::setParameter(index, value);
   if (isParameter(index)) {
-    const auto slot = static_cast<std::size_t>(index);
-    raw[slot] = value;
-    derived[slot] = parameterAt(index).derived(value);
-    if (index == kBaseFreqIndex) delayTarget = delayTargetNow();
+    raw[static_cast<std::size_t>(index)] = value;
+    if (!isPresetChangeInProgress()) storeParameter(index);
   } else if (index == kAuxIndex) {
     auxParameter = value;
   }
@@ -37,8 +34,12 @@ float Trelvan::getParameter(VstInt32 index) {
   return index == kAuxIndex ? auxParameter.load() : 0.0F;
 }
 
+float Trelvan::derived(VstInt32 index) const {
+  return parameterAt(index).derived(raw[static_cast<std::size_t>(index)]);
+}
+
 float Trelvan::getParameterValue(VstInt32 index) {
-  if (isParameter(index)) return derived[static_cast<std::size_t>(index)];
+  if (isParameter(index)) return derived(index);
   return index == kAuxIndex ? auxParameter.load() : 0.0F;
 }
 

@@ -16,7 +16,7 @@ struct Trelvan::Frames {
 
 Glide Trelvan::glide(ParameterIndex index) {
   const auto slot = static_cast<std::size_t>(index);
-  return Glide(smoothed[slot], derived[slot], glideCoeff);
+  return Glide(smoothed[slot], derived(index), glideCoeff);
 }
 
 // The order of operations and the types in here are the definition of the sound: results are the
@@ -25,11 +25,11 @@ template <typename Sample>
 void Trelvan::widen(const Frames<Sample>& block) {
   Glide gain = glide(kWidthIndex);
   Glide shape = glide(kEmphasisIndex);
-  DelayGlide offset(delayCurrent, delayTarget, glideCoeff);
+  DelayGlide offset(delayCurrent, delayTarget(), glideCoeff);
   DelayCursor line(delayLine.get(), delayMask, writeIndex);
   Envelope midLevel(midEnvelope, meterCoeff);
   Envelope sideLevel(sideEnvelope, meterCoeff);
-  const float phaseSign = derived[kPhaseIndex] < 0.5F ? 1.0F : -1.0F;
+  const float phaseSign = derived(kPhaseIndex) < 0.5F ? 1.0F : -1.0F;
   float previous = lastDelayed;  // float in both precisions
 
   for (VstInt32 frame = 0; frame < block.count; ++frame) {
@@ -84,7 +84,7 @@ void Trelvan::processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFra
     const bool hasRightOut = rightOut && outputs[1] != nullptr && outputs[1] != outputs[0];
     const Frames<Sample> block{inputs[0], inputs[hasRightIn ? 1 : 0], outputs[0],
                                outputs[hasRightOut ? 1 : 0], sampleFrames};
-    if (derived[kProcessIndex] >= 0.5F) {
+    if (derived(kProcessIndex) >= 0.5F) {
       widen(block);
     } else {
       bypass(block);

@@ -18,8 +18,8 @@ constexpr bool kThreadsAreChecked = false;
   std::abort();
 }
 
-// The signal's memory belongs to whoever processes: one thread at a time, and nobody resets it
-// meanwhile. A call from inside a call on the same thread is the host's right. Any thread.
+// The signal's memory belongs to whoever processes, resets or ends it: one thread at a time. A call
+// from inside a call on the same thread is the host's right. Any thread.
 template <bool kChecked>
 class ProcessingContractOf {
  public:
@@ -27,24 +27,17 @@ class ProcessingContractOf {
     const std::thread::id self = std::this_thread::get_id();
     std::thread::id nobody;
     if (!processing.compare_exchange_strong(nobody, self) && nobody != self) {
-      threadContractBroken(operation, "another thread is processing");
+      threadContractBroken(operation, "another thread is processing or switching on or off");
     }
     ++depth;
   }
   void leave() {
     if (--depth == 0) processing = std::thread::id();
   }
-  // For what resets the signal.
-  void ensureNoOther(const char* operation) const {
-    const std::thread::id now = processing;
-    if (now != std::thread::id() && now != std::this_thread::get_id()) {
-      threadContractBroken(operation, "another thread is processing");
-    }
-  }
 
  private:
   std::atomic<std::thread::id> processing{};
-  int depth = 0;  // of the thread that processes
+  int depth = 0;  // of that thread's calls
 };
 
 template <>
@@ -52,7 +45,6 @@ class ProcessingContractOf<false> {
  public:
   void enter(const char*) {}
   void leave() {}
-  void ensureNoOther(const char*) const {}
 };
 
 // Views belong to the thread that opened their window, as long as it is open.
@@ -82,7 +74,7 @@ class WindowContractOf<false> {
 using ProcessingContract = ProcessingContractOf<kThreadsAreChecked>;
 using WindowContract = WindowContractOf<kThreadsAreChecked>;
 
-// Processing as long as it lives.
+// Processing, resetting or ending as long as it lives.
 class ProcessingScope {
  public:
   ProcessingScope(ProcessingContract& entered, const char* operation) : contract(entered) {

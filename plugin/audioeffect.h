@@ -104,7 +104,7 @@ class AudioEffect {
   Relaxed<VstInt32> blockSize{1024};    // frames
   VstInt32 numPrograms;
   VstInt32 numParams;
-  VstInt32 curProgram = 0;
+  Relaxed<VstInt32> curProgram{0};
 
  private:
   void setFlag(VstInt32 flag, bool state);

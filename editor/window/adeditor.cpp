@@ -118,7 +118,7 @@ void ADEditor::valueChanged(VSTGUI::CControl* control) {
 }
 
 void ADEditor::setParameter(VstInt32 index, float /*value*/) {
-  if (isParameter(index)) changed.fetch_or(1U << index, std::memory_order_relaxed);
+  if (isParameter(index)) changed.fetch_or(1U << index);
 }
 
 // Values are read back from the effect: what it was told may have been overtaken.

@@ -94,7 +94,7 @@ void BarClicks::stepPreset(float direction) {
   } else {
     return;
   }
-  const ShownName name(effect->preset(next));
+  const ShownName name(effect->copyOfPreset(next));
   bar.showCurrent(next);
   bar.showName(name.text);
   effect->setPresetNo(next);

@@ -97,10 +97,11 @@ void PresetBar::build(VSTGUI::CViewContainer& root, VSTGUI::IControlListener* li
   const auto background = loadBitmap(kBackgroundBitmap);
   const long current = effect.getPresetNo();
 
-  nameEdit = in.add(makeNameEdit(listener, background, ShownName(effect.preset(current)).text));
+  nameEdit =
+      in.add(makeNameEdit(listener, background, ShownName(effect.copyOfPreset(current)).text));
   presetMenu = in.add(makeMenu(listener, background));
   for (long n = 0; n < CPresetSystemEffect::kPresetCount; ++n) {
-    presetMenu->addEntry(ShownName(effect.preset(n)).text);
+    presetMenu->addEntry(ShownName(effect.copyOfPreset(n)).text);
   }
   presetMenu->setCurrent(static_cast<std::int32_t>(current));
   presetRocker = in.rocker(kPresetRockerTag, CRect(219, 221, 250, 235), 19997);
@@ -148,8 +149,9 @@ void PresetBar::refresh(CPresetSystemEffect& effect) {
   contract.ensure("the list of presets");
   if (presetMenu == nullptr) return;
   for (long n = 0; n < CPresetSystemEffect::kPresetCount; ++n) {
-    presetMenu->getEntry(static_cast<std::int32_t>(n))->setTitle(ShownName(effect.preset(n)).text);
+    presetMenu->getEntry(static_cast<std::int32_t>(n))
+        ->setTitle(ShownName(effect.copyOfPreset(n)).text);
   }
   showCurrent(effect.getPresetNo());
-  showName(ShownName(effect.preset(effect.getPresetNo())).text);
+  showName(ShownName(effect.copyOfPreset(effect.getPresetNo())).text);
 }

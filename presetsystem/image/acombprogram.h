@@ -8,8 +8,8 @@
 #include "platform/relaxed.h"
 
 // The record that the bank, the chunk and the files hold. The values are words of their own because
-// automation may write one on the audio thread while another thread saves the bank; the name is the
-// user-interface thread's.
+// automation may write one on the audio thread while another thread saves the bank; the name is
+// read and written under the store's lock.
 struct ACombProgram {
   static constexpr int kNameSize = 24;       // bytes; a stored name ends with a zero among them
   static constexpr int kParameterCount = 5;  // in parameter-index order

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 #include "presetsystem/store/cpresetsystemeffect.h"
 
@@ -90,21 +91,23 @@ bool BankImages::takeChunk(const Image& image) {
 
 // The readers fill a copy, which takes the bank's place only when the reading is done.
 void BankImages::readBank(const Image& image) {
-  presetimage::Bank read = effect.bank();
   Diagnostics told("load");
+  auto lock = effect.lockBank();
+  presetimage::Bank read = effect.bank();
   const Reading reading =
       presetimage::readBank(image, effect.oldDummySlots(), effect.getDefaultPreset(), read, told);
   if (reading != Reading::done) return;
   effect.bank() = read;
-  effect.bankTakenOver(image.presetToSelect);
+  effect.bankTakenOver(image.presetToSelect, std::move(lock));
 }
 
 bool BankImages::readOldChunk(const Image& image) {
   Diagnostics told("load");
+  auto lock = effect.lockBank();
   const Reading reading = presetimage::readBank(image, effect.oldDummySlots(),
                                                 effect.getDefaultPreset(), effect.bank(), told);
   if (reading != Reading::done) return false;
-  effect.setPresetNo(image.presetToSelect);
+  effect.selectPreset(image.presetToSelect, std::move(lock));
   return true;
 }
 
@@ -115,24 +118,29 @@ void BankImages::takePreset(const Image& image) {
   // With a negative entry count the preset is reset, and the effect plays on as before.
   const bool isReset = reading == Reading::stopped && !image.isOld;
   if (reading != Reading::done && !isReset) return;
-  effect.preset(currentPreset()) = read;
+  {
+    const auto lock = effect.lockBank();
+    effect.preset(currentPreset()) = read;
+  }
   if (reading == Reading::done) effect.presetTakenOver();
 }
 
 std::size_t BankImages::writeChunk(std::span<unsigned char, presetimage::kChunkSize> out) {
   Diagnostics told("save");
+  const auto lock = effect.lockBank();
   return presetimage::writeChunk(out, effect.bank(), effect.getUniqueID(), currentPreset(),
                                  effect.dummySlots(), told);
 }
 
 std::size_t BankImages::writeBank(std::span<unsigned char, presetimage::kBankImageSize> out) {
   Diagnostics told("save");
+  const auto lock = effect.lockBank();
   return presetimage::writeBank(out, effect.bank(), effect.getUniqueID(), currentPreset(),
                                 effect.dummySlots(), told);
 }
 
 std::size_t BankImages::writePreset(std::span<unsigned char, presetimage::kPresetImageSize> out) {
-  return presetimage::writePreset(out, effect.preset(currentPreset()), effect.getUniqueID(),
+  return presetimage::writePreset(out, effect.copyOfPreset(currentPreset()), effect.getUniqueID(),
                                   effect.dummySlots());
 }
 

@@ -1,7 +1,10 @@
 // The bank, the current preset, its name and its values, and the host's chunk.
 #include "presetsystem/store/cpresetsystemeffect.h"
 
+#include <atomic>
+#include <bit>
 #include <cstring>
+#include <utility>
 
 #include "presetsystem/image/image.h"
 #include "presetsystem/store/bankimages.h"
@@ -51,44 +54,79 @@ void CPresetSystemEffect::setProgramName(char* name) {
   // the listener is told one character more than is stored
   char copy[ACombProgram::kNameSize + 1] = {};
   std::memcpy(copy, name, strnlen(name, ACombProgram::kNameSize));
-  preset(getPresetNo()).rename(copy);
+  {
+    const BankLock lock = lockBank();
+    preset(getPresetNo()).rename(copy);
+  }
   if (listener != nullptr) listener->nameChangedExternal(copy);
 }
 
 void CPresetSystemEffect::getProgramName(char* name) {
-  copyName(preset(getPresetNo()), name);
+  copyName(copyOfPreset(getPresetNo()), name);
 }
 
 bool CPresetSystemEffect::getProgramNameIndexed(VstInt32 /*category*/, VstInt32 index, char* text) {
   if (!isPresetNumber(index)) return false;
-  copyName(preset(index), text);
+  copyName(copyOfPreset(index), text);
   return true;
 }
 
 bool CPresetSystemEffect::setPresetNo(long n) {
-  if (!isPresetNumber(n)) return false;
-  presetChangeInProgress = true;
-  curProgram = 0;
-  currentPreset = n;
-  for (int index = 0; index < kParameterCount; ++index) {
-    const float value = preset(n).parameter(index);
-    if (value >= 0.0F && value <= 1.0F) setParameter(index, value);
-  }
+  return isPresetNumber(n) && selectPreset(n, lockBank());
+}
+
+bool CPresetSystemEffect::selectPreset(long n, BankLock lock) {
+  const PresetChange::Scope change(presetChange);
+  pushPreset(n);
+  lock.unlock();  // the host may wait for another thread that needs it
   updateDisplay();
   beginEdit(0);  // an empty gesture: hosts re-read the parameters after it
-  const bool answer = endEdit(0);
-  presetChangeInProgress = false;
-  return answer;
+  return endEdit(0);
+}
+
+// What other threads set meanwhile is settled value by value: one of the two is heard and stored.
+void CPresetSystemEffect::pushPreset(long n) {
+  curProgram = 0;
+  currentPreset = n;
+  std::atomic_thread_fence(std::memory_order_seq_cst);  // see storeParameter
+  for (int index = 0; index < kParameterCount; ++index) {
+    const float value = preset(n).parameter(index);
+    if (!(value >= 0.0F && value <= 1.0F)) continue;
+    setParameter(index, value);
+    storeParameter(index);
+  }
+}
+
+// Every thread sets the effect's value first and then copies it into the bank, until what it has
+// copied is still the effect's: so the last copy is of the value that was set last. For that no
+// thread may copy before others can see what it set, nor look again before they can see its copy.
+// The preset is looked up after the value: the one before it must not get the next one's value. A
+// copy is made again only where another thread has got on.
+void CPresetSystemEffect::storeParameter(VstInt32 index) {
+  const auto bits = [](float value) { return std::bit_cast<std::uint32_t>(value); };
+  float value = 0.0F;
+  do {
+    std::atomic_thread_fence(std::memory_order_seq_cst);
+    value = getParameter(index);
+    std::atomic_thread_fence(std::memory_order_acquire);
+    preset(getPresetNo()).setParameter(index, value);
+    std::atomic_thread_fence(std::memory_order_seq_cst);
+  } while (bits(value) != bits(getParameter(index)));
 }
 
 void CPresetSystemEffect::setPresetName(const char* name) {
   curProgram = 0;
-  if (name != nullptr) preset(getPresetNo()).rename(name);
+  if (name != nullptr) {
+    const BankLock lock = lockBank();
+    preset(getPresetNo()).rename(name);
+  }
   updateDisplay();
 }
 
 void CPresetSystemEffect::initializePreset(long n) {
-  if (isPresetNumber(n)) preset(n) = defaultPreset;
+  if (!isPresetNumber(n)) return;
+  const BankLock lock = lockBank();
+  preset(n) = defaultPreset;
 }
 
 void CPresetSystemEffect::loadDefaults() {
@@ -110,15 +148,20 @@ presetimage::DummySlots CPresetSystemEffect::oldDummySlots() {
   return slots;
 }
 
-void CPresetSystemEffect::bankTakenOver(long n) {
-  setPresetNo(n);
+ACombProgram CPresetSystemEffect::copyOfPreset(long n) {
+  const BankLock lock = lockBank();
+  return preset(n);
+}
+
+void CPresetSystemEffect::bankTakenOver(long n, BankLock lock) {
+  selectPreset(n, std::move(lock));
   if (listener != nullptr) listener->presetsChanged();
 }
 
 void CPresetSystemEffect::presetTakenOver() {
   const long n = getPresetNo();
   char name[ACombProgram::kNameSize + 1];
-  copyName(preset(n), name);
+  copyName(copyOfPreset(n), name);
   setPresetName(name);
   setPresetNo(n);
   if (listener != nullptr) listener->presetsChanged();
@@ -127,8 +170,10 @@ void CPresetSystemEffect::presetTakenOver() {
 // Without an editor the effect is being made, or ends: its bank is nobody's.
 VstInt32 CPresetSystemEffect::getChunk(void** data, bool /*isPreset*/) {
   if (editor == nullptr) return 0;
-  const std::size_t size = BankImages(*this).writeChunk(chunkBuffer);
-  *data = chunkBuffer.data();
+  const BankLock lock = lockBank();
+  ChunkBuffers::Buffer& chunk = chunkBuffers.ofThisThread();
+  const std::size_t size = BankImages(*this).writeChunk(chunk);
+  *data = chunk.data();
   return static_cast<VstInt32>(size);
 }
 

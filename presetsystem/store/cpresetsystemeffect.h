@@ -2,20 +2,23 @@
 // and the host's chunk.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 
 #include "platform/relaxed.h"
 #include "plugin/audioeffectx.h"
 #include "presetsystem/image/presetimage.h"
+#include "presetsystem/store/chunkbuffers.h"
+#include "presetsystem/store/presetchange.h"
 
 class PresetListener;
 
 // Towards the host there is one program, whose number is always 0, and its state is the chunk with
-// the whole bank. setParameter and getParameter may come from any thread; the rest from the host's
-// user-interface thread, chunks in some hosts while the audio thread processes. No lock: values are
-// relaxed words.
+// the whole bank. setParameter and getParameter may come from any thread, the audio thread among
+// them, and take no lock: values are relaxed words. The rest comes from every other thread, also at
+// once: names and whole records have a lock, which is never held while the host or the listener is
+// told of something.
 class CPresetSystemEffect : public AudioEffectX {
  public:
   static constexpr int kPresetCount = presetimage::kPresetCount;
@@ -77,21 +80,40 @@ class CPresetSystemEffect : public AudioEffectX {
   void setPresetListener(PresetListener* newListener) { listener = newListener; }
   PresetListener* presetListener() const { return listener; }
 
-  // For the window and the images, on the user-interface thread.
+  // For the window and the images. Whoever reads or writes names or whole records where others may
+  // do so too holds the lock; never on the audio thread.
+  using BankLock = std::unique_lock<std::recursive_mutex>;
+  [[nodiscard]] BankLock lockBank() { return BankLock(bankMutex); }
   presetimage::Bank& bank() { return *presets; }
   ACombProgram& preset(long n) { return (*presets)[static_cast<std::size_t>(n)]; }
+  ACombProgram copyOfPreset(long n);
   const ACombProgram& getDefaultPreset() const { return defaultPreset; }
-  bool isPresetChangeInProgress() const { return presetChangeInProgress; }
+  // On this thread: then setParameter leaves the bank alone.
+  bool isPresetChangeInProgress() const { return presetChange.isMine(); }
   presetimage::DummySlots dummySlots();     // of current images
   presetimage::DummySlots oldDummySlots();  // of old images
-  void bankTakenOver(long n);               // a bank has been read: preset n of it becomes current
+  // A bank has been read, under this lock: preset n of it becomes current.
+  void bankTakenOver(long n, BankLock lock);
+  void bankTakenOver(long n) { bankTakenOver(n, lockBank()); }
+  // The same of an old chunk, of which the listener is not told. Returns what setPresetNo returns.
+  bool selectPreset(long n, BankLock lock);
   void presetTakenOver();  // the current preset has been read: host and effect take it over
 
+ protected:
+  // Stores what getParameter returns in the current preset. Where other threads set the parameter
+  // or select a preset meanwhile, the two are the same when all have ended. index: a parameter's.
+  // Any thread, also the audio thread: waits for nobody.
+  void storeParameter(VstInt32 index);
+
  private:
+  void pushPreset(long n);
+
   PresetListener* listener = nullptr;
   std::unique_ptr<presetimage::Bank> presets;
-  Relaxed<std::int64_t> currentPreset{0};                            // 0..31
-  std::array<unsigned char, presetimage::kChunkSize> chunkBuffer{};  // what getChunk hands out
+  // recursive: an effect may ask for a name from inside its setParameter
+  std::recursive_mutex bankMutex;
+  Relaxed<std::int64_t> currentPreset{0};  // 0..31
+  ChunkBuffers chunkBuffers;
   ACombProgram defaultPreset;
-  Relaxed<bool> presetChangeInProgress{false};  // while set, setParameter leaves the bank alone
+  PresetChange presetChange;
 };

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "effect/parameters.h"
@@ -82,24 +83,43 @@ TEST_F(EffectAlone, RestoresItsBankFromItsChunk) {
   EXPECT_STREQ(other.preset(14).name, "guitar 3");
 }
 
-// Asked for a pin by the thread that processes, it lets another one process the same instance.
+using Work = void (*)(AEffect*);
+
+void process(AEffect* effect) {
+  effect->processReplacing(effect, nullptr, nullptr, 0);
+}
+void switchOn(AEffect* effect) {
+  effect->dispatcher(effect, effMainsChanged, 0, 1, nullptr, 0.0F);
+}
+void switchOff(AEffect* effect) {
+  effect->dispatcher(effect, effMainsChanged, 0, 0, nullptr, 0.0F);
+}
+void close(AEffect* effect) {
+  effect->dispatcher(effect, effClose, 0, 0, nullptr, 0.0F);
+}
+
+Work meanwhile = nullptr;  // done once, on another thread, while an effect asks its host something
+
 VstIntPtr hostOfTwoThreads(AEffect* effect, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
-  static bool started = false;
-  if (opcode == audioMasterPinConnected && !started) {
-    started = true;
-    std::thread([effect] { effect->processReplacing(effect, nullptr, nullptr, 0); }).join();
-  }
+  if (const Work work = std::exchange(meanwhile, nullptr); work != nullptr)
+    std::thread(work, effect).join();
   return opcode == audioMasterVersion ? kVstVersion : 0;
 }
 
-TEST(EffectAloneDeathTest, IsProcessedByOneThreadAtATimeWhereThatIsChecked) {
+void doBoth(Work one, Work other) {
+  auto* effect = new Trelvan(hostOfTwoThreads);
+  meanwhile = other;
+  one(effect->getAeffect());
+}
+
+TEST(EffectAloneDeathTest, HasOneThreadAtATimeForTheSignalWhereThatIsChecked) {
   if (!kThreadsAreChecked) GTEST_SKIP() << "not in this build";
-  EXPECT_DEATH(
-      {
-        Trelvan effect(hostOfTwoThreads);
-        effect.processReplacing(nullptr, nullptr, 0);
-      },
-      "process: another thread is processing");
+  EXPECT_DEATH(doBoth(process, process), "process: another thread is processing");
+  EXPECT_DEATH(doBoth(process, switchOn), "resume: another thread is processing");
+  EXPECT_DEATH(doBoth(process, switchOff), "suspend: another thread is processing");
+  EXPECT_DEATH(doBoth(process, close), "close: another thread is processing");
+  EXPECT_DEATH(doBoth(switchOn, process), "process: another thread is processing or switching on");
+  EXPECT_DEATH(doBoth(switchOff, switchOn), "resume: another thread is processing or switching on");
 }
 
 TEST_F(EffectAlone, Widens) {

@@ -11,7 +11,7 @@ trelvan_add_test(propertiestest effect
   LIBRARIES trelvan trelvan_reference)
 
 trelvan_add_test(processthreadstest threads
-  SOURCES processthreadstest.cpp
+  SOURCES processthreadstest.cpp parameterthreadstest.cpp
   LIBRARIES trelvan trelvan_reference)
 
 # Sanitizers bring operator new, the allocator and the mutexes themselves, so nothing else can stand

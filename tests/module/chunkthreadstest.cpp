@@ -2,10 +2,12 @@
 // thread sanitizer.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 
 #include "tests/module/instance.h"
+#include "tests/support/atonce.h"
 
 namespace {
 
@@ -123,6 +125,99 @@ TEST_F(ChunkThreads, AutomationFromAThirdThreadInBetween) {
   audio.stop();
   EXPECT_TRUE(audio.allFinite);
   EXPECT_EQ(instance.chunk(), imagebytes::chunk(bank, 3));
+}
+
+// Each copy is whole, though another thread saves and a third one renames meanwhile.
+TEST_F(ChunkThreads, TwoThreadsSaveWhileAThirdRenames) {
+  instance.setChunk(imagebytes::chunk(bank, 3));
+  const std::string names[] = {std::string(23, 'a'), std::string(12, 'b')};
+  std::vector<Bytes> possible{imagebytes::chunk(bank, 3)};
+  for (const std::string& name : names) {
+    bank[3].name = name;
+    possible.push_back(imagebytes::chunk(bank, 3));
+  }
+  std::atomic<int> torn{0};
+  std::atomic<int> saving{2};
+  const auto save = [&] {
+    for (int i = 0; i < 10 * kRounds; ++i) {
+      if (std::count(possible.begin(), possible.end(), instance.chunk(i % 2)) != 1) ++torn;
+    }
+    --saving;
+  };
+  std::thread first(save);
+  std::thread second(save);
+  for (int i = 0; saving > 0; ++i) {
+    std::string name = names[i % 2];
+    instance.send(effSetProgramName, 0, 0, name.data());
+  }
+  first.join();
+  second.join();
+  EXPECT_EQ(torn, 0);
+}
+
+TEST_F(ChunkThreads, WhatOneThreadIsHandedIsNotOverwrittenByAnother) {
+  void* data = nullptr;
+  const VstIntPtr size = instance.send(effGetChunk, 0, 0, &data);
+  const auto* bytes = static_cast<const unsigned char*>(data);
+  const Bytes before(bytes, bytes + size);
+  std::thread([&] {
+    instance.setChunk(imagebytes::chunk(bank, 4));
+    EXPECT_EQ(instance.chunk(), imagebytes::chunk(bank, 4));
+  }).join();
+  EXPECT_EQ(Bytes(bytes, bytes + size), before);
+  EXPECT_EQ(instance.chunk(), imagebytes::chunk(bank, 4));
+}
+
+// One of the two is left, with the preset that it selects; nobody saves anything in between.
+TEST_F(ChunkThreads, TwoThreadsRestoreWhileAThirdSaves) {
+  imagebytes::Bank other = bank;
+  for (imagebytes::Preset& preset : other) preset = {"the other", {0.5F, 0.5F, 0.5F, 1.0F, 1.0F}};
+  const Bytes states[] = {imagebytes::chunk(bank, 3), imagebytes::chunk(other, 4)};
+  const auto isWhole = [&](const Bytes& saved) { return saved == states[0] || saved == states[1]; };
+  instance.setChunk(states[0]);
+  std::atomic<bool> ended{false};
+  std::atomic<int> mixed{0};
+  std::thread saving([&] {
+    while (!ended) {
+      if (!isWhole(instance.chunk())) ++mixed;
+    }
+  });
+  constexpr int kRestorings = 2 * kRounds;
+  AtOnce both(kRestorings, [&](int) { instance.setChunk(states[0]); });
+  for (int round = 1; round <= kRestorings; ++round) {
+    both.round(round, [&] { instance.setChunk(states[1]); });
+    const Bytes left = instance.chunk();
+    if (!isWhole(left)) ++mixed;
+    const imagebytes::Preset& current = left == states[0] ? bank[3] : other[4];
+    for (VstInt32 index = 0; index < 5; ++index) {
+      if (instance.getParameter(index) != current.values[static_cast<std::size_t>(index)]) ++mixed;
+    }
+  }
+  ended = true;
+  saving.join();
+  EXPECT_EQ(mixed, 0);
+}
+
+TEST_F(ChunkThreads, NamesAreWholeWhileAnotherThreadRenames) {
+  const std::string names[] = {std::string(23, 'a'), std::string(12, 'b')};
+  const auto rename = [&](int i) {
+    std::string name = names[i % 2];
+    instance.send(effSetProgramName, 0, 0, name.data());
+  };
+  rename(0);
+  std::atomic<bool> ended{false};
+  std::thread renaming([&] {
+    for (int i = 0; !ended; ++i) rename(i);
+  });
+  int torn = 0;
+  for (int i = 0; i < 100 * kRounds; ++i) {
+    const std::string name =
+        i % 2 == 0 ? instance.text(effGetProgramName) : instance.text(effGetProgramNameIndexed);
+    if (name != names[0] && name != names[1]) ++torn;
+  }
+  ended = true;
+  renaming.join();
+  EXPECT_EQ(torn, 0);
 }
 
 TEST_F(ChunkThreads, TwoInstancesOnTheirOwnThreads) {

@@ -25,19 +25,24 @@ TEST(ProcessingContract, LetsOneThreadProcessAfterTheOther) {
     contract.enter("process");
     contract.leave();
   });
-  contract.ensureNoOther("suspend");
+  contract.enter("suspend");
+  contract.leave();
 }
 
 TEST(ProcessingContract, LetsAHostCallAgainFromInsideACall) {
   Processing contract;
   contract.enter("process");
   contract.enter("process");
-  contract.ensureNoOther("suspend");
+  contract.enter("suspend");
+  contract.leave();
   contract.leave();
   EXPECT_DEATH(onAnotherThread([&] { contract.enter("process"); }), "")
       << "the outer call is still there";
   contract.leave();
-  onAnotherThread([&] { contract.ensureNoOther("suspend"); });
+  onAnotherThread([&] {
+    contract.enter("suspend");
+    contract.leave();
+  });
 }
 
 TEST(ProcessingContract, EndsTheProcessForASecondThread) {
@@ -55,9 +60,19 @@ TEST(ProcessingContract, EndsTheProcessForAResetMeanwhile) {
       {
         Processing contract;
         contract.enter("process");
-        onAnotherThread([&] { contract.ensureNoOther("suspend"); });
+        onAnotherThread([&] { contract.enter("suspend"); });
       },
       "suspend: another thread is processing");
+}
+
+TEST(ProcessingContract, EndsTheProcessForABlockDuringAReset) {
+  EXPECT_DEATH(
+      {
+        Processing contract;
+        contract.enter("resume");
+        onAnotherThread([&] { contract.enter("process"); });
+      },
+      "process: another thread is processing or switching on or off");
 }
 
 TEST(WindowContract, BelongsToTheThreadThatOpenedItAndToNobodyAfterwards) {

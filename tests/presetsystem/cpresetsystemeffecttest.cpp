@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <thread>
 
 #include "effect/trelvan.h"
 #include "tests/support/recordingeditor.h"
@@ -182,6 +183,30 @@ TEST_F(PresetStore, KeepsTheBankDuringAPresetChange) {
   };
   effect.setPresetNo(7);
   EXPECT_EQ(effect.preset(7).width, 0.75F);
+}
+
+// It is heard, and so it is saved.
+TEST_F(PresetStore, StoresWhatAnotherThreadSetsDuringAPresetChange) {
+  int heard = 0;
+  host.onCall = [&](const RecordingHost::Call& call) {
+    const float value = 0.25F * static_cast<float>(++heard);
+    std::thread([&] { call.effect->setParameter(call.effect, 0, value); }).join();
+    EXPECT_EQ(effect.getParameter(0), value);
+    EXPECT_EQ(effect.preset(7).width, value) << call.opcode;
+  };
+  effect.setPresetNo(7);
+  EXPECT_EQ(heard, 3);
+}
+
+// As hosts do that load a state in answer to a change.
+TEST_F(PresetStore, IsStillInAPresetChangeAfterOneInsideIt) {
+  host.onCall = [&](const RecordingHost::Call& call) {
+    if (call.opcode == audioMasterUpdateDisplay) effect.setPresetNo(9);
+    EXPECT_TRUE(effect.isPresetChangeInProgress());
+  };
+  effect.setPresetNo(7);
+  EXPECT_FALSE(effect.isPresetChangeInProgress());
+  EXPECT_EQ(effect.getPresetNo(), 9);
 }
 
 TEST_F(PresetStore, WritesIntoTheBankAgainAfterwards) {
