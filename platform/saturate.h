@@ -5,9 +5,16 @@
 #include <limits>
 
 // Truncates toward zero; numbers beyond the range become its ends, a NaN becomes 0. Any thread.
+template <typename Integer>
+constexpr Integer truncatedTo(double value) {
+  using Limits = std::numeric_limits<Integer>;
+  // 2^31 or 2^63, the first number beyond the range: the range's own end may be no double
+  constexpr double kEnd = 2.0 * static_cast<double>(Limits::max() / 2 + 1);
+  if (value >= kEnd) return Limits::max();
+  if (value < -kEnd) return Limits::min();
+  return value == value ? static_cast<Integer>(value) : 0;
+}
+
 constexpr std::int32_t truncatedToInt32(double value) {
-  constexpr double kEnd = 2147483648.0;  // 2^31, the first number beyond the range
-  if (value >= kEnd) return std::numeric_limits<std::int32_t>::max();
-  if (value < -kEnd) return std::numeric_limits<std::int32_t>::min();
-  return value == value ? static_cast<std::int32_t>(value) : 0;
+  return truncatedTo<std::int32_t>(value);
 }

@@ -33,6 +33,7 @@ float long2float(long step, long steps) {
 }
 
 long float2long(float value, long steps) {
-  const long step = truncatedToInt32(std::floor(value * static_cast<float>(steps)) + 0.5F);
+  const auto product = std::floor(value * static_cast<float>(steps));
+  const auto step = truncatedTo<long>(product + 0.5F);
   return step < steps ? step : steps - 1;
 }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
 
 namespace {
@@ -26,6 +27,19 @@ TEST(Saturate, KeepsTheEndsOfTheRange) {
 
 TEST(Saturate, MakesZeroOfANaN) {
   EXPECT_EQ(truncatedToInt32(std::numeric_limits<double>::quiet_NaN()), 0);
+}
+
+TEST(Saturate, ReachesTheEndsOf64Bits) {
+  using Limits = std::numeric_limits<std::int64_t>;
+  EXPECT_EQ(truncatedTo<std::int64_t>(2147483648.5), 2147483648);
+  EXPECT_EQ(truncatedTo<std::int64_t>(-4294967296.5), -4294967296);
+  EXPECT_EQ(truncatedTo<std::int64_t>(9223372036854774784.0), 9223372036854774784)
+      << "the double below 2^63";
+  EXPECT_EQ(truncatedTo<std::int64_t>(9223372036854775808.0), Limits::max());
+  EXPECT_EQ(truncatedTo<std::int64_t>(-9223372036854775808.0), Limits::min());
+  EXPECT_EQ(truncatedTo<std::int64_t>(std::numeric_limits<double>::infinity()), Limits::max());
+  EXPECT_EQ(truncatedTo<std::int64_t>(-std::numeric_limits<double>::infinity()), Limits::min());
+  EXPECT_EQ(truncatedTo<std::int64_t>(std::numeric_limits<double>::quiet_NaN()), 0);
 }
 
 }  // namespace

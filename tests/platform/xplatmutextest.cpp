@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <limits>
 #include <thread>
 
 #include "platform/xplatmutex.h"
@@ -45,6 +46,26 @@ TEST(XPlatMutex, GoesOnAfterTheTimeout) {
   EXPECT_LT(waited, milliseconds(5000)) << "it would wait for ever without its limit";
   XPlatUnlockMutex(mutex);
   XPlatDeleteMutex(mutex);
+}
+
+// More milliseconds than the nanoseconds of 64 bits hold, and the most of all.
+TEST(XPlatMutex, WaitsForTheLockWithTheLongestTimeouts) {
+  constexpr auto kMost = std::numeric_limits<unsigned long>::max();
+  for (const unsigned long timeout : {10000000000000UL, kMost / 1000000 + 1, kMost / 2, kMost}) {
+    void* mutex = XPlatCreateMutex();
+    XPlatLockMutex(mutex, 0);
+    std::atomic<bool> entered{false};
+    std::thread other([&] {
+      XPlatLockMutex(mutex, timeout);
+      entered = true;
+      XPlatUnlockMutex(mutex);
+    });
+    std::this_thread::sleep_for(milliseconds(30));
+    EXPECT_FALSE(entered) << timeout;
+    XPlatUnlockMutex(mutex);
+    other.join();
+    XPlatDeleteMutex(mutex);
+  }
 }
 
 // The thread sanitizer of clang 14 does not see locks that are taken with a time limit and calls

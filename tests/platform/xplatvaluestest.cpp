@@ -86,6 +86,17 @@ TEST(XPlatValues, FloorStepOfANegativeValue) {
   EXPECT_EQ(float2long(-0.5F, 4), -1);
 }
 
+// Where a long has 64 bits, the steps are not those of an int. All of them powers of two, which a
+// float holds.
+TEST(XPlatValues, FloorStepsReachAsFarAsALong) {
+  if (sizeof(long) < 8) GTEST_SKIP() << "a long of this system ends at 2^31";
+  constexpr long kSteps = 1L << (sizeof(long) < 8 ? 30 : 40);
+  EXPECT_EQ(float2long(0.5F, kSteps), kSteps / 2);
+  EXPECT_EQ(float2long(0.25F, kSteps), kSteps / 4);
+  EXPECT_EQ(float2long(1.0F, kSteps), kSteps - 1);
+  EXPECT_EQ(float2long(-0.5F, kSteps), -kSteps / 2) << "a half is lost in a float of this size";
+}
+
 TEST(XPlatValues, EveryFloatHasAStep) {
   constexpr float kInfinity = std::numeric_limits<float>::infinity();
   EXPECT_EQ(paramContToLong(kInfinity, 4), 3);
