@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "platform/defaultfloats.h"
+
 double round(double x, int digits) {
   const double scale = std::trunc(std::pow(10.0, digits));
   const double scaled = scale * x;
@@ -21,7 +23,8 @@ void float2string2(float value, int digits, char* text) {
   constexpr double kLargest = 99999999.0;   // eight digits
   constexpr double kSmallest = -9999999.0;  // a sign and seven
   constexpr int kCounted = 8;               // characters, the point and the sign among them
-  const double rounded = round(value, digits);
+  const DefaultFloats floats;
+  const double rounded = round(floats.of(value), digits);
   if (std::isnan(rounded) || rounded > kLargest || rounded < kSmallest) return;
 
   const bool negative = rounded < 0.0;

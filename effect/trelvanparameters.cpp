@@ -4,6 +4,7 @@
 #include "effect/numbertext.h"
 #include "effect/parameters.h"
 #include "effect/trelvan.h"
+#include "platform/defaultfloats.h"
 
 namespace {
 
@@ -56,15 +57,19 @@ void Trelvan::getParameterDisplay(VstInt32 index, char* text) {
     std::strcpy(text, index == kAuxIndex ? "" : "UNDEF");
     return;
   }
-  switch (parameterAt(index).unit) {
+  // Derived anew from the raw value: the one kept was, under whatever rounding its thread had.
+  const Parameter& parameter = parameterAt(index);
+  const DefaultFloats floats;
+  const float value = floats.of(getParameter(index));
+  switch (parameter.unit) {
     case Parameter::Unit::percent:
-      float2string2(100.0F * getParameter(index), kDigits, text);
+      float2string2(100.0F * value, kDigits, text);
       break;
     case Parameter::Unit::hertz:
-      float2string2(getParameterValue(index), kDigits, text);
+      float2string2(parameter.derived(value), kDigits, text);
       break;
     case Parameter::Unit::onOff:
-      std::strcpy(text, getParameterValue(index) >= 0.5F ? "On" : "Off");
+      std::strcpy(text, parameter.derived(value) >= 0.5F ? "On" : "Off");
       break;
   }
 }

@@ -8,6 +8,7 @@
 
 #include "editor/controls/ccnames.h"
 #include "effect/parameters.h"
+#include "platform/defaultfloats.h"
 #include "platform/saturate.h"
 #include "platform/xplatvalues.h"
 
@@ -26,12 +27,14 @@ void stepStringConvert(float value, char* text) {
 }
 
 void percentStringConvert(float value, char* text) {
-  const float percent = value * 100.0F;  // the product in float
+  const DefaultFloats floats;
+  const float percent = floats.of(value) * 100.0F;  // the product in float
   std::snprintf(text, kTextSize, "%d%%", truncatedToInt32(static_cast<double>(percent)));
 }
 
 void dampStringConvert(float value, char* text) {
-  const auto wide = static_cast<double>(value);
+  const DefaultFloats floats;
+  const auto wide = static_cast<double>(floats.of(value));
   if (wide <= 0.0001) {
     std::strcpy(text, "closed");
   } else if (wide < 1.0) {
@@ -44,7 +47,8 @@ void dampStringConvert(float value, char* text) {
 // The meter's two ends, and after them the captions of the parameters that have one.
 void parameterNameStringConvert(float value, char* text) {
   constexpr const char* kMeterEnds[] = {"S", "M"};
-  const int selected = truncatedToInt32(static_cast<double>(value) * 10.0);
+  const DefaultFloats floats;
+  const int selected = truncatedToInt32(static_cast<double>(floats.of(value)) * 10.0);
   std::strcpy(text, selected == 0 || selected == 1 ? kMeterEnds[selected] : "");
   int place = 2;
   for (const Parameter& parameter : kParameters) {
@@ -54,7 +58,9 @@ void parameterNameStringConvert(float value, char* text) {
 
 // Two numbers with a point between them, the second neither rounded nor padded: 0.05 Hz
 // shows as 0.50Hz.
-void frequencyStringConvert(float value, char* text) {
+void frequencyStringConvert(float hertz, char* text) {
+  const DefaultFloats floats;
+  const float value = floats.of(hertz);
   const int whole = truncatedToInt32(static_cast<double>(value));
   const float fraction = value - static_cast<float>(whole);
   const auto digits = [fraction](float scale) {
@@ -69,15 +75,16 @@ void frequencyStringConvert(float value, char* text) {
   } else if (value < 1000.0F) {
     std::snprintf(text, kTextSize, "%dHz", whole);
   } else {
-    const auto hertz = static_cast<double>(value);
-    const int kilohertz = truncatedToInt32(hertz * 0.001);
-    const double rest = hertz - static_cast<double>(kilohertz) * 1000.0;
+    const auto wide = static_cast<double>(value);
+    const int kilohertz = truncatedToInt32(wide * 0.001);
+    const double rest = wide - static_cast<double>(kilohertz) * 1000.0;
     std::snprintf(text, kTextSize, "%d.%dkHz", kilohertz, truncatedToInt32(rest * 0.01));
   }
 }
 
 void dBStringConvert(float value, char* text) {
-  const auto ratio = static_cast<double>(value);
+  const DefaultFloats floats;
+  const auto ratio = static_cast<double>(floats.of(value));
   if (ratio > 1e-8) {
     std::snprintf(text, kTextSize, "%d dB", truncatedToInt32(10.0 * std::log10(ratio)));
   } else {
@@ -86,6 +93,7 @@ void dBStringConvert(float value, char* text) {
 }
 
 void convertCC(float value, char* text) {
-  const long index = float2long(value, kCcNameCount);
+  const DefaultFloats floats;
+  const long index = float2long(floats.of(value), kCcNameCount);
   std::strcpy(text, ccnames[std::max(index, 0L)]);
 }

@@ -6,6 +6,7 @@
 #include "editor/controls/cabout.h"
 #include "editor/controls/cvumeter1.h"
 #include "effect/trelvan.h"
+#include "platform/defaultfloats.h"
 #include "plugin/createeditor.h"
 
 namespace {
@@ -132,7 +133,9 @@ void ADEditor::showParameter(VstInt32 index) {
 }
 
 void ADEditor::showValue(VstInt32 index) {
-  const bool asHertz = parameterAt(index).unit == Parameter::Unit::hertz;
+  const DefaultFloats floats;  // a frequency a little lower would be cut to another text
+  const Parameter& parameter = parameterAt(index);
+  const float raw = floats.of(trelvan->getParameter(index));
   show(views[static_cast<std::size_t>(index)].display,
-       asHertz ? trelvan->getParameterValue(index) : trelvan->getParameter(index));
+       parameter.unit == Parameter::Unit::hertz ? parameter.derived(raw) : raw);
 }

@@ -6,6 +6,7 @@
 #include "editor/controls/stringconvert.h"
 #include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
+#include "platform/defaultfloats.h"
 #include "vstgui.h"
 
 using VSTGUI::CBitmap;
@@ -68,7 +69,8 @@ float captionSelector(VstInt32 index) {
   int place = 2;
   for (VstInt32 before = 0; before < index; ++before)
     place += parameterAt(before).caption != nullptr ? 1 : 0;
-  return 0.1F * static_cast<float>(place);
+  const DefaultFloats floats;  // a little less would be the caption before
+  return 0.1F * static_cast<float>(floats.of(place));
 }
 
 CRect sizedLike(double left, double top, const CBitmap& bitmap, double images = 1) {

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "platform/fixedpoint.h"
 #include "presetsystem/image/bytewriter.h"
 #include "presetsystem/image/imageentries.h"
 #include "presetsystem/image/presetimage.h"
@@ -117,10 +118,13 @@ float repairedValue(float value, std::int32_t parameter, std::int32_t preset,
 }
 
 DiagnosticLine diagnosticLine(const InvalidParameter& invalid, const char* operation) {
+  constexpr int kDigits = 6;  // after the point
+  char value[48];             // a float's 39 digits, sign, point and those
+  fixedPoint(value, sizeof value, static_cast<double>(invalid.value), kDigits);
   DiagnosticLine line;
-  const int fixed = std::snprintf(
-      line.text, sizeof line.text, "Invalid parameter %d value %f on %s of preset %d ",
-      invalid.parameter, static_cast<double>(invalid.value), operation, invalid.preset);
+  const int fixed = std::snprintf(line.text, sizeof line.text,
+                                  "Invalid parameter %d value %s on %s of preset %d ",
+                                  invalid.parameter, value, operation, invalid.preset);
   char* end = line.text + fixed;
   for (int i = 0; i < ACombProgram::kNameSize && invalid.name[i] != 0; ++i) {
     *end++ = invalid.name[i];

@@ -76,8 +76,8 @@ struct InvalidParameters final : InvalidParameterListener, std::vector<InvalidPa
 // The diagnostic line for such a value, newline included. operation: "save" or "load". The name is
 // data: "%%" gives one per cent sign, everything else stands as it is. Allocates nothing.
 struct DiagnosticLine {
-  // The fixed text and a float written with %f take 160 at most, the name its own size, the newline
-  // and the end two.
+  // The fixed text and a float with six digits after its point take 160 at most, the name its own
+  // size, the newline and the end two.
   char text[160 + ACombProgram::kNameSize + 2];
 };
 DiagnosticLine diagnosticLine(const InvalidParameter& invalid, const char* operation);

@@ -5,8 +5,11 @@
 
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <string>
+
+#include "tests/support/hostsettings.h"
 
 namespace {
 
@@ -80,6 +83,18 @@ TEST(ParameterNameStringConvert, SelectsOneOfFiveCaptions) {
   EXPECT_EQ(text(parameterNameStringConvert, 0.4F), "emph");
 }
 
+// The float before each selector still belongs to the caption before: nothing is rounded on
+// the way, neither the product nor the index.
+TEST(ParameterNameStringConvert, ChangesTheCaptionAtTheSelectorAndNotBefore) {
+  const char* const captions[] = {"S", "M", "depth", "freq", "emph", ""};
+  const float selectors[] = {0.0F, 0.1F, 0.2F, 0.3F, 0.4F, 0.5F};
+  for (std::size_t next = 1; next < std::size(selectors); ++next) {
+    const float before = std::nextafter(selectors[next], 0.0F);
+    EXPECT_EQ(text(parameterNameStringConvert, before), captions[next - 1]) << before;
+    EXPECT_EQ(text(parameterNameStringConvert, selectors[next]), captions[next]);
+  }
+}
+
 TEST(ParameterNameStringConvert, IsEmptyForEveryOtherSelector) {
   EXPECT_EQ(text(parameterNameStringConvert, 0.5F), "");
   EXPECT_EQ(text(parameterNameStringConvert, 1.0F), "");
@@ -126,6 +141,16 @@ TEST(FrequencyStringConvert, CountsKilohertzFromAThousandOn) {
   EXPECT_EQ(text(frequencyStringConvert, 2050.0F), "2.0kHz");
   EXPECT_EQ(text(frequencyStringConvert, 12345.0F), "12.3kHz");
   EXPECT_EQ(text(frequencyStringConvert, 20000.0F), "20.0kHz");
+}
+
+// The floats before 2, 3, 4 and 6 kHz: in single precision a thousandth of them is a whole number.
+TEST(FrequencyStringConvert, CountsKilohertzInDoublePrecision) {
+  for (const int kilohertz : {2, 3, 4, 6}) {
+    const float before = std::nextafter(static_cast<float>(kilohertz) * 1000.0F, 0.0F);
+    const volatile float inSinglePrecision = before * 0.001F;
+    EXPECT_EQ(inSinglePrecision, static_cast<float>(kilohertz));
+    EXPECT_EQ(text(frequencyStringConvert, before), std::to_string(kilohertz - 1) + ".9kHz");
+  }
 }
 
 TEST(DBStringConvert, TakesAPowerRatio) {
@@ -183,6 +208,24 @@ TEST(StringConvert, NeverWritesMoreThanThirtyTwoBytes) {
       convert(value, buffer);
       EXPECT_NE(std::memchr(buffer, 0, 32), nullptr);
       for (int i = 32; i < 64; ++i) EXPECT_EQ(buffer[i], '#');
+    }
+  }
+}
+
+TEST(StringConvert, GivesTheSameTextsUnderEveryRounding) {
+  const Converter all[] = {
+      strictStringConvert,        stepStringConvert,      percentStringConvert, dampStringConvert,
+      parameterNameStringConvert, frequencyStringConvert, dBStringConvert,      convertCC};
+  for (const Converter convert : all) {
+    for (int i = 0; i <= 2000; ++i) {
+      const float share = static_cast<float>(i) / 2000.0F;
+      for (const float value : {share, share * 130.0F, share * 20000.0F}) {
+        const std::string expected = text(convert, value);
+        for (const int rounding : kRoundings) {
+          const ScopedRounding hosts(rounding);
+          EXPECT_EQ(text(convert, value), expected) << value;
+        }
+      }
     }
   }
 }

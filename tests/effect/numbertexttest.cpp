@@ -8,6 +8,8 @@
 #include <limits>
 #include <string>
 
+#include "tests/support/hostsettings.h"
+
 namespace {
 
 std::string shown(float value, int digits) {
@@ -144,6 +146,19 @@ TEST(Float2String2, ShowsEveryPercentageToTheNearestTenth) {
     if (tenths - static_cast<double>(whole) >= 0.49999) ++whole;
     EXPECT_EQ(shown(value, 1), std::to_string(whole / 10) + "." + std::to_string(whole % 10))
         << value;
+  }
+}
+
+TEST(Float2String2, ShowsTheSameUnderEveryRounding) {
+  for (int i = -3000; i <= 3000; ++i) {
+    const float value = static_cast<float>(i) * 0.037F;
+    for (const int digits : {0, 1, 3}) {
+      const std::string expected = shown(value, digits);
+      for (const int rounding : kRoundings) {
+        const ScopedRounding hosts(rounding);
+        EXPECT_EQ(shown(value, digits), expected) << value;
+      }
+    }
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "effect/parameters.h"
 #include "effect/trelvan.h"
+#include "tests/support/hostsettings.h"
 #include "tests/support/recordingeditor.h"
 #include "tests/support/recordinghost.h"
 
@@ -276,6 +277,22 @@ TEST(ParameterTable, HasAnInverseThatTurnsEachCurveBack) {
       EXPECT_NEAR(parameter.raw(derived), expected, 1e-6) << parameter.name << " at " << raw;
     }
   }
+}
+
+// Set and shown under each of them, as a host does that has never heard of it.
+TEST_F(TrelvanParameters, HaveTheSameDisplaysUnderEveryRounding) {
+  for (VstInt32 index = 0; index < kParameterCount; ++index) {
+    for (int i = 0; i <= 1000; ++i) {
+      const float value = static_cast<float>(i) / 1000.0F;
+      const std::string expected = display(index, value);
+      for (const int rounding : kRoundings) {
+        const ScopedRounding hosts(rounding);
+        EXPECT_EQ(display(index, value), expected) << index << " at " << value;
+      }
+    }
+  }
+  const ScopedRounding hosts(FE_DOWNWARD);
+  EXPECT_EQ(display(0, 0.3F), "30.0");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 
+#include "tests/support/hostsettings.h"
 #include "tests/support/mockeffect.h"
 
 namespace {
@@ -77,6 +78,42 @@ TEST_F(EffectStrings, KeepToTheRoomThatThereIs) {
   char untouched = '#';
   effect.int2string(1, &untouched, 0);
   EXPECT_EQ(untouched, '#');
+}
+
+TEST_F(EffectStrings, AreTheSameUnderEveryRounding) {
+  effect.setSampleRate(44100.0F);
+  const auto all = [&](float value) {
+    return number(value) + " " + decibels(value) + " " +
+           text([&](char* to, VstInt32 size) { effect.Hz2string(value, to, size); }) + " " +
+           text([&](char* to, VstInt32 size) { effect.ms2string(value, to, size); });
+  };
+  int rounded = 0;  // texts that would be others
+  for (int i = -1000; i <= 1000; ++i) {
+    const float value = static_cast<float>(i) * 0.0137F;
+    const std::string expected = all(value);
+    for (const int rounding : kRoundings) {
+      const ScopedRounding hosts(rounding);
+      EXPECT_EQ(all(value), expected) << value;
+      char formatted[64];
+      std::snprintf(formatted, sizeof formatted, "%.2f", static_cast<double>(value));
+      if (number(value) != formatted) ++rounded;
+    }
+  }
+  EXPECT_GT(rounded, 1000);
+}
+
+TEST_F(EffectStrings, HaveAPointInEveryLanguage) {
+  for (const char* point : {",", "\u066b"}) {  // the Arabic one takes two bytes
+    const ScopedPoint hosts(point);
+    if (!hosts.isSet()) GTEST_SKIP() << "locales are kept in another way here";
+    ASSERT_EQ(ScopedPoint::quarter(), std::string("1") + point + "25");
+    EXPECT_EQ(number(1234.5F), "1234.50");
+    EXPECT_EQ(number(-0.25F), "-0.25");
+    EXPECT_EQ(number(123456.0F), "123456.");
+    EXPECT_EQ(number(12345678.0F), "Huge!");
+    EXPECT_EQ(number(std::numeric_limits<float>::infinity()), "inf");
+    EXPECT_EQ(decibels(0.5F), "-6.02");
+  }
 }
 
 }  // namespace

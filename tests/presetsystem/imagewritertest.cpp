@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "presetsystem/image/presetimage.h"
+#include "tests/support/hostsettings.h"
 #include "tests/support/records.h"
 
 namespace {
@@ -179,6 +180,28 @@ TEST(DiagnosticLine, EndsWithANameThatFillsAllItsBytes) {
   EXPECT_THAT(line(signs.c_str(), 2.0F), testing::EndsWith(" 3 " + std::string(12, '%') + "\n"));
   const std::string odd = std::string(23, 'x') + "%";
   EXPECT_THAT(line(odd.c_str(), 2.0F), testing::EndsWith(" 3 " + odd + "\n"));
+}
+
+TEST(DiagnosticLine, IsTheSameUnderEveryRounding) {
+  for (const float value : {1.1F, -1.0e-7F, 1.0000005F, -0.3F, 3.3e38F}) {
+    const std::string expected = line("init", value);
+    for (const int rounding : kRoundings) {
+      const ScopedRounding hosts(rounding);
+      EXPECT_EQ(line("init", value), expected) << value;
+    }
+  }
+  EXPECT_EQ(line("init", 1.1F), "Invalid parameter 2 value 1.100000 on save of preset 3 init\n");
+}
+
+TEST(DiagnosticLine, HasAPointInEveryLanguage) {
+  for (const char* point : {",", "\u066b"}) {
+    const ScopedPoint hosts(point);
+    if (!hosts.isSet()) GTEST_SKIP() << "locales are kept in another way here";
+    ASSERT_EQ(ScopedPoint::quarter(), std::string("1") + point + "25");
+    EXPECT_EQ(line("init", 1.25F), "Invalid parameter 2 value 1.250000 on save of preset 3 init\n");
+    EXPECT_EQ(line("init", -std::numeric_limits<float>::infinity()),
+              "Invalid parameter 2 value -inf on save of preset 3 init\n");
+  }
 }
 
 }  // namespace

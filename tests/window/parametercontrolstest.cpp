@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "tests/support/hostsettings.h"
 #include "windowtest.h"
 
 namespace {
@@ -231,4 +232,20 @@ TEST_F(ParameterControls, AHostThatSetsItsOwnValueDuringADragIsShown) {
   host.settle();
   host.setParameter(0, 0.1F);
   EXPECT_EQ(host.picture(), after);
+}
+
+// At these values the base frequency is a whole number of hertz, and a hair less where the host's
+// thread rounds downward, which the display would cut to the hertz below.
+TEST_F(ParameterControls, CaptionsAndValuesAreTheSameUnderEveryRounding) {
+  for (const float value : {0.165985F, 0.33197F, 0.448353F, 0.491769F}) {
+    for (int index = 0; index < 3; ++index) host.setParameter(index, value);
+    const Picture expected = host.picture();
+    for (const int rounding : kRoundings) {
+      const ScopedRounding hosts(rounding);
+      WindowHost other(1);
+      for (int index = 0; index < 3; ++index) other.setParameter(index, value);
+      other.openEditor();
+      EXPECT_EQ(other.picture(), expected) << value;
+    }
+  }
 }
