@@ -50,6 +50,7 @@ add_library(trelvan STATIC
   editor/controls/csplashscreenmyview.cpp
   platform/validtext.cpp
   platform/modulepath.cpp
+  platform/savedfile.cpp
   platform/xplatfile.cpp
   platform/xplatvalues.cpp)
 target_link_libraries(trelvan PUBLIC trelvan_effect trelvan_toolkit)

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <climits>
 #include <string>
 
 // Any thread. A folder ends in "/".
@@ -23,4 +25,20 @@ inline std::string folderPart(const std::string& path) {
 }
 inline std::string namePart(const std::string& path) {
   return path.substr(path.rfind('/') + 1);
+}
+
+// Where a path leads whose last name is a symbolic link, also to nothing. Empty where that cannot
+// be told: links in a circle, and those of the system's own folders, as /dev/stdout is one, which
+// stand for what a process has open and not for the name that they show.
+inline std::string withoutLinks(std::string path) {
+  constexpr int kMostLinks = 40;  // one after the other, as systems follow them
+  for (int links = 0; links < kMostLinks; ++links) {
+    char target[PATH_MAX];
+    const ssize_t length = readlink(path.c_str(), target, sizeof target);
+    if (length < 0) return path;
+    if (path.starts_with("/dev/") || path.starts_with("/proc/")) return {};
+    const std::string next(target, static_cast<std::size_t>(length));
+    path = next.starts_with('/') ? next : folderPart(path) + next;
+  }
+  return {};
 }

@@ -8,6 +8,7 @@
 #include <span>
 #include <utility>
 
+#include "platform/savedfile.h"
 #include "platform/xplatalert.h"
 #include "platform/xplatfile.h"
 #include "presetsystem/store/bankimages.h"
@@ -26,8 +27,8 @@ constexpr char kNoDialog[] =
 
 class File {
  public:
-  File(const char* name, const char* folder, bool forWrite)
-      : length(XPlatFileOpen(name, folder, &handle, forWrite)) {}
+  File(const char* name, const char* folder)
+      : length(XPlatFileOpen(name, folder, &handle, false)) {}
   ~File() { XPlatFileClose(handle); }
   File(const File&) = delete;
   File& operator=(const File&) = delete;
@@ -35,9 +36,6 @@ class File {
   std::size_t read(unsigned char* to, std::size_t count) {
     return static_cast<std::size_t>(
         XPlatFileRead(handle, reinterpret_cast<char*>(to), static_cast<long>(count)));
-  }
-  void write(const unsigned char* from, std::size_t count) {
-    XPlatFileWrite(handle, reinterpret_cast<const char*>(from), static_cast<long>(count));
   }
   // bytes; 0 where it could not be opened
   std::size_t size() const { return static_cast<std::size_t>(length); }
@@ -137,17 +135,19 @@ void PresetFiles::finish(Operation chosen, const std::string& path) {
 
 void PresetFiles::save(Operation chosen) {
   const bool ofBank = chosen == Operation::saveBank;
-  File file(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory, true);
   unsigned char image[presetimage::kBankImageSize];  // the larger of the two
   const std::span<unsigned char, presetimage::kBankImageSize> bytes(image);
   BankImages images(*effect);
-  file.write(image, ofBank ? images.writeBank(bytes)
-                           : images.writePreset(bytes.first<presetimage::kPresetImageSize>()));
+  const std::size_t size = ofBank
+                               ? images.writeBank(bytes)
+                               : images.writePreset(bytes.first<presetimage::kPresetImageSize>());
+  saveFile(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory, image,
+           size);
 }
 
 void PresetFiles::load(Operation chosen) {
   const bool ofBank = chosen == Operation::loadBank;
-  File file(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory, false);
+  File file(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory);
   const FileBytes read(file, effect->getUniqueID());
   if (read.size == 0) return;
   const presetimage::Origin origin{.orderReversed = orderReversed,

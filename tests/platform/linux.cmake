@@ -3,6 +3,10 @@ trelvan_add_test(preferencestoretest platform
   SOURCES preferencestoretest.cpp preferencesharingtest.cpp sharedfiletest.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
   LIBRARIES trelvan)
+# With the C library's fsync and flock replaced.
+trelvan_add_test(diskcallstest platform
+  SOURCES diskcallstest.cpp ${PROJECT_SOURCE_DIR}/tests/support/diskcalls.cpp
+  LIBRARIES trelvan)
 trelvan_add_test(dialogtest platform
   SOURCES childprogramtest.cpp desktopdialogtest.cpp environmenttest.cpp
     ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp manualopenertest.cpp

@@ -205,16 +205,6 @@ TEST_F(Preferences, AreAbsentWhereTheFolderCannotBeMade) {
   EXPECT_FALSE(PreferenceStore(kId).getBytes("CurrDir", value));
 }
 
-// Nobody may write a folder of root's, and root may write every folder: so the work is done as
-// nobody where we are root.
-void asNobody(const std::function<void()>& work) {
-  constexpr uid_t kNobody = 65534;
-  ASSERT_TRUE(succeeded(inProcess([&] {
-    if (getuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) _exit(2);
-    work();
-  })));
-}
-
 TEST_F(Preferences, AreReadAndNotWrittenInAFolderThatMayNotBeWritten) {
   store("Key", "value");
   chmod(file().c_str(), 0644);

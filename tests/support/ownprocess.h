@@ -24,6 +24,16 @@ inline bool succeeded(pid_t process) {
   return waitpid(process, &status, 0) == process && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
+// Nobody may write a folder of root's, and root may write every folder: so the work is done as
+// nobody where we are root.
+constexpr uid_t kNobody = 65534;
+inline void asNobody(const std::function<void()>& work) {
+  ASSERT_TRUE(succeeded(inProcess([&] {
+    if (getuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) _exit(2);
+    work();
+  })));
+}
+
 // How a scenario ends in which memory runs out. terminated: by std::terminate, as the toolkit ends
 // the process where an allocation fails inside its factory, which is noexcept.
 enum class End { refused, done, terminated, wrong };

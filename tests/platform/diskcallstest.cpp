@@ -1,0 +1,64 @@
+// What is on disk when: before a name is taken, the whole of what it will name.
+#include <gtest/gtest.h>
+
+#include "platform/linux/sharedfile.h"
+#include "platform/savedfile.h"
+#include "tests/support/diskcalls.h"
+#include "tests/support/temporaryfolder.h"
+
+namespace {
+
+const std::string kNew(10537, 'n');
+
+class DiskCalls : public testing::Test {
+ protected:
+  DiskCalls() {
+    writeFile(file, "old");
+    onSync = [this](const std::string& path) {
+      synced.push_back(path);
+      if (path == folder.path) {
+        EXPECT_EQ(contentOf(file), kNew) << "the folder is put on disk when it has the new name";
+        return true;
+      }
+      EXPECT_EQ(contentOf(path), kNew) << "all of it, while the old one still stands";
+      EXPECT_EQ(contentOf(file), "old");
+      return works;
+    };
+  }
+  ~DiskCalls() override { onSync = nullptr; }
+  DiskCalls(const DiskCalls&) = delete;
+  DiskCalls& operator=(const DiskCalls&) = delete;
+
+  bool save() const {
+    return saveFile("a", (folder.path + "/").c_str(),
+                    reinterpret_cast<const unsigned char*>(kNew.data()), kNew.size());
+  }
+
+  TemporaryFolder folder;
+  const std::string file = folder / "a";
+  std::vector<std::string> synced;
+  bool works = true;
+};
+
+TEST_F(DiskCalls, PutASavedFileOnDiskBeforeItTakesItsName) {
+  EXPECT_TRUE(save());
+  ASSERT_EQ(synced.size(), 2U);
+  EXPECT_NE(synced[0], file);
+  EXPECT_EQ(synced[1], folder.path);
+}
+
+TEST_F(DiskCalls, LeaveTheOldFileWhereTheNewOneIsNotOnDisk) {
+  works = false;
+  EXPECT_FALSE(save());
+  EXPECT_FALSE(sharedfile::replace(file, kNew));
+  EXPECT_EQ(contentOf(file), "old");
+}
+
+TEST_F(DiskCalls, PutPreferencesOnDiskBeforeTheyTakeTheirName) {
+  EXPECT_TRUE(sharedfile::replace(file, kNew));
+  ASSERT_EQ(synced.size(), 2U);
+  EXPECT_NE(synced[0], file);
+  EXPECT_EQ(synced[1], folder.path);
+}
+
+}  // namespace
