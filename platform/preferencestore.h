@@ -2,18 +2,22 @@
 // in all hosts.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <vector>
 
-// An object shows the store as it stood at its first question, the only time that it reads; so
-// several questions that belong together cost one reading. Changes are seen by the object's own
-// questions at once and by everybody else, all of them in one step, after synchronise(). Changes
-// that are not synchronised are dropped. Where nothing can be kept (no home, no permission, a full
-// disk) every key is missing and synchronise() returns false. One thread an object; any number of
-// objects on any threads and in any processes.
+// An object shows the store as it stood at its first question, the only time that it reads until
+// readAgain(); so several questions that belong together cost one reading. Changes are seen by the
+// object's own questions at once and by everybody else, all of them in one step, after
+// synchronise(). Until that has written them they wait in the object, and go with it. Where nothing
+// can be kept (no home, no permission, a full disk) every other key is missing and synchronise()
+// returns false. One thread an object; any number of objects on any threads and in any processes.
 class PreferenceStore {
  public:
+  // Hosts wait as long on their user-interface thread; another writer needs some milliseconds.
+  static constexpr std::chrono::milliseconds kLongestWait{50};
+
   // applicationId: a reverse-domain name in three parts, "com.maker.product". Opens
   // and reads nothing.
   explicit PreferenceStore(const char* applicationId);
@@ -31,10 +35,14 @@ class PreferenceStore {
   void setBytes(const char* key, const void* bytes, std::size_t size);
   void remove(const char* key);
 
+  // The next question reads the store as it stands then. The changes stay.
+  void readAgain();
+
   // Puts the changes on disk before it returns; what others wrote meanwhile under other keys stays.
-  // Writes nothing where nothing differs. May wait a few seconds for another process that is
-  // writing. False: nothing was written.
-  bool synchronise();
+  // Writes nothing where nothing differs. longestWait: for another process that is writing. False:
+  // nothing was written, and the changes wait for the next time.
+  bool synchronise(std::chrono::milliseconds longestWait = kLongestWait);
+  bool hasChanges() const;  // that wait
 
  private:
   struct System;

@@ -193,12 +193,21 @@ void PreferenceStore::remove(const char* key) {
   system->changes[key] = std::nullopt;
 }
 
-bool PreferenceStore::synchronise() {
-  const std::string& path = system->path;
+void PreferenceStore::readAgain() {
+  system->stored.reset();
+}
+
+bool PreferenceStore::hasChanges() const {
+  return !system->changes.empty();
+}
+
+// Where links lead, and the lock beside it: whoever keeps the file elsewhere finds it there.
+bool PreferenceStore::synchronise(std::chrono::milliseconds longestWait) {
   if (system->changes.empty()) return true;
-  if (path.empty()) return false;
-  if (g_mkdir_with_parents(folderPart(path).c_str(), 0700) != 0) return false;
-  const sharedfile::Lock lock(path + ".lock");
+  if (system->path.empty()) return false;
+  const std::string path = withoutLinks(system->path);
+  if (path.empty() || g_mkdir_with_parents(folderPart(path).c_str(), 0700) != 0) return false;
+  const sharedfile::Lock lock(path + ".lock", longestWait);
   if (!lock.isHeld()) return false;
   Loaded now = load(path);  // what others wrote since this object read stays
   if (!now.replaceable) return false;
@@ -207,7 +216,7 @@ bool PreferenceStore::synchronise() {
     const Text text(g_key_file_to_data(now.keys.get(), &size, nullptr));
     if (size > kLargestFile) return false;
     if (now.damaged && !sharedfile::keepAside(path)) return false;
-    if (!sharedfile::replace(path, std::string(text.get(), size))) return false;
+    if (!sharedfile::replace(path, std::string(text.get(), size), lock.excludes())) return false;
   }
   system->stored = std::move(now.keys);
   system->changes.clear();

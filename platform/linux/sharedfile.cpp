@@ -79,14 +79,15 @@ Reading read(const std::string& path, std::size_t limit, std::string& out) {
   return Reading::done;
 }
 
-Lock::Lock(const std::string& path) {
-  constexpr auto kLongestWait = std::chrono::seconds(5);  // a writer needs some milliseconds
+Lock::Lock(const std::string& path, std::chrono::milliseconds longestWait) {
   constexpr auto kPause = std::chrono::milliseconds(2);
   const int opened = ::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
   if (opened < 0) return;
-  const auto deadline = std::chrono::steady_clock::now() + kLongestWait;
+  const auto deadline = std::chrono::steady_clock::now() + longestWait;
   // Asked again and again, because a plain flock would wait without limit for a stopped process.
   while (::flock(opened, LOCK_EX | LOCK_NB) != 0) {
+    exclusive = errno != ENOLCK && errno != ENOTSUP && errno != ENOSYS;
+    if (!exclusive) break;  // network and user-space file systems: better without than not at all
     if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= deadline) {
       ::close(opened);
       return;
@@ -103,10 +104,12 @@ Lock::~Lock() {
   ::close(file);
 }
 
-bool replace(const std::string& path, const std::string& content) {
+bool replace(const std::string& path, const std::string& content, bool alone) {
   // Always the same name, so that the next writer overwrites what a killed one has left. GLib's
   // g_file_set_contents_full takes a new name each time, and they would pile up.
-  const std::string next = path + ".new";
+  std::string next = path + ".new";
+  // Then two may write at once, each a file of its own.
+  if (!alone) next += std::to_string(std::chrono::steady_clock::now().time_since_epoch().count());
   if (!putOnDisk(next, content) || std::rename(next.c_str(), path.c_str()) != 0) {
     ::unlink(next.c_str());
     return false;

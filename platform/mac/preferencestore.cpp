@@ -91,7 +91,16 @@ void PreferenceStore::remove(const char* key) {
   system->changes[key] = nullptr;
 }
 
-bool PreferenceStore::synchronise() {
+void PreferenceStore::readAgain() {
+  system->known.clear();
+}
+
+bool PreferenceStore::hasChanges() const {
+  return !system->changes.empty();
+}
+
+// The system's own service writes, and lets nobody wait.
+bool PreferenceStore::synchronise(std::chrono::milliseconds /*longestWait*/) {
   if (system->changes.empty()) return true;
   if (!system->application) return false;
   const std::lock_guard<std::mutex> lock(storeMutex);

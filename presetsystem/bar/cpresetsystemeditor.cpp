@@ -23,7 +23,7 @@ CPresetSystemEditor::~CPresetSystemEditor() {
   if (presetEffect != nullptr && presetEffect->presetListener() == this)
     presetEffect->setPresetListener(nullptr);
   try {
-    stored.storePlaces();
+    stored.storeLast();
   } catch (...) {
   }
 }
@@ -48,6 +48,7 @@ void CPresetSystemEditor::close() {
 void CPresetSystemEditor::idle() {
   completeFileOperation();
   watchManual();
+  tryToStoreAgain();
   names.idle();
   AEffGUIEditor::idle();
 }

@@ -90,7 +90,8 @@ class CPresetSystemEditor : public AEffGUIEditor,
   void completeFileOperation() { files.complete(); }  // from every idle pass
   void endFileOperation() { files.end(); }            // the window closes
   void openManual() override { manual.open(); }
-  void watchManual() { manual.watch(); }  // from every idle pass
+  void watchManual() { manual.watch(); }         // from every idle pass
+  void tryToStoreAgain() { stored.tryAgain(); }  // likewise
 
  protected:
   void keyboardLeft() override;  // confirms a running name entry

@@ -3,7 +3,6 @@
 
 #include <vector>
 
-#include "platform/preferencestore.h"
 #include "presetsystem/store/bankimages.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 
@@ -34,14 +33,15 @@ const char* keyOf(StoredImage which) {
 }  // namespace
 
 StoredPresets::StoredPresets(CPresetSystemEffect* storesEffect, FilePlaces& kept)
-    : effect(storesEffect), places(kept) {}
+    : effect(storesEffect), places(kept), preferences(kApplicationId) {}
 
 void StoredPresets::loadDefaults() {
-  const PreferenceStore preferences(kApplicationId);
-  load(preferences, StoredImage::defaultBank);
+  preferences.readAgain();
+  read(StoredImage::defaultBank);
   effect->setPresetNo(0);
-  load(preferences, StoredImage::defaultPreset);
-  recallPlaces(preferences);
+  read(StoredImage::defaultPreset);
+  readPlaces();
+  preferences.readAgain();  // lets go of what was read: most instances never ask again
 }
 
 void StoredPresets::save(StoredImage which) {
@@ -51,16 +51,16 @@ void StoredPresets::save(StoredImage which) {
   const std::size_t size = which == StoredImage::defaultBank
                                ? images.writeBank(bytes)
                                : images.writePreset(bytes.first<presetimage::kPresetImageSize>());
-  PreferenceStore preferences(kApplicationId);
   preferences.setBytes(keyOf(which), image, size);
-  preferences.synchronise();
+  write();
 }
 
 void StoredPresets::load(StoredImage which) {
-  load(PreferenceStore(kApplicationId), which);
+  preferences.readAgain();
+  read(which);
 }
 
-void StoredPresets::load(const PreferenceStore& preferences, StoredImage which) {
+void StoredPresets::read(StoredImage which) {
   std::vector<unsigned char> value;
   preferences.getBytes(keyOf(which), value);
   const presetimage::Image image = presetimage::identify(value, effect->getUniqueID());
@@ -72,32 +72,51 @@ void StoredPresets::load(const PreferenceStore& preferences, StoredImage which) 
 }
 
 void StoredPresets::remove(StoredImage which) {
-  PreferenceStore preferences(kApplicationId);
   preferences.remove(keyOf(which));
-  preferences.synchronise();
+  write();
 }
 
 // Instances come and go by the dozen, most of them without a window ever: those that have nothing
 // new write nothing, and take nothing back that another one has stored meanwhile.
 void StoredPresets::storePlaces() {
   if (places == storedPlaces) return;
-  PreferenceStore preferences(kApplicationId);
   preferences.setString(kDirectoryKey, places.currentDirectory);
   preferences.setString(kBankNameKey, places.bankFileName);
   preferences.setString(kPresetNameKey, places.presetFileName);
-  if (preferences.synchronise()) storedPlaces = places;
+  storedPlaces = places;
+  write();
 }
 
 void StoredPresets::recallPlaces() {
-  recallPlaces(PreferenceStore(kApplicationId));
+  preferences.readAgain();
+  readPlaces();
 }
 
 // All three or none: an instance whose making breaks off in between would store the ones that it
 // lacks as empty.
-void StoredPresets::recallPlaces(const PreferenceStore& preferences) {
+void StoredPresets::readPlaces() {
   FilePlaces recalled = places;
   preferences.getString(kDirectoryKey, recalled.currentDirectory, kLongestText);
   preferences.getString(kBankNameKey, recalled.bankFileName, kLongestText);
   preferences.getString(kPresetNameKey, recalled.presetFileName, kLongestText);
   places = storedPlaces = recalled;
+}
+
+// A stopped process that holds the lock would hold the host's thread too, at every click.
+void StoredPresets::write() {
+  constexpr auto kPause = std::chrono::seconds(1);  // between two tries
+  const auto longestWait = waited ? std::chrono::milliseconds(0) : PreferenceStore::kLongestWait;
+  waited = !preferences.synchronise(longestWait);
+  nextTry = std::chrono::steady_clock::now() + kPause;
+}
+
+void StoredPresets::tryAgain() {
+  if (preferences.hasChanges() && std::chrono::steady_clock::now() >= nextTry) write();
+}
+
+// There is no next time to wait for.
+void StoredPresets::storeLast() {
+  waited = false;
+  storePlaces();
+  if (preferences.hasChanges() && !waited) write();
 }

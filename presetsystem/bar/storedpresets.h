@@ -1,18 +1,21 @@
 // What the preset system keeps in the user's preferences: defaults, A and B, folder and file names.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 
+#include "platform/preferencestore.h"
 #include "presetsystem/bar/fileplaces.h"
 
 class CPresetSystemEffect;
-class PreferenceStore;
 
 enum class StoredImage : std::uint8_t { defaultBank, defaultPreset, defaultMidi, memoryA, memoryB };
 
-// All instances share the preferences; what is stored is on disk before the call returns. Nothing
-// is reported: what is missing, foreign or refused leaves the bank as it was. User-interface
-// thread. Of a MIDI map there is only the removal.
+// All instances share the preferences; what is stored is on disk before the call returns. Where
+// that cannot be, for another process that keeps the store locked or a disk that is full, this
+// instance remembers it and tries again: at the next store, every second from the idle passes, and
+// at its end. Nothing is reported: what is missing, foreign or refused leaves the bank as it was.
+// User-interface thread. Of a MIDI map there is only the removal.
 class StoredPresets {
  public:
   StoredPresets(CPresetSystemEffect* storesEffect, FilePlaces& kept);
@@ -25,11 +28,18 @@ class StoredPresets {
   void storePlaces();  // writes nothing while they are as they were recalled or stored last
   void recallPlaces();
 
+  void tryAgain();   // from every idle pass
+  void storeLast();  // the places, and what was remembered; the instance ends
+
  private:
-  void load(const PreferenceStore& preferences, StoredImage which);
-  void recallPlaces(const PreferenceStore& preferences);
+  void read(StoredImage which);
+  void readPlaces();
+  void write();
 
   CPresetSystemEffect* effect;
   FilePlaces& places;
-  FilePlaces storedPlaces;  // as recalled or stored last
+  FilePlaces storedPlaces;      // as recalled or stored last
+  PreferenceStore preferences;  // with what waits to be written
+  bool waited = false;          // in vain: the host's thread does not wait once more
+  std::chrono::steady_clock::time_point nextTry;
 };

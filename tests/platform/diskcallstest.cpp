@@ -1,10 +1,12 @@
 // What is on disk when: before a name is taken, the whole of what it will name.
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #include "platform/linux/sharedfile.h"
 #include "platform/savedfile.h"
 #include "tests/support/diskcalls.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/preferencestoretest.h"
 
 namespace {
 
@@ -59,6 +61,37 @@ TEST_F(DiskCalls, PutPreferencesOnDiskBeforeTheyTakeTheirName) {
   ASSERT_EQ(synced.size(), 2U);
   EXPECT_NE(synced[0], file);
   EXPECT_EQ(synced[1], folder.path);
+}
+
+// Network and user-space file systems.
+class NoLocks : public Preferences {
+ protected:
+  ~NoLocks() override {
+    flockError = 0;
+    onSync = nullptr;
+  }
+};
+
+TEST_F(NoLocks, PreferencesAreStoredAllTheSame) {
+  for (const int error : {ENOLCK, ENOTSUP, ENOSYS}) {
+    flockError = error;
+    store("Key", std::to_string(error));
+    EXPECT_EQ(stored("Key"), std::to_string(error));
+  }
+}
+
+TEST_F(NoLocks, EachWriterHasAFileOfItsOwn) {
+  std::vector<std::string> written;
+  onSync = [&](const std::string& path) {
+    if (path != folder()) written.push_back(path);
+    return true;
+  };
+  flockError = ENOLCK;
+  store("Key", "one");
+  store("Key", "two");
+  ASSERT_EQ(written.size(), 2U);
+  EXPECT_NE(written[0], written[1]);
+  EXPECT_FALSE(std::filesystem::exists(written[0]));
 }
 
 }  // namespace

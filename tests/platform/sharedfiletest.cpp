@@ -19,6 +19,8 @@ namespace {
 
 using sharedfile::Reading;
 
+constexpr std::chrono::milliseconds kLong = std::chrono::seconds(5);  // to wait for a lock
+
 class SharedFile : public testing::Test {
  protected:
   TemporaryFolder folder;
@@ -85,11 +87,11 @@ TEST_F(SharedFile, IsKeptAsideUnderNineNames) {
 }
 
 TEST_F(SharedFile, HasOneWriterAtATime) {
-  auto first = std::make_optional<sharedfile::Lock>(file + ".lock");
+  auto first = std::make_optional<sharedfile::Lock>(file + ".lock", kLong);
   ASSERT_TRUE(first->isHeld());
   std::atomic<bool> entered{false};
   std::thread other([&] {
-    const sharedfile::Lock second(file + ".lock");
+    const sharedfile::Lock second(file + ".lock", kLong);
     EXPECT_TRUE(second.isHeld());
     entered = true;
   });
@@ -102,17 +104,17 @@ TEST_F(SharedFile, HasOneWriterAtATime) {
 
 // A child of the host's holds the descriptor, and does not hold the lock with it.
 TEST_F(SharedFile, IsFreeThoughAForkedChildLives) {
-  auto lock = std::make_optional<sharedfile::Lock>(file + ".lock");
+  auto lock = std::make_optional<sharedfile::Lock>(file + ".lock", kLong);
   const pid_t child = inProcess([] { usleep(300000); });
   lock.reset();
   const auto before = std::chrono::steady_clock::now();
-  EXPECT_TRUE(sharedfile::Lock(file + ".lock").isHeld());
+  EXPECT_TRUE(sharedfile::Lock(file + ".lock", kLong).isHeld());
   EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(250));
   EXPECT_TRUE(succeeded(child));
 }
 
 TEST_F(SharedFile, HasNoLockWithoutAFolder) {
-  EXPECT_FALSE(sharedfile::Lock(folder / "no such folder/lock").isHeld());
+  EXPECT_FALSE(sharedfile::Lock(folder / "no such folder/lock", kLong).isHeld());
 }
 
 }  // namespace

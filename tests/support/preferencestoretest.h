@@ -5,6 +5,7 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@
 class Preferences : public testing::Test {
  protected:
   static constexpr char kId[] = "com.maker.product";
+  // Where many write at once, each has its turn in time.
+  static constexpr std::chrono::milliseconds kPatience = std::chrono::seconds(20);
 
   Preferences() { std::filesystem::create_directories(folder()); }
 
@@ -24,7 +27,7 @@ class Preferences : public testing::Test {
   static void store(const char* key, const std::string& value) {
     PreferenceStore preferences(kId);
     preferences.setBytes(key, value.data(), value.size());
-    ASSERT_TRUE(preferences.synchronise());
+    ASSERT_TRUE(preferences.synchronise(kPatience));
   }
   // "missing" where it is.
   static std::string stored(const std::string& key) {
