@@ -48,6 +48,7 @@ add_library(trelvan STATIC
   editor/controls/cvumeter1.cpp
   editor/controls/cabout.cpp
   editor/controls/csplashscreenmyview.cpp
+  editor/controls/modalview.cpp
   platform/validtext.cpp
   platform/modulepath.cpp
   platform/savedfile.cpp

@@ -2,6 +2,7 @@
 #include "editor/controls/cabout.h"
 
 #include "editor/controls/csplashscreenmyview.h"
+#include "editor/controls/modalview.h"
 
 CAbout::CAbout(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
                VSTGUI::CBitmap* background, const VSTGUI::CRect& displayArea,
@@ -19,12 +20,8 @@ VSTGUI::CMouseEventResult CAbout::onMouseDown(VSTGUI::CPoint& /*where*/,
     return kHandled;
   }
   auto* panel = new CSplashScreenMyView(toDisplay, this, textOrigin);
-  // the frame owns the panel from here on
-  const auto session = frame->beginModalViewSession(panel);
-  if (!session) {
-    panel->forget();
-    return kHandled;
-  }
+  const auto session = beginModalView(*frame, panel);
+  if (!session) return kHandled;
   panel->setSession(*session);
   value = 1;
   invalid();

@@ -37,8 +37,6 @@ void COrvTextEdit::draw(VSTGUI::CDrawContext* context) {
 VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/,
                                                     const VSTGUI::CButtonState& /*buttons*/) {
   if (beingEdited || !isAttached()) return VSTGUI::kMouseEventHandled;
-  beingEdited = true;
-  setDirty(true);
   const double fontSize = getFont()->getSize();
   CPoint corner = getViewSize().getTopLeft();
   localToFrame(corner);
@@ -49,10 +47,8 @@ VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/,
   const TextEntryPlace place{corner.x,   corner.y + (getHeight() - fontSize - 1) * 0.5,
                              getWidth(), fontSize + 2,
                              origin.x,   origin.y};
-  if (!entry.open(this, place)) {
-    beingEdited = false;
-    setDirty(true);
-  }
+  beingEdited = entry.open(this, place);  // only now: without memory the label stays a label
+  setDirty(true);
   return VSTGUI::kMouseEventHandled;
 }
 

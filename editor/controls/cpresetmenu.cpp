@@ -1,6 +1,7 @@
 // Opens the list of presets and takes what is chosen there.
 #include "editor/controls/cpresetmenu.h"
 
+#include "editor/controls/modalview.h"
 #include "editor/controls/presetpopup.h"
 
 using VSTGUI::VirtualKey;
@@ -58,5 +59,5 @@ void CPresetMenu::openList(const std::optional<VSTGUI::CPoint>& press) {
   const auto open = [self = VSTGUI::shared(this), press] {
     if (self->isAttached() && !self->isOpen()) openPresetPopup(self, press);
   };
-  if (!frame->doAfterEventProcessing(open)) open();
+  afterEvent(*frame, open);
 }

@@ -5,6 +5,8 @@
 #include <array>
 #include <string_view>
 
+#include "editor/controls/modalview.h"
+
 using VSTGUI::CMouseEventResult;
 using VSTGUI::CPoint;
 using VSTGUI::CRect;
@@ -49,16 +51,18 @@ void CSplashScreenMyView::draw(VSTGUI::CDrawContext* context) {
 CMouseEventResult CSplashScreenMyView::onMouseDown(CPoint& /*where*/,
                                                    const VSTGUI::CButtonState& buttons) {
   if (!(buttons & VSTGUI::kLButton)) return VSTGUI::kMouseEventNotHandled;
+  const auto self = VSTGUI::shared(this);
+  if (getFrame() != nullptr && session) endSession();
   owner->unSplash();
-  VSTGUI::CFrame* frame = getFrame();
-  if (frame == nullptr || !session) return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
-  // After the event: the frame remembers the pressed view, and would remember a deleted one.
-  const auto end = [self = VSTGUI::shared(this)] {
+  return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+}
+
+// After the event: the frame remembers the pressed view, and would remember a deleted one.
+void CSplashScreenMyView::endSession() {
+  afterEvent(*getFrame(), [self = VSTGUI::shared(this)] {
     VSTGUI::CFrame* closing = self->getFrame();
     if (closing == nullptr) return;  // closed meanwhile
     closing->endModalViewSession(*self->session);
     closing->invalid();
-  };
-  if (!frame->doAfterEventProcessing(end)) end();
-  return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+  });
 }

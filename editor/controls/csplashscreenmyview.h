@@ -27,6 +27,8 @@ class CSplashScreenMyView : public VSTGUI::CControl {
                                         const VSTGUI::CButtonState& buttons) override;
 
  private:
+  void endSession();
+
   VSTGUI::CSplashScreen* owner;
   VSTGUI::CPoint textOrigin;
   std::optional<VSTGUI::ModalViewSessionID> session;

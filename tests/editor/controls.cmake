@@ -29,3 +29,10 @@ trelvan_add_test(looptest editor
   SOURCES
     idlerunlooptest.cpp idletimertest.cpp ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
+
+# With the program's allocation functions replaced.
+trelvan_add_test(controlsmemorytest editor
+  SOURCES
+    controltest.cpp modalviewtest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
+  LIBRARIES trelvan)

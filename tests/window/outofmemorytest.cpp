@@ -1,5 +1,8 @@
 // The window where memory runs out in the middle of a call.
 #include <gtest/gtest.h>
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+#include <string>
 
 #include "scarcehost.h"
 #include "tests/support/eachfailure.h"
@@ -152,6 +155,60 @@ TEST(WindowOutOfMemory, EveryOtherCallLeavesTheWindowAlive) {
       return everFailed ? End::refused : End::done;
     });
   }
+}
+
+// A label that took itself for being edited swallowed every press until the window was closed.
+TEST(WindowOutOfMemory, ANameIsEditedAfterAPressThatCouldNotBegin) {
+  const int failures = failEach([](long succeeding) {
+    ScarceHost host;
+    if (!host.open() || !host.isAlive()) return wrong("it does not open");
+    host.click(places::kName);
+    bool failed = false;
+    {
+      const FailingMemory memory(succeeding);
+      host.send(effEditIdle);
+      failed = memory.hasFailed();
+    }
+    host.click(places::kName);
+    host.send(effEditIdle);
+    host.tap(XKB_KEY_x);
+    host.tap(XKB_KEY_Return);
+    const auto isEdited = [&host] { return host.programName().find('x') != std::string::npos; };
+    if (!host.idleUntil(isEdited)) return wrong("the name is not edited");
+    if (!host.close()) return wrong("it does not close");
+    host.send(effClose);
+    return failed ? End::refused : End::done;
+  });
+  EXPECT_GT(failures, 0);
+}
+
+// A list that the frame had taken without telling its number could never be left.
+TEST(WindowOutOfMemory, ThePresetListIsUsedAfterAPressThatCouldNotOpenIt) {
+  const int failures = failEach([](long succeeding) {
+    ScarceHost host;
+    if (!host.open() || !host.isAlive()) return wrong("it does not open");
+    host.click(places::kMenu);
+    bool failed = false;
+    {
+      const FailingMemory memory(succeeding);
+      host.send(effEditIdle);
+      failed = memory.hasFailed();
+    }
+    host.tap(XKB_KEY_Escape);
+    host.send(effEditIdle);
+    const std::string before = host.programName();
+    for (const Area& place : {places::kMenu, places::listEntry(9)}) {
+      host.click(place);
+      host.send(effEditIdle);
+    }
+    const auto isChosen = [&] { return host.programName() != before; };
+    if (!host.idleUntil(isChosen)) return wrong("no preset is chosen");
+    if (!host.isAlive()) return wrong("the list keeps the mouse");
+    if (!host.close()) return wrong("it does not close");
+    host.send(effClose);
+    return failed ? End::refused : End::done;
+  });
+  EXPECT_GT(failures, 0);
 }
 
 // Hosts set parameters from any thread while the window shows them.

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <functional>
+#include <string>
 
 #include "places.h"
 #include "plugin/createeffectinstance.h"
@@ -45,6 +46,12 @@ class ScarceHost {
     display.moveTo(kPlace.left + place.centreX(), kPlace.top + place.centreY());
     display.press(1);
     display.release(1);
+  }
+  void tap(std::uint32_t keysym) { display.tap(keysym); }
+  std::string programName() {
+    char name[64] = {};
+    send(effGetProgramName, 0, name);
+    return name;
   }
   // Passes until it is so; false after some seconds.
   bool idleUntil(const std::function<bool()>& isSo) {

@@ -9,6 +9,7 @@
 #include "editor/controls/linux/fitname.h"
 #include "editor/controls/linux/pointergrab.h"
 #include "editor/controls/linux/presetpopuplayout.h"
+#include "editor/controls/modalview.h"
 #include "editor/controls/wheelsteps.h"
 #include "lib/cgraphicspath.h"
 #include "vstgui.h"
@@ -217,17 +218,19 @@ class PresetPopup final : public VSTGUI::CView {
     if (from + count >= 0 && from + count < layout.entryCount()) highlight(from + count);
   }
 
+  // Without the memory for it the list stays, and the next key or click ends it.
   void end(std::int32_t chosen) {
     if (ending) return;
-    ending = true;
     const auto finish = [self = VSTGUI::shared(this), chosen] {
+      self->ending = false;
       VSTGUI::CFrame* frame = self->getFrame();
       if (frame == nullptr) return;  // closed meanwhile
       frame->endModalViewSession(self->session);
       frame->setFocusView(self->menu);
       if (chosen != kNone) self->menu->choose(chosen);
     };
-    if (!getFrame()->doAfterEventProcessing(finish)) finish();
+    afterEvent(*getFrame(), finish);
+    ending = isAttached();
   }
 
   PresetPopupLayout layout;
@@ -236,7 +239,7 @@ class PresetPopup final : public VSTGUI::CView {
   std::optional<CPoint> openingPress;  // until its release
   bool dragged = false;                // the opening press has moved away from its place
   bool pressed = false;                // a press inside the list is held
-  bool ending = false;
+  bool ending = false;                 // waits for the end of the event
   WheelSteps wheel;
   std::int32_t highlighted;  // kNone: none
 };
@@ -252,10 +255,5 @@ void openPresetPopup(CPresetMenu* menu, const std::optional<CPoint>& press) {
   constexpr std::int32_t kRows = 16;  // where the menu does not say
   const std::int32_t rows = menu->getNbItemsPerColumn() > 0 ? menu->getNbItemsPerColumn() : kRows;
   auto* popup = new PresetPopup(PresetPopupLayout(window, menu->getNbEntries(), rows), menu, press);
-  const auto session = frame->beginModalViewSession(popup);  // the frame owns the list from here on
-  if (session) {
-    popup->setSession(*session);
-  } else {
-    popup->forget();
-  }
+  if (const auto session = beginModalView(*frame, popup)) popup->setSession(*session);
 }
