@@ -32,6 +32,7 @@ add_library(trelvan STATIC
   presetsystem/bar/presetbar.cpp
   presetsystem/bar/presetfiles.cpp
   presetsystem/bar/storedpresets.cpp
+  editor/base/sharedbitmaps.cpp
   editor/base/toolkitlibrary.cpp
   editor/base/aeffguieditor.cpp
   editor/base/myframe.cpp

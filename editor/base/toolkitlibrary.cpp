@@ -4,6 +4,7 @@
 
 #include <mutex>
 
+#include "editor/base/sharedbitmaps.h"
 #include "editor/base/toolkitsetup.h"
 #include "lib/controls/cslider.h"
 #include "lib/events.h"
@@ -36,5 +37,7 @@ ToolkitLibrary::ToolkitLibrary() {
 
 ToolkitLibrary::~ToolkitLibrary() {
   const std::lock_guard<std::mutex> lock(usersMutex);
-  if (--users == 0) tearDownToolkit();
+  if (--users > 0) return;
+  forgetSharedBitmaps();
+  tearDownToolkit();
 }

@@ -1,8 +1,8 @@
 // The window's life, and parameter values on their way in and out of it.
 #include "editor/window/adeditor.h"
 
-#include "editor/base/bitmaps.h"
 #include "editor/base/myframe.h"
+#include "editor/base/sharedbitmaps.h"
 #include "editor/controls/cabout.h"
 #include "editor/controls/cvumeter1.h"
 #include "effect/trelvan.h"
@@ -34,27 +34,26 @@ ADEditor::~ADEditor() {
 }
 
 ERect ADEditor::windowSize() {
-  background = loadBitmap(kBackgroundBitmap);
-  return {0, 0, static_cast<VstInt16>(background->getHeight()),
-          static_cast<VstInt16>(background->getWidth())};
+  const auto picture = sharedBitmap(kBackgroundBitmap);
+  return {0, 0, static_cast<VstInt16>(picture->getHeight()),
+          static_cast<VstInt16>(picture->getWidth())};
 }
 
 bool ADEditor::open(void* window) {
   if (frame != nullptr) close();  // opening twice would lose the first frame
+  const MissingBitmaps missing;
   try {
-    return openWindow(window);
-  } catch (...) {
-    ADEditor::close();  // memory ran out: half a window is none
-    return false;
+    if (openWindow(window) && !missing.any()) return true;
+  } catch (...) {  // memory ran out
   }
+  ADEditor::close();  // half a window is none
+  return false;
 }
 
 bool ADEditor::openWindow(void* window) {
   AEffGUIEditor::open(window);
-  if (!openFrame(window)) {
-    AEffGUIEditor::close();
-    return false;
-  }
+  if (!openFrame(window)) return false;
+  background = sharedBitmap(kBackgroundBitmap);
   view->setBackground(background);
   setKnobMode(VSTGUI::kLinearMode);
   changed = 0;
@@ -89,6 +88,7 @@ void ADEditor::forgetControls() {
   views = {};
   meter = nullptr;
   about = nullptr;
+  background = nullptr;
 }
 
 // The frame's pass runs twice, once for each base. The meter's new value is drawn by the next pass.

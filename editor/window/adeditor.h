@@ -45,7 +45,7 @@ class ADEditor : public CPresetSystemEditor {
 
   Trelvan* trelvan;
   std::atomic<std::uint32_t> changed{0};  // one bit a parameter that the controls do not show yet
-  VSTGUI::SharedPointer<VSTGUI::CBitmap> background;
+  VSTGUI::SharedPointer<VSTGUI::CBitmap> background;  // while the window is open
   struct ParameterViews {
     VSTGUI::CControl* control = nullptr;       // slider or switch
     VSTGUI::CParamDisplay* display = nullptr;  // of its value; none beside a switch

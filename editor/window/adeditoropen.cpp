@@ -1,6 +1,6 @@
 // Builds the effect's controls: what stands where.
-#include "editor/base/bitmaps.h"
 #include "editor/base/myframe.h"
+#include "editor/base/sharedbitmaps.h"
 #include "editor/controls/cabout.h"
 #include "editor/controls/cvumeter1.h"
 #include "editor/controls/stringconvert.h"
@@ -95,8 +95,8 @@ void ADEditor::addCaptions() {
 }
 
 void ADEditor::addMeter() {
-  const auto on = loadBitmap(135);
-  const auto off = loadBitmap(136);
+  const auto on = sharedBitmap(135);
+  const auto off = sharedBitmap(136);
   meter =
       new CVuMeter1(sizedLike(60, 25, *off), on, off, kMeterSteps, VSTGUI::CVuMeter::kHorizontal);
   meter->setTag(kNoTag);
@@ -112,7 +112,7 @@ void ADEditor::addParameterControls() {
   constexpr double kTravelLeft = 63;
   constexpr double kTravelRight = 239;
   constexpr float kLargestFrequency = 20000.0F;  // Hz, the display's range
-  const auto handle = loadBitmap(134);
+  const auto handle = sharedBitmap(134);
   for (const SliderPlace& place : kSliders) {
     auto& [control, display] = views[static_cast<std::size_t>(place.index)];
     const CRect size(kTravelLeft, place.top, kTravelRight, place.top + handle->getHeight());
@@ -134,11 +134,12 @@ void ADEditor::addParameterControls() {
     view->addView(display);
     showParameter(place.index);
   }
-  const auto firstPicture = loadBitmap(kSwitches[0].picture);
+  const auto firstPicture = sharedBitmap(kSwitches[0].picture);
   for (const SwitchPlace& place : kSwitches) {
     // All have the size of the first one's picture: two states, one above the other.
     const CRect size = sizedLike(place.left, 151, *firstPicture, 2);
-    auto* button = new VSTGUI::COnOffButton(size, this, place.index, loadBitmap(place.picture), 0);
+    auto* button =
+        new VSTGUI::COnOffButton(size, this, place.index, sharedBitmap(place.picture), 0);
     views[static_cast<std::size_t>(place.index)].control = button;
     view->addView(button);
     showParameter(place.index);
@@ -148,7 +149,7 @@ void ADEditor::addParameterControls() {
 void ADEditor::addAbout() {
   constexpr double kAreaWidth = 302;  // the panel is centred above the preset bar
   constexpr double kAreaHeight = 214;
-  const auto panel = loadBitmap(139);
+  const auto panel = sharedBitmap(139);
   CRect size(70, 182, 225, 202);
   CRect displayArea = sizedLike((kAreaWidth - panel->getWidth()) / 2,
                                 (kAreaHeight - panel->getHeight()) / 2, *panel);

@@ -1,7 +1,7 @@
 // Builds the preset bar and keeps its names in step with the bank.
 #include "presetsystem/bar/presetbar.h"
 
-#include "editor/base/bitmaps.h"
+#include "editor/base/sharedbitmaps.h"
 #include "editor/controls/corvtextedit.h"
 #include "editor/controls/cpresetmenu.h"
 #include "editor/controls/cpskickbutton.h"
@@ -31,20 +31,20 @@ class Builder {
       : root(heldRoot), listener(heldListener) {}
 
   CSaveLoadButton* saveLoad(std::int32_t tag, const CRect& size, std::int32_t bitmapNumber) {
-    const auto bitmap = loadBitmap(bitmapNumber);
+    const auto bitmap = sharedBitmap(bitmapNumber);
     return add(new CSaveLoadButton(size, listener, tag, imageHeight(*bitmap, kButtonImages), bitmap,
                                    noOffset));
   }
 
   CPSKickButton* kick(std::int32_t tag, const CRect& size, std::int32_t bitmapNumber,
                       bool requireDoubleClick) {
-    const auto bitmap = loadBitmap(bitmapNumber);
+    const auto bitmap = sharedBitmap(bitmapNumber);
     return add(new CPSKickButton(size, listener, tag, imageHeight(*bitmap, kButtonImages), bitmap,
                                  noOffset, requireDoubleClick));
   }
 
   CPSRockerSwitch* rocker(std::int32_t tag, const CRect& size, std::int32_t bitmapNumber) {
-    const auto bitmap = loadBitmap(bitmapNumber);
+    const auto bitmap = sharedBitmap(bitmapNumber);
     return add(new CPSRockerSwitch(size, listener, tag, imageHeight(*bitmap, kRockerImages), bitmap,
                                    noOffset, VSTGUI::CRockerSwitch::kHorizontal));
   }
@@ -94,7 +94,7 @@ void PresetBar::build(VSTGUI::CViewContainer& root, VSTGUI::IControlListener* li
                       CPresetSystemEffect& effect) {
   contract.opened();
   Builder in(root, listener);
-  const auto background = loadBitmap(kBackgroundBitmap);
+  const auto background = sharedBitmap(kBackgroundBitmap);
   const long current = effect.getPresetNo();
 
   nameEdit =
