@@ -1,5 +1,5 @@
-// Fuzz target: files of every kind, read into the whole effect through the editor's operations as a
-// file loader calls them.
+// Fuzz target: files of every kind, loaded into the whole effect by the preset bar's buttons and
+// through the editor's operations; and what the buttons save.
 #include <algorithm>
 #include <cstring>
 #include <memory>
@@ -8,6 +8,7 @@
 #include "fuzz/imagelayout.h"
 #include "fuzz/records.h"
 #include "fuzz/require.h"
+#include "fuzz/shownbar.h"
 #include "fuzz/wholeeffect.h"
 
 namespace {
@@ -15,12 +16,24 @@ namespace {
 using presetimage::Bank;
 using presetimage::Bytes;
 using Content = presetimage::Image::Content;
+using fuzz::FileButton;
 
 constexpr long kCurrentBefore = 30;
 
-// Into the effect by the operation that a loader calls for such a file. The bytes are a block of
-// their own that ends where the file ends. What is none of ours is read as an old MIDI map, which
-// no kind names.
+// How a file gets into the effect, by the input's first byte.
+struct Way {
+  explicit Way(unsigned bits)
+      : byButton((bits & 1U) != 0), ofBank((bits & 2U) != 0), reversed((bits & 4U) != 0) {}
+
+  bool byButton;  // else by the operation for what the file is
+  bool ofBank;    // the button; else the preset's
+  bool reversed;  // "endian-reversed"
+  FileButton button() const { return ofBank ? FileButton::loadBank : FileButton::loadPreset; }
+  Content content() const { return ofBank ? Content::bank : Content::preset; }
+};
+
+// Into the effect by the operation for such a file. The bytes are a block of their own that ends
+// where the file ends. What is none of ours is read as an old MIDI map, which no kind names.
 void readFile(const presetimage::Image& image, const Bytes& file) {
   CPresetSystemEditor& editor = fuzz::wholeEffectsEditor();
   Bytes copy(image.body.begin(), image.body.end());
@@ -61,7 +74,7 @@ struct Outcome {
   Bank bank;
 };
 
-// What the pure readers make of the same file, all or nothing. The MIDI map is no part of the bank.
+// What the pure readers make of the same file, all or nothing. A MIDI map is no part of the bank.
 Outcome expectedFrom(const presetimage::Image& image, const Bank& before) {
   using presetimage::Reading;
   const ACombProgram& fallback = fuzz::wholeEffect().getDefaultPreset();
@@ -81,20 +94,30 @@ Outcome expectedFrom(const presetimage::Image& image, const Bank& before) {
   return outcome;
 }
 
-void requireOutcome(const presetimage::Image& image, const Bank& before) {
+// The preset that is selected afterwards. The bank's button selects the first one after every file
+// of ours, whatever came of reading it.
+long expectedSelection(const Way& way, const presetimage::Image& image, const Outcome& expected) {
+  if (way.byButton) {
+    return way.ofBank && image.content != Content::foreign ? 0 : kCurrentBefore;
+  }
+  const bool taken =
+      image.content == Content::bank && expected.result == presetimage::Reading::done;
+  return taken ? image.presetToSelect : kCurrentBefore;
+}
+
+void requireOutcome(const Way& way, const presetimage::Image& image, const Bank& before) {
   Trelvan& effect = fuzz::wholeEffect();
-  const Outcome expected = expectedFrom(image, before);
+  const bool isRead = !way.byButton || way.content() == image.content;
+  const Outcome expected =
+      isRead ? expectedFrom(image, before) : Outcome{presetimage::Reading::refused, before};
   require(fuzz::identical(effect.bank(), expected.bank),
           "the bank is what the file says, or what it was");
-  const bool done = expected.result == presetimage::Reading::done;
-  const bool isBank = image.content == Content::bank;
-  require((done && isBank) || effect.getPresetNo() == kCurrentBefore,
+  require(effect.getPresetNo() == expectedSelection(way, image, expected),
           "only a bank moves the selection");
-  require(!(done && isBank) || effect.getPresetNo() == image.presetToSelect,
-          "and to the preset that it selects");
-  require(!(done && isBank && image.isOld) || effect.getPresetNo() == 0,
+  require(!(image.isOld && image.content == Content::bank && isRead) ||
+              expected.result != presetimage::Reading::done || effect.getPresetNo() == 0,
           "an old bank selects its first preset");
-  if (done) fuzz::requireCurrentPresetPlays();
+  if (expected.result == presetimage::Reading::done) fuzz::requireCurrentPresetPlays();
 }
 
 using Writer = long (CPresetSystemEditor::*)(char**);
@@ -120,25 +143,56 @@ void requireFixPoint(Writer write, Content content, std::size_t expectedSize) {
   }
 }
 
+// The button saves the image that the operation writes, and loading it back changes nothing but the
+// selection, which the bank's button puts to the first preset.
+void requireSavedBack(Writer write, FileButton save, FileButton load) {
+  Trelvan& effect = fuzz::wholeEffect();
+  char* out = nullptr;
+  const long length = (fuzz::wholeEffectsEditor().*write)(&out);
+  const std::unique_ptr<char[]> owned(out);
+  fuzz::press(save);
+  require(fuzz::chosenFile().content() == Bytes(out, out + length), "the button saves the image");
+  Bank before = effect.bank();
+  const long current = effect.getPresetNo();
+  if (load == FileButton::loadPreset) renameAsTyped(before[static_cast<std::size_t>(current)]);
+  fuzz::press(load);
+  require(fuzz::identical(effect.bank(), before), "what was saved loads back the same");
+  require(effect.getPresetNo() == (load == FileButton::loadBank ? 0 : current),
+          "a bank's button selects the first preset");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t size) {
-  if (size < presetimage::kOldPrefixSize) return 0;
-  const Bytes file(input, input + size);
-  const presetimage::Image image = presetimage::identify(file, fuzz::kUniqueID);
-  // no file, or none to be read
+  if (size < 1) return 0;
+  const Way way(input[0]);
+  const Bytes file(input + 1, input + size);
+  presetimage::Image image =
+      presetimage::identify(file, fuzz::kUniqueID, {.orderReversed = way.byButton && way.reversed});
+  if (image.isChunk) image = {};  // no file of ours
+  // nothing that an operation could be given
   const bool isOurs = image.content != Content::foreign && image.content != Content::unknown;
-  if (image.isChunk || (isOurs && image.extent == presetimage::Image::Extent::headless)) return 0;
+  const bool isHeadless = isOurs && image.extent == presetimage::Image::Extent::headless;
+  if (!way.byButton && (isHeadless || file.size() < presetimage::kOldPrefixSize)) return 0;
   const Bank before = fuzz::sampleBank();
   fuzz::resetWholeEffect(before, kCurrentBefore);
 
-  readFile(image, file);
+  if (way.byButton) {
+    fuzz::chosenFile().write(file);
+    fuzz::press(way.button(), way.reversed);
+    require(fuzz::chosenFile().content() == file, "loading leaves the file as it is");
+  } else {
+    readFile(image, file);
+  }
   fuzz::requireSoundState();
-  requireOutcome(image, before);
+  requireOutcome(way, image, before);
   requireFixPoint(&CPresetSystemEditor::BankToBuffer, Content::bank, presetimage::kBankImageSize);
   requireFixPoint(&CPresetSystemEditor::PresetToBuffer, Content::preset,
                   presetimage::kPresetImageSize);
   requireFixPoint(&CPresetSystemEditor::MidiToBuffer, Content::midiMap,
                   presetimage::kMidiMapImageSize);
+  requireSavedBack(&CPresetSystemEditor::PresetToBuffer, FileButton::savePreset,
+                   FileButton::loadPreset);
+  requireSavedBack(&CPresetSystemEditor::BankToBuffer, FileButton::saveBank, FileButton::loadBank);
   return 0;
 }

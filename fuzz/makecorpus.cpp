@@ -36,6 +36,14 @@ Bytes bankImage(int presets) {
                     static_cast<std::size_t>(presets) * kPresetEntries, 6 * presets, whole);
 }
 
+Bytes samplePresetImage() {
+  return presetimage::writePreset(fuzz::sampleDefault(), fuzz::kUniqueID, {});
+}
+
+Bytes midiMapImage() {
+  return presetimage::writeMidiMap({0.0F, 0.25F, 0.5F, 0.75F, 1.0F}, fuzz::kUniqueID, {});
+}
+
 // Values beyond 0..1: a bank is repaired, a preset refused.
 Bytes wildPresetImage() {
   ACombProgram wild = fuzz::sampleDefault();
@@ -73,6 +81,14 @@ Bytes oldFile(ImageKind kind, const Bytes& records, bool otherOrder) {
   return file;
 }
 
+Bytes oldPreset(int floats, bool otherOrder) {
+  return oldFile(ImageKind::oldPreset, oldRecords(1, floats), otherOrder);
+}
+
+Bytes oldBank(int floats, bool otherOrder) {
+  return oldFile(ImageKind::oldBank, oldRecords(presetimage::kPresetCount, floats), otherOrder);
+}
+
 Bytes oldChunk(int records, int floats, std::int32_t current) {
   imagebytes::Writer out;
   out.number(presetimage::kOldChunkTag)
@@ -87,6 +103,15 @@ Bytes oldChunkInOtherOrder(Bytes chunk) {
   fuzz::reverseWordsFrom(std::span<unsigned char>(chunk).first(presetimage::kOldChunkHeaderSize),
                          0);
   return chunk;
+}
+
+// A byte in front, by which editorimages tells how the file is loaded: by the operations, or by the
+// bank's or the preset's button.
+constexpr unsigned char kByOperation = 0, kPresetButton = 1, kBankButton = 3, kReversed = 4;
+Bytes loaded(unsigned char way, const Bytes& file) {
+  Bytes input = {way};
+  input.insert(input.end(), file.begin(), file.end());
+  return input;
 }
 
 // Two bytes in front, by which setchunk tells how the host's size relates to the data.
@@ -119,39 +144,54 @@ class Corpus {
 };
 
 void addImages(Corpus& corpus) {
-  const Bytes preset = presetimage::writePreset(fuzz::sampleDefault(), fuzz::kUniqueID, {});
-  const Bytes midiMap =
-      presetimage::writeMidiMap({0.0F, 0.25F, 0.5F, 0.75F, 1.0F}, fuzz::kUniqueID, {});
-  for (const char* target : {"bank", "editorimages"}) {
-    corpus.add(target, "bank-empty", bankImage(0));
-    corpus.addBothOrders(target, "bank-2-presets", bankImage(2));
-    corpus.add(target, "bank-wild", wildBankImage());
-    corpus.add(target, "bank-whole", bankImage(presetimage::kPresetCount));
-  }
-  for (const char* target : {"preset", "editorimages"}) {
-    corpus.addBothOrders(target, "preset", preset);
-    corpus.add(target, "preset-wild", wildPresetImage());
-  }
-  for (const char* target : {"midimap", "editorimages"})
-    corpus.addBothOrders(target, "midimap", midiMap);
+  corpus.add("bank", "bank-empty", bankImage(0));
+  corpus.addBothOrders("bank", "bank-2-presets", bankImage(2));
+  corpus.add("bank", "bank-wild", wildBankImage());
+  corpus.add("bank", "bank-whole", bankImage(presetimage::kPresetCount));
+  corpus.addBothOrders("preset", "preset", samplePresetImage());
+  corpus.add("preset", "preset-wild", wildPresetImage());
+  corpus.addBothOrders("midimap", "midimap", midiMapImage());
   corpus.add("midimap", "old-floats", oldRecords(1, 5));
 }
 
 void addOld(Corpus& corpus) {
-  for (const char* target : {"oldfile", "editorimages"}) {
-    corpus.add(target, "old-preset", oldFile(ImageKind::oldPreset, oldRecords(1, 5), false));
-    corpus.add(target, "old-preset-other-order",
-               oldFile(ImageKind::oldPreset, oldRecords(1, 3), true));
-    corpus.add(target, "old-bank",
-               oldFile(ImageKind::oldBank, oldRecords(presetimage::kPresetCount, 5), false));
-    corpus.add(target, "old-bank-other-order",
-               oldFile(ImageKind::oldBank, oldRecords(presetimage::kPresetCount, 1), true));
-  }
+  corpus.add("oldfile", "old-preset", oldPreset(5, false));
+  corpus.add("oldfile", "old-preset-other-order", oldPreset(3, true));
+  corpus.add("oldfile", "old-bank", oldBank(5, false));
+  corpus.add("oldfile", "old-bank-other-order", oldBank(1, true));
   corpus.add("oldchunk", "whole", oldChunk(32, 5, 7));
   corpus.add("oldchunk", "two-records", oldChunk(2, 5, 40));
   corpus.add("oldchunk", "three-floats", oldChunk(4, 3, 1));
   corpus.add("oldchunk", "no-records", oldChunk(0, 5, 2));
   corpus.add("oldchunk", "other-order", oldChunkInOtherOrder(oldChunk(2, 0, 1)));
+}
+
+void addFiles(Corpus& corpus) {
+  const auto addEachWay = [&corpus](const std::string& name, unsigned char button,
+                                    const Bytes& file) {
+    corpus.add("editorimages", name, loaded(kByOperation, file));
+    corpus.add("editorimages", name + "-by-button", loaded(button, file));
+  };
+  const Bytes bank = bankImage(2);
+  addEachWay("bank-empty", kBankButton, bankImage(0));
+  addEachWay("bank-2-presets", kBankButton, bank);
+  addEachWay("bank-2-presets-other-order", kBankButton, fuzz::inOtherOrder(bank));
+  addEachWay("bank-wild", kBankButton, wildBankImage());
+  addEachWay("bank-whole", kBankButton, bankImage(presetimage::kPresetCount));
+  addEachWay("old-bank", kBankButton, oldBank(5, false));
+  addEachWay("old-bank-other-order", kBankButton, oldBank(1, true));
+  const Bytes preset = samplePresetImage();
+  addEachWay("preset", kPresetButton, preset);
+  addEachWay("preset-other-order", kPresetButton, fuzz::inOtherOrder(preset));
+  addEachWay("preset-wild", kPresetButton, wildPresetImage());
+  addEachWay("old-preset", kPresetButton, oldPreset(5, false));
+  addEachWay("old-preset-other-order", kPresetButton, oldPreset(3, true));
+  addEachWay("midimap", kPresetButton, midiMapImage());
+  corpus.add("editorimages", "midimap-other-order",
+             loaded(kByOperation, fuzz::inOtherOrder(midiMapImage())));
+  corpus.add("editorimages", "bank-reversed", loaded(kBankButton | kReversed, bank));
+  corpus.add("editorimages", "preset-reversed", loaded(kPresetButton | kReversed, preset));
+  corpus.add("editorimages", "bank-by-the-presets-button", loaded(kPresetButton, bank));
 }
 
 void addChunks(Corpus& corpus) {
@@ -183,6 +223,7 @@ int main(int count, char** words) {
   Corpus corpus(words[1]);
   addImages(corpus);
   addOld(corpus);
+  addFiles(corpus);
   addChunks(corpus);
   if (corpus.complete()) return 0;
   std::fprintf(stderr, "makecorpus: %s could not be written\n", words[1]);
