@@ -11,6 +11,7 @@ int main(int count, char** words) {
   fuzz::Corpus corpus(words[1]);
   fuzz::addImageSeeds(corpus);
   fuzz::addCallSeeds(corpus);
+  fuzz::addWordSeeds(corpus);
   if (corpus.complete()) return 0;
   std::fprintf(stderr, "makecorpus: %s could not be written\n", words[1]);
   return 1;

@@ -31,5 +31,6 @@ class Corpus {
 
 void addImageSeeds(Corpus& corpus);
 void addCallSeeds(Corpus& corpus);
+void addWordSeeds(Corpus& corpus);
 
 }  // namespace fuzz
