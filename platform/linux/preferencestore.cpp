@@ -24,6 +24,9 @@ constexpr std::size_t kLargestFile = 1 << 20;  // bytes; what the plug-in keeps 
 struct FreeText {
   void operator()(char* text) const { g_free(text); }
 };
+struct FreeTexts {
+  void operator()(char** texts) const { g_strfreev(texts); }
+};
 struct FreeKeyFile {
   void operator()(GKeyFile* file) const { g_key_file_free(file); }
 };
@@ -106,6 +109,20 @@ std::optional<std::string> valueIn(GKeyFile* file, const std::string& key) {
   return std::string(value.get());
 }
 
+// A key that stands there twice, as a person's editor may leave it, has its last value; GLib would
+// take away that one alone, and the one before would be back.
+void dropCopies(GKeyFile* file) {
+  gsize count = 0;
+  const std::unique_ptr<char*[], FreeTexts> keys(
+      g_key_file_get_keys(file, kGroup, &count, nullptr));
+  std::map<std::string, std::string> values;
+  for (gsize i = 0; i < count; ++i) values[keys[i]] = valueIn(file, keys[i]).value_or("");
+  if (values.size() == count) return;
+  g_key_file_remove_group(file, kGroup, nullptr);
+  for (const auto& [key, value] : values)
+    g_key_file_set_value(file, kGroup, key.c_str(), value.c_str());
+}
+
 struct Loaded {
   KeyFile keys{g_key_file_new()};  // empty where nothing could be read
   // false: the file is there and cannot be read, so nobody may write over it
@@ -123,6 +140,7 @@ Loaded load(const std::string& path) {
   loaded.damaged = g_key_file_load_from_data(loaded.keys.get(), text.data(), text.size(),
                                              G_KEY_FILE_KEEP_COMMENTS, nullptr) == FALSE;
   if (loaded.damaged) loaded.keys.reset(g_key_file_new());
+  dropCopies(loaded.keys.get());
   return loaded;
 }
 

@@ -90,6 +90,18 @@ TEST_F(Preferences, RemoveAKey) {
   EXPECT_EQ(stored("MemoBPreset"), "b");
 }
 
+// As a person's editor may leave it: the last line counts, and none of them comes back.
+TEST_F(Preferences, RemoveAKeyThatStandsTwice) {
+  store("MemoBPreset", "b");
+  writeFile(file(), contentOf(file()) + "MemoAPreset=bytes:61\nMemoAPreset=bytes:62\n");
+  EXPECT_EQ(stored("MemoAPreset"), "b");
+  PreferenceStore preferences(kId);
+  preferences.remove("MemoAPreset");
+  ASSERT_TRUE(preferences.synchronise());
+  EXPECT_EQ(stored("MemoAPreset"), "missing");
+  EXPECT_EQ(stored("MemoBPreset"), "b");
+}
+
 TEST_F(Preferences, ShowAnObjectItsOwnChangesAndNobodyElseBeforeTheyAreSynchronised) {
   store("Key", "old");
   {
