@@ -195,6 +195,43 @@ void addChunks(Corpus& corpus) {
   corpus.add("writers", "records", records);
 }
 
+std::string hexadecimal(const Bytes& bytes) {
+  std::string text = "bytes:";
+  for (const unsigned char byte : bytes) {
+    for (const int digit : {byte >> 4, byte & 15}) text += "0123456789abcdef"[digit];
+  }
+  return text;
+}
+
+// In front: the size of a short buffer, and the change of a key: its number, how, and its value.
+Bytes preferences(const Bytes& change, const std::string& lines) {
+  Bytes input = {16};
+  input.insert(input.end(), change.begin(), change.end());
+  for (const char letter : "[Preferences]\n" + lines)
+    input.push_back(static_cast<unsigned char>(letter));
+  return input;
+}
+
+void addPreferences(Corpus& corpus) {
+  const std::string places = "CurrDir=string:/home/%C3%A4/\nCurrBank=string:b.orb\n";
+  const std::string preset = hexadecimal(samplePresetImage());
+  const Bytes toText = {0, 2, 3, '/', 0xFF, '/'};
+  const Bytes toBytes = {5, 1, 3, 1, 0, 255};
+  const Bytes away = {1, 0, 0};
+  const auto add = [&corpus](const std::string& name, const Bytes& seed) {
+    corpus.add("preferences", name, seed);
+  };
+  add("places", preferences(toText, places));
+  add("defaults", preferences(toBytes, "DefaultBank=" + hexadecimal(bankImage(1)) +
+                                           "\nDefaultPreset=" + preset + "\n"));
+  add("other-order",
+      preferences(away, "MemoAPreset=" + hexadecimal(fuzz::inOtherOrder(samplePresetImage())) +
+                            "\n" + places));
+  add("old", preferences(toText, "DefaultPreset=" + hexadecimal(oldPreset(5, false)) + "\n"));
+  add("comments", preferences(away, "# kept\n" + places + "\n[Other]\nCurrDir=string:x\n"));
+  add("damaged", preferences(toBytes, "no line of a key file\n" + places));
+}
+
 }  // namespace
 
 void fuzz::addImageSeeds(Corpus& corpus) {
@@ -202,4 +239,5 @@ void fuzz::addImageSeeds(Corpus& corpus) {
   addOld(corpus);
   addFiles(corpus);
   addChunks(corpus);
+  addPreferences(corpus);
 }

@@ -1,6 +1,8 @@
 // Makes the effect as a host does, in an empty temporary folder.
 #include "fuzz/wholeeffect.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -16,7 +18,11 @@ namespace {
 class Fixture {
  public:
   Fixture() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "trelvan-fuzz-XXXXXX").string();
+    const std::filesystem::path memory = "/dev/shm";
+    const bool hasMemory = access(memory.c_str(), W_OK) == 0;
+    std::string pattern =
+        ((hasMemory ? memory : std::filesystem::temp_directory_path()) / "trelvan-fuzz-XXXXXX")
+            .string();
     require(mkdtemp(pattern.data()) != nullptr, "a temporary folder can be made");
     folder = pattern;
     setenv("XDG_CONFIG_HOME", pattern.c_str(), 1);
@@ -32,6 +38,7 @@ class Fixture {
   Fixture(const Fixture&) = delete;
   Fixture& operator=(const Fixture&) = delete;
 
+  std::filesystem::path preferences() const { return folder / "orv/trelvan.conf"; }
   Trelvan& effect() { return *static_cast<Trelvan*>(static_cast<AudioEffect*>(record->object)); }
 
  private:
@@ -39,11 +46,19 @@ class Fixture {
   AEffect* record = nullptr;
 };
 
+Fixture& fixture() {
+  static Fixture one;
+  return one;
+}
+
 }  // namespace
 
 Trelvan& wholeEffect() {
-  static Fixture fixture;
-  return fixture.effect();
+  return fixture().effect();
+}
+
+std::filesystem::path preferencesFile() {
+  return fixture().preferences();
 }
 
 CPresetSystemEditor& wholeEffectsEditor() {

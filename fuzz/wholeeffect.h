@@ -2,15 +2,18 @@
 // that are empty.
 #pragma once
 
+#include <filesystem>
+
 #include "effect/trelvan.h"
 #include "presetsystem/bar/cpresetsystemeditor.h"
 
 namespace fuzz {
 
-// Made at the first call, with XDG_CONFIG_HOME set to an empty temporary folder that goes away with
-// the program.
+// Made at the first call, with XDG_CONFIG_HOME set to an empty temporary folder, in memory where
+// the system has one there, that goes away with the program.
 Trelvan& wholeEffect();
 CPresetSystemEditor& wholeEffectsEditor();
+std::filesystem::path preferencesFile();  // in that folder, in one that need not be there
 
 // Puts the bank, the default record's slots and the selection back, so that no input depends on the
 // one before it.
