@@ -164,6 +164,13 @@ TEST_F(Dialog, IsCancelledByAnAnswerThatIsNoFile) {
   }
 }
 
+// To the system the name would end there, and it would be another file's.
+TEST_F(Dialog, IsCancelledByAnAnswerWithAZeroInIt) {
+  desktop.install("zenity", "printf '/some/pad\\000.orv\\n'");
+  EXPECT_EQ(outcome(), State::cancelled);
+  EXPECT_EQ(dialog.path(), "");
+}
+
 TEST_F(Dialog, TakesNamesWithEveryCharacter) {
   for (const std::string name :
        {"/a b/c'd\"e.orv", "/line\nbreak.orv", "/ends with a line\n", "/\xc3\xa9\xff.orv"}) {

@@ -56,7 +56,10 @@ struct FileDialog::System {
   void accepted(std::string output) {
     // one: a name may end with a new line itself
     if (!output.empty() && output.back() == '\n') output.pop_back();
-    if (output.empty() || output[0] != '/' || output.back() == '/') {
+    // with a zero in it, it would be another file's name to the system
+    const bool isFile = !output.empty() && output[0] == '/' && output.back() != '/' &&
+                        output.find('\0') == std::string::npos;
+    if (!isFile) {
       state = State::cancelled;
       return;
     }
