@@ -1,4 +1,4 @@
-// Seeds of command lines, of values on them, and of an entry's keys.
+// Seeds of command lines, of values on them, of an entry's keys and of dialogs' answers.
 #include <initializer_list>
 #include <string>
 
@@ -57,4 +57,17 @@ void fuzz::addWordSeeds(Corpus& corpus) {
   corpus.add("textfield", "mouse",
              {5,   'h', 'e', 'l', 'l', 'o', 6,  0, 100, 6,    1, 110, 6,   2, 110, 0,
               'W', 6,   0,   90,  6,   0,   90, 7, 3,   kEnd, 0, 0,   'z', 6, 0,   10});
+
+  // Which desktop and dialog, the folder, the proposed name, the passes that are waited; then of
+  // each program how it ends and what it writes, and of each question for a file whether it is
+  // there. See dialoganswers.cpp, scriptedprograms.cpp.
+  corpus.add("dialoganswers", "load",
+             {0, 1, '/', 0, 255, 0, 2, 2, '/', 'a', 6, '/', 'b', '.', 'o', 'r', '\n'});
+  corpus.add("dialoganswers", "save",
+             {9, 0, 5, 'p', '.', 'o', 'r', 'v', 255, 0, 1, 7, '/', 'p', '.', 'o', 'r', 'v', '\n'});
+  corpus.add("dialoganswers", "save-over-another",
+             {8, 0, 1, 'p', 255, 0, 1, 3, '/', 'p', '\n', 1, 3, 0, 0, 1, 3, '/', 'q', '\n', 0});
+  corpus.add("dialoganswers", "second-program", {6, 0, 0, 255, 5, 0, 0, 1, 2, '/', 'x'});
+  corpus.add("dialoganswers", "closed", {2, 0, 0, 1, 0, 4, 1, '/', 1, 'a'});
+  corpus.add("dialoganswers", "status-unknown", {2, 0, 0, 255, 0x60, 1, 2, '/', 'y'});
 }
