@@ -12,6 +12,7 @@ int main(int count, char** words) {
   fuzz::addImageSeeds(corpus);
   fuzz::addCallSeeds(corpus);
   fuzz::addWordSeeds(corpus);
+  fuzz::addSoundSeeds(corpus);
   if (corpus.complete()) return 0;
   std::fprintf(stderr, "makecorpus: %s could not be written\n", words[1]);
   return 1;

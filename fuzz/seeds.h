@@ -32,5 +32,6 @@ class Corpus {
 void addImageSeeds(Corpus& corpus);
 void addCallSeeds(Corpus& corpus);
 void addWordSeeds(Corpus& corpus);
+void addSoundSeeds(Corpus& corpus);
 
 }  // namespace fuzz

@@ -11,12 +11,6 @@
 #include "fuzz/typedtext.h"
 #include "platform/validtext.h"
 
-// The font library keeps its configuration until the process ends.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() {
-  return "leak:libfontconfig.so\n";
-}
-
 namespace {
 
 using fuzz::InputReader;
