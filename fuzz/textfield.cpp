@@ -9,7 +9,9 @@
 #include "fuzz/inputreader.h"
 #include "fuzz/require.h"
 #include "fuzz/typedtext.h"
+#include "lib/events.h"
 #include "platform/validtext.h"
+#include "vstgui.h"
 
 namespace {
 
