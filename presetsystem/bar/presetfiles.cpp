@@ -8,6 +8,7 @@
 #include <span>
 #include <utility>
 
+#include "platform/paths.h"
 #include "platform/savedfile.h"
 #include "platform/xplatalert.h"
 #include "platform/xplatfile.h"
@@ -27,8 +28,8 @@ constexpr char kNoDialog[] =
 
 class File {
  public:
-  File(const char* name, const char* folder)
-      : length(XPlatFileOpen(name, folder, &handle, false)) {}
+  explicit File(const std::string& path)
+      : length(XPlatFileOpen(namePart(path).c_str(), folderPart(path).c_str(), &handle, false)) {}
   ~File() { XPlatFileClose(handle); }
   File(const File&) = delete;
   File& operator=(const File&) = delete;
@@ -66,16 +67,12 @@ struct FileBytes {
   std::span<const unsigned char> all() const { return {bytes.get(), size}; }
 };
 
-// False where there is no folder or a part is too long: the names of the last file must not be
-// taken for this one's.
-bool splitPath(const std::string& path, char* fileName, char* folder) {
-  const std::size_t slash = path.rfind('/');
-  if (slash == std::string::npos) return false;
-  const std::size_t folderSize = slash + 1;
-  if (folderSize >= kXPlatPathPartSize || path.size() - folderSize >= kXPlatPathPartSize)
-    return false;
-  XPlatGetFileNameAndDir(path.c_str(), fileName, folder);
-  return true;
+// The path itself, or where its folder is longer than what is kept of one, the same name in the
+// nearest folder above that is not: the next dialog opens there.
+std::string keptPath(const std::string& path) {
+  const std::string folder = folderPart(path);
+  if (folder.size() < kXPlatPathPartSize) return path;
+  return folder.substr(0, folder.rfind('/', kXPlatPathPartSize - 2) + 1) + namePart(path);
 }
 
 }  // namespace
@@ -121,19 +118,20 @@ void PresetFiles::end() {
   dialog.cancel();
 }
 
+// What is read and written is the chosen path, however much of it is kept.
 void PresetFiles::finish(Operation chosen, const std::string& path) {
   const bool ofBank = chosen == Operation::loadBank || chosen == Operation::saveBank;
-  if (!splitPath(path, ofBank ? places.bankFileName : places.presetFileName,
-                 places.currentDirectory))
-    return;
+  XPlatGetFileNameAndDir(keptPath(path).c_str(),
+                         ofBank ? places.bankFileName : places.presetFileName,
+                         places.currentDirectory);
   if (chosen == Operation::saveBank || chosen == Operation::savePreset) {
-    save(chosen);
+    save(chosen, path);
   } else {
-    load(chosen);
+    load(chosen, path);
   }
 }
 
-void PresetFiles::save(Operation chosen) {
+void PresetFiles::save(Operation chosen, const std::string& path) {
   const bool ofBank = chosen == Operation::saveBank;
   unsigned char image[presetimage::kBankImageSize];  // the larger of the two
   const std::span<unsigned char, presetimage::kBankImageSize> bytes(image);
@@ -141,13 +139,12 @@ void PresetFiles::save(Operation chosen) {
   const std::size_t size = ofBank
                                ? images.writeBank(bytes)
                                : images.writePreset(bytes.first<presetimage::kPresetImageSize>());
-  saveFile(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory, image,
-           size);
+  saveFile(namePart(path).c_str(), folderPart(path).c_str(), image, size);
 }
 
-void PresetFiles::load(Operation chosen) {
+void PresetFiles::load(Operation chosen, const std::string& path) {
   const bool ofBank = chosen == Operation::loadBank;
-  File file(ofBank ? places.bankFileName : places.presetFileName, places.currentDirectory);
+  File file(path);
   const FileBytes read(file, effect->getUniqueID());
   if (read.size == 0) return;
   const presetimage::Origin origin{.orderReversed = orderReversed,

@@ -32,8 +32,8 @@ class PresetFiles {
 
   void start(Operation wanted, bool endianReversed);
   void finish(Operation chosen, const std::string& path);
-  void save(Operation chosen);
-  void load(Operation chosen);
+  void save(Operation chosen, const std::string& path);
+  void load(Operation chosen, const std::string& path);
 
   CPresetSystemEffect* effect;
   FilePlaces& places;

@@ -128,18 +128,58 @@ TEST_F(Files, AnAlertSaysThatThereIsNoDialogProgram) {
             "load and save presets.");
 }
 
-TEST_F(Files, APathThatIsTooLongTouchesNoOtherFile) {
+TEST_F(Files, ANameThatIsTooLongTouchesNoOtherFile) {
   preset(0) = recordOf(kPad);
   savePreset(files / "pad.orv");
   const Bytes before = bytesOf(files / "pad.orv");
   preset(0) = recordOf({"another", {}});
   savePreset(files / (std::string(252, 'x') + ".orv"));  // 256 characters, one more than fits
-  savePreset("/" + std::string(255, 'y') + "/pad.orv");
   EXPECT_EQ(bytesOf(files / "pad.orv"), before);
   EXPECT_STREQ(editor().presetFileName, "pad.orv");
   EXPECT_STREQ(editor().currentDirectory, (files.path + "/").c_str());
   loadPreset(files / (std::string(252, 'x') + ".orv"));
   EXPECT_TRUE(sameRecord(preset(0), recordOf({"another", {}})));
+}
+
+// Folders are kept with up to 255 bytes, their last "/" among them. Files are read and written
+// in longer ones too.
+TEST_F(Files, FoldersMayBeLongerThanWhatIsKeptOfThem) {
+  for (const std::size_t size :
+       {std::size_t{255}, std::size_t{256}, std::size_t{257}, std::size_t{600}}) {
+    const std::string first = files / (std::string(100, 'a') + "/" + std::string(100, 'b') + "/");
+    std::string folder = first;  // the nearest that is short enough, whatever comes after it
+    while (folder.size() + 101 < size) folder += std::string(100, 'c') + "/";
+    folder += std::string(size - folder.size() - 1, 'd') + "/";
+    const std::string kept = size < 256 ? folder : first;
+    ASSERT_EQ(folder.size(), size);
+    std::filesystem::create_directories(folder);
+
+    preset(0) = recordOf(kPad);
+    savePreset(folder + "pad.orv");
+    EXPECT_EQ(bytesOf(folder + "pad.orv"), imagebytes::presetImage(kPad)) << size;
+    EXPECT_EQ(editor().currentDirectory, kept);
+    EXPECT_STREQ(editor().presetFileName, "pad.orv");
+    preset(0) = recordOf({"another", {}});
+    loadPreset(folder + "pad.orv");
+    EXPECT_TRUE(sameRecord(preset(0), recordOf(kPad))) << size;
+    saveBank(folder + "all.orb");
+    EXPECT_TRUE(std::filesystem::exists(folder + "all.orb")) << size;
+    EXPECT_EQ(editor().currentDirectory, kept);
+  }
+}
+
+// Nothing is read or written in the folder that is kept in its place.
+TEST_F(Files, ALongFolderThatIsNotThereTouchesNoOtherFile) {
+  preset(0) = recordOf(kPad);
+  savePreset(files / "pad.orv");
+  const std::string missing = files / (std::string(254 - files.path.size(), 'y') + "/pad.orv");
+  ASSERT_EQ(missing.rfind('/') + 1, 256U);
+  preset(0) = recordOf({"another", {}});
+  savePreset(missing);
+  EXPECT_EQ(bytesOf(files / "pad.orv"), imagebytes::presetImage(kPad));
+  loadPreset(missing);
+  EXPECT_TRUE(sameRecord(preset(0), recordOf({"another", {}})));
+  EXPECT_STREQ(editor().currentDirectory, (files.path + "/").c_str());
 }
 
 TEST_F(Files, ANameMayFillItsBuffer) {
