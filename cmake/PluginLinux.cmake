@@ -18,6 +18,8 @@ target_sources(trelvan PRIVATE
   editor/controls/linux/textfield.cpp
   platform/linux/childprogram.cpp
   platform/linux/desktopdialog.cpp
+  platform/linux/orphanguard.cpp
+  platform/linux/programstart.cpp
   platform/linux/manualopener.cpp
   platform/linux/modulefile.cpp
   platform/linux/preferencestore.cpp

@@ -1,5 +1,5 @@
 // A program that runs beside the host: started with an argument vector, its output collected, ended
-// with its owner.
+// with its owner and with the host.
 #pragma once
 
 #include <sys/types.h>
@@ -7,12 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/orphanguard.h"
+
 // The full path of a program in the folders of PATH; empty where there is none.
 std::string findProgram(const char* name);
-
-// The environment without what hosts put there for themselves: a host's own libraries and modules
-// break other programs.
-std::vector<std::string> cleanedEnvironment();
 
 // One thread at a time. The host's signal handlers and its other children are left alone; if the
 // host collects our child's exit status or ignores ended children, the status is unknown and
@@ -20,6 +18,9 @@ std::vector<std::string> cleanedEnvironment();
 class ChildProgram {
  public:
   enum class State { none, running, ended };
+
+  // Whether it ends when the host's process does, however that ends.
+  enum class Lifetime { hosts, itsOwn };
 
   static constexpr int kUnknownStatus = -1;  // somebody else has taken it
   static constexpr int kSignalBase = 256;    // plus the number of the signal that ended it
@@ -32,7 +33,7 @@ class ChildProgram {
   // arguments: the program's full path first. Ends the one before. The child has the cleaned
   // environment, none of the host's open files, no input and no error stream, default signal
   // handling and a process group of its own. False: it could not be started.
-  bool start(const std::vector<std::string>& arguments);
+  bool start(const std::vector<std::string>& arguments, Lifetime lifetime = Lifetime::hosts);
   // Never blocks. Collects what the program has written.
   State poll();
   // Blocks until it has ended.
@@ -58,6 +59,7 @@ class ChildProgram {
   void closeOutput() noexcept;
 
   pid_t process = 0;  // 0: not running
+  OrphanGuard guard;
   int outputEnd = -1;
   std::string text;
   int status = kUnknownStatus;

@@ -55,7 +55,8 @@ void ManualOpener::start() {
   // we will not be there to read it.
   const bool started =
       !file.empty() && !opener.empty() &&
-      system->program.start({"/bin/sh", "-c", "\"$0\" \"$1\" >/dev/null & wait $!", opener, file});
+      system->program.start({"/bin/sh", "-c", "\"$0\" \"$1\" >/dev/null & wait $!", opener, file},
+                            ChildProgram::Lifetime::itsOwn);
   if (!started) system->state = State::failed;
 }
 

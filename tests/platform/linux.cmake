@@ -8,7 +8,7 @@ trelvan_add_test(diskcallstest platform
   SOURCES diskcallstest.cpp ${PROJECT_SOURCE_DIR}/tests/support/diskcalls.cpp
   LIBRARIES trelvan)
 trelvan_add_test(dialogtest platform
-  SOURCES childprogramtest.cpp desktopdialogtest.cpp environmenttest.cpp
+  SOURCES childprogramtest.cpp orphanguardtest.cpp desktopdialogtest.cpp environmenttest.cpp
     ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp manualopenertest.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
