@@ -3,11 +3,15 @@ target_sources(trelvan PRIVATE
   editor/base/linux/bitmaps.cpp
   editor/base/linux/filechoice.cpp
   editor/base/linux/filedialog.cpp
+  editor/base/linux/focuswatch.cpp
   editor/base/linux/forgottenreplies.cpp
   editor/base/linux/framewindow.cpp
   editor/base/linux/idlerunloop.cpp
   editor/base/linux/idletimer.cpp
+  editor/base/linux/ownconnection.cpp
+  editor/base/linux/ownwindow.cpp
   editor/base/linux/pacing.cpp
+  editor/base/linux/servername.cpp
   editor/base/linux/sharedrunloop.cpp
   editor/base/linux/toolkitsetup.cpp
   editor/controls/linux/editedtext.cpp

@@ -46,14 +46,47 @@ TEST_F(LostConnection, IdlingReturnsAtOnceAndClosingWorks) {
   EXPECT_EQ(host.parameter(0), 0.25F);
 }
 
-TEST_F(LostConnection, ALaterOpeningIsRefusedUntilTheToolkitHasNoUserLeft) {
+TEST_F(LostConnection, TheNextWindowHasANewOne) {
+  ASSERT_TRUE(host.openEditor());
+  const Picture expected = host.picture();
+  for (int round = 0; round < 3; ++round) {
+    breakConnections();
+    host.dispatch(effEditIdle);
+    host.closeEditor();
+    EXPECT_TRUE(host.hasChildWindows(0));
+    ASSERT_TRUE(host.openEditor());
+    EXPECT_EQ(host.picture(), expected);
+    host.click(places::kPhaseSwitch);
+    EXPECT_EQ(host.parameter(4), 1.0F);
+    host.setParameter(4, 0.0F);
+    host.moveAway();
+    host.settle();
+  }
+}
+
+// The toolkit has one connection, and lets go of it with its last window.
+TEST_F(LostConnection, WhileAnotherWindowHoldsItTheAnswerIsNo) {
+  WindowHost other(1);
+  ASSERT_TRUE(other.openEditor());
   ASSERT_TRUE(host.openEditor());
   const Picture expected = host.picture();
   breakConnections();
   host.dispatch(effEditIdle);
+  other.dispatch(effEditIdle);
   host.closeEditor();
   EXPECT_FALSE(host.openOnly()) << "never a blank window";
   EXPECT_TRUE(host.hasChildWindows(0));
+  other.closeEditor();
+  ASSERT_TRUE(host.openEditor());
+  ASSERT_TRUE(other.openEditor());
+  EXPECT_EQ(host.picture(), expected);
+  EXPECT_EQ(other.picture(), expected);
+}
+
+TEST_F(LostConnection, AnInstanceEndsWithItsWindowOpen) {
+  ASSERT_TRUE(host.openEditor());
+  const Picture expected = host.picture();
+  breakConnections();
   host.dispatch(effClose);
   host.forgetInstance();
   WindowHost fresh;

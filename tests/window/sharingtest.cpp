@@ -1,4 +1,6 @@
 // What instances and windows share, and what one of them takes more.
+#include <unistd.h>
+
 #include <memory>
 
 #include "processstate.h"
@@ -22,6 +24,35 @@ class Sharing : public WindowTest {
 };
 
 }  // namespace
+
+// One is the toolkit's, which stays for its next window, and one is ours.
+TEST_F(Sharing, AllWindowsHaveTwoConnectionsToTheServer) {
+  EXPECT_TRUE(succeeded(inProcess([] {
+    TestDisplay display;
+    const int none = display.clients();
+    // The server takes a moment to see a connection's end.
+    const auto becomes = [&display](int count) {
+      for (int tries = 0; tries < 1000 && display.clients() != count; ++tries) usleep(1000);
+      return display.clients() == count;
+    };
+    {
+      const Hosts hosts = make(3);  // each with a connection of the test's own
+      const int closed = display.clients();
+      for (int round = 0; round < 3; ++round) {
+        for (const auto& host : hosts) {
+          EXPECT_TRUE(host->openEditor());
+          EXPECT_TRUE(becomes(closed + 2)) << display.clients() - closed;
+        }
+        hosts[1]->closeEditor();
+        hosts[0]->closeEditor();
+        EXPECT_TRUE(becomes(closed + 2)) << display.clients() - closed;
+        hosts[2]->closeEditor();
+        EXPECT_TRUE(becomes(closed + 1)) << display.clients() - closed;
+      }
+    }
+    EXPECT_TRUE(becomes(none)) << display.clients() - none;
+  })));
+}
 
 #ifndef TRELVAN_SANITIZED  // whose allocator does not tell what is in use
 // The background alone has 303 kB of pixels; it was in memory once for each instance.

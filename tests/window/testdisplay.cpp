@@ -22,11 +22,62 @@ xcb_visualid_t alphaVisual(const xcb_screen_t* screen) {
   throw std::runtime_error("the display has no visual with an alpha channel");
 }
 
+// Turns a screen's pixels into ones of eight bits each for red, green and blue.
+class Colours {
+ public:
+  Colours(xcb_connection_t* connection, const xcb_screen_t* screen) {
+    for (auto depth = xcb_screen_allowed_depths_iterator(screen); depth.rem > 0;
+         xcb_depth_next(&depth)) {
+      for (auto each = xcb_depth_visuals_iterator(depth.data); each.rem > 0;
+           xcb_visualtype_next(&each)) {
+        if (each.data->visual_id == screen->root_visual) visual = *each.data;
+      }
+    }
+    const xcb_setup_t* setup = xcb_get_setup(connection);
+    for (auto format = xcb_setup_pixmap_formats_iterator(setup); format.rem > 0;
+         xcb_format_next(&format)) {
+      if (format.data->depth != screen->root_depth) continue;
+      pixelBytes = format.data->bits_per_pixel / 8U;
+      lineBits = format.data->scanline_pad;
+    }
+  }
+
+  std::vector<std::uint32_t> of(xcb_get_image_reply_t* image, int width, int height) const {
+    std::vector<std::uint32_t> pixels;
+    const std::size_t bits = static_cast<std::size_t>(width) * pixelBytes * 8;
+    const std::size_t lineBytes = (bits + lineBits - 1) / lineBits * lineBits / 8;
+    const std::uint8_t* line = xcb_get_image_data(image);
+    for (int y = 0; y < height; ++y, line += lineBytes) {
+      for (std::size_t x = 0; x < static_cast<std::size_t>(width); ++x) {
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel, line + x * pixelBytes, pixelBytes);
+        pixels.push_back(eightBits(pixel, visual.red_mask) << 16U |
+                         eightBits(pixel, visual.green_mask) << 8U |
+                         eightBits(pixel, visual.blue_mask));
+      }
+    }
+    return pixels;
+  }
+
+ private:
+  static std::uint32_t eightBits(std::uint32_t pixel, std::uint32_t mask) {
+    return mask == 0 ? 0 : static_cast<std::uint32_t>(std::uint64_t{pixel & mask} * 255 / mask);
+  }
+
+  xcb_visualtype_t visual{};
+  std::size_t pixelBytes = 4;
+  std::size_t lineBits = 32;
+};
+
 }  // namespace
 
-TestDisplay::TestDisplay() : connection(xcb_connect(nullptr, nullptr)) {
+TestDisplay::TestDisplay() {
+  int number = 0;
+  connection = xcb_connect(nullptr, &number);
   if (xcb_connection_has_error(connection) != 0) throw std::runtime_error("no display");
-  screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+  for (; number > 0; --number) xcb_screen_next(&screens);
+  screen = screens.data;
 }
 
 TestDisplay::~TestDisplay() {
@@ -75,6 +126,15 @@ int TestDisplay::childrenOf(xcb_window_t window) {
       xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr);
   const int count = tree == nullptr ? 0 : xcb_query_tree_children_length(tree);
   std::free(tree);
+  return count;
+}
+
+int TestDisplay::clients() {
+  xcb_res_query_clients_reply_t* clients =
+      xcb_res_query_clients_reply(connection, xcb_res_query_clients(connection), nullptr);
+  if (clients == nullptr) throw std::runtime_error("the server does not tell its clients");
+  const int count = xcb_res_query_clients_clients_length(clients);
+  std::free(clients);
   return count;
 }
 
@@ -184,11 +244,8 @@ Picture TestDisplay::picture(const Area& area) {
                     static_cast<std::uint16_t>(taken.height), 0xFFFFFFFFU),
       nullptr);
   if (image == nullptr) throw std::runtime_error("no picture");
-  taken.pixels.resize(static_cast<std::size_t>(taken.width) *
-                      static_cast<std::size_t>(taken.height));
-  std::memcpy(taken.pixels.data(), xcb_get_image_data(image), taken.pixels.size() * 4);
+  taken.pixels = Colours(connection, screen).of(image, taken.width, taken.height);
   std::free(image);
-  for (std::uint32_t& pixel : taken.pixels) pixel &= 0xFFFFFFU;
   return taken;
 }
 

@@ -26,6 +26,7 @@ class TestDisplay {
   void destroyWindow(xcb_window_t window);
   void resizeWindow(xcb_window_t window, int width, int height);
   int childrenOf(xcb_window_t window);
+  int clients();     // connections to the server
   long resources();  // windows, pixmaps, cursors and all else that the server keeps for its clients
   bool exists(xcb_window_t window);
 

@@ -1,0 +1,68 @@
+// One more X server, besides the one that the test program runs on.
+#pragma once
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <initializer_list>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+// Runs until its end. screens: of each the size and depth, "1024x768x24".
+class OtherServer {
+ public:
+  explicit OtherServer(std::initializer_list<const char*> screens) {
+    std::vector<std::string> words = {"Xvfb", "-displayfd", "3", "-nolisten", "tcp", "-noreset"};
+    int number = 0;
+    for (const char* screen : screens) {
+      for (const std::string& word :
+           {std::string("-screen"), std::to_string(number), std::string(screen)})
+        words.push_back(word);
+      ++number;
+    }
+    std::vector<char*> arguments;
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+
+    int display[2] = {};
+    if (pipe2(display, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+    process = fork();
+    if (process == 0) {
+      const int null = open("/dev/null", O_RDWR);
+      dup2(null, 1);
+      dup2(null, 2);
+      dup2(display[1], 3);
+      if (display[1] == 3) fcntl(3, F_SETFD, 0);
+      setenv("PATH", kPath.c_str(), 1);  // the test has its own
+      execvp(arguments[0], arguments.data());
+      _exit(127);
+    }
+    close(display[1]);
+    // It writes its number when it is ready, and a line's end after it.
+    for (char letter = 0; read(display[0], &letter, 1) == 1 && letter != '\n';) name += letter;
+    close(display[0]);
+    if (name.size() < 2) throw std::runtime_error("the X server did not start");
+  }
+  ~OtherServer() { end(); }
+  OtherServer(const OtherServer&) = delete;
+  OtherServer& operator=(const OtherServer&) = delete;
+
+  std::string display(int screen = 0) const { return name + '.' + std::to_string(screen); }
+
+  void end() {
+    if (process <= 0) return;
+    kill(process, SIGKILL);
+    waitpid(process, nullptr, 0);
+    process = 0;
+  }
+
+ private:
+  static inline const std::string kPath = std::getenv("PATH");
+
+  std::string name = ":";
+  pid_t process = 0;
+};
