@@ -8,6 +8,7 @@ target_sources(trelvan PRIVATE
   editor/base/linux/framewindow.cpp
   editor/base/linux/idlerunloop.cpp
   editor/base/linux/idletimer.cpp
+  editor/base/linux/openfiles.cpp
   editor/base/linux/ownconnection.cpp
   editor/base/linux/ownwindow.cpp
   editor/base/linux/pacing.cpp

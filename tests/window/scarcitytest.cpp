@@ -3,8 +3,9 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <memory>
+#include <cstring>
 
+#include "tests/support/ownprocess.h"
 #include "windowtest.h"
 
 namespace {
@@ -65,11 +66,22 @@ class FullProcess {
 
 class Scarcity : public WindowTest {
  protected:
-  // What an untroubled instance shows.
-  static Picture usual() {
-    WindowHost host;
-    host.openEditor();
-    return host.picture();
+  // What an untroubled process shows. Each scenario has a process of its own, and this one opens no
+  // window: what a first window loads, such as fonts, the next ones have.
+  Picture usual() {
+    const std::string file = folder / "usual";
+    EXPECT_TRUE(succeeded(inProcess([&file] {
+      WindowHost host;
+      host.openEditor();
+      const Picture shown = host.picture();
+      writeFile(file,
+                {reinterpret_cast<const char*>(shown.pixels.data()), shown.pixels.size() * 4});
+    })));
+    const std::string bytes = contentOf(file);
+    Picture shown{places::kWidth, static_cast<int>(bytes.size()) / 4 / places::kWidth, {}};
+    shown.pixels.resize(bytes.size() / 4);
+    std::memcpy(shown.pixels.data(), bytes.data(), bytes.size());
+    return shown;
   }
 };
 
@@ -79,32 +91,63 @@ class Scarcity : public WindowTest {
 TEST_F(Scarcity, WithLessThanTwoPlacesOnTheServerTheAnswerIsNo) {
   const Picture expected = usual();
   for (int places = 0; places <= 3; ++places) {
-    WindowHost host;  // the only one: nothing is connected yet
-    {
-      const FullServer server(places);
-      EXPECT_EQ(host.openOnly(), places >= 2) << places;
-      host.idle(3);
-    }
-    EXPECT_TRUE(host.openEditor());
-    EXPECT_EQ(host.picture(), expected) << places;
+    EXPECT_TRUE(succeeded(inProcess([&expected, places] {
+      WindowHost host;  // the only one: nothing is connected yet
+      {
+        const FullServer server(places);
+        EXPECT_EQ(host.openOnly(), places >= 2) << places;
+        host.idle(3);
+      }
+      EXPECT_TRUE(host.openEditor());
+      EXPECT_EQ(host.picture(), expected) << places;
+    })));
   }
 }
 
-TEST_F(Scarcity, WithoutFilesTheAnswerIsNoAndALaterOpeningShowsTheWindow) {
+// Connections, pictures and fonts take files, the fonts only when something is drawn.
+TEST_F(Scarcity, WithFewFilesTheAnswerIsNoOrTheWindowIsWhole) {
   const Picture expected = usual();
+  constexpr int kEnough = 16;  // files, more than an opening has open at once
   int refused = 0;
-  for (int files = 0; files <= 12; ++files) {
-    WindowHost host;
-    {
-      const FullProcess process(files);
-      if (!host.openOnly()) ++refused;
-      ERect* rect = nullptr;
-      host.dispatch(effEditGetRect, 0, 0, &rect);
+  for (int files = 0; files <= kEnough; ++files) {
+    SCOPED_TRACE(testing::Message() << files << " files");
+    const End end = endOf([&expected, files] {
+      WindowHost host;
+      bool opened = false;
+      {
+        const FullProcess process(files);
+        ERect* rect = nullptr;
+        host.dispatch(effEditGetRect, 0, 0, &rect);
+        opened = host.openOnly();
+        host.idle(3);
+        usleep(50000);
+        host.idle(3);
+      }
+      if (opened && host.picture() != expected) return wrong("it opened and is not whole");
+      if (!host.openEditor()) return wrong("it does not open later");
+      const Area screen = host.screenArea();
+      if (screen.right - screen.left != places::kWidth) return wrong("it has no size");
+      if (host.picture() != expected) return wrong("it is not whole later");
+      return opened ? End::done : End::refused;
+    });
+    EXPECT_NE(end, End::wrong);
+    if (end == End::refused) ++refused;
+    if (files == kEnough) {
+      EXPECT_EQ(end, End::done);
     }
-    host.openEditor();
-    ASSERT_TRUE(host.isEditorOpen()) << files;
-    EXPECT_EQ(host.screenArea().right - host.screenArea().left, places::kWidth) << files;
-    EXPECT_EQ(host.picture(), expected) << files;
   }
   EXPECT_GE(refused, 2) << "with none and with one";
+}
+
+TEST_F(Scarcity, AWindowThatHasOpenedIsDrawnWithoutFiles) {
+  const Picture expected = usual();
+  EXPECT_TRUE(succeeded(inProcess([&expected] {
+    WindowHost host;
+    EXPECT_TRUE(host.openOnly());
+    {
+      const FullProcess process(0);
+      host.settle();
+    }
+    EXPECT_EQ(host.picture(), expected);
+  })));
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "editor/base/linux/focuswatch.h"
+#include "editor/base/linux/openfiles.h"
 #include "editor/base/linux/ownwindow.h"
 #include "editor/base/linux/sharedrunloop.h"
 #include "lib/platform/platform_x11.h"
@@ -31,6 +32,7 @@ bool FrameWindow::open(VSTGUI::CFrame* frame, void* hostWindow) {
   const auto parent = static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>(hostWindow));
   const auto width = static_cast<std::uint16_t>(frame->getWidth());
   const auto height = static_cast<std::uint16_t>(frame->getHeight());
+  if (!areFilesLeft()) return false;
   const auto connection = OwnConnection::shared();
   if (!connection) return false;
   const auto made = std::make_shared<OwnWindow>(connection, parent, width, height);
@@ -38,6 +40,7 @@ bool FrameWindow::open(VSTGUI::CFrame* frame, void* hostWindow) {
   VSTGUI::X11::FrameConfig config;
   config.runLoop = openSharedRunLoop();
   if (!config.runLoop || !canDrawIn(made->id())) return false;
+  loadFonts();
   auto opening = std::make_unique<System>(made);
   opening->ending.emplace_back([frame, window = made, use = RunLoopUse()] { frame->close(); });
   auto* handle = reinterpret_cast<void*>(static_cast<std::uintptr_t>(made->id()));
