@@ -4,15 +4,16 @@
 
 #include "tests/validate/validatetest.h"
 
-namespace {
-
 using testing::HasSubstr;
-
-class PlantedFaults : public testing::TestWithParam<PlantedFault> {};
 
 TEST_P(PlantedFaults, AreFoundByTheirCheck) {
   const PlantedFault& fault = GetParam();
   const ValidatorRun run = validateBroken(fault.plugin, fault.check);
+  if (VALIDATE_SANITIZED && !fault.alsoSanitized) {
+    EXPECT_EQ(run.status, 0) << run.text;
+    EXPECT_THAT(run.text, HasSubstr(std::string("left out  ") + fault.check));
+    GTEST_SKIP() << "a sanitizer stands where this check would have to";
+  }
   EXPECT_EQ(run.status, 1) << run.text;
   EXPECT_THAT(run.text, HasSubstr(std::string("FAIL      ") + fault.check));
   EXPECT_THAT(run.text, HasSubstr(fault.says));
@@ -22,11 +23,8 @@ TEST_P(PlantedFaults, AreFoundByTheirCheck) {
   EXPECT_THAT(sound.text, HasSubstr(std::string("pass      ") + fault.check));
 }
 
-// plugin, check, what is said. A plug-in's name is its class's, in plugins/bad*.cpp.
 INSTANTIATE_TEST_SUITE_P(Life, PlantedFaults,
                          testing::Values(PlantedFault{
                              "crashesonclose", "an effect is made, opened, closed and unloaded",
                              "crashes"}),
-                         [](const auto& test) { return std::string(test.param.plugin); });
-
-}  // namespace
+                         nameOfFault);

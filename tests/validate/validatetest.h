@@ -1,6 +1,8 @@
 // Runs the built widen's validator on the test plug-ins.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <ostream>
 #include <string>
 #include <vector>
@@ -21,10 +23,18 @@ inline ValidatorRun validateBroken(const std::string& name, const std::string& c
 
 // One planted fault, the check that has to find it, and what it has to say.
 struct PlantedFault {
-  const char* plugin;
+  const char* plugin;  // named after its class, in plugins/bad*.cpp
   const char* check;
   const char* says;
+  bool alsoSanitized = true;  // false: the check is left out where a sanitizer stands in its way
 };
 inline void PrintTo(const PlantedFault& fault, std::ostream* out) {
   *out << fault.plugin << " in \"" << fault.check << '"';
+}
+
+// Its one test is in plantedfaultstest.cpp; the faults are where their subject is.
+class PlantedFaults : public testing::TestWithParam<PlantedFault> {};
+
+inline std::string nameOfFault(const testing::TestParamInfo<PlantedFault>& test) {
+  return test.param.plugin;
 }
