@@ -85,7 +85,7 @@ VstIntPtr HostCallback::answer(VstInt32 opcode, VstInt32 index, VstIntPtr value,
     case audioMasterCurrentId:
       return uniqueID;
     case audioMasterPinConnected:
-      return 0;  // connected, every pin
+      return pinsConnected ? 0 : 1;
     case audioMasterGetTime:
       return time.sampleRate > 0.0 ? reinterpret_cast<VstIntPtr>(timeInfo()) : 0;
     case audioMasterGetSampleRate:

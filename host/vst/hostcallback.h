@@ -39,6 +39,8 @@ class HostCallback final {
   void setUniqueID(VstInt32 id) { uniqueID = id; }
   void setProcessing(bool on) { processing = on; }
   void setPosition(std::int64_t frame);
+  // What is said of every pin; connected at first.
+  void setPinsConnected(bool connected) { pinsConnected = connected; }
 
   struct Size {
     int width;  // pixels
@@ -59,6 +61,7 @@ class HostCallback final {
   std::atomic<int> blockSize = 0;      // frames; 0: not known yet
   std::atomic<VstInt32> uniqueID = 0;  // 0: the effect is still being made
   std::atomic<bool> processing = false;
+  std::atomic<bool> pinsConnected = true;
   bool hasWindow = false;
   std::optional<Size> windowSize;  // asked for and not taken yet
 };

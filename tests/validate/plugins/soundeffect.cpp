@@ -124,6 +124,9 @@ VstIntPtr SoundEffect::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value
       pin->flags = kVstPinIsActive | kVstPinIsStereo;
       return 1;
     }
+    case effSetSpeakerArrangement:
+      return takeArrangement(reinterpret_cast<const VstSpeakerArrangement*>(value),
+                             static_cast<const VstSpeakerArrangement*>(ptr));
     case effGetPlugCategory:
       return kPlugCategEffect;
     case effGetEffectName:
@@ -160,9 +163,10 @@ void SoundEffect::processSamples(Sample** in, Sample** out, VstInt32 frames) {
   const auto gain = static_cast<Sample>(programs[current].values[kGain]);
   const auto feed = static_cast<Sample>(programs[current].values[kFeed]);
   for (VstInt32 frame = 0; frame < frames; ++frame) {
-    const Sample now[2] = {in[0][frame], in[1] != nullptr ? in[1][frame] : in[0][frame]};
+    const bool isMono = inputs == 1 || in[1] == nullptr;
+    const Sample now[2] = {in[0][frame], isMono ? in[0][frame] : in[1][frame]};
     for (int pin = 0; pin < 2; ++pin) {
-      if (out[pin] != nullptr)
+      if (pin < outputs && out[pin] != nullptr)
         out[pin][frame] = gain * now[pin] + feed * static_cast<Sample>(previous[pin]);
       previous[pin] = static_cast<double>(now[pin]);
     }
@@ -175,6 +179,16 @@ void SoundEffect::process(float** in, float** out, VstInt32 frames) {
 
 void SoundEffect::processDouble(double** in, double** out, VstInt32 frames) {
   processSamples(in, out, frames);
+}
+
+VstIntPtr SoundEffect::takeArrangement(const VstSpeakerArrangement* in,
+                                       const VstSpeakerArrangement* out) {
+  if (in == nullptr || out == nullptr || in->numChannels < 1 || in->numChannels > 2 ||
+      out->numChannels < 1 || out->numChannels > 2)
+    return 0;
+  inputs = in->numChannels;
+  outputs = out->numChannels;
+  return 1;
 }
 
 VstIntPtr SoundEffect::giveChunk(void** bytes, bool programOnly) {

@@ -41,6 +41,7 @@ class SoundEffect {
   virtual VstIntPtr giveChunk(void** bytes, bool programOnly);
   virtual VstIntPtr takeChunk(const void* bytes, VstIntPtr size, bool programOnly);
   virtual void clear();  // at switching on
+  VstIntPtr takeArrangement(const VstSpeakerArrangement* in, const VstSpeakerArrangement* out);
 
   VstIntPtr askHost(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr) {
     return host(&record, opcode, index, value, ptr, 0.0F);
@@ -52,6 +53,8 @@ class SoundEffect {
   audioMasterCallback host;
   Program programs[kPrograms];
   int current = 0;
+  int inputs = 2;  // by the arrangement
+  int outputs = 2;
   double previous[2] = {0.0, 0.0};
   double rate = 44100.0;  // Hz
   int blockSize = 1024;   // frames
