@@ -22,6 +22,7 @@ std::span<const Check> bufferChecks();
 std::span<const Check> boundaryChecks();
 std::span<const Check> divisionChecks();
 std::span<const Check> pinChecks();
+std::span<const Check> switchingChecks();
 std::span<const Check> damagedSoundChecks();
 std::span<const Check> realtimeChecks();
 std::span<const Check> surroundingsChecks();
