@@ -3,8 +3,7 @@
 
 #include "host/validate/check.h"
 #include "host/validate/memorywatch.h"
-#include "host/validate/stretch.h"
-#include "host/validate/subject.h"
+#include "host/validate/sound.h"
 
 namespace {
 
@@ -25,26 +24,25 @@ constexpr Watched kReleases{"gives memory back", MemoryWatch::releases};
 constexpr Watched kLocks{"takes a lock", MemoryWatch::locks};
 
 template <typename Sample>
-void playWatched(Trial& trial, Subject& subject, const char* precision,
-                 std::span<const Watched> watched) {
-  constexpr double kRate = 48000.0;  // Hz
-  subject.start(kRate, kBlocks[2], sizeof(Sample) == sizeof(double));
+void playWatched(Trial& trial, Subject& subject, double rate, std::span<const Watched> watched) {
+  subject.start(rate, kBlocks[2], kIsDouble<Sample>);
   Stretch<Sample> stretch(subject, kBlocks[2]);
   stretch.fillWithNoise(trial);
   // Once without being watched: much comes to be at the first block.
   for (const int frames : kBlocks) stretch.play(subject, 0, frames);
   for (const int frames : kBlocks) {
     for (int block = 0; block < kBlocksOfASize; ++block) {
-      trial.step("processing %d frames at %.0f Hz (%s)", frames, kRate, precision);
+      trial.step("processing %d frames at %.0f Hz (%s)", frames, rate, kPrecision<Sample>);
       {
         const MemoryWatch watch;
         stretch.play(subject, 0, frames);
       }
       for (const Watched& one : watched) {
         if (one.count() > 0)
-          trial.fail("%s while processing block %d of %d frames (%s): %zu times, first in %s",
-                     one.what, block + 1, frames, precision, one.count(),
-                     MemoryWatch::culprit().c_str());
+          trial.fail(
+              "%s while processing block %d of %d frames (%s), first in %s (%zu in that block)",
+              one.what, block + 1, frames, kPrecision<Sample>, MemoryWatch::culprit().c_str(),
+              one.count());
       }
     }
   }
@@ -53,12 +51,11 @@ void playWatched(Trial& trial, Subject& subject, const char* precision,
 
 void processWatched(Trial& trial, std::span<const Watched> watched) {
   needWatch(trial);
-  PluginModule module(trial.plugin());
-  Subject subject(module);
-  needSoundIn(trial, subject);
-  playWatched<float>(trial, subject, "float", watched);
-  if (subject.has(effFlagsCanDoubleReplacing))
-    playWatched<double>(trial, subject, "double", watched);
+  LoadedEffect effect(trial);
+  inEachPrecision(effect.subject, [&]<typename Sample>() {
+    for (const double rate : {44100.0, 192000.0})
+      playWatched<Sample>(trial, effect.subject, rate, watched);
+  });
 }
 
 void asksForNoMemory(Trial& trial) {
@@ -101,7 +98,8 @@ void movingAsksForNoMemory(Trial& trial) {
 
 constexpr std::array kChecks{
     Check{"processing asks for no memory", 8, 20, asksForNoMemory},
-    Check{"moving a parameter between two blocks asks for no memory", 9, 20, movingAsksForNoMemory},
+    Check{"moving a parameter between two blocks asks for no memory", 10, 20,
+          movingAsksForNoMemory},
     Check{"processing takes no lock", 10, 20, takesNoLock},
 };
 

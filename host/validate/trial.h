@@ -50,6 +50,8 @@ class Trial {
   // Said beside "pass".
   void note(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
+  // fail, where nothing can be thrown: on another thread, in a signal's handler. Ends the process.
+  [[noreturn]] void failAtOnce(const char* format, ...) __attribute__((format(printf, 2, 3)));
   // Ends this process as a check does that has passed: for a check that ends it by exit().
   void passSoFar() { report.outcome = CheckOutcome::passed; }
 

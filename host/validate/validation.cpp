@@ -16,8 +16,9 @@ std::vector<Check> allChecks() {
   std::vector<Check> all;
   for (const std::span<const Check> some :
        {loadingChecks(), textChecks(), parameterChecks(), soundChecks(), bufferChecks(),
-        boundaryChecks(), divisionChecks(), pinChecks(), switchingChecks(), damagedSoundChecks(),
-        realtimeChecks(), surroundingsChecks(), stateChecks(), editorChecks()}) {
+        boundaryChecks(), divisionChecks(), pinChecks(), switchingChecks(), systemCallChecks(),
+        damagedSoundChecks(), realtimeChecks(), surroundingsChecks(), stateChecks(),
+        editorChecks()}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;

@@ -36,3 +36,25 @@ INSTANTIATE_TEST_SUITE_P(
                     PlantedFault{"feedsback", "silence heals from samples that are no numbers",
                                  "is no number after nan and 5 s of silence (float)"}),
     nameOfFault);
+
+INSTANTIATE_TEST_SUITE_P(
+    Realtime, PlantedFaults,
+    testing::Values(
+        PlantedFault{"allocatesinprocess", "processing asks for no memory",
+                     "asks for memory while processing block 1 of 64 frames (float), first in",
+                     false},
+        PlantedFault{"newinprocessdouble", "processing asks for no memory",
+                     "(double), first in newinprocessdouble.so+", false},
+        PlantedFault{"allocateswhenmoved",
+                     "moving a parameter between two blocks asks for no memory",
+                     "asks for memory when parameter", false},
+        PlantedFault{"locksinprocess", "processing takes no lock",
+                     "takes a lock while processing block 1 of 64 frames (float)", false},
+        PlantedFault{"neverhasallitsmemory", "processing touches no new memory after a minute",
+                     "new pages of memory in ten seconds, after 60 s of sound"},
+        PlantedFault{"asksthesystem", "processing calls nothing of the system",
+                     "calls the system while processing: sched_yield"},
+        PlantedFault{"asksthesystemindouble",
+                     "processing in double precision calls nothing of the system",
+                     "calls the system while processing: umask"}),
+    nameOfFault);

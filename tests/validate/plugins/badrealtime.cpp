@@ -1,5 +1,9 @@
 // Effects that do on the audio thread what makes it wait.
+#include <sched.h>
+#include <sys/stat.h>
+
 #include <cstdlib>
+#include <cstring>
 #include <mutex>
 
 #include "tests/validate/plugins/soundeffect.h"
@@ -59,5 +63,42 @@ class LocksInProcess : public SoundEffect {
   std::mutex mutex;
 };
 EFFECT_IN_FILE(locksinprocess, LocksInProcess);
+
+class AsksTheSystem : public SoundEffect {
+ public:
+  using SoundEffect::SoundEffect;
+
+ protected:
+  void process(float** in, float** out, VstInt32 frames) override {
+    sched_yield();
+    SoundEffect::process(in, out, frames);
+  }
+  void processDouble(double** in, double** out, VstInt32 frames) override {
+    umask(umask(0));
+    SoundEffect::processDouble(in, out, frames);
+  }
+};
+EFFECT_IN_FILE(asksthesystem, AsksTheSystem);
+EFFECT_IN_FILE(asksthesystemindouble, AsksTheSystem);
+
+// Memory that it has reserved long ago, and touches page by page.
+class NeverHasAllItsMemory : public SoundEffect {
+ public:
+  using SoundEffect::SoundEffect;
+  ~NeverHasAllItsMemory() override { std::free(reserved); }
+
+ protected:
+  void process(float** in, float** out, VstInt32 frames) override {
+    constexpr std::size_t kPage = 4096;  // bytes
+    reserved[at += kPage] = 1;
+    SoundEffect::process(in, out, frames);
+  }
+
+ private:
+  static constexpr std::size_t kReserved = std::size_t{1} << 28;  // bytes, for minutes
+  char* reserved = static_cast<char*>(std::malloc(kReserved));
+  std::size_t at = 0;
+};
+EFFECT_IN_FILE(neverhasallitsmemory, NeverHasAllItsMemory);
 
 }  // namespace
