@@ -24,6 +24,7 @@ std::span<const Check> divisionChecks();
 std::span<const Check> pinChecks();
 std::span<const Check> switchingChecks();
 std::span<const Check> systemCallChecks();
+std::span<const Check> hostModeChecks();
 std::span<const Check> damagedSoundChecks();
 std::span<const Check> realtimeChecks();
 std::span<const Check> surroundingsChecks();

@@ -17,8 +17,8 @@ std::vector<Check> allChecks() {
   for (const std::span<const Check> some :
        {loadingChecks(), textChecks(), parameterChecks(), soundChecks(), bufferChecks(),
         boundaryChecks(), divisionChecks(), pinChecks(), switchingChecks(), systemCallChecks(),
-        damagedSoundChecks(), realtimeChecks(), surroundingsChecks(), stateChecks(),
-        editorChecks()}) {
+        hostModeChecks(), damagedSoundChecks(), realtimeChecks(), surroundingsChecks(),
+        stateChecks(), editorChecks()}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;
