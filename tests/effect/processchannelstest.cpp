@@ -155,6 +155,34 @@ TYPED_TEST(ProcessChannels, ReadNoSecondPointerWhereThereIsNoSecondChannel) {
   }
 }
 
+// A host that cannot have 2 in 1 out plays on with two inputs and no second output.
+TYPED_TEST(ProcessChannels, LeaveTheRightChannelInTheOneOutputOfARefusedArrangement) {
+  const auto signal = makeSignal<TypeParam>(Signal::kNoise, 500);
+  using Pointers = std::vector<TypeParam*>;
+  for (const bool toldByItsPin : {true, false}) {  // or by a null pointer
+    Stereo<TypeParam> in = signal;
+    Stereo<TypeParam> out = silence<TypeParam>(500);
+    Pins pins{true, !toldByItsPin};
+    Trelvan plugin(processHost);
+    plugin.getAeffect()->user = &pins;
+    VstSpeakerArrangement mono{}, stereo{};
+    mono.numChannels = 1;
+    stereo.numChannels = 2;
+    EXPECT_FALSE(plugin.setSpeakerArrangement(&stereo, &mono));
+    plugin.setPresetNo(14);  // full width
+    plugin.resume();
+    Player expected;
+    expected.setPresetNo(14);
+    expected.resume();
+    Pointers ins{in.left.data(), in.right.data()};
+    const Pointers both{out.left.data(), nullptr};
+    GuardedMemory end(sizeof(TypeParam*) * 2);
+    TypeParam** outs = end.holding(both, toldByItsPin ? 1 : 2);
+    processBlock(plugin, ins.data(), outs, 500);
+    EXPECT_EQ(out.left, play(expected, signal).right) << toldByItsPin;
+  }
+}
+
 TYPED_TEST(ProcessChannels, TouchNoArrayInABlockOfNoFrames) {
   TypeParam** const none = nullptr;
   for (const float on : {1.0F, 0.0F}) {

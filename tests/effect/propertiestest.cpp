@@ -94,6 +94,20 @@ TYPED_TEST(Properties, PhaseOnSwapsTheSignOfTheSide) {
   EXPECT_EQ(a.right, b.left);
 }
 
+// The number next to one half switches on, as the display says it does.
+TYPED_TEST(Properties, SwitchesSoundAsTheyAreDisplayed) {
+  const auto in = coarseNoise<TypeParam>(500, 8);
+  for (const float raw : {0.49999997F, 0.49999991F, 1.5F, -1.0F, -1.5F}) {
+    char text[16] = "";
+    Player process({.process = raw});
+    process.getParameterDisplay(3, text);
+    EXPECT_EQ(play(process, in).left != in.left, std::string(text) == "On") << raw;
+    Player phase({.phase = raw});
+    Player off;
+    EXPECT_EQ(play(phase, in).left != play(off, in).left, std::string(text) == "On") << raw;
+  }
+}
+
 TYPED_TEST(Properties, PhaseSwitchesFromOneBlockToTheNext) {
   Player plugin;
   play(plugin, steady(TypeParam(1), 100));  // the delay of 45 frames is over

@@ -138,6 +138,21 @@ TEST_F(TrelvanParameters, SwitchAtOneHalfAndKeepTheRawValue) {
   }
 }
 
+// Where float has no number between one half less and one, the sum of the value and one half is
+// one.
+TEST_F(TrelvanParameters, SwitchByTruncatingTheValueAndOneHalf) {
+  const float raws[] = {0.49999997F, 0.49999991F, 1.49F, 1.5F, -0.25F, -1.0F, -1.5F};
+  const float positions[] = {1.0F, 0.0F, 1.0F, 2.0F, 0.0F, 0.0F, -1.0F};
+  ASSERT_LT(raws[0], 0.5F);
+  for (const VstInt32 index : {3, 4}) {
+    for (int i = 0; i < 7; ++i) {
+      EXPECT_EQ(display(index, raws[i]), positions[i] >= 0.5F ? "On" : "Off") << raws[i];
+      EXPECT_EQ(effect.getParameterValue(index), positions[i]) << raws[i];
+      EXPECT_EQ(effect.getParameter(index), raws[i]);
+    }
+  }
+}
+
 TEST_F(TrelvanParameters, KeepTheInternalValueUntilTheNextReset) {
   effect.setParameter(6, 0.625F);
   EXPECT_EQ(effect.getParameter(6), 0.625F);

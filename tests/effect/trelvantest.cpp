@@ -128,6 +128,43 @@ TEST_F(TrelvanTest, HasAnEditorFromTheStart) {
   EXPECT_FALSE(effect.isEditorOpen());
 }
 
+// An editor that is still open asks for values and says that it closes while it ends.
+class LastQuestions final : public RecordingEditor {
+ public:
+  struct Returned {
+    float auxiliary;
+    std::string display;
+  };
+  LastQuestions(Trelvan* owner, Returned& told)
+      : RecordingEditor(owner), effect(owner), returned(told) {}
+  ~LastQuestions() override {
+    char text[64] = "untouched";
+    AEffect* record = effect->getAeffect();
+    returned.auxiliary = record->getParameter(record, 6);
+    record->dispatcher(record, effGetParamDisplay, 0, 0, text, 0.0F);
+    returned.display = text;
+  }
+  LastQuestions(const LastQuestions&) = delete;
+  LastQuestions& operator=(const LastQuestions&) = delete;
+
+ private:
+  Trelvan* effect;
+  Returned& returned;
+};
+
+TEST(Trelvan, IsStillWholeWhileItsEditorEnds) {
+  LastQuestions::Returned returned{};
+  {
+    RecordingHost host;
+    Trelvan effect(RecordingHost::callback);
+    effect.setEditor(new LastQuestions(&effect, returned));
+    effect.setParameter(0, 0.5F);
+    effect.setParameter(6, 0.25F);
+  }
+  EXPECT_EQ(returned.auxiliary, 0.25F);
+  EXPECT_EQ(returned.display, "50.0");
+}
+
 TEST_F(TrelvanTest, KeepsTheEditorOpenFlag) {
   effect.setEditorOpen(true);
   EXPECT_TRUE(effect.isEditorOpen());

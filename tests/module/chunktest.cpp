@@ -34,6 +34,26 @@ TEST_F(ModuleChunk, IsWrittenAsItsTableSays) {
   EXPECT_EQ(instance.chunk().size(), 10545U);
 }
 
+// Hosts copy it when it suits them.
+TEST_F(ModuleChunk, StaysAsItIsUntilTheNextOneIsAskedFor) {
+  Instance instance(module);
+  instance.setChunk(state);
+  void* data = nullptr;
+  const VstIntPtr size = instance.send(effGetChunk, 0, 0, &data);
+  const auto* bytes = static_cast<const unsigned char*>(data);
+  instance.setChunk(imagebytes::chunk(distinctBank(), 3, true));
+  instance.setChunk(imagebytes::oldChunk(distinctBank(), 32, 5, 4));
+  instance.setChunk({1, 2, 3});
+  std::string name = "another";
+  instance.send(effSetProgramName, 0, 0, name.data());
+  instance.setParameter(0, 0.625F);
+  instance.mainsChanged(true);
+  instance.render(noise(1000));
+  instance.mainsChanged(false);
+  EXPECT_EQ(Bytes(bytes, bytes + size), state);
+  EXPECT_NE(instance.chunk(), state);
+}
+
 TEST_F(ModuleChunk, OfTheOtherByteOrderLoadsWithEveryValueIntact) {
   Instance instance(module);
   EXPECT_EQ(instance.setChunk(imagebytes::chunk(distinctBank(), 9, true)), 0);

@@ -1,6 +1,8 @@
 // The lines on the standard error stream, and that there are no others.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "tests/module/instance.h"
 
 namespace {
@@ -52,6 +54,22 @@ TEST_F(Diagnostics, NameAValueOutsideTheRangeOnLoad) {
   EXPECT_EQ(linesOf([&] { instance.setChunk(imagebytes::chunk(damaged, 3)); }),
             "Invalid parameter 2 value -0.250000 on load of preset 3 preset number 3\n");
   EXPECT_EQ(instance.getParameter(2), 0.0F);
+}
+
+// What was met before the value for which the bank is refused is told, what stands after it is not.
+TEST_F(Diagnostics, NameWhatWasMetInABankThatIsRefused) {
+  Instance instance(module);
+  const imagebytes::Bytes before = instance.chunk();
+  imagebytes::Bank damaged = distinctBank();
+  damaged[3].values[2] = -0.25F;
+  damaged[20].values[0] = 1.5F;
+  damaged[20].values[1] = std::numeric_limits<float>::quiet_NaN();
+  damaged[20].values[2] = 2.0F;
+  damaged[30].values[0] = 2.0F;
+  EXPECT_EQ(linesOf([&] { instance.setChunk(imagebytes::chunk(damaged, 3)); }),
+            "Invalid parameter 2 value -0.250000 on load of preset 3 preset number 3\n"
+            "Invalid parameter 0 value 1.500000 on load of preset 20 preset number 20\n");
+  EXPECT_EQ(instance.chunk(), before);
 }
 
 TEST_F(Diagnostics, TakeAPresetsNameAsData) {

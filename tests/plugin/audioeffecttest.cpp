@@ -292,8 +292,14 @@ TEST_F(AudioEffectTest, AsksTheHostForItsVersionIdAndIdleTime) {
               ElementsAre(audioMasterVersion, audioMasterCurrentId, audioMasterIdle));
 }
 
+TEST_F(AudioEffectTest, TakesAHostThatDoesNotTellItsVersionAsTheFirst) {
+  host.answers[audioMasterVersion] = 0;
+  EXPECT_EQ(effect.getMasterVersion(), 1);
+}
+
 TEST(AudioEffect, WorksWithoutAnyHost) {
   PlainEffect effect;
+  EXPECT_EQ(effect.getMasterVersion(), 1);
   effect.setParameterAutomated(0, 1.0F);
   effect.masterIdle();
   EXPECT_TRUE(effect.isInputConnected(0));

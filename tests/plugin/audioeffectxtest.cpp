@@ -263,6 +263,17 @@ TEST_F(HostQuestions, BeginAndEndEditNameTheParameter) {
   EXPECT_EQ(host.calls[1].index, 4);
 }
 
+TEST_F(HostQuestions, BeginAndEndEditReturnWhetherTheHostTookThem) {
+  for (const VstIntPtr answer : {VstIntPtr{1}, VstIntPtr{-1}, VstIntPtr{0}}) {
+    host.answers = {{audioMasterBeginEdit, answer}};
+    EXPECT_EQ(effect.beginEdit(0), answer != 0);
+    EXPECT_FALSE(effect.endEdit(0));
+    host.answers = {{audioMasterEndEdit, answer}};
+    EXPECT_EQ(effect.endEdit(0), answer != 0);
+    EXPECT_FALSE(effect.beginEdit(0));
+  }
+}
+
 TEST_F(HostQuestions, UpdateDisplayAndIoChangedCarryNothing) {
   host.answers[audioMasterUpdateDisplay] = 1;
   EXPECT_TRUE(effect.updateDisplay());

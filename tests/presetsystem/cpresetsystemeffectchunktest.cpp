@@ -322,6 +322,19 @@ TEST_F(OldChunkOfTheHost, WithABadValueIsRefusedPartWayAndSelectsNothing) {
   }
 }
 
+// Nothing of the one before is left to be read.
+TEST_F(OldChunkOfTheHost, CutInItsHeaderTakesNothingFromTheOneBefore) {
+  const Bytes whole = imagebytes::oldChunk(distinctBank(), 32, 5, 17);
+  for (const std::size_t size : {8U, 12U}) {  // bytes: with tag and ID, and with the count
+    ASSERT_EQ(set(whole), 0);
+    ASSERT_EQ(effect.getPresetNo(), 17);
+    effect.preset(3).rename("mine");
+    EXPECT_EQ(set(Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size))), 0);
+    EXPECT_EQ(effect.getPresetNo(), 0) << size;
+    EXPECT_STREQ(effect.preset(3).name, "mine") << size;
+  }
+}
+
 TEST_F(OldChunkOfTheHost, WithoutASizeHasNothingToRead) {
   Bytes data = imagebytes::oldChunk(distinctBank(), 32, 5, 17);
   for (const VstInt32 size : {0, -1, kLeast}) effect.setChunk(data.data(), size, false);

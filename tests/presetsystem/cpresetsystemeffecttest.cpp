@@ -386,6 +386,31 @@ TEST_F(PresetStore, TakesPresetZeroAsDefaultAndThenLetsTheEditorLoad) {
   EXPECT_EQ(editor->defaultsLoaded, 1);
 }
 
+// A stored bank takes preset 0's place, and not the default preset's.
+TEST_F(PresetStore, HasItsDefaultPresetBeforeTheEditorLoadsTheStoredBank) {
+  class LoadingEditor final : public RecordingEditor {
+   public:
+    explicit LoadingEditor(Trelvan* owner) : RecordingEditor(owner), effect(owner) {}
+    void loadDefaults() override {
+      found = effect->getDefaultPreset();
+      effect->preset(0).rename("stored");
+      effect->preset(0).width = 0.9F;
+    }
+    Trelvan* effect;
+    ACombProgram found;
+  };
+  auto* loading = new LoadingEditor(&effect);
+  effect.setEditor(loading);
+  effect.preset(0) = recordOf({"factory's", {0.1F, 0.2F, 0.3F, 0.4F, 0.5F}});
+  effect.loadDefaults();
+  EXPECT_STREQ(effect.preset(0).name, "stored");
+  const ACombProgram expected = recordOf({"factory's", {0.1F, 0.2F, 0.3F, 0.4F, 0.5F}});
+  EXPECT_TRUE(sameRecord(loading->found, expected)) << "there for what the stored bank leaves out";
+  EXPECT_TRUE(sameRecord(effect.getDefaultPreset(), expected));
+  effect.initializePreset(5);
+  EXPECT_TRUE(sameRecord(effect.preset(5), expected));
+}
+
 TEST_F(PresetStore, LeavesNoPlaceholderAmongTheFive) {
   EXPECT_THAT(effect.dummySlots(), ElementsAre(false, false, false, false, false));
   EXPECT_THAT(effect.oldDummySlots(), ElementsAre(false, false, false, false, false));
