@@ -79,9 +79,11 @@ TEST_F(HostsEnd, EndsAProgramThoughNobodyEndsTheHostsObjects) {
 }
 
 TEST_F(HostsEnd, EndsAProgramThatDoesNotWantTo) {
-  desktop.install("zenity", "trap '' TERM; while :; do /bin/sleep 1; done");
+  const std::string deaf = desktop.folder / "deaf";
+  desktop.install("zenity", "trap '' TERM; echo >" + deaf + "; while :; do /bin/sleep 1; done");
   const pid_t process = host([this] { (new ChildProgram)->start(program()); });
   const int dialog = shown();
+  while (!std::filesystem::exists(deaf)) usleep(1000);
   endHost(process);
   EXPECT_TRUE(goesAway(dialog));
 }

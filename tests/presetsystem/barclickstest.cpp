@@ -168,6 +168,26 @@ TEST_F(BarDispatch, ShowsTheBankAndItsCurrentPreset) {
   EXPECT_EQ(title(31), std::string(24, 'x'));
 }
 
+// The bar is told after the preset has become current: shown before, it would be the old one.
+TEST_F(BarDispatch, ABankThatIsTakenOverShowsThePresetThatBecomesCurrent) {
+  effect.setPresetNo(2);
+  effect.bank() = recordsOf(imagebytes::distinctBank());
+  effect.bankTakenOver(5);
+  EXPECT_EQ(editor->bar.presetMenu->getCurrentIndex(), 5);
+  EXPECT_EQ(field(), "preset number 5");
+  EXPECT_EQ(title(5), "preset number 5");
+  EXPECT_EQ(title(2), "preset number 2");
+}
+
+TEST_F(BarDispatch, APresetThatIsTakenOverIsShownUnderTheNumberThatIsCurrent) {
+  effect.setPresetNo(7);  // of which the bar hears with what is taken over
+  effect.preset(7) = recordOf({"taken", {0.7F, 0.2F, 0.3F, 1.0F, 0.0F}});
+  effect.presetTakenOver();
+  EXPECT_EQ(editor->bar.presetMenu->getCurrentIndex(), 7);
+  EXPECT_EQ(field(), "taken");
+  EXPECT_EQ(title(7), "taken");
+}
+
 TEST_F(BarDispatch, TheRockerUpOnTheLastPresetAppliesItOnceMore) {
   effect.preset(31) = recordOf({"the last", {0.7F, 0.2F, 0.3F, 1.0F, 0.0F}});
   effect.setPresetNo(31);
