@@ -70,7 +70,7 @@ class Trelvan : public CPresetSystemEffect {
   void releaseMutex() {}
 
  private:
-  static constexpr std::int32_t kDelayLength = 16384;  // frames, a power of two
+  static constexpr std::int32_t kDelayLength = kDelayFrames;
 
   template <typename Sample>
   struct Frames;  // the buffers of one block

@@ -5,6 +5,7 @@
 #include <cctype>
 
 #include "host/base/text.h"
+#include "host/state/effectadapter.h"
 
 namespace {
 
@@ -164,6 +165,8 @@ std::string describeEffect(Effect& effect) {
   text += row("arrangement", arrangementText(effect));
   text += row("latency", std::to_string(record.initialDelay) + " frames");
   text += row("tail", tailText(effect.dispatch(effGetTailSize)));
+  if (const std::string rates = adapterFor(effect)->sampleRates(); !rates.empty())
+    text += row("sample rates", rates);
   text += row("state", chunkText(effect));
   text += row("editor", editorText(effect));
   text += row("MIDI channels",

@@ -27,6 +27,9 @@ class EffectAdapter {
 
   virtual std::vector<std::string> presetNames() = 0;  // by number, from 0
   virtual int currentPreset() = 0;
+
+  // What the effect itself tells no host of the sample rates that it is made for; may be empty.
+  virtual std::string sampleRates() const = 0;
 };
 
 // The one place that asks which effect it is.

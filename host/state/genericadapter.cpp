@@ -45,6 +45,8 @@ class GenericAdapter final : public EffectAdapter {
   std::vector<std::string> presetNames() override { return effect.programNames(); }
   int currentPreset() override { return static_cast<int>(effect.dispatch(effGetProgram)); }
 
+  std::string sampleRates() const override { return {}; }
+
  private:
   Effect& effect;
 };

@@ -1,5 +1,7 @@
 // Trelvan's 32 presets, which it shows hosts as one program: they are reached through its chunk.
+#include "effect/parameters.h"
 #include "host/base/failure.h"
+#include "host/base/text.h"
 #include "host/base/wholefile.h"
 #include "host/state/effectadapter.h"
 #include "host/state/namelookup.h"
@@ -49,6 +51,14 @@ class TrelvanAdapter final : public EffectAdapter {
     return effect.programNamesByIndex(presetimage::kPresetCount);
   }
   int currentPreset() override { return bank().current(); }
+
+  std::string sampleRates() const override {
+    const auto highest = static_cast<int>(parametercurves::kLowestHz) * kDelayFrames;
+    return formatted(
+        "up to %d Hz; above, base frequencies below RATE/%d Hz are delayed by %d "
+        "frames less than a period",
+        highest, kDelayFrames, kDelayFrames);
+  }
 
  private:
   TrelvanBank bank() { return {effect.chunk(), effect.record().uniqueID, effect.plugin()}; }

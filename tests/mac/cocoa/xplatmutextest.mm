@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <limits>
 #include <thread>
 
 #import "cocoatest.h"
@@ -60,6 +61,23 @@ TEST_F(XplatMutexMac, GoesOnWhenTheTimeIsUp) {
   XPlatUnlockMutex(mutex);
   EXPECT_GE(waited, milliseconds(145));
   EXPECT_LT(waited, milliseconds(5000));
+}
+
+TEST_F(XplatMutexMac, WaitsForTheLockWithTheLongestTimeouts) {
+  constexpr auto kMost = std::numeric_limits<unsigned long>::max();
+  for (const unsigned long timeout : {10000000000000UL, kMost / 1000000 + 1, kMost / 2, kMost}) {
+    XPlatLockMutex(mutex, 0);
+    std::atomic<bool> got{false};
+    std::thread other([&] {
+      XPlatLockMutex(mutex, timeout);
+      got = true;
+      XPlatUnlockMutex(mutex);
+    });
+    std::this_thread::sleep_for(milliseconds(50));
+    EXPECT_FALSE(got) << timeout;
+    XPlatUnlockMutex(mutex);
+    other.join();
+  }
 }
 
 TEST_F(XplatMutexMac, IsHadAtOnceWhileItIsFree) {
