@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr long kBackground = places::kWidth * 251 * 4;  // bytes of its pixels
-
 // Each in a process of its own, in which there is no other instance.
 class Sharing : public WindowTest {
  protected:
@@ -55,6 +53,8 @@ TEST_F(Sharing, AllWindowsHaveTwoConnectionsToTheServer) {
 }
 
 #ifndef TRELVAN_SANITIZED  // whose allocator does not tell what is in use
+constexpr long kBackground = places::kWidth * 251 * 4;  // bytes of its pixels
+
 // The background alone has 303 kB of pixels; it was in memory once for each instance.
 TEST_F(Sharing, ThePicturesAreInMemoryOnceForAllInstances) {
   EXPECT_TRUE(succeeded(inProcess([] {
