@@ -67,7 +67,12 @@ void COrvTextEdit::endEditMode(bool confirm) {
   setDirty(true);
   if (confirm) {
     beginEdit();
-    valueChanged();
+    try {
+      valueChanged();
+    } catch (...) {
+      endEdit();  // of what has begun
+      throw;
+    }
     endEdit();
   }
   invalid();

@@ -158,28 +158,38 @@ TEST(WindowOutOfMemory, EveryOtherCallLeavesTheWindowAlive) {
 }
 
 // A label that took itself for being edited swallowed every press until the window was closed.
-TEST(WindowOutOfMemory, ANameIsEditedAfterAPressThatCouldNotBegin) {
-  const int failures = failEach([](long succeeding) {
-    ScarceHost host;
-    if (!host.open() || !host.isAlive()) return wrong("it does not open");
-    host.click(places::kName);
-    bool failed = false;
-    {
-      const FailingMemory memory(succeeding);
+TEST(WindowOutOfMemory, ANameIsEditedAfterAnEntryThatCouldNotBeginOrEnd) {
+  for (const bool atTheEnd : {false, true}) {
+    const int failures = failEach([atTheEnd](long succeeding) {
+      ScarceHost host;
+      if (!host.open() || !host.isAlive()) return wrong("it does not open");
+      host.click(places::kName);
+      if (atTheEnd) {
+        host.send(effEditIdle);
+        // a text that lies outside of its string
+        for (std::size_t letter = 0; letter <= std::string().capacity(); ++letter)
+          host.tap(XKB_KEY_y);
+        host.send(effEditIdle);
+        host.tap(XKB_KEY_Return);
+      }
+      bool failed = false;
+      {
+        const FailingMemory memory(succeeding);
+        host.send(effEditIdle);
+        failed = memory.hasFailed();
+      }
+      host.click(places::kName);
       host.send(effEditIdle);
-      failed = memory.hasFailed();
-    }
-    host.click(places::kName);
-    host.send(effEditIdle);
-    host.tap(XKB_KEY_x);
-    host.tap(XKB_KEY_Return);
-    const auto isEdited = [&host] { return host.programName().find('x') != std::string::npos; };
-    if (!host.idleUntil(isEdited)) return wrong("the name is not edited");
-    if (!host.close()) return wrong("it does not close");
-    host.send(effClose);
-    return failed ? End::refused : End::done;
-  });
-  EXPECT_GT(failures, 0);
+      host.tap(XKB_KEY_x);
+      host.tap(XKB_KEY_Return);
+      const auto isEdited = [&host] { return host.programName().find('x') != std::string::npos; };
+      if (!host.idleUntil(isEdited)) return wrong("the name is not edited");
+      if (!host.close()) return wrong("it does not close");
+      host.send(effClose);
+      return failed ? End::refused : End::done;
+    });
+    EXPECT_GT(failures, 0) << atTheEnd;
+  }
 }
 
 // A list that the frame had taken without telling its number could never be left.

@@ -41,10 +41,10 @@ struct TextEntry::System {
 
   void end(bool confirm) {
     if (!field) return;
-    const std::string text = field->text();
+    // First what takes memory: without it the entry goes on.
+    if (confirm) label->setText(field->text().c_str());
     takeDown();
     COrvTextEdit* edited = label;  // whoever hears of the end may let go of this entry
-    if (confirm) edited->setText(text.c_str());
     edited->endEditMode(confirm);
   }
 

@@ -4,6 +4,7 @@
 #include <glib.h>
 
 #include <cmath>
+#include <new>
 #include <utility>
 
 #include "editor/controls/corvtextedit.h"
@@ -24,6 +25,16 @@ constexpr std::uint32_t kBlink = 500;  // ms lit, and as long not
 bool isModifierKey(VirtualKey key) {
   return key == VirtualKey::ShiftModifier || key == VirtualKey::ControlModifier ||
          key == VirtualKey::AltModifier;
+}
+
+// The toolkit's lists of hooks and observers take nobody in any more when an exception has gone
+// through them: without memory the key or click is lost, and not the keyboard.
+template <typename Work>
+void contain(const Work& work) {
+  try {
+    work();
+  } catch (const std::bad_alloc&) {
+  }
 }
 
 // Keys that the toolkit names and that stand for a character all the same.
@@ -152,7 +163,7 @@ void TextField::onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* /*
   event.consumed = true;  // of both kinds: nothing else may act on them
   if (event.type != VSTGUI::EventType::KeyDown) return;
   const auto self = VSTGUI::shared(this);  // ending takes the field away
-  pressKey(event);
+  contain([&] { pressKey(event); });
 }
 
 // A shortcut confirms instead of acting.
@@ -200,7 +211,7 @@ void TextField::onMouseEvent(VSTGUI::MouseEvent& event, VSTGUI::CFrame* /*frame*
     event.consumed = true;
     if (label->getViewSize().pointInside(where)) return press(event, where);
     const auto self = VSTGUI::shared(this);
-    ended(true);
+    contain([this] { ended(true); });
   } else if (selecting) {
     event.consumed = true;
     selecting = event.type == VSTGUI::EventType::MouseMove && event.buttonState.isLeft();
