@@ -31,7 +31,7 @@ class Displays : public WindowTest {
     return largest;
   }
 
-  void works(WindowHost& host, const Picture& expected) {
+  void expectWorking(WindowHost& host) {
     EXPECT_EQ(host.picture(), expected);
     const float before = host.parameter(4);
     host.click(places::kPhaseSwitch);
@@ -97,10 +97,10 @@ TEST_F(Displays, OneServerAfterTheOther) {
       const ScopedVariable display("DISPLAY", server.display());
       WindowHost there;
       ASSERT_TRUE(there.openEditor());
-      works(there, expected);
+      expectWorking(there);
     }
     ASSERT_TRUE(here.openEditor());
-    works(here, expected);
+    expectWorking(here);
     here.closeEditor();
   }
 }
@@ -115,11 +115,11 @@ TEST_F(Displays, WhileAWindowIsOpenOnAnotherServerTheAnswerIsNo) {
   EXPECT_FALSE(there.openOnly());
   EXPECT_TRUE(there.hasChildWindows(0));
   there.idle(3);
-  works(here, expected);
+  expectWorking(here);
   here.closeEditor();
   EXPECT_TRUE(here.hasChildWindows(0));
   ASSERT_TRUE(there.openEditor());
-  works(there, expected);
+  expectWorking(there);
 }
 
 TEST_F(Displays, AServerThatEndsLeavesTheProcessAndTheNextWindowAlone) {
