@@ -5,6 +5,7 @@
 #include <memory>
 #include <thread>
 
+#include "otherserver.h"
 #include "processstate.h"
 #include "tests/support/silenthost.h"
 #include "windowtest.h"
@@ -72,6 +73,19 @@ TEST_F(Exit, WithAnOpenTextEntryIsSafe) {
 TEST_F(Exit, WithAnOpenAboutPanelIsSafe) {
   EXPECT_EXIT(exitAfter([](WindowHost& host) { host.click(places::kAbout); }),
               ExitedWithCode(kFine), "");
+}
+
+TEST_F(Exit, WithAnOpenWindowOnAServerThatHasEndedIsSafe) {
+  EXPECT_EXIT(
+      {
+        OtherServer server({"1024x768x24"});
+        const ScopedVariable display("DISPLAY", server.display());
+        exitAfter([&server](WindowHost& host) {
+          server.end();
+          host.dispatch(effEditIdle);
+        });
+      },
+      ExitedWithCode(kFine), "");
 }
 
 TEST_F(Exit, WithThreeInstancesOneOfThemClosedIsSafe) {

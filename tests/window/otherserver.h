@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -37,6 +38,7 @@ class OtherServer {
       dup2(null, 2);
       dup2(display[1], 3);
       if (display[1] == 3) fcntl(3, F_SETFD, 0);
+      prctl(PR_SET_PDEATHSIG, SIGKILL);  // of a test that breaks off nothing stays
       setenv("PATH", kPath.c_str(), 1);  // the test has its own
       execvp(arguments[0], arguments.data());
       _exit(127);
@@ -61,7 +63,8 @@ class OtherServer {
   }
 
  private:
-  static inline const std::string kPath = std::getenv("PATH");
+  // That of the program, or of the test that started it.
+  static inline const std::string kPath = std::getenv("PATH") + std::string(":/usr/bin:/bin");
 
   std::string name = ":";
   pid_t process = 0;
