@@ -150,7 +150,7 @@ void twoEffects(Trial& trial) {
 constexpr std::array kChecks{
     Check{"parameters may move in front of every 32 frames", 5, 60, automation},
     Check{"two effects do not hear each other", 5, 60, twoEffects},
-    Check{"blocks of any size give the same sound", 8, 120, sameSoundWhenCut},
+    Check{"blocks of any size give the same sound", 7, 120, sameSoundWhenCut},
     Check{"the same movements give the same bits", 10, 60, sameAutomation},
     Check{"blocks of any size give the same bits", 10, 120, sameBitsWhenCut},
 };

@@ -97,7 +97,7 @@ void movingAsksForNoMemory(Trial& trial) {
 }
 
 constexpr std::array kChecks{
-    Check{"processing asks for no memory", 8, 20, asksForNoMemory},
+    Check{"processing asks for no memory", 10, 20, asksForNoMemory},
     Check{"moving a parameter between two blocks asks for no memory", 10, 20,
           movingAsksForNoMemory},
     Check{"processing takes no lock", 10, 20, takesNoLock},

@@ -85,7 +85,7 @@ constexpr std::array kChecks{
     Check{"the host process is left as it was", 5, 30, leavesTheProcess},
     Check{"nothing is written to standard output", 6, 30, writesNothing},
     Check{"a host that flushes denormal numbers goes on doing so", 6, 30, leavesFlushing},
-    Check{"loading leaves denormal numbers as they are", 8, 30, loadingLeavesTheModes},
+    Check{"loading leaves denormal numbers as they are", 10, 30, loadingLeavesTheModes},
     Check{"a host that rounds otherwise goes on doing so", 10, 60, leavesRounding},
 };
 
