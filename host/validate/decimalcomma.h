@@ -1,7 +1,7 @@
 // A locale in which numbers are written with a comma.
 #pragma once
 
-// While it lives, the process has one, where the system has any: check `works`.
+// While it lives, the process has one, where one could be had: see `works`.
 class DecimalComma {
  public:
   DecimalComma();

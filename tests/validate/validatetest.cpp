@@ -8,8 +8,7 @@
 #include <memory>
 
 ValidatorRun validateFile(const std::string& plugin, const std::vector<std::string>& words) {
-  std::string command =
-      "LOCPATH='" VALIDATE_LOCALES "' '" WIDEN_PROGRAM "' --validate '" + plugin + "'";
+  std::string command = std::string(WIDEN_PROGRAM) + " --validate '" + plugin + "'";
   for (const std::string& word : words) command += " '" + word + "'";
   command += " 2>&1 </dev/null";
   FILE* output = popen(command.c_str(), "r");

@@ -27,7 +27,6 @@ struct PlantedFault {
   const char* check;
   const char* says;
   bool alsoSanitized = true;  // false: the check is left out where a sanitizer stands in its way
-  bool needsDecimalComma = false;  // true: it is left out where no locale has one
 };
 inline void PrintTo(const PlantedFault& fault, std::ostream* out) {
   *out << fault.plugin << " in \"" << fault.check << '"';
