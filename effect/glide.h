@@ -2,10 +2,8 @@
 // written back at the end.
 #pragma once
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 
 // Adds and takes away a tiny constant, which turns a denormal into zero. The order of the two
 // operations is the definition of the result.
@@ -71,14 +69,6 @@ class DelayGlide {
   const double coefficient;
 };
 
-// A level as the meter hears it: silence where it is infinite or no number, which a smoothing would
-// never forget. By a mask, so that the frame loop has no branch on what is played.
-inline double audible(double level) {
-  const bool isNumber = level <= std::numeric_limits<double>::max();
-  return std::bit_cast<double>(std::bit_cast<std::uint64_t>(level) &
-                               (std::uint64_t{0} - static_cast<std::uint64_t>(isNumber)));
-}
-
 // Smoothed level, in double for both precisions.
 class Envelope {
  public:
@@ -88,8 +78,7 @@ class Envelope {
   Envelope(const Envelope&) = delete;
   Envelope& operator=(const Envelope&) = delete;
 
-  // level: 0 or more, or no number.
-  void follow(double level) { value = flushed(value + (audible(level) - value) * coefficient); }
+  void follow(double level) { value = flushed(value + (level - value) * coefficient); }
 
  private:
   double& state;

@@ -90,6 +90,9 @@ void Trelvan::processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFra
       bypass(block);
     }
   }
+  // A level that is infinite or no number would be all that the meter hears until the next resume.
+  // Both begin anew, so that their ratio is right at once.
+  if (!std::isfinite(midEnvelope) || !std::isfinite(sideEnvelope)) midEnvelope = sideEnvelope = 0.0;
   widthMeter = meterReading();
 }
 

@@ -171,8 +171,10 @@ TYPED_TEST(Meter, ForgetsWhatIsNoNumber) {
       play(spared, in);
       in.left[500] = bad;
       play(plugin, in);
-      // Of the levels one frame is missing, and of the side's the next one.
-      EXPECT_NEAR(plugin.getWidthMeter(), spared.getWidthMeter(), 1e-2) << bad;
+      EXPECT_EQ(plugin.getWidthMeter(), 0.0F) << bad << ": it begins anew";
+      play(plugin, steady(TypeParam(1), 100));
+      EXPECT_NEAR(plugin.getWidthMeter(), spared.getWidthMeter(), 1e-2)
+          << bad << ": the same ratio";
       settle<TypeParam>(plugin);
       settle<TypeParam>(spared);
       EXPECT_NEAR(plugin.getWidthMeter(), spared.getWidthMeter(), 1e-6) << bad;

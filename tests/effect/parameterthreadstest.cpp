@@ -1,5 +1,9 @@
-// One parameter set by several threads at once: when all are done, what is heard is what is stored.
+// What several threads set, select and rename at once: when all are done, what is heard is what is
+// stored.
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
 
 #include "effect/trelvan.h"
 #include "tests/support/atonce.h"
@@ -69,6 +73,24 @@ TEST(ParameterThreads, TwoThatSelectAPresetLeaveTheBankAlone) {
     }
   }
   EXPECT_EQ(different, 0) << "of " << kSelections;
+}
+
+// As the window's thread and the host's may.
+TEST(ParameterThreads, RenamingWhileAnotherSelectsAndSavesLeavesWholeNames) {
+  Trelvan effect(silentHost);
+  const std::string names[] = {effect.preset(7).name, effect.preset(14).name, std::string(23, 'a'),
+                               std::string(12, 'b')};
+  int torn = 0;
+  AtOnce both(kSelections, [&](int round) { effect.setPresetName(names[2 + round % 2].c_str()); });
+  for (int round = 1; round <= kSelections; ++round) {
+    both.round(round, [&] {
+      effect.setPresetNo(round % 3 == 0 ? 7 : 14);
+      void* data = nullptr;
+      effect.getChunk(&data, false);
+      if (std::count(std::begin(names), std::end(names), effect.copyOfPreset(7).name) != 1) ++torn;
+    });
+  }
+  EXPECT_EQ(torn, 0);
 }
 
 }  // namespace

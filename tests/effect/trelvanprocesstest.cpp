@@ -135,7 +135,7 @@ TYPED_TEST(Process, EqualsTheReferenceWhenSumsOverflow) {
   }
 }
 
-// What comes out is the same as ever, and the meter the same for every division into blocks.
+// What comes out is the same as ever, for every division into blocks, and the meter goes on.
 TYPED_TEST(Process, EqualsTheReferenceWhereSamplesAreNoNumbers) {
   constexpr auto kNaN = std::numeric_limits<TypeParam>::quiet_NaN();
   constexpr auto kInfinity = std::numeric_limits<TypeParam>::infinity();

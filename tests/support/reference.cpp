@@ -3,16 +3,6 @@
 
 #include <cmath>
 
-namespace {
-
-// What the meter hears of a sample: nothing where it is infinite or no number.
-double level(double sample) {
-  if (std::isinf(sample) || std::isnan(sample)) return 0.0;
-  return std::fabs(sample);
-}
-
-}  // namespace
-
 Reference::Reference() {
   setParameter(0, 0.0F);
   setParameter(1, 0.5F);
@@ -137,8 +127,9 @@ void Reference::processReplacing(float** inputs, float** outputs, int frames, bo
       lastDelayed = delayed;
       const float outL = mid + side;
       const float outR = mid - side;
-      midEnvelope = midEnvelope + (level(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
-      sideEnvelope = sideEnvelope + (level(static_cast<double>(side)) - sideEnvelope) * meterCoeff;
+      midEnvelope = midEnvelope + (std::fabs(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
+      sideEnvelope =
+          sideEnvelope + (std::fabs(static_cast<double>(side)) - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
       sideEnvelope = sideEnvelope + 1e-21;
@@ -150,7 +141,7 @@ void Reference::processReplacing(float** inputs, float** outputs, int frames, bo
       mid = mid + 1e-16F;
       mid = mid - 1e-16F;
       delayLine[writeIndex] = mid;
-      midEnvelope = midEnvelope + (level(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
+      midEnvelope = midEnvelope + (std::fabs(static_cast<double>(mid)) - midEnvelope) * meterCoeff;
       sideEnvelope = sideEnvelope + (0.0 - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
@@ -196,8 +187,8 @@ void Reference::processDoubleReplacing(double** inputs, double** outputs, int fr
       lastDelayed = static_cast<float>(delayed);
       const double outL = mid + side;
       const double outR = mid - side;
-      midEnvelope = midEnvelope + (level(mid) - midEnvelope) * meterCoeff;
-      sideEnvelope = sideEnvelope + (level(side) - sideEnvelope) * meterCoeff;
+      midEnvelope = midEnvelope + (std::fabs(mid) - midEnvelope) * meterCoeff;
+      sideEnvelope = sideEnvelope + (std::fabs(side) - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
       sideEnvelope = sideEnvelope + 1e-21;
@@ -209,7 +200,7 @@ void Reference::processDoubleReplacing(double** inputs, double** outputs, int fr
       mid = mid + 1e-21;
       mid = mid - 1e-21;
       delayLine[writeIndex] = static_cast<float>(mid);
-      midEnvelope = midEnvelope + (level(mid) - midEnvelope) * meterCoeff;
+      midEnvelope = midEnvelope + (std::fabs(mid) - midEnvelope) * meterCoeff;
       sideEnvelope = sideEnvelope + (0.0 - sideEnvelope) * meterCoeff;
       midEnvelope = midEnvelope + 1e-21;
       midEnvelope = midEnvelope - 1e-21;
@@ -223,6 +214,10 @@ void Reference::processDoubleReplacing(double** inputs, double** outputs, int fr
 }
 
 void Reference::updateMeter() {
+  if (!std::isfinite(midEnvelope) || !std::isfinite(sideEnvelope)) {
+    midEnvelope = 0.0;
+    sideEnvelope = 0.0;
+  }
   if (midEnvelope > 1e-5 && sideEnvelope > 1e-7) {
     widthMeter = static_cast<float>(
         (std::log10(midEnvelope / sideEnvelope) + 0.6020599913279624) * 0.8304820237218405 - 0.5);
