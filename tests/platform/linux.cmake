@@ -1,7 +1,6 @@
 # Tests of what only Linux has: preferences, dialogs, alert, manual and module path.
 trelvan_add_test(preferencestoretest platform
   SOURCES preferencestoretest.cpp preferencesharingtest.cpp sharedfiletest.cpp
-    ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
   LIBRARIES trelvan)
 # With the C library's fsync and flock replaced.
 trelvan_add_test(diskcallstest platform

@@ -68,8 +68,6 @@ TEST(XPlatMutex, WaitsForTheLockWithTheLongestTimeouts) {
   }
 }
 
-// The thread sanitizer of clang 14 does not see locks that are taken with a time limit and calls
-// their unlocking wrong.
 TEST(XPlatMutex, TakesAFreeLockWithinTheTimeout) {
   void* mutex = XPlatCreateMutex();
   const auto start = steady_clock::now();

@@ -2,10 +2,9 @@
 trelvan_add_test(fileoperationstest presetsystem
   SOURCES presetfilestest.cpp presetfilesdialogtest.cpp storedpresetstest.cpp manualtest.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
-    ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
   LIBRARIES trelvan)
 
 # The preset bar in a frame without a display.
 trelvan_add_test(presetbartest presetsystem
-  SOURCES barclickstest.cpp ${PROJECT_SOURCE_DIR}/tests/support/tsansuppressions.cpp
+  SOURCES barclickstest.cpp
   LIBRARIES trelvan)
