@@ -25,7 +25,7 @@ trelvan_add_test(controlstest editor
 trelvan_add_test(editorbasetest editor SOURCES aeffguieditortest.cpp LIBRARIES trelvan)
 
 # The loops that drive a window: the idle passes' and the system's.
-trelvan_add_test(looptest editor
+trelvan_add_test(looptest "editor;threads"
   SOURCES
     idlerunlooptest.cpp idletimertest.cpp ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
