@@ -15,6 +15,9 @@ struct Check {
 
 // By subject, one file each.
 std::span<const Check> loadingChecks();
+std::span<const Check> lifeChecks();
+std::span<const Check> remainsChecks();
+std::span<const Check> hostChecks();
 std::span<const Check> textChecks();
 std::span<const Check> parameterChecks();
 std::span<const Check> soundChecks();

@@ -4,10 +4,10 @@
 #include "host/base/failure.h"
 #include "host/vst/effectrecord.h"
 
-Subject::Subject(PluginModule& module, bool showsWindows) {
+Subject::Subject(PluginModule& module, bool showsWindows, audioMasterCallback entry) {
   callback.setHasWindow(showsWindows);
   const HostCallback::Scope scope(&callback);
-  AEffect* made = module.entryPoint()(&HostCallback::entry);
+  AEffect* made = module.entryPoint()(entry);
   checkEffectRecord(made, module.path().filename().string());
   effect = made;
   effect->resvd1 = reinterpret_cast<VstIntPtr>(&callback);

@@ -15,7 +15,10 @@ class Subject {
  public:
   // Made and opened. Throws Failure where the record is none: checks let it through, as it is the
   // verdict then.
-  explicit Subject(PluginModule& module, bool showsWindows = false);
+  // entry: a host of another kind, which may pass on to HostCallback::entry what it does not want
+  // to do differently.
+  explicit Subject(PluginModule& module, bool showsWindows = false,
+                   audioMasterCallback entry = &HostCallback::entry);
   ~Subject();  // closed
   Subject(const Subject&) = delete;
   Subject& operator=(const Subject&) = delete;
@@ -34,6 +37,8 @@ class Subject {
   // Rate, block size and precision told, switched on. Off again: stop.
   void start(double rate, int blockSize, bool doublePrecision = false);
   void stop();
+  // Left on until it is closed.
+  void neverStop() { running = false; }
 
   void process(float** inputs, float** outputs, int frames) {
     effect->processReplacing(effect, inputs, outputs, frames);

@@ -22,9 +22,3 @@ TEST_P(PlantedFaults, AreFoundByTheirCheck) {
   EXPECT_EQ(sound.status, 0) << sound.text;
   EXPECT_THAT(sound.text, HasSubstr(std::string("pass      ") + fault.check));
 }
-
-INSTANTIATE_TEST_SUITE_P(Life, PlantedFaults,
-                         testing::Values(PlantedFault{
-                             "crashesonclose", "an effect is made, opened, closed and unloaded",
-                             "crashes"}),
-                         nameOfFault);
