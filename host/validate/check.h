@@ -19,6 +19,8 @@ std::span<const Check> lifeChecks();
 std::span<const Check> remainsChecks();
 std::span<const Check> hostChecks();
 std::span<const Check> textChecks();
+std::span<const Check> answerChecks();
+std::span<const Check> indexChecks();
 std::span<const Check> parameterChecks();
 std::span<const Check> soundChecks();
 std::span<const Check> bufferChecks();

@@ -117,8 +117,8 @@ VstIntPtr SoundEffect::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value
     case effGetInputProperties:
     case effGetOutputProperties: {
       if (index < 0 || index >= 2) return 0;
-      auto* pin = static_cast<VstPinProperties*>(ptr);
-      *pin = {};
+      auto* pin = static_cast<VstPinProperties*>(ptr);  // some hosts' end after the short label
+      pin->arrangementType = kSpeakerArrStereo;
       give(pin->label, index == 0 ? "Left" : "Right", sizeof pin->label);
       give(pin->shortLabel, index == 0 ? "L" : "R", sizeof pin->shortLabel);
       pin->flags = kVstPinIsActive | kVstPinIsStereo;
