@@ -22,6 +22,7 @@ std::span<const Check> textChecks();
 std::span<const Check> answerChecks();
 std::span<const Check> indexChecks();
 std::span<const Check> parameterChecks();
+std::span<const Check> threadChecks();
 std::span<const Check> soundChecks();
 std::span<const Check> bufferChecks();
 std::span<const Check> boundaryChecks();
