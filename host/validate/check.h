@@ -23,6 +23,7 @@ std::span<const Check> answerChecks();
 std::span<const Check> indexChecks();
 std::span<const Check> parameterChecks();
 std::span<const Check> threadChecks();
+std::span<const Check> memoryChecks();
 std::span<const Check> soundChecks();
 std::span<const Check> bufferChecks();
 std::span<const Check> boundaryChecks();

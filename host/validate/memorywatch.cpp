@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "host/base/text.h"
+#include "host/validate/memoryshortage.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ std::string MemoryWatch::culprit() {
 
 bool MemoryWatch::allowsAllocation(const void* caller) noexcept {
   if (watched.on) note(watched.allocations, caller);
-  return true;
+  return MemoryShortage::allows(caller);
 }
 
 void MemoryWatch::noteRelease(const void* caller) noexcept {

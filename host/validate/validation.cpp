@@ -15,12 +15,12 @@
 std::vector<Check> allChecks() {
   std::vector<Check> all;
   for (const std::span<const Check> some :
-       {loadingChecks(),  lifeChecks(),         remainsChecks(),   hostChecks(),
-        textChecks(),     answerChecks(),       indexChecks(),     parameterChecks(),
-        threadChecks(),   soundChecks(),        bufferChecks(),    boundaryChecks(),
-        divisionChecks(), pinChecks(),          switchingChecks(), systemCallChecks(),
-        hostModeChecks(), damagedSoundChecks(), realtimeChecks(),  surroundingsChecks(),
-        stateChecks(),    editorChecks()}) {
+       {loadingChecks(),      lifeChecks(),     remainsChecks(),      hostChecks(),
+        textChecks(),         answerChecks(),   indexChecks(),        parameterChecks(),
+        threadChecks(),       memoryChecks(),   soundChecks(),        bufferChecks(),
+        boundaryChecks(),     divisionChecks(), pinChecks(),          switchingChecks(),
+        systemCallChecks(),   hostModeChecks(), damagedSoundChecks(), realtimeChecks(),
+        surroundingsChecks(), stateChecks(),    editorChecks()}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;

@@ -57,4 +57,16 @@ INSTANTIATE_TEST_SUITE_P(
                                  "it bears a host that calls back while it is asked", "crashes"}),
     nameOfFault);
 
+INSTANTIATE_TEST_SUITE_P(
+    Memory, PlantedFaults,
+    testing::Values(
+        PlantedFault{"throwswhenopened",
+                     "it bears a lack of memory when it is made, opened and closed",
+                     "opening it throws an exception at its host when allocation 1 gets", false},
+        PlantedFault{"trustsmemory", "it bears a lack of memory when its state is saved and loaded",
+                     "crashes (Segmentation fault) while: loading its state, with allocation 2 "
+                     "getting no memory",
+                     false}),
+    nameOfFault);
+
 }  // namespace

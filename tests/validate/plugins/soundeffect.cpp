@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <new>
 
 namespace {
 
@@ -230,9 +231,13 @@ extern "C" __attribute__((visibility("default"))) AEffect* VSTPluginMain(
     audioMasterCallback callback) {
   Dl_info info{};
   if (dladdr(reinterpret_cast<void*>(&VSTPluginMain), &info) == 0) return nullptr;
-  const std::string name = std::filesystem::path(info.dli_fname).stem();
-  for (const NamedEffect* effect = firstEffect(); effect != nullptr; effect = effect->next) {
-    if (name == effect->name) return effect->make(callback)->made();
+  try {
+    const std::string name = std::filesystem::path(info.dli_fname).stem();
+    for (const NamedEffect* effect = firstEffect(); effect != nullptr; effect = effect->next) {
+      if (name == effect->name) return effect->make(callback)->made();
+    }
+  } catch (const std::bad_alloc&) {
+    // no memory, no effect
   }
   return nullptr;
 }
