@@ -57,14 +57,23 @@ void forgetSignalHandlers() {
   }
 }
 
+std::string during(const TrialReport& report) {
+  return report.step[0] == '\0' ? std::string() : std::string(" while: ") + report.step;
+}
+
 void runInThisProcess(const Check& check, Trial& trial, TrialReport& report) {
   try {
     check.run(trial);
     report.outcome = CheckOutcome::passed;
   } catch (const TrialEnded&) {
     // its verdict is in the report
+  } catch (const Failure& failure) {
+    std::snprintf(report.text, sizeof report.text, "%s", failure.what());
+    report.outcome = CheckOutcome::failed;
   } catch (const std::exception& error) {
-    std::snprintf(report.text, sizeof report.text, "%s", error.what());
+    const std::string text =
+        std::string("throws an exception at the host (") + error.what() + ")" + during(report);
+    std::snprintf(report.text, sizeof report.text, "%s", text.c_str());
     report.outcome = CheckOutcome::failed;
   }
 }
@@ -99,10 +108,6 @@ bool leftProcesses(pid_t group) {
   while (waitpid(-group, nullptr, 0) > 0) {
   }
   return left;
-}
-
-std::string during(const TrialReport& report) {
-  return report.step[0] == '\0' ? std::string() : std::string(" while: ") + report.step;
 }
 
 Verdict verdictOf(int status, bool hangs, bool left, const Check& check,
