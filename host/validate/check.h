@@ -36,6 +36,9 @@ std::span<const Check> damagedSoundChecks();
 std::span<const Check> realtimeChecks();
 std::span<const Check> surroundingsChecks();
 std::span<const Check> stateChecks();
+std::span<const Check> restoringChecks();
+std::span<const Check> stateThreadChecks();
+std::span<const Check> damagedStateChecks();
 std::span<const Check> editorChecks();
 
 // All of them, in the order in which they are done.

@@ -20,7 +20,8 @@ std::vector<Check> allChecks() {
         threadChecks(),       memoryChecks(),   soundChecks(),        bufferChecks(),
         boundaryChecks(),     divisionChecks(), pinChecks(),          switchingChecks(),
         systemCallChecks(),   hostModeChecks(), damagedSoundChecks(), realtimeChecks(),
-        surroundingsChecks(), stateChecks(),    editorChecks()}) {
+        surroundingsChecks(), stateChecks(),    restoringChecks(),    stateThreadChecks(),
+        damagedStateChecks(), editorChecks()}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;
