@@ -40,6 +40,8 @@ std::span<const Check> restoringChecks();
 std::span<const Check> stateThreadChecks();
 std::span<const Check> damagedStateChecks();
 std::span<const Check> editorChecks();
+std::span<const Check> editorWorkChecks();
+std::span<const Check> editorEndChecks();
 
 // All of them, in the order in which they are done.
 std::vector<Check> allChecks();

@@ -21,7 +21,7 @@ std::vector<Check> allChecks() {
         boundaryChecks(),     divisionChecks(), pinChecks(),          switchingChecks(),
         systemCallChecks(),   hostModeChecks(), damagedSoundChecks(), realtimeChecks(),
         surroundingsChecks(), stateChecks(),    restoringChecks(),    stateThreadChecks(),
-        damagedStateChecks(), editorChecks()}) {
+        damagedStateChecks(), editorChecks(),   editorWorkChecks(),   editorEndChecks()}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;

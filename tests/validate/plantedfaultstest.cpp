@@ -18,7 +18,7 @@ TEST_P(PlantedFaults, AreFoundByTheirCheck) {
   EXPECT_THAT(run.text, HasSubstr(std::string("FAIL      ") + fault.check));
   EXPECT_THAT(run.text, HasSubstr(fault.says));
   // The same check passes where nothing is wrong, so it was this fault that it found.
-  const ValidatorRun sound = validateBroken("sound", fault.check);
+  const ValidatorRun sound = validateBroken(fault.sound, fault.check);
   EXPECT_EQ(sound.status, 0) << sound.text;
   EXPECT_THAT(sound.text, HasSubstr(std::string("pass      ") + fault.check));
 }

@@ -26,7 +26,8 @@ struct PlantedFault {
   const char* plugin;  // named after its class, in plugins/bad*.cpp
   const char* check;
   const char* says;
-  bool alsoSanitized = true;  // false: the check is left out where a sanitizer stands in its way
+  bool alsoSanitized = true;    // false: the check is left out where a sanitizer stands in its way
+  const char* sound = "sound";  // the plug-in that the check passes
 };
 inline void PrintTo(const PlantedFault& fault, std::ostream* out) {
   *out << fault.plugin << " in \"" << fault.check << '"';
