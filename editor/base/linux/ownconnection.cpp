@@ -15,7 +15,7 @@ OwnConnection* latest = nullptr;  // its windows own it
 std::shared_ptr<OwnConnection> OwnConnection::shared() {
   if (latest != nullptr && !latest->isBroken() && latest->server == serverName())
     return latest->shared_from_this();
-  const std::shared_ptr<OwnConnection> made(new OwnConnection);
+  std::shared_ptr<OwnConnection> made(new OwnConnection);
   if (made->isBroken()) return nullptr;
   latest = made.get();
   return made;
