@@ -1,6 +1,7 @@
 // Checks that nothing around the buffers is touched, wherever they lie.
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <deque>
 #include <optional>
 

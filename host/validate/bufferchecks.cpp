@@ -1,11 +1,8 @@
 // Checks of the buffers that hosts give: in place, shared, at any address, and nothing around them.
 #include <algorithm>
 #include <array>
-#include <memory>
 
-#include "host/base/text.h"
 #include "host/validate/check.h"
-#include "host/validate/pagebuffer.h"
 #include "host/validate/rendering.h"
 #include "host/validate/sound.h"
 

@@ -2,6 +2,9 @@
 // or on the time.
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
+#include <random>
 
 #include "host/validate/check.h"
 #include "host/validate/rendering.h"

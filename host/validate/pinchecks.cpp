@@ -1,8 +1,6 @@
 // Checks of fewer channels than the effect has: arrangements, and pins that nobody connects.
 #include <algorithm>
 #include <array>
-#include <cstring>
-#include <deque>
 
 #include "host/base/text.h"
 #include "host/validate/check.h"

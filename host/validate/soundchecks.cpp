@@ -1,10 +1,10 @@
 // Checks of the sound at every rate and block size.
-#include "host/validate/sound.h"
-
+#include <algorithm>
 #include <array>
 
 #include "host/base/text.h"
 #include "host/validate/check.h"
+#include "host/validate/sound.h"
 
 namespace {
 
@@ -14,7 +14,6 @@ constexpr std::array kRates{8000.0,  11025.0, 16000.0,  22050.0,  32000.0,  4405
                             64000.0, 88200.0, 176400.0, 192000.0, 384000.0, 768000.0};
 constexpr std::array kUsualBlocks{64, 256, 1024};                                          // frames
 constexpr std::array kBlocks{1, 2, 3, 7, 16, 33, 100, 441, 512, 1023, 4096, 8192, 16384};  // frames
-
 constexpr int kUnusualFrom = 6;  // strictness
 
 bool isUsual(int block) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdio>
+#include <string>
 
 #include "host/base/failure.h"
 #include "host/validate/check.h"

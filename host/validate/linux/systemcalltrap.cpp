@@ -11,6 +11,7 @@
 #include <array>
 #include <csignal>
 #include <cstddef>
+#include <cstdint>
 
 namespace {
 
