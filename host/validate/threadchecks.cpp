@@ -3,6 +3,7 @@
 #include <array>
 #include <atomic>
 #include <chrono>
+#include <cmath>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -106,32 +107,53 @@ struct Player {
   std::unique_ptr<Stretch<float>> stretch;
 };
 
-// Hosts process tracks in parallel.
+// The largest difference between two sounds of the same shape.
+float differenceOf(const Player& a, const Player& b) {
+  float largest = 0.0F;
+  const auto& left = a.stretch->outputChannels();
+  const auto& right = b.stretch->outputChannels();
+  for (std::size_t pin = 0; pin < std::min(left.size(), right.size()); ++pin) {
+    for (std::size_t frame = 0; frame < left[pin].size(); ++frame)
+      largest = std::max(largest, std::abs(left[pin][frame] - right[pin][frame]));
+  }
+  return largest;
+}
+
+// Hosts process tracks in parallel. Compared with what the same number of instances plays one after
+// the other; where buffers lie may decide how an effect rounds, and what comes from another
+// instance is louder.
 void playsOnThreadsOfTheirOwn(Trial& trial) {
-  constexpr int kThreads = 4;
+  constexpr int kInstances = 4;
+  constexpr float kRounding = 1e-4F;
   PluginModule module(trial.plugin());
   Player first(module, nullptr);
   needSoundIn(trial, first.subject);
   first.stretch->fillWithNoise(trial);
-  Player second(module, first.stretch.get());
-  trial.step("processing in two instances, one after the other");
   first.play();
-  second.play();
-  const auto& expected = first.stretch->outputChannels();
-  const bool isReliable = second.stretch->outputChannels() == expected;
+  bool isReliable = true;
   const auto end = Clock::now() + kLongest;
-  for (int round = 0; round < trial.rounds(3) && Clock::now() < end; ++round) {
+  for (int round = -1; round < trial.rounds(3) && Clock::now() < end; ++round) {
+    const bool inParallel = round >= 0;
+    trial.step("processing in %d instances, %s", kInstances,
+               inParallel ? "each on a thread of its own" : "one after the other");
     std::deque<Player> players;
-    for (int i = 0; i < kThreads; ++i) players.emplace_back(module, first.stretch.get());
-    trial.step("processing in %d instances, each on a thread of its own", kThreads);
+    for (int i = 0; i < kInstances; ++i) players.emplace_back(module, first.stretch.get());
     std::vector<std::thread> threads;
-    for (Player& player : players) threads.emplace_back([&player] { player.play(); });
+    for (Player& player : players) {
+      if (inParallel)
+        threads.emplace_back([&player] { player.play(); });
+      else
+        player.play();
+    }
     for (std::thread& thread : threads) thread.join();
     for (const Player& player : players) {
       if (player.stretch->firstNotFinite() >= 0)
-        trial.fail("samples are no numbers when %d instances process in parallel", kThreads);
-      if (isReliable && player.stretch->outputChannels() != expected)
-        trial.fail("sounds otherwise when %d instances process in parallel", kThreads);
+        trial.fail("samples are no numbers when %d instances process", kInstances);
+      const float difference = differenceOf(first, player);
+      if (!inParallel) isReliable = isReliable && difference <= kRounding;
+      if (isReliable && difference > kRounding)
+        trial.fail("sounds otherwise when %d instances process in parallel (by up to %g)",
+                   kInstances, difference);
     }
   }
   if (!isReliable) trial.note("its sound differs from instance to instance, and was not compared");
