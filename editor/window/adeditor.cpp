@@ -119,6 +119,7 @@ void ADEditor::valueChanged(VSTGUI::CControl* control) {
 }
 
 void ADEditor::setParameter(VstInt32 index, float /*value*/) {
+  // In order: the idle pass that finds the mark must find the value that was set before it.
   if (isParameter(index)) changed.fetch_or(1U << index);
 }
 
