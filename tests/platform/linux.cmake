@@ -1,6 +1,7 @@
 # Tests of what only Linux has: preferences, dialogs, alert, manual and module path.
 trelvan_add_test(preferencestoretest "platform;threads"
-  SOURCES preferencestoretest.cpp preferencesharingtest.cpp sharedfiletest.cpp
+  SOURCES preferencestoretest.cpp preferencewritingtest.cpp preferencesharingtest.cpp
+    sharedfiletest.cpp
   LIBRARIES trelvan)
 # With the C library's fsync and flock replaced.
 trelvan_add_test(diskcallstest platform

@@ -1,10 +1,7 @@
 // Tests of loading and saving preset and bank files.
 #include <dirent.h>
 
-#include <iterator>
-
 #include "tests/presetsystem/filesfixture.h"
-#include "tests/support/fulldisk.h"
 
 namespace {
 
@@ -298,35 +295,6 @@ TEST_F(Files, SavingWhereNothingCanBeWrittenIsSilent) {
   savePreset(files / "folder.orv");
   savePreset(files / "missing/pad.orv");
   EXPECT_FALSE(desktop.wasCalled("zenity", 3));  // two dialogs, no alert
-}
-
-// What fits into no buffer's rest goes out when the file is closed, and is lost there as well.
-TEST_F(Files, AFullDiskLeavesTheOldFile) {
-  begin(imagebytes::distinctBank());
-  const Bytes old = imagebytes::bankImage({}, 3);
-  for (const std::size_t room : {std::size_t{0}, std::size_t{100}, std::size_t{9000}}) {
-    const std::string path = put("all.orb", old);
-    userChooses(path);
-    editor().saveBank();
-    ASSERT_TRUE(desktop.isCalled("zenity"));
-    const FullDisk full(room);
-    finish();
-    EXPECT_EQ(bytesOf(path), old) << room;
-  }
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(files.path), {}), 1);
-}
-
-TEST_F(Files, SavingKeepsLinksAndRights) {
-  preset(0) = recordOf(kPad);
-  writeFile(files / "real.orv", "old");
-  ASSERT_EQ(chmod((files / "real.orv").c_str(), 0604), 0);
-  std::filesystem::create_symlink("real.orv", files / "link.orv");
-  savePreset(files / "link.orv");
-  EXPECT_TRUE(std::filesystem::is_symlink(files / "link.orv"));
-  EXPECT_EQ(bytesOf(files / "real.orv"), imagebytes::presetImage(kPad));
-  EXPECT_EQ(std::filesystem::status(files / "real.orv").permissions(),
-            static_cast<std::filesystem::perms>(0604));
-  EXPECT_STREQ(editor().presetFileName, "link.orv");
 }
 
 TEST_F(Files, EveryPathClosesItsFile) {
