@@ -38,7 +38,7 @@ inline std::string withoutLinks(std::string path) {
     if (length < 0) return path;
     if (path.starts_with("/dev/") || path.starts_with("/proc/")) return {};
     const std::string next(target, static_cast<std::size_t>(length));
-    path = next.starts_with('/') ? next : folderPart(path) + next;
+    path = next.starts_with('/') ? next : folderPart(path).append(next);
   }
   return {};
 }

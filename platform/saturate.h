@@ -9,7 +9,8 @@ template <typename Integer>
 constexpr Integer truncatedTo(double value) {
   using Limits = std::numeric_limits<Integer>;
   // 2^31 or 2^63, the first number beyond the range: the range's own end may be no double
-  constexpr double kEnd = 2.0 * static_cast<double>(Limits::max() / 2 + 1);
+  constexpr Integer kHalf = Limits::max() / 2 + 1;
+  constexpr double kEnd = 2.0 * static_cast<double>(kHalf);
   if (value >= kEnd) return Limits::max();
   if (value < -kEnd) return Limits::min();
   return value == value ? static_cast<Integer>(value) : 0;
