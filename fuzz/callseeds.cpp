@@ -23,4 +23,9 @@ void fuzz::addCallSeeds(Corpus& corpus) {
              {0, 0, 0, 11, 3, 4, 0, 15, 2, 0, 0, 14, 1, 5, 5, 100, 7, 4, 9, 5, 3, 9, 0, 0, 1});
   corpus.add("hostcalls", "rates",
              {0, 0, 0, 0, 10, 0, 0, 0, 0, 0, 0, 0, 0x80, 0x3B, 0x47, 14, 1, 5, 2, 50, 3, 5, 9});
+  Bytes longName = {0, 0, 0, 2, 60};
+  longName.insert(longName.end(), 60, 'n');
+  corpus.add("hostcalls", "long-name", longName);
+  corpus.add("hostcalls", "odd-values", {0, 0, 0, 14,  1, 3, 0,   240, 5, 0,  20, 3, 4,
+                                         1, 3, 1, 241, 3, 2, 246, 5,   0, 20, 3,  4, 2});
 }

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <limits>
 
 #include "fuzz/require.h"
 #include "presetsystem/image/presetimage.h"
@@ -29,8 +30,18 @@ VstInt32 indexFrom(InputReader& input) {
 }
 
 float valueFrom(InputReader& input) {
+  using Limits = std::numeric_limits<float>;
+  constexpr float kOdd[] = {Limits::quiet_NaN(),
+                            Limits::infinity(),
+                            -Limits::infinity(),
+                            -0.0F,
+                            Limits::denorm_min(),
+                            1.0F + Limits::epsilon(),
+                            -1.0F,
+                            Limits::max()};
   const unsigned choice = input.byte();
-  return choice < 240 ? static_cast<float>(choice) / 239.0F : input.real();
+  if (choice < 240) return static_cast<float>(choice) / 239.0F;
+  return choice < 248 ? kOdd[choice - 240] : input.real();
 }
 
 void CallSequence::call() {

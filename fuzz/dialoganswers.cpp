@@ -83,7 +83,10 @@ void requireChosen(const FileDialogRequest& request, const std::string& path) {
   if (!written.empty() && written.back() == '\n') written.pop_back();
   const bool lacksExtension = request.save && !endsInExtension(written);
   require(path == (lacksExtension ? written + ".orv" : written), "the path is the one chosen");
-  require(!wasAsked || lacksExtension, "a name that was typed whole is not asked about");
+  require(lacksExtension ? fuzz::lastFileQuestion().path == path &&
+                               fuzz::lastFileQuestion().isThere == wasAsked
+                         : !wasAsked,
+          "the user is asked about a file that the extension makes it, where it is there");
   require(path[0] == '/' && path.back() != '/', "it is a file's full path");
   require(path.find('\0') == std::string::npos, "no path has a zero in it");
 }

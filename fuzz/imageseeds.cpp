@@ -228,6 +228,7 @@ void addPreferences(Corpus& corpus) {
       preferences(away, "MemoAPreset=" + hexadecimal(fuzz::inOtherOrder(samplePresetImage())) +
                             "\n" + places));
   add("old", preferences(toText, "DefaultPreset=" + hexadecimal(oldPreset(5, false)) + "\n"));
+  add("twice", preferences(away, "CurrBank=string:a\n" + places));
   add("comments", preferences(away, "# kept\n" + places + "\n[Other]\nCurrDir=string:x\n"));
   add("damaged", preferences(toBytes, "no line of a key file\n" + places));
 }

@@ -21,6 +21,8 @@ std::vector<fuzz::PlayedProgram> played;
 int spawnsPipe = -1;  // of the file actions that were made last
 int writingEnd = -1;  // the running program's
 unsigned piecesLeft = 0;
+bool endless = false;  // it ends by a signal only
+fuzz::FileQuestion question;
 
 void writePiece() {
   const std::string piece = script != nullptr ? script->text() : std::string();
@@ -48,6 +50,11 @@ std::vector<std::string> textsOf(char* const list[]) {
 void fuzz::playPrograms(InputReader* input) {
   script = input;
   played.clear();
+  question = {};
+}
+
+const fuzz::FileQuestion& fuzz::lastFileQuestion() {
+  return question;
 }
 
 const std::vector<fuzz::PlayedProgram>& fuzz::playedPrograms() {
@@ -79,7 +86,8 @@ int posix_spawn(pid_t* process, const char* path, const posix_spawn_file_actions
   const bool isKilled = (choice & 0x18U) == 0x18U;
   program.status = isKilled ? kSignals[exitCode & 1] : exitCode << 8;
   program.unknown = (choice & 0x60U) == 0x60U;
-  piecesLeft = script->below(5);
+  piecesLeft = script->below(6);
+  endless = piecesLeft == 5;
   played.push_back(program);
   writingEnd = fcntl(spawnsPipe, F_DUPFD_CLOEXEC, 0);
   fcntl(writingEnd, F_SETFL, O_NONBLOCK);
@@ -97,6 +105,7 @@ pid_t waitpid(pid_t process, int* status, int /*options*/) {
     writePiece();
     return 0;
   }
+  if (endless) return 0;
   end(played.back().status);
   *status = played.back().status;
   if (!played.back().unknown) return process;
@@ -108,13 +117,17 @@ int kill(pid_t process, int signal) noexcept {
   if (process != kProcess && process != -kProcess)
     return static_cast<int>(syscall(SYS_kill, process, signal));
   piecesLeft = 0;
+  endless = false;
   played.back().status = signal;  // it ends, and the next question is told so
   return 0;
 }
 
 // Whether a file is there; what may be run is the system's to say.
 int access(const char* path, int mode) noexcept {
-  if (mode == F_OK && script != nullptr) return script->flag() ? 0 : -1;
+  if (mode == F_OK && script != nullptr) {
+    question = {path, script->flag()};
+    return question.isThere ? 0 : -1;
+  }
   return static_cast<int>(syscall(SYS_faccessat, AT_FDCWD, path, mode));
 }
 

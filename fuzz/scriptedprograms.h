@@ -24,4 +24,11 @@ struct PlayedProgram {
 };
 const std::vector<PlayedProgram>& playedPrograms();
 
+// Which file was asked for last, and what the input said.
+struct FileQuestion {
+  std::string path;
+  bool isThere = false;
+};
+const FileQuestion& lastFileQuestion();
+
 }  // namespace fuzz

@@ -1,0 +1,50 @@
+#!/bin/bash
+# Shows how many lines of the files that each fuzz target is about its inputs reach.
+# Usage: coverage.sh FOLDER
+# (FOLDER/TARGET/inputs: as search.sh leaves them; the seeds are run too. Builds build/coverage.)
+set -euo pipefail
+cd "$(dirname "$0")/.."
+folder=$(realpath "$1")
+build=build/coverage
+instrument="-fprofile-instr-generate -fcoverage-mapping"
+CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O1 -g0 -DNDEBUG $instrument" \
+  -DCMAKE_EXE_LINKER_FLAGS="$instrument" -DCMAKE_MODULE_LINKER_FLAGS="$instrument" \
+  -DTRELVAN_FUZZERS=ON -DTRELVAN_TESTS=OFF >/dev/null
+cmake --build $build --target fuzz/all >/dev/null
+
+# about TARGETS FILE...: the targets' inputs together.
+about() {
+  local targets=$1 profile target programs=()
+  shift
+  profile=$build/${targets// /-}
+  rm -f "$profile".*.profraw
+  for target in $targets; do
+    programs+=(${programs:+-object} "$build/fuzz/fuzz_$target")
+    LLVM_PROFILE_FILE=$profile.%p.profraw "$build/fuzz/fuzz_$target" -runs=0 -close_fd_mask=3 \
+      "$folder/$target/inputs" "$build/fuzz/corpus/$target" 2>/dev/null
+  done
+  llvm-profdata merge -o "$profile.profdata" "$profile".*.profraw
+  echo "$targets:"
+  llvm-cov report "${programs[@]}" -instr-profile "$profile.profdata" "$@" |
+    awk '/\.(cpp|h) / || /^TOTAL/ {printf "  %-48s %6s of %5s lines\n", $1, $10, $8}'
+}
+
+images=presetsystem/image
+about "preset bank midimap" $images/imagereader.cpp $images/image.cpp $images/newpresetheader.cpp
+about "oldfile oldchunk" $images/oldimagereader.cpp $images/image.cpp
+about writers $images/imagewriter.cpp $images/bytewriter.h
+about setchunk presetsystem/store/bankimages.cpp presetsystem/store/cpresetsystemeffect.cpp
+about editorimages presetsystem/bar/presetfiles.cpp presetsystem/store/bankimages.cpp \
+  platform/xplatfile.cpp
+about hostcalls plugin/audioeffect.cpp plugin/audioeffectx.cpp effect/trelvan.cpp \
+  effect/trelvanparameters.cpp effect/trelvanprocess.cpp presetsystem/store/cpresetsystemeffect.cpp
+about preferences platform/linux/preferencestore.cpp platform/linux/sharedfile.cpp \
+  presetsystem/bar/storedpresets.cpp
+about dialoganswers editor/base/linux/filedialog.cpp editor/base/linux/filechoice.cpp \
+  platform/linux/childprogram.cpp platform/linux/desktopdialog.cpp
+about textfield editor/controls/linux/editedtext.cpp editor/controls/linux/textfield.cpp \
+  platform/validtext.cpp
+about arguments host/cli/arguments.cpp
+about values host/state/values.cpp
+about soundfile host/sound/soundreader.cpp host/sound/completeness.cpp host/sound/inputfile.cpp
