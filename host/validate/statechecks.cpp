@@ -133,32 +133,44 @@ void readNoFurther(Trial& trial) {
   }
 }
 
+// `subject` saves, and `to` loads from the memory that it was saved to.
+void loadUncopied(Trial& trial, Subject& subject, Subject& to) {
+  const char* who = &to == &subject ? "the same" : "another";
+  for (int round = 0; round < trial.rounds(5); ++round) {
+    for (const bool programOnly : {false, true}) {
+      const ToldState saved = settledAtRandom(trial, subject, round, programOnly).told;
+      const auto bytes = save(subject, programOnly);
+      changeAtRandom(trial, to, round + 1);
+      const ToldState changed = toldState(to);
+      trial.step("loading a %s into %s effect from the memory it was saved to", kindOf(programOnly),
+                 who);
+      to.dispatch(effSetChunk, programOnly ? 1 : 0, static_cast<VstIntPtr>(bytes.size()),
+                  const_cast<unsigned char*>(bytes.data()));
+      const std::string lost = notBack(saved, changed, toldState(to));
+      // Single ones may depend on each other, which is another check's.
+      if (!lost.empty() && !isLoaded(saved, changed, toldState(to))) {
+        trial.fail("a %s is loaded into %s effect from the memory it was saved to: %s",
+                   kindOf(programOnly), who, lost.c_str());
+      }
+    }
+  }
+}
+
 // Hosts that copy from one effect to another of its kind have no reason to copy the bytes first.
-void fromItsOwnMemory(Trial& trial) {
+void fromAnothersMemory(Trial& trial) {
   PluginModule module(trial.plugin());
   Subject subject(module);
   Subject other(module);
   needChunk(trial, subject);
-  for (int round = 0; round < trial.rounds(5); ++round) {
-    for (const bool programOnly : {false, true}) {
-      for (Subject* to : {&subject, &other}) {
-        const ToldState saved = settledAtRandom(trial, subject, round, programOnly).told;
-        const auto bytes = save(subject, programOnly);
-        changeAtRandom(trial, *to, round + 1);
-        const ToldState changed = toldState(*to);
-        const char* who = to == &subject ? "the same" : "another";
-        trial.step("loading a %s into %s effect from the memory it was saved to",
-                   kindOf(programOnly), who);
-        to->dispatch(effSetChunk, programOnly ? 1 : 0, static_cast<VstIntPtr>(bytes.size()),
-                     const_cast<unsigned char*>(bytes.data()));
-        const std::string lost = notBack(saved, changed, toldState(*to));
-        if (!lost.empty()) {
-          trial.fail("a %s is loaded into %s effect from the memory it was saved to: %s",
-                     kindOf(programOnly), who, lost.c_str());
-        }
-      }
-    }
-  }
+  loadUncopied(trial, subject, other);
+}
+
+// Many effects give up what they saved when they load, and nothing forbids them to.
+void fromItsOwnMemory(Trial& trial) {
+  PluginModule module(trial.plugin());
+  Subject subject(module);
+  needChunk(trial, subject);
+  loadUncopied(trial, subject, subject);
 }
 
 constexpr std::array kChecks{
@@ -167,7 +179,8 @@ constexpr std::array kChecks{
     Check{"a program that is loaded gives back what was saved", 4, 20, programComesBack},
     Check{"saved bytes stay as they are while the host uses them", 5, 20, staysAsItIs},
     Check{"a state is read no further than its size", 5, 20, readNoFurther},
-    Check{"a state loads from the memory it was saved to", 6, 20, fromItsOwnMemory},
+    Check{"a state loads from the memory of another effect", 6, 20, fromAnothersMemory},
+    Check{"a state loads from the memory it was saved to", 10, 20, fromItsOwnMemory},
 };
 
 }  // namespace

@@ -70,6 +70,17 @@ std::string notBack(const ToldState& saved, const ToldState& changed, const Told
   return {};
 }
 
+bool isLoaded(const ToldState& saved, const ToldState& changed, const ToldState& loaded) {
+  int counted = 0;
+  int back = 0;
+  for (std::size_t i = 0; i < saved.values.size() && i < loaded.values.size(); ++i) {
+    if (isNear(saved.values[i], changed.values[i])) continue;
+    ++counted;
+    if (isNear(saved.values[i], loaded.values[i])) ++back;
+  }
+  return 4 * back >= counted;
+}
+
 std::string nearlyBack(const ToldState& saved, const ToldState& loaded) {
   for (std::size_t i = 0; i < saved.values.size() && i < loaded.values.size(); ++i) {
     if (same(saved.values[i], loaded.values[i]) || !isNear(saved.values[i], loaded.values[i]))

@@ -29,6 +29,8 @@ SettledState settledAtRandom(Trial& trial, Subject& subject, int number, bool pr
 // The parameter of `saved` that has not come back, in words; empty: all have. A parameter counts
 // where it differs between `saved` and `changed`: others do not take what they are told.
 std::string notBack(const ToldState& saved, const ToldState& changed, const ToldState& loaded);
+// Whether a state was loaded at all: a quarter of the parameters that count have come back.
+bool isLoaded(const ToldState& saved, const ToldState& changed, const ToldState& loaded);
 // A parameter that came back near what it was, but not exactly; empty: none.
 std::string nearlyBack(const ToldState& saved, const ToldState& loaded);
 

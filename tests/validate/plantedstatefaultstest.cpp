@@ -28,6 +28,8 @@ INSTANTIATE_TEST_SUITE_P(
                      "after which nothing can be read"},
         PlantedFault{"clearsbeforereading", "a state loads from the memory it was saved to",
                      "into the same effect from the memory it was saved to: parameter"},
+        PlantedFault{"savestooneplace", "a state loads from the memory of another effect",
+                     "into another effect from the memory it was saved to: parameter"},
         PlantedFault{"savesalone", "a state is saved while an audio thread plays",
                      "crashes (Aborted) while: saving, time"},
         PlantedFault{"loadsalone", "a state is loaded while an audio thread plays",

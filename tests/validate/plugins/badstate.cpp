@@ -169,6 +169,29 @@ class ClearsBeforeReading : public SoundEffect {
 };
 EFFECT_IN_FILE(clearsbeforereading, ClearsBeforeReading);
 
+// All instances save to one place, which is cleared before anything is loaded.
+class SavesToOnePlace : public SoundEffect {
+ public:
+  using SoundEffect::SoundEffect;
+
+ protected:
+  VstIntPtr giveChunk(void** bytes, bool programOnly) override {
+    const VstIntPtr size = SoundEffect::giveChunk(bytes, programOnly);
+    place() = chunk;
+    *bytes = &place();
+    return size;
+  }
+  VstIntPtr takeChunk(const void* bytes, VstIntPtr size, bool programOnly) override {
+    place() = {};
+    return SoundEffect::takeChunk(bytes, size, programOnly);
+  }
+  static Chunk& place() {
+    static Chunk all{};
+    return all;
+  }
+};
+EFFECT_IN_FILE(savestooneplace, SavesToOnePlace);
+
 // Cannot stand a block that comes while it saves, or loads.
 class AloneAtWork : public SoundEffect {
  public:
