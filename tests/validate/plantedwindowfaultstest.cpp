@@ -39,7 +39,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "crashes (Aborted) while: idling in a host's window of "),
         windowFault("opensfiles", kAgain, "open files or connections more after"),
         windowFault("startsthreads", kAgain, "threads more after"),
-        windowFault("startsprocesses", kAgain, "processes more after")),
+        windowFault("startsprocesses", kAgain, "a process is left after")),
     nameOfFault);
 
 INSTANTIATE_TEST_SUITE_P(
