@@ -7,9 +7,11 @@ cd "$(dirname "$0")/.."
 folder=$(realpath "$1")
 build=build/coverage
 instrument="-fprofile-instr-generate -fcoverage-mapping"
+# What the fuzzers are instrumented for is in a sanitizer's runtime, for the programs without them.
+link="-fprofile-instr-generate -fsanitize=undefined"
 CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O1 -g0 -DNDEBUG $instrument" \
-  -DCMAKE_EXE_LINKER_FLAGS="$instrument" -DCMAKE_MODULE_LINKER_FLAGS="$instrument" \
+  -DCMAKE_EXE_LINKER_FLAGS="$link" -DCMAKE_MODULE_LINKER_FLAGS="$link" \
   -DTRELVAN_FUZZERS=ON -DTRELVAN_TESTS=OFF >/dev/null
 cmake --build $build --target fuzz/all >/dev/null
 
@@ -26,8 +28,10 @@ about() {
   done
   llvm-profdata merge -o "$profile.profdata" "$profile".*.profraw
   echo "$targets:"
-  llvm-cov report "${programs[@]}" -instr-profile "$profile.profdata" "$@" |
-    awk '/\.(cpp|h) / || /^TOTAL/ {printf "  %-48s %6s of %5s lines\n", $1, $10, $8}'
+  llvm-cov report "${programs[@]}" -instr-profile "$profile.profdata" 2>/dev/null |
+    awk -v files="$*" 'BEGIN {split(files, list, " ")}
+      {for (i in list) if (substr($1, length($1) - length(list[i]) + 1) == list[i])
+        printf "  %-48s %7s of %4d lines\n", list[i], $10, $8}'
 }
 
 images=presetsystem/image

@@ -35,6 +35,11 @@ void fuzz::addWordSeeds(Corpus& corpus) {
   add("questions", {"--info", "--list-params", "--list-presets", "--plugin", "x.so", "-q"});
   add("help", {"--help"});
   add("version", {"--version"});
+  // Just beyond what is allowed.
+  add("too-many-jobs", {"a.wav", "-o", "b.wav", "-j", "257"});
+  add("no-block", {"a.wav", "-o", "b.wav", "--block", "0"});
+  add("no-value", {"a.wav", "-o", "b.wav", "--set", "width="});
+  add("too-loud", {"a.wav", "-o", "b.wav", "--gain", "60.1dB", "--tail", "3601s"});
   add("automatic", {"--tail", "auto", "--", "-in.wav", "-o", "x"});
   for (const std::string value : {"75%", "0.75", "265Hz", "0.265 kHz", "-3dB", "250 ms", "2s", "on",
                                   "No", "1e-3", ".5", "440"}) {
