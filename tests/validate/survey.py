@@ -4,7 +4,7 @@
 survey.py WIDEN [--jobs N] [--strictness N] [--seconds N] COLUMN...: a column is an installed
 package of Debian's with all its VST 2 binaries, or NAME=PATTERN with those that a glob pattern
 finds (** for folders below). Everything that was said is kept in the folder `survey`, one file a
-binary.
+binary; what is there already is not asked again, so that a long survey can be gone on with.
 """
 import argparse
 import collections
@@ -20,15 +20,18 @@ LINE = re.compile(r"^(pass|FAIL|left out) +(.+?) \(\d+\.\d s\)(?:: (.*))?$")
 
 def validated(widen, binary, arguments):
     """[(verdict, check, text)] of one binary; one line "loads" where nothing could be checked."""
-    command = [widen, "--validate", binary, "--strictness", str(arguments.strictness), "--seed", "1"]
-    try:
-        done = subprocess.run(command, capture_output=True, text=True, errors="replace",
-                              timeout=arguments.seconds, check=False)
-        output = done.stdout + done.stderr
-    except subprocess.TimeoutExpired as expired:
-        output = (expired.stdout or b"").decode(errors="replace") + "\nran out of time\n"
-    name = binary.strip("/").replace("/", "_")
-    (pathlib.Path("survey") / (name + ".txt")).write_text(output)
+    told = pathlib.Path("survey") / (binary.strip("/").replace("/", "_") + ".txt")
+    if not told.exists():
+        command = [widen, "--validate", binary, "--strictness", str(arguments.strictness),
+                   "--seed", "1"]
+        try:
+            done = subprocess.run(command, capture_output=True, text=True, errors="replace",
+                                  timeout=arguments.seconds, check=False)
+            output = done.stdout + done.stderr
+        except subprocess.TimeoutExpired as expired:
+            output = (expired.stdout or b"").decode(errors="replace") + "\nran out of time\n"
+        told.write_text(output)
+    output = told.read_text()
     return [match.groups() for line in output.splitlines() if (match := LINE.match(line))]
 
 
