@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "tests/validate/faultcoverage.h"
 #include "tests/validate/validatetest.h"
 
 namespace {
@@ -74,6 +75,13 @@ INSTANTIATE_TEST_SUITE_P(
         windowFault("waitsforitsdisplay", "the window stands the loss of its connection",
                     "hangs (12 s) while: idling after the connection of its window was cut")),
     nameOfFault);
+
+TEST(WindowChecks, HaveAFaultPlantedForEach) {
+  for (const Check& check : allChecks()) {
+    if (!isOfWindows(check.name)) continue;
+    EXPECT_TRUE(isAFaultPlantedFor(check.name)) << check.name;
+  }
+}
 
 TEST(WindowChecks, AreLeftOutWithoutADisplay) {
   const std::string display = std::getenv("DISPLAY");
