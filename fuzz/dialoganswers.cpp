@@ -134,6 +134,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(dialog.poll() == State::none, "a dialog that was ended is none");
   for (const fuzz::PlayedProgram& program : fuzz::playedPrograms())
     require(!program.running, "no program is left running");
+  require(!fuzz::isProgramGuarded(), "nor its guard");
   fuzz::playPrograms(nullptr);
   return 0;
 }

@@ -9,12 +9,18 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstring>
+#include <utility>
 
 #include "fuzz/require.h"
 
 namespace {
 
 constexpr pid_t kProcess = 0x7FFFFFF0;  // no system has so many
+constexpr pid_t kGuard = kProcess + 1;  // the shell that waits for the host's end
+
+bool isGuarded = false;      // that shell runs, which always starts
+bool guardIsKilled = false;  // and is still to be waited for
 
 fuzz::InputReader* script = nullptr;
 std::vector<fuzz::PlayedProgram> played;
@@ -57,6 +63,10 @@ const fuzz::FileQuestion& fuzz::lastFileQuestion() {
   return question;
 }
 
+bool fuzz::isProgramGuarded() {
+  return isGuarded;
+}
+
 const std::vector<fuzz::PlayedProgram>& fuzz::playedPrograms() {
   return played;
 }
@@ -70,7 +80,14 @@ int posix_spawn_file_actions_adddup2(posix_spawn_file_actions_t*, int from, int 
 
 int posix_spawn(pid_t* process, const char* path, const posix_spawn_file_actions_t*,
                 const posix_spawnattr_t*, char* const arguments[], char* const environment[]) {
+  if (std::strcmp(path, "/bin/sh") == 0) {  // a program of a desktop has another name
+    require(!played.empty() && played.back().running && !isGuarded, "one program is guarded once");
+    isGuarded = true;
+    *process = kGuard;
+    return 0;
+  }
   require(played.empty() || !played.back().running, "one program runs at a time");
+  require(!isGuarded, "a program that has ended is guarded no more");
   for (const std::string& entry : textsOf(environment))
     require(!entry.starts_with("LD_"), "a program does not get the host's libraries");
   const std::vector<std::string> words = textsOf(arguments);
@@ -96,6 +113,11 @@ int posix_spawn(pid_t* process, const char* path, const posix_spawn_file_actions
 }
 
 pid_t waitpid(pid_t process, int* status, int /*options*/) {
+  if (process == kGuard) {
+    require(isGuarded, "the guard is waited for once");
+    if (guardIsKilled) isGuarded = false;
+    return std::exchange(guardIsKilled, false) ? kGuard : 0;
+  }
   require(process == kProcess, "only the own program is waited for");
   if (played.empty() || !played.back().running) {
     errno = ECHILD;
@@ -114,6 +136,11 @@ pid_t waitpid(pid_t process, int* status, int /*options*/) {
 }
 
 int kill(pid_t process, int signal) noexcept {
+  if (process == kGuard) {
+    require(isGuarded && signal == SIGKILL, "the guard takes no other signal");
+    guardIsKilled = true;
+    return 0;
+  }
   if (process != kProcess && process != -kProcess)
     return static_cast<int>(syscall(SYS_kill, process, signal));
   piecesLeft = 0;

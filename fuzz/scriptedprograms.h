@@ -24,6 +24,9 @@ struct PlayedProgram {
 };
 const std::vector<PlayedProgram>& playedPrograms();
 
+// Whether a shell waits for the host's end, to take the running program with it.
+bool isProgramGuarded();
+
 // Which file was asked for last, and what the input said.
 struct FileQuestion {
   std::string path;

@@ -188,14 +188,16 @@ void opensAgainAndAgain(Trial& trial) {
     }
     for (const auto& editor : editors) editor->close();
   }
-  if (openings < kFewest) {
+  trial.step("counting what the windows have left");
+  auto after = possessions();
+  if (!unopened || !after) return;
+  if (after->hasChildren && !unopened->hasChildren)
+    trial.fail("a process is left after its window was opened and closed");
+  if (openings < kFewest || !before) {
     trial.note("it opens too slowly to count what its window leaves");
     return;
   }
-  trial.step("counting what the windows have left");
   const Patience toEnd(2.0);  // seconds: threads end in their own time
-  auto after = possessions();
-  if (!unopened || !before || !after) return;
   while (!toEnd.over() && after->threads - before->threads >= openings / 2) {
     std::this_thread::sleep_for(10ms);
     after = possessions();
@@ -208,8 +210,6 @@ void opensAgainAndAgain(Trial& trial) {
   };
   check(after->threads, before->threads, "threads");
   check(after->descriptors, before->descriptors, "open files or connections");
-  if (after->hasChildren && !unopened->hasChildren)
-    trial.fail("a process is left after its window was opened and closed");
 }
 
 constexpr std::array kChecks{
