@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "presetsystem/store/cpresetsystemeffect.h"
+#include "presetsystem/store/presetlistener.h"
 
 namespace {
 
@@ -97,18 +98,22 @@ void BankImages::readBank(const Image& image) {
   const Reading reading =
       presetimage::readBank(image, effect.oldDummySlots(), effect.getDefaultPreset(), read, told);
   if (reading != Reading::done) return;
-  effect.bank() = read;
-  effect.bankTakenOver(image.presetToSelect, std::move(lock));
+  effect.takeBank(read, image.presetToSelect, std::move(lock));
+  if (effect.presetListener() != nullptr) effect.presetListener()->presetsChanged();
 }
 
 bool BankImages::readOldChunk(const Image& image) {
   Diagnostics told("load");
   auto lock = effect.lockBank();
-  const Reading reading = presetimage::readBank(image, effect.oldDummySlots(),
-                                                effect.getDefaultPreset(), effect.bank(), told);
-  if (reading != Reading::done) return false;
-  effect.selectPreset(image.presetToSelect, std::move(lock));
-  return true;
+  presetimage::Bank read = effect.bank();
+  const Reading reading =
+      presetimage::readBank(image, effect.oldDummySlots(), effect.getDefaultPreset(), read, told);
+  if (reading == Reading::done) {
+    effect.takeBank(read, image.presetToSelect, std::move(lock));
+    return true;
+  }
+  effect.bank() = read;  // what stands in front of a bad value is taken
+  return false;
 }
 
 void BankImages::takePreset(const Image& image) {

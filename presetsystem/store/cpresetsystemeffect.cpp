@@ -72,12 +72,28 @@ bool CPresetSystemEffect::getProgramNameIndexed(VstInt32 /*category*/, VstInt32 
 }
 
 bool CPresetSystemEffect::setPresetNo(long n) {
-  return isPresetNumber(n) && selectPreset(n, lockBank());
-}
-
-bool CPresetSystemEffect::selectPreset(long n, BankLock lock) {
+  if (!isPresetNumber(n)) return false;
+  BankLock lock = lockBank();
   const PresetChange::Scope change(presetChange);
   pushPreset(n);
+  return tellOfPreset(std::move(lock));
+}
+
+// The number is changed first: what other threads set from there on is for preset n. One that has
+// looked the old number up before stores into a preset of this bank; it gets its value back.
+bool CPresetSystemEffect::takeBank(const presetimage::Bank& read, long n, BankLock lock) {
+  const PresetChange::Scope change(presetChange);
+  currentPreset = n;
+  std::atomic_thread_fence(std::memory_order_seq_cst);
+  *presets = read;
+  pushPreset(n);
+  for (long other = 0; other < kPresetCount; ++other) {
+    if (other != n) preset(other) = read[static_cast<std::size_t>(other)];
+  }
+  return tellOfPreset(std::move(lock));
+}
+
+bool CPresetSystemEffect::tellOfPreset(BankLock lock) {
   lock.unlock();  // the host may wait for another thread that needs it
   updateDisplay();
   beginEdit(0);  // an empty gesture: hosts re-read the parameters after it
@@ -153,8 +169,8 @@ ACombProgram CPresetSystemEffect::copyOfPreset(long n) {
   return preset(n);
 }
 
-void CPresetSystemEffect::bankTakenOver(long n, BankLock lock) {
-  selectPreset(n, std::move(lock));
+void CPresetSystemEffect::bankTakenOver(long n) {
+  setPresetNo(n);
   if (listener != nullptr) listener->presetsChanged();
 }
 

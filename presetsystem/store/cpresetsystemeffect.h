@@ -92,11 +92,11 @@ class CPresetSystemEffect : public AudioEffectX {
   bool isPresetChangeInProgress() const { return presetChange.isMine(); }
   presetimage::DummySlots dummySlots();     // of current images
   presetimage::DummySlots oldDummySlots();  // of old images
-  // A bank has been read, under this lock: preset n of it becomes current.
-  void bankTakenOver(long n, BankLock lock);
-  void bankTakenOver(long n) { bankTakenOver(n, lockBank()); }
-  // The same of an old chunk, of which the listener is not told. Returns what setPresetNo returns.
-  bool selectPreset(long n, BankLock lock);
+  // The bank's place is taken by `read`, of which preset n becomes current; under this lock, which
+  // ends before the host is told. Returns what setPresetNo returns.
+  bool takeBank(const presetimage::Bank& read, long n, BankLock lock);
+  void bankTakenOver(
+      long n);             // a bank has been read: preset n becomes current, the listener is told
   void presetTakenOver();  // the current preset has been read: host and effect take it over
 
  protected:
@@ -107,6 +107,7 @@ class CPresetSystemEffect : public AudioEffectX {
 
  private:
   void pushPreset(long n);
+  bool tellOfPreset(BankLock lock);
 
   PresetListener* listener = nullptr;
   std::unique_ptr<presetimage::Bank> presets;

@@ -75,6 +75,24 @@ TEST(ParameterThreads, TwoThatSelectAPresetLeaveTheBankAlone) {
   EXPECT_EQ(different, 0) << "of " << kSelections;
 }
 
+// A thread that is held for long between its look at the number and its store can still hit one.
+TEST(ParameterThreads, ABankThatIsTakenKeepsItsPresetsWhileTheOldOnesAreAutomated) {
+  constexpr float kHeld = 0.25F;  // by every preset; no round automates it
+  Trelvan effect(silentHost);
+  presetimage::Bank taken = effect.bank();
+  for (ACombProgram& preset : taken) preset.width = kHeld;
+  int altered = 0;
+  AtOnce both(kRounds, [&](int round) { effect.setParameter(kWidthIndex, valueOf(round, 0)); });
+  for (int round = 1; round <= kRounds; ++round) {
+    const long selected = round % 2 == 0 ? 3 : 7;
+    both.round(round, [&] { effect.takeBank(taken, selected, effect.lockBank()); });
+    for (long n = 0; n < CPresetSystemEffect::kPresetCount; ++n) {
+      if (n != selected && effect.preset(n).width != kHeld) ++altered;
+    }
+  }
+  EXPECT_LE(altered, kRounds / 1000);
+}
+
 // As the window's thread and the host's may.
 TEST(ParameterThreads, RenamingWhileAnotherSelectsAndSavesLeavesWholeNames) {
   Trelvan effect(silentHost);
