@@ -50,7 +50,10 @@ ExitStatus runValidator(const Arguments& arguments, Console& console) {
   const ValidatorArguments& asked = *arguments.validator;
   const ValidationRequest request{pluginFor(arguments), asked.strictness,
                                   asked.seed.value_or(std::random_device()()), asked.check};
-  const bool sound = validate(request, [&](const std::string& line) { console.print(line); });
+  const bool sound = validate(request, [&](const std::string& line) {
+    console.print(line);
+    console.checkPrinted();  // whoever reads may have gone
+  });
   return sound ? ExitStatus::done : ExitStatus::failed;
 }
 

@@ -13,6 +13,7 @@
 #include <cstring>
 #include <new>
 #include <thread>
+#include <vector>
 
 #include "host/base/failure.h"
 #include "host/base/text.h"
@@ -94,18 +95,30 @@ int waitFor(pid_t process, std::chrono::seconds longest, bool& hangs) {
   }
 }
 
-// Whether the check has left a process running. Ends and reaps what is left.
-bool leftProcesses(pid_t group) {
-  const auto end = Clock::now() + kTimeToEnd;
-  bool left = true;
-  while (left && Clock::now() < end) {
-    while (waitpid(-group, nullptr, WNOHANG) > 0) {
-    }
-    left = kill(-group, 0) == 0;
-    if (left) std::this_thread::sleep_for(kLookAgain);
+// The processes that the check has left, reaped as far as they have ended.
+std::vector<pid_t> leftOnes(pid_t keeper) {
+  std::vector<pid_t> left;
+  for (const pid_t child : childProcesses()) {
+    if (child != keeper && waitpid(child, nullptr, WNOHANG) == 0) left.push_back(child);
   }
-  kill(-group, SIGKILL);
-  while (waitpid(-group, nullptr, 0) > 0) {
+  return left;
+}
+
+// Whether the check has left a process running, in its group or elsewhere. Ends what is left.
+bool leftProcesses(pid_t group, pid_t keeper) {
+  auto end = Clock::now() + kTimeToEnd;
+  const auto isAnyLeft = [&] { return !leftOnes(keeper).empty() || kill(-group, 0) == 0; };
+  bool left = isAnyLeft();
+  while (left && Clock::now() < end) {
+    std::this_thread::sleep_for(kLookAgain);
+    left = isAnyLeft();
+  }
+  // With each that is ended, those that it has started become ours.
+  end = Clock::now() + kTimeToEnd;
+  for (bool more = left; more && Clock::now() < end; more = isAnyLeft()) {
+    kill(-group, SIGKILL);
+    for (const pid_t child : leftOnes(keeper)) kill(child, SIGKILL);
+    std::this_thread::sleep_for(kLookAgain);
   }
   return left;
 }
@@ -130,8 +143,7 @@ Verdict verdictOf(int status, bool hangs, bool left, const Check& check,
 
 }  // namespace
 
-Verdict runCheck(const Check& check, const std::filesystem::path& plugin, int strictness,
-                 std::uint64_t seed, bool talks) {
+Verdict runCheck(const Check& check, const ValidationRequest& request, const TrialHome& home) {
   SharedReport shared;
   const auto begin = Clock::now();
   const pid_t process = fork();
@@ -140,15 +152,18 @@ Verdict runCheck(const Check& check, const std::filesystem::path& plugin, int st
     endWithParent();
     setpgid(0, 0);
     forgetSignalHandlers();
-    if (!talks) silenceStandardStreams();
-    Trial trial(plugin, strictness, seed, check.name, shared.get());
+    home.enter();
+    if (!request.check) silenceStandardStreams();
+    Trial trial(request.plugin, request.strictness, request.seed, check.name, shared.get());
     runInThisProcess(check, trial, shared.get());
     _exit(0);
   }
   setpgid(process, process);  // in both, so that it is one whoever comes first
+  home.tellRunning(process);
   bool hangs = false;
   const int status = waitFor(process, std::chrono::seconds(check.seconds), hangs);
-  const bool left = leftProcesses(process);
+  const bool left = leftProcesses(process, home.keeper());
+  home.tellRunning(0);
   const std::chrono::duration<double> took = Clock::now() - begin;
   Verdict verdict = verdictOf(status, hangs, left, check, shared.get());
   verdict.seconds = took.count();

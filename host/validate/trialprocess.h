@@ -1,11 +1,11 @@
 // Runs one check in a process of its own, which may crash, hang or end there as it likes.
 #pragma once
 
-#include <cstdint>
-#include <filesystem>
 #include <string>
 
 #include "host/validate/check.h"
+#include "host/validate/trialhome.h"
+#include "host/validate/validation.h"
 
 struct Verdict {
   CheckOutcome outcome;
@@ -13,8 +13,7 @@ struct Verdict {
   double seconds = 0.0;  // it took
 };
 
-// talks: what the effect writes to the standard streams is let through. What the check leaves
-// running is ended, and fails it. Called by a process that has one thread and has not loaded the
-// plug-in. Throws Failure where the system makes no process.
-Verdict runCheck(const Check& check, const std::filesystem::path& plugin, int strictness,
-                 std::uint64_t seed, bool talks);
+// What the effect writes to the standard streams is let through where one check is asked for. What
+// the check leaves running is ended, and fails it. Called by a process that has one thread and has
+// not loaded the plug-in. Throws Failure where the system makes no process.
+Verdict runCheck(const Check& check, const ValidationRequest& request, const TrialHome& home);

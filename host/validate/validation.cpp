@@ -43,6 +43,19 @@ const char* word(CheckOutcome outcome) {
   return outcome == CheckOutcome::leftOut ? "left out" : "FAIL    ";
 }
 
+// As one word of a shell's. The names of checks need no more than the marks.
+std::string quoted(const std::string& word) {
+  std::string result = "'";
+  for (const char c : word) {
+    if (c == '\'') {
+      result += "'\\''";
+    } else {
+      result += c;
+    }
+  }
+  return result + "'";
+}
+
 std::string lineOf(const Check& check, const Verdict& verdict) {
   std::string line =
       formatted("%s  %s (%.1f s)", word(verdict.outcome), check.name, verdict.seconds);
@@ -63,16 +76,15 @@ bool validate(const ValidationRequest& request,
   int failed = 0;
   int leftOut = 0;
   for (const Check& check : checks) {
-    const Verdict verdict = runCheck(check, request.plugin, request.strictness, request.seed,
-                                     request.check.has_value());
+    const Verdict verdict = runCheck(check, request, home);
     print(lineOf(check, verdict));
     passed += verdict.outcome == CheckOutcome::passed ? 1 : 0;
     leftOut += verdict.outcome == CheckOutcome::leftOut ? 1 : 0;
     if (verdict.outcome != CheckOutcome::failed) continue;
     ++failed;
-    print(formatted("          again: widen --validate '%s' --strictness %d --seed %" PRIu64
-                    " --check '%s'",
-                    request.plugin.c_str(), request.strictness, request.seed, check.name));
+    print("          again: widen --validate " + quoted(request.plugin.string()) +
+          formatted(" --strictness %d --seed %" PRIu64 " --check '%s'", request.strictness,
+                    request.seed, check.name));
   }
   print(formatted("%zu check%s: %d passed, %d failed, %d left out", checks.size(),
                   checks.size() == 1 ? "" : "s", passed, failed, leftOut));

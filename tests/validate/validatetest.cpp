@@ -10,8 +10,11 @@
 ValidatorRun validateFile(const std::string& plugin, const std::vector<std::string>& words) {
   std::string command = std::string(WIDEN_PROGRAM) + " --validate '" + plugin + "'";
   for (const std::string& word : words) command += " '" + word + "'";
-  command += " 2>&1 </dev/null";
-  FILE* output = popen(command.c_str(), "r");
+  return validateCommand(command);
+}
+
+ValidatorRun validateCommand(const std::string& command) {
+  FILE* output = popen(("{ " + command + "; } 2>&1 </dev/null").c_str(), "r");
   if (output == nullptr) return {-1, "the validator cannot be run"};
   std::string text;
   std::array<char, 4096> piece{};

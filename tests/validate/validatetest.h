@@ -15,6 +15,9 @@ struct ValidatorRun {
 // words: after "--validate PLUGIN".
 ValidatorRun validateFile(const std::string& plugin, const std::vector<std::string>& words);
 
+// By the shell, whose standard error stream is read too.
+ValidatorRun validateCommand(const std::string& command);
+
 // A plug-in of the family, by the name of its file.
 inline ValidatorRun validateBroken(const std::string& name, const std::string& check) {
   return validateFile(std::string(VALIDATE_PLUGINS) + "/" + name + ".so",
