@@ -115,7 +115,7 @@ TEST_F(Validator, DoesMoreTheStricterItIs) {
 TEST_F(Validator, MeetsTheSameWithTheSameSeed) {
   const auto failure = [](const char* seed) {
     const ValidatorRun run =
-        validateFile(pluginFile("flickerswithblocks"),
+        validateFile(pluginFile("roundswithblocks"),
                      {"--seed", seed, "--check", "blocks of any size give the same bits"});
     return linesThatBegin(run.text, "FAIL ");
   };
