@@ -40,7 +40,8 @@ class PreferenceStore {
 
   // Puts the changes on disk before it returns; what others wrote meanwhile under other keys stays.
   // Writes nothing where nothing differs. longestWait: for another process that is writing. False:
-  // nothing was written, and the changes wait for the next time.
+  // nothing was written, and the changes wait for the next time. One whose key has got another
+  // value by then is older than that one, and goes.
   bool synchronise(std::chrono::milliseconds longestWait = kLongestWait);
   bool hasChanges() const;  // that wait
 

@@ -4,6 +4,7 @@
 #include <glib.h>
 #include <glib/gstdio.h>
 
+#include <algorithm>
 #include <cstring>
 #include <map>
 #include <optional>
@@ -147,25 +148,33 @@ Loaded load(const std::string& path) {
 }  // namespace
 
 struct PreferenceStore::System {
-  // encoded values; none: the key goes
-  using Changes = std::map<std::string, std::optional<std::string>>;
+  using Value = std::optional<std::string>;  // encoded; none: no such key
+  struct Change {
+    Value value;
+    // What stood under the key when the change was refused first, where that could be read.
+    std::optional<Value> before = std::nullopt;
+  };
+  using Changes = std::map<std::string, Change>;
 
   std::string path;  // empty: no preferences
   KeyFile stored;    // null: not read yet
   Changes changes;
 
-  std::optional<std::string> value(const std::string& key) {
-    if (const auto change = changes.find(key); change != changes.end()) return change->second;
+  Value value(const std::string& key) {
+    if (const auto change = changes.find(key); change != changes.end()) return change->second.value;
     if (path.empty()) return std::nullopt;
     if (!stored) stored = std::move(load(path).keys);
     return valueIn(stored.get(), key);
   }
 
-  // True where that made a difference.
+  // True where that made a difference. What others have stored since a change waits is newer than
+  // the change, and stays.
   bool applyTo(GKeyFile* keys) const {
     bool differs = false;
-    for (const auto& [key, value] : changes) {
-      if (valueIn(keys, key) == value) continue;
+    for (const auto& [key, change] : changes) {
+      const auto& [value, before] = change;
+      const Value now = valueIn(keys, key);
+      if (now == value || (before && now != *before)) continue;
       differs = true;
       if (value) {
         g_key_file_set_value(keys, kGroup, key.c_str(), value->c_str());
@@ -174,6 +183,18 @@ struct PreferenceStore::System {
       }
     }
     return differs;
+  }
+
+  bool write(std::chrono::milliseconds longestWait);
+
+  // Needs no lock. A file that cannot be read is asked again at the next refusal.
+  void rememberWhatStands() {
+    const auto isNew = [](const auto& entry) { return !entry.second.before; };
+    if (path.empty() || std::none_of(changes.begin(), changes.end(), isNew)) return;
+    const Loaded now = load(path);
+    if (!now.replaceable) return;
+    for (auto& [key, change] : changes)
+      if (!change.before) change.before = valueIn(now.keys.get(), key);
   }
 };
 
@@ -200,15 +221,15 @@ bool PreferenceStore::getBytes(const char* key, std::vector<unsigned char>& out)
 }
 
 void PreferenceStore::setString(const char* key, const char* value) {
-  system->changes[key] = encodedString(value);
+  system->changes[key] = {encodedString(value)};
 }
 
 void PreferenceStore::setBytes(const char* key, const void* bytes, std::size_t size) {
-  system->changes[key] = encodedBytes(static_cast<const unsigned char*>(bytes), size);
+  system->changes[key] = {encodedBytes(static_cast<const unsigned char*>(bytes), size)};
 }
 
 void PreferenceStore::remove(const char* key) {
-  system->changes[key] = std::nullopt;
+  system->changes[key] = {std::nullopt};
 }
 
 void PreferenceStore::readAgain() {
@@ -219,24 +240,29 @@ bool PreferenceStore::hasChanges() const {
   return !system->changes.empty();
 }
 
-// Where links lead, and the lock beside it: whoever keeps the file elsewhere finds it there.
 bool PreferenceStore::synchronise(std::chrono::milliseconds longestWait) {
-  if (system->changes.empty()) return true;
-  if (system->path.empty()) return false;
-  const std::string path = withoutLinks(system->path);
-  if (path.empty() || g_mkdir_with_parents(folderPart(path).c_str(), 0700) != 0) return false;
-  const sharedfile::Lock lock(path + ".lock", longestWait);
+  if (system->changes.empty() || system->write(longestWait)) return true;
+  system->rememberWhatStands();
+  return false;
+}
+
+// Where links lead, and the lock beside it: whoever keeps the file elsewhere finds it there.
+bool PreferenceStore::System::write(std::chrono::milliseconds longestWait) {
+  if (path.empty()) return false;
+  const std::string place = withoutLinks(path);
+  if (place.empty() || g_mkdir_with_parents(folderPart(place).c_str(), 0700) != 0) return false;
+  const sharedfile::Lock lock(place + ".lock", longestWait);
   if (!lock.isHeld()) return false;
-  Loaded now = load(path);  // what others wrote since this object read stays
+  Loaded now = load(place);  // what others wrote since this object read stays
   if (!now.replaceable) return false;
-  if (system->applyTo(now.keys.get())) {
+  if (applyTo(now.keys.get())) {
     gsize size = 0;
     const Text text(g_key_file_to_data(now.keys.get(), &size, nullptr));
     if (size > kLargestFile) return false;
-    if (now.damaged && !sharedfile::keepAside(path)) return false;
-    if (!sharedfile::replace(path, std::string(text.get(), size), lock.excludes())) return false;
+    if (now.damaged && !sharedfile::keepAside(place)) return false;
+    if (!sharedfile::replace(place, std::string(text.get(), size), lock.excludes())) return false;
   }
-  system->stored = std::move(now.keys);
-  system->changes.clear();
+  stored = std::move(now.keys);
+  changes.clear();
   return true;
 }

@@ -99,7 +99,7 @@ bool PreferenceStore::hasChanges() const {
   return !system->changes.empty();
 }
 
-// The system's own service writes, and lets nobody wait.
+// The system's own service writes, lets nobody wait, and holds itself what it cannot write yet.
 bool PreferenceStore::synchronise(std::chrono::milliseconds /*longestWait*/) {
   if (system->changes.empty()) return true;
   if (!system->application) return false;

@@ -31,6 +31,74 @@ TEST_F(Preferences, WaitNoLongerForALockThanTheyAreTold) {
   EXPECT_EQ(stored("Key"), "new");
 }
 
+// Another writer, for as long as the object lives.
+class Locked {
+ public:
+  explicit Locked(const std::string& file)
+      : lock(open((file + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+    EXPECT_EQ(flock(lock, LOCK_EX), 0);
+  }
+  ~Locked() { close(lock); }
+  Locked(const Locked&) = delete;
+  Locked& operator=(const Locked&) = delete;
+
+ private:
+  int lock;
+};
+
+TEST_F(Preferences, ThatWaitedPutNothingOverWhatIsNewer) {
+  store("Changed", "before");
+  PreferenceStore waiting(kId);
+  waiting.setBytes("Changed", "old", 3);
+  waiting.setBytes("Made", "old", 3);
+  waiting.setBytes("Untouched", "mine", 4);
+  {
+    const Locked locked(file());
+    EXPECT_FALSE(waiting.synchronise());
+  }
+  store("Changed", "newer");
+  store("Made", "newer");
+  EXPECT_TRUE(waiting.synchronise());
+  EXPECT_FALSE(waiting.hasChanges());
+  EXPECT_EQ(stored("Changed"), "newer");
+  EXPECT_EQ(stored("Made"), "newer");
+  EXPECT_EQ(stored("Untouched"), "mine");
+  std::vector<unsigned char> value;
+  EXPECT_TRUE(waiting.getBytes("Changed", value));
+  EXPECT_EQ(std::string(value.begin(), value.end()), "newer") << "its own questions";
+}
+
+TEST_F(Preferences, ThatWaitedRemoveNothingThatIsNewer) {
+  store("Changed", "before");
+  store("Untouched", "before");
+  PreferenceStore waiting(kId);
+  for (const char* key : {"Changed", "Made", "Untouched"}) waiting.remove(key);
+  {
+    const Locked locked(file());
+    EXPECT_FALSE(waiting.synchronise());
+  }
+  store("Changed", "newer");
+  store("Made", "newer");
+  EXPECT_TRUE(waiting.synchronise());
+  EXPECT_EQ(stored("Changed"), "newer");
+  EXPECT_EQ(stored("Made"), "newer");
+  EXPECT_EQ(stored("Untouched"), "missing");
+}
+
+TEST_F(Preferences, AreAsNewAsTheirLastChange) {
+  store("Key", "before");
+  PreferenceStore waiting(kId);
+  waiting.setBytes("Key", "old", 3);
+  {
+    const Locked locked(file());
+    EXPECT_FALSE(waiting.synchronise());
+  }
+  store("Key", "newer");
+  waiting.setBytes("Key", "newest", 6);
+  EXPECT_TRUE(waiting.synchronise());
+  EXPECT_EQ(stored("Key"), "newest");
+}
+
 TEST_F(Preferences, ReadAgainWhenTheyAreTold) {
   store("Key", "old");
   PreferenceStore preferences(kId);
