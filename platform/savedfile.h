@@ -7,6 +7,7 @@
 // beside the old one takes its name when all of it is written, with its owner and rights; links are
 // followed, also one that leads to nothing yet. Written where they stand are: what is no regular
 // file, files of several names, and those whose folder or owner allows no new one; such a file gets
-// its old content back where the new one has no room. False: nothing was saved. Any thread.
+// its old content back where the new one has no room, and is left alone where it has more than 16
+// MiB. False: nothing was saved. Any thread.
 bool saveFile(const char* fileName, const char* folder, const unsigned char* bytes,
               std::size_t size);

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <thread>
 
+#include "platform/ondisk.h"
 #include "platform/paths.h"
 
 namespace sharedfile {
@@ -46,10 +47,10 @@ bool writeAll(int file, const std::string& content) {
   return true;
 }
 
-bool putOnDisk(const std::string& path, const std::string& content) {
+bool writeNew(const std::string& path, const std::string& content) {
   Descriptor file(
       ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600));
-  return file.isOpen() && writeAll(file.get(), content) && ::fsync(file.get()) == 0 && file.close();
+  return file.isOpen() && writeAll(file.get(), content) && putOnDisk(file.get()) && file.close();
 }
 
 // The new name is on disk when the folder is.
@@ -110,7 +111,7 @@ bool replace(const std::string& path, const std::string& content, bool alone) {
   std::string next = path + ".new";
   // Then two may write at once, each a file of its own.
   if (!alone) next += std::to_string(std::chrono::steady_clock::now().time_since_epoch().count());
-  if (!putOnDisk(next, content) || std::rename(next.c_str(), path.c_str()) != 0) {
+  if (!writeNew(next, content) || std::rename(next.c_str(), path.c_str()) != 0) {
     ::unlink(next.c_str());
     return false;
   }

@@ -27,7 +27,10 @@ class DiskCalls : public testing::Test {
       return works;
     };
   }
-  ~DiskCalls() override { onSync = nullptr; }
+  ~DiskCalls() override {
+    onSync = nullptr;
+    syncError = EIO;
+  }
   DiskCalls(const DiskCalls&) = delete;
   DiskCalls& operator=(const DiskCalls&) = delete;
 
@@ -54,6 +57,20 @@ TEST_F(DiskCalls, LeaveTheOldFileWhereTheNewOneIsNotOnDisk) {
   EXPECT_FALSE(save());
   EXPECT_FALSE(sharedfile::replace(file, kNew));
   EXPECT_EQ(contentOf(file), "old");
+}
+
+// As some network and user-space file systems are.
+TEST_F(DiskCalls, MayBeUnknownToAFileSystem) {
+  works = false;
+  for (const int error : {EINVAL, ENOTSUP, ENOSYS}) {
+    syncError = error;
+    writeFile(file, "old");
+    EXPECT_TRUE(save()) << error;
+    EXPECT_EQ(contentOf(file), kNew);
+    writeFile(file, "old");
+    EXPECT_TRUE(sharedfile::replace(file, kNew)) << error;
+    EXPECT_EQ(contentOf(file), kNew);
+  }
 }
 
 TEST_F(DiskCalls, PutPreferencesOnDiskBeforeTheyTakeTheirName) {

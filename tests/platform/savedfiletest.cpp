@@ -157,6 +157,18 @@ TEST_F(SavedFile, KeepsAllItsNames) {
   EXPECT_EQ(names(), (Names{"a.orv", "b.orv"}));
 }
 
+// More than is kept in memory to be put back.
+TEST_F(SavedFile, OfSeveralNamesIsLeftAloneWhereItIsTooLongToPutBack) {
+  writeFile(file, kOld);
+  fs::create_hard_link(file, folder / "b.orv");
+  fs::resize_file(file, (1U << 24) + 1U);
+  EXPECT_FALSE(saveTo(file, kNew));
+  EXPECT_EQ(fs::file_size(file), (1U << 24) + 1U);
+  fs::resize_file(file, 1U << 24);
+  EXPECT_TRUE(saveTo(file, kNew));
+  EXPECT_EQ(contentOf(folder / "b.orv"), kNew);
+}
+
 TEST_F(SavedFile, GoesThroughAPipeThatStaysOne) {
   ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
   const int reader = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);

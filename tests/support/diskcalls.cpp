@@ -9,6 +9,7 @@
 #include <climits>
 
 std::function<bool(const std::string& path)> onSync;
+int syncError = EIO;
 int flockError = 0;
 
 extern "C" int fsync(int file) {
@@ -17,7 +18,7 @@ extern "C" int fsync(int file) {
     const std::string link = "/proc/self/fd/" + std::to_string(file);
     const ssize_t length = readlink(link.c_str(), path, sizeof path);
     if (length < 0 || !onSync(std::string(path, static_cast<std::size_t>(length)))) {
-      errno = EIO;
+      errno = syncError;
       return -1;
     }
   }
