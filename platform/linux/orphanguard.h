@@ -7,7 +7,9 @@
 
 // The kernel's own signal for a parent's end would come when the thread ends that started the
 // program. Here a shell reads from a pipe whose other end is the host's alone: the kernel closes it
-// with the process, also one that is killed. One thread at a time.
+// with the process, also one that is killed. A child that the host forks while the program runs has
+// that end too until it starts another program: one that stays holds the program, and the dialog on
+// the screen, for its own life. One thread at a time.
 class OrphanGuard {
  public:
   // What needs memory.
