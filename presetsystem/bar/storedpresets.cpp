@@ -1,6 +1,8 @@
 // Default bank and preset, memories, folder and file names, in the user's preferences.
 #include "presetsystem/bar/storedpresets.h"
 
+#include <algorithm>
+#include <atomic>
 #include <vector>
 
 #include "presetsystem/store/bankimages.h"
@@ -13,6 +15,10 @@ constexpr char kDirectoryKey[] = "CurrDir";
 constexpr char kBankNameKey[] = "CurrBank";
 constexpr char kPresetNameKey[] = "CurrPreset";
 constexpr std::size_t kLongestText = 256;  // bytes with the terminator; a longer one is not taken
+constexpr auto kLongestPause = std::chrono::minutes(1);  // between two tries
+// At an instance's end, for what would be lost. A host ends them by the dozen: once a process.
+constexpr auto kLastWait = std::chrono::seconds(1);
+std::atomic<bool> lastWaitWasInVain{false};
 
 const char* keyOf(StoredImage which) {
   switch (which) {
@@ -80,11 +86,15 @@ void StoredPresets::remove(StoredImage which) {
 // new write nothing, and take nothing back that another one has stored meanwhile.
 void StoredPresets::storePlaces() {
   if (places == storedPlaces) return;
+  setPlaces();
+  write();
+}
+
+void StoredPresets::setPlaces() {
   preferences.setString(kDirectoryKey, places.currentDirectory);
   preferences.setString(kBankNameKey, places.bankFileName);
   preferences.setString(kPresetNameKey, places.presetFileName);
   storedPlaces = places;
-  write();
 }
 
 void StoredPresets::recallPlaces() {
@@ -104,19 +114,24 @@ void StoredPresets::readPlaces() {
 
 // A stopped process that holds the lock would hold the host's thread too, at every click.
 void StoredPresets::write() {
-  constexpr auto kPause = std::chrono::seconds(1);  // between two tries
   const auto longestWait = waited ? std::chrono::milliseconds(0) : PreferenceStore::kLongestWait;
   waited = !preferences.synchronise(longestWait);
-  nextTry = std::chrono::steady_clock::now() + kPause;
+  if (!waited) pause = kShortestPause;
+  nextTry = std::chrono::steady_clock::now() + pause;
 }
 
+// What never succeeds, on a disk that stays full for instance, costs the host's thread ever less.
 void StoredPresets::tryAgain() {
-  if (preferences.hasChanges() && std::chrono::steady_clock::now() >= nextTry) write();
+  if (!preferences.hasChanges() || std::chrono::steady_clock::now() < nextTry) return;
+  pause = std::min<std::chrono::seconds>(2 * pause, kLongestPause);
+  write();
 }
 
 // There is no next time to wait for.
 void StoredPresets::storeLast() {
-  waited = false;
-  storePlaces();
-  if (preferences.hasChanges() && !waited) write();
+  if (places != storedPlaces) setPlaces();
+  if (!preferences.hasChanges()) return;
+  const bool brief = lastWaitWasInVain.load(std::memory_order_relaxed);
+  if (!preferences.synchronise(brief ? PreferenceStore::kLongestWait : kLastWait))
+    lastWaitWasInVain.store(true, std::memory_order_relaxed);
 }

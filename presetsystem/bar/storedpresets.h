@@ -13,9 +13,12 @@ enum class StoredImage : std::uint8_t { defaultBank, defaultPreset, defaultMidi,
 
 // All instances share the preferences; what is stored is on disk before the call returns. Where
 // that cannot be, for another process that keeps the store locked or a disk that is full, this
-// instance remembers it and tries again: at the next store, every second from the idle passes, and
-// at its end. Nothing is reported: what is missing, foreign or refused leaves the bank as it was.
-// User-interface thread. Of a MIDI map there is only the removal.
+// instance remembers it and tries again: at the next store, from the idle passes after a second and
+// then after pauses that double up to a minute, and at its end. The end waits a second for it, and
+// 50 ms once a second was in vain in this process; what cannot be stored then is lost, as is what
+// another instance has stored something newer for. Nothing is reported: what is missing, foreign or
+// refused leaves the bank as it was. User-interface thread. Of a MIDI map there is only the
+// removal.
 class StoredPresets {
  public:
   StoredPresets(CPresetSystemEffect* storesEffect, FilePlaces& kept);
@@ -34,12 +37,16 @@ class StoredPresets {
  private:
   void read(StoredImage which);
   void readPlaces();
+  void setPlaces();
   void write();
+
+  static constexpr std::chrono::seconds kShortestPause{1};  // between two tries
 
   CPresetSystemEffect* effect;
   FilePlaces& places;
   FilePlaces storedPlaces;      // as recalled or stored last
   PreferenceStore preferences;  // with what waits to be written
   bool waited = false;          // in vain: the host's thread does not wait once more
+  std::chrono::seconds pause = kShortestPause;
   std::chrono::steady_clock::time_point nextTry;
 };

@@ -7,6 +7,8 @@
 #include <thread>
 
 #include "tests/presetsystem/filesfixture.h"
+#include "tests/support/ownprocess.h"
+#include "tests/support/preferencestoretest.h"
 
 namespace {
 
@@ -24,8 +26,7 @@ class LockedStore : public Files {
     PreferenceStore preferences("com.orv.trelvan");  // makes folder and lock
     preferences.setBytes("Other", "1", 1);
     EXPECT_TRUE(preferences.synchronise());
-    lock = open((prefsFile() + ".lock").c_str(), O_RDWR | O_CLOEXEC);
-    EXPECT_EQ(flock(lock, LOCK_EX), 0);
+    take();
   }
   ~LockedStore() override { release(); }
   LockedStore(const LockedStore&) = delete;
@@ -35,6 +36,19 @@ class LockedStore : public Files {
     Bytes value;
     PreferenceStore("com.orv.trelvan").getBytes(key, value);
     return value;
+  }
+  // Idle passes, until the memory is stored or the time is over. Returns how long.
+  std::chrono::steady_clock::duration idle(const char* key, std::chrono::milliseconds longest) {
+    const auto begin = std::chrono::steady_clock::now();
+    while (stored(key).empty() && std::chrono::steady_clock::now() - begin < longest) {
+      editor().tryToStoreAgain();
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return std::chrono::steady_clock::now() - begin;
+  }
+  void take() {
+    lock = open((prefsFile() + ".lock").c_str(), O_RDWR | O_CLOEXEC);
+    EXPECT_EQ(flock(lock, LOCK_EX), 0);
   }
   void release() {
     if (lock >= 0) close(lock);
@@ -76,6 +90,48 @@ TEST_F(LockedStore, IsWrittenFromAnIdlePassWithinASecondOrSo) {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
   EXPECT_EQ(stored("MemoAPreset"), imagebytes::presetImage(kPad));
+}
+
+// After one second and three, and not four times; when it could be written, after one second again.
+TEST_F(LockedStore, IsTriedEverMoreSeldom) {
+  using std::chrono::milliseconds;
+  editor().storeA();
+  FolderWatch watch(std::filesystem::path(prefsFile()).parent_path(), IN_OPEN);
+  idle("MemoAPreset", milliseconds(4500));
+  const int tries = watch.count(std::filesystem::path(prefsFile()).filename().string() + ".lock");
+  EXPECT_GE(tries, 1);
+  EXPECT_LE(tries, 2);
+  release();
+  editor().saveDefaultPreset();  // whatever is stored takes the rest along
+  EXPECT_EQ(stored("MemoAPreset"), imagebytes::presetImage(kPad));
+  take();
+  editor().storeB();
+  release();
+  EXPECT_LT(idle("MemoBPreset", milliseconds(20000)), milliseconds(3500));
+}
+
+// Another writer's turn may take longer than a click may wait.
+TEST_F(LockedStore, IsWaitedForALittleLongerAtTheInstancesEnd) {
+  editor().storeA();
+  const pid_t other = inProcess([this] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    flock(lock, LOCK_UN);
+  });
+  instance.reset();
+  EXPECT_TRUE(succeeded(other));
+  EXPECT_EQ(stored("MemoAPreset"), imagebytes::presetImage(kPad));
+}
+
+// Ten ends that waited a second each would take ten.
+TEST_F(LockedStore, HoldsTheEndOfOneInstanceInAProcessAndNotOfEach) {
+  const auto begin = std::chrono::steady_clock::now();
+  for (int end = 0; end < 10; ++end) {
+    if (end > 0) instance = std::make_unique<FilesInstance>();
+    editor().storeA();
+    instance.reset();
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(5000));
+  EXPECT_EQ(stored("MemoAPreset"), Bytes());
 }
 
 TEST_F(LockedStore, IsWrittenWhenTheInstanceEnds) {
