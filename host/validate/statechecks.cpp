@@ -92,23 +92,31 @@ void programComesBack(Trial& trial) {
   comesBack(trial, true);
 }
 
+// Hosts ask between saving and reading. Some effects give the memory that they work in, which
+// moves with their parameters: hosts that move them meanwhile have hardly been seen.
 void staysAsItIs(Trial& trial) {
+  constexpr int kMoves = 10;  // strictness
   PluginModule module(trial.plugin());
   Subject subject(module);
   needChunk(trial, subject);
   const auto bytes = save(subject, false);
   if (bytes.empty()) trial.leaveOut("its chunk is empty");
   const std::vector<unsigned char> copy(bytes.begin(), bytes.end());
+  const auto compare = [&](const char* calls) {
+    trial.step("reading what it saved to, after %s", calls);
+    const auto differs = std::mismatch(copy.begin(), copy.end(), bytes.begin());
+    if (differs.first == copy.end()) return;
+    trial.fail(
+        "byte %td of the %zu that it saved is %d, and %d after %s: hosts take the bytes later",
+        differs.first - copy.begin(), copy.size(), *differs.first, *differs.second, calls);
+  };
   trial.step("asking for parameters after saving");
   toldState(subject);
+  compare("it was asked for its parameters");
+  if (trial.strictness() < kMoves) return;
+  trial.step("moving parameters after saving");
   changeAtRandom(trial, subject, 0);
-  trial.step("reading what it saved to, after other calls");
-  const auto differs = std::mismatch(copy.begin(), copy.end(), bytes.begin());
-  if (differs.first == copy.end()) return;
-  trial.fail(
-      "byte %td of the %zu that it saved is %d, and %d after other calls: hosts take the "
-      "bytes later",
-      differs.first - copy.begin(), copy.size(), *differs.first, *differs.second);
+  compare("its parameters moved");
 }
 
 void readNoFurther(Trial& trial) {

@@ -4,6 +4,7 @@
 namespace {
 
 constexpr const char* kBankBack = "a bank that is loaded gives back what was saved";
+constexpr const char* kSavedStays = "saved bytes stay as they are while the host uses them";
 constexpr const char* kSavedTwice = "a state saved twice is the same";
 
 INSTANTIATE_TEST_SUITE_P(
@@ -22,8 +23,8 @@ INSTANTIATE_TEST_SUITE_P(
                      "named \"Init\""},
         PlantedFault{"soundsasbefore", "a fresh effect sounds the same once the state is loaded",
                      "its sound differs by"},
-        PlantedFault{"reusesitsbytes", "saved bytes stay as they are while the host uses them",
-                     "after other calls"},
+        PlantedFault{"reusesitsbytes", kSavedStays, "after it was asked for its parameters"},
+        PlantedFault{"saveswhatitworksin", kSavedStays, "after its parameters moved"},
         PlantedFault{"readsfurther", "a state is read no further than its size",
                      "after which nothing can be read"},
         PlantedFault{"clearsbeforereading", "a state loads from the memory it was saved to",
@@ -61,3 +62,12 @@ INSTANTIATE_TEST_SUITE_P(
     nameOfFault);
 
 }  // namespace
+
+// Hosts that only ask before they read get what was saved.
+TEST(SavedBytes, MayBeTheMemoryThatAnEffectWorksIn) {
+  const ValidatorRun run =
+      validateFile(std::string(VALIDATE_PLUGINS) + "/saveswhatitworksin.so",
+                   {"--strictness", "5", "--seed", "1", "--check", kSavedStays});
+  EXPECT_EQ(run.status, 0) << run.text;
+  EXPECT_NE(run.text.find(std::string("pass      ") + kSavedStays), std::string::npos) << run.text;
+}

@@ -143,6 +143,19 @@ class ReusesItsBytes : public SoundEffect {
 };
 EFFECT_IN_FILE(reusesitsbytes, ReusesItsBytes);
 
+// The state is the memory that it works in.
+class SavesWhatItWorksIn : public SoundEffect {
+ public:
+  using SoundEffect::SoundEffect;
+
+ protected:
+  VstIntPtr giveChunk(void** bytes, bool) override {
+    *bytes = programs;
+    return sizeof programs;
+  }
+};
+EFFECT_IN_FILE(saveswhatitworksin, SavesWhatItWorksIn);
+
 class ReadsFurther : public SoundEffect {
  public:
   using SoundEffect::SoundEffect;
