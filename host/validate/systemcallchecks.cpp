@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <thread>
 
 #include "host/validate/check.h"
@@ -14,11 +15,17 @@ namespace {
 constexpr double kRate = 48000.0;                     // Hz
 constexpr std::array kBlocks{1024, 64, 512, 333, 1};  // frames; the longest first
 
-Trial* trapped = nullptr;  // the check's, for the handler
+// For the handler, which runs on the trapped thread.
+Trial* trapped = nullptr;               // the check's
+volatile std::sig_atomic_t moved = -1;  // the parameter that is being set; -1: processing
 
 void failForCall(int number) {
-  trapped->failAtOnce("calls the system while processing: %s (number %d)", systemCallName(number),
-                      number);
+  const int parameter = moved;
+  if (parameter < 0)
+    trapped->failAtOnce("calls the system while processing: %s (number %d)", systemCallName(number),
+                        number);
+  trapped->failAtOnce("calls the system when parameter %d moves between two blocks: %s (number %d)",
+                      parameter, systemCallName(number), number);
 }
 
 // Everything that the thread needs is made before the trap; it ends with the process.
@@ -30,8 +37,11 @@ void playTrapped(Trial& trial, Subject& subject) {
   const auto play = [&](int rounds) {
     for (int round = 0; round < rounds; ++round) {
       for (const int frames : kBlocks) {
-        if (parameters > 0)
-          subject.setParameter(trial.randomInt(0, parameters - 1), trial.randomUnit());
+        if (parameters > 0) {
+          moved = trial.randomInt(0, parameters - 1);
+          subject.setParameter(moved, trial.randomUnit());
+          moved = -1;
+        }
         stretch.play(subject, 0, frames);
       }
     }

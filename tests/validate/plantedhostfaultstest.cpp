@@ -54,6 +54,8 @@ INSTANTIATE_TEST_SUITE_P(
                      "new pages of memory in ten seconds, after 60 s of sound"},
         PlantedFault{"asksthesystem", "processing calls nothing of the system",
                      "calls the system while processing: sched_yield", false},
+        PlantedFault{"asksthesystemwhenmoved", "processing calls nothing of the system",
+                     "moves between two blocks: sched_yield", false},
         PlantedFault{"asksthesystemindouble",
                      "processing in double precision calls nothing of the system",
                      "calls the system while processing: umask", false}),

@@ -81,6 +81,18 @@ class AsksTheSystem : public SoundEffect {
 EFFECT_IN_FILE(asksthesystem, AsksTheSystem);
 EFFECT_IN_FILE(asksthesystemindouble, AsksTheSystem);
 
+class AsksTheSystemWhenMoved : public SoundEffect {
+ public:
+  using SoundEffect::SoundEffect;
+
+ protected:
+  void setParameter(VstInt32 index, float value) override {
+    sched_yield();
+    SoundEffect::setParameter(index, value);
+  }
+};
+EFFECT_IN_FILE(asksthesystemwhenmoved, AsksTheSystemWhenMoved);
+
 // Memory that it has reserved long ago, and touches page by page.
 class NeverHasAllItsMemory : public SoundEffect {
  public:
