@@ -70,3 +70,12 @@ INSTANTIATE_TEST_SUITE_P(
     nameOfFault);
 
 }  // namespace
+
+// Nobody has to make as many as a check would need.
+TEST(LackOfMemory, IsNotTriedOnAnEffectThatRefusesAnotherInstance) {
+  if (VALIDATE_SANITIZED) GTEST_SKIP() << "a sanitizer stands where this check would have to";
+  const char* check = "it bears a lack of memory when it is made, opened and closed";
+  const ValidatorRun run = validateBroken("refusesmore", check);
+  EXPECT_EQ(run.status, 0) << run.text;
+  EXPECT_NE(run.text.find("it refuses another instance"), std::string::npos) << run.text;
+}

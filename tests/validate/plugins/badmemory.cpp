@@ -1,5 +1,6 @@
 // Effects that do not bear a lack of memory.
 #include <cstdlib>
+#include <new>
 #include <vector>
 
 #include "tests/validate/plugins/soundeffect.h"
@@ -22,6 +23,32 @@ class ThrowsWhenOpened : public SoundEffect {
   std::vector<double> memory;
 };
 EFFECT_IN_FILE(throwswhenopened, ThrowsWhenOpened);
+
+// Asks for memory so often when it is opened that a check has to make more of it than it allows.
+class RefusesMore : public SoundEffect {
+ public:
+  explicit RefusesMore(audioMasterCallback callback) : SoundEffect(callback) {
+    if (++made > kMost) throw std::bad_alloc();  // as which no effect is given
+  }
+
+ protected:
+  VstIntPtr dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                     float opt) override {
+    if (opcode == effOpen) {
+      for (int time = 0; time < kMost; ++time) {
+        auto* memory = static_cast<volatile char*>(std::malloc(1));
+        if (memory != nullptr) *memory = 0;
+        std::free(const_cast<char*>(memory));
+      }
+    }
+    return SoundEffect::dispatch(opcode, index, value, ptr, opt);
+  }
+
+ private:
+  static constexpr int kMost = 60;
+  static inline int made = 0;
+};
+EFFECT_IN_FILE(refusesmore, RefusesMore);
 
 class TrustsMemory : public SoundEffect {
  public:
