@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstdio>
+#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,6 +15,7 @@
 #include "host/base/failure.h"
 #include "host/base/text.h"
 #include "host/validate/check.h"
+#include "host/validate/childlife.h"
 #include "host/validate/exportedsymbols.h"
 #include "host/validate/loadingways.h"
 #include "host/validate/subject.h"
@@ -33,30 +36,46 @@ void scanOnce(const std::filesystem::path& binary) {
   const Subject subject(module);
 }
 
-// Milliseconds in a process that has never loaded it; nothing where the scan ended that process,
-// which another check tells of.
-std::optional<double> scanTime(const std::filesystem::path& binary) {
+// What the scan's process tells, in one piece of the pipe.
+struct Scan {
+  static constexpr std::size_t kLongestText = 512;  // bytes, with the terminating zero
+
+  double milliseconds = 0.0;
+  char complaint[kLongestText] = "";  // empty: it was scanned
+};
+
+[[noreturn]] void scanInThisProcess(const std::filesystem::path& binary, int end) {
+  Scan scan;
+  const auto begin = std::chrono::steady_clock::now();
+  try {
+    scanOnce(binary);
+  } catch (const Failure& failure) {
+    std::snprintf(scan.complaint, sizeof scan.complaint, "%s", failure.what());
+  } catch (const std::exception& error) {
+    std::snprintf(scan.complaint, sizeof scan.complaint, "throws an exception at the host (%s)",
+                  error.what());
+  }
+  const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
+  scan.milliseconds = took.count();
+  _exit(write(end, &scan, sizeof scan) == sizeof scan ? 0 : 1);
+}
+
+// In a process that has never loaded it; nothing where the scan ended that process.
+std::optional<Scan> scanApart(Trial& trial) {
   int ends[2];
-  if (pipe(ends) != 0) throw Failure("no pipe can be made for a scan");
+  if (pipe(ends) != 0) trial.leaveOut("no pipe can be made for a scan");
   const pid_t process = fork();
-  if (process < 0) throw Failure("no process can be made for a scan");
+  if (process < 0) trial.leaveOut("no process can be made for a scan");
   if (process == 0) {
-    const auto begin = std::chrono::steady_clock::now();
-    try {
-      scanOnce(binary);
-    } catch (const Failure&) {
-      _exit(1);
-    }
-    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
-    const double milliseconds = took.count();
-    _exit(write(ends[1], &milliseconds, sizeof milliseconds) == sizeof milliseconds ? 0 : 1);
+    endWithParent();
+    scanInThisProcess(trial.plugin(), ends[1]);
   }
   close(ends[1]);
-  double milliseconds = 0.0;
-  const bool told = read(ends[0], &milliseconds, sizeof milliseconds) == sizeof milliseconds;
+  Scan scan;
+  const bool told = read(ends[0], &scan, sizeof scan) == sizeof scan;
   close(ends[0]);
   waitpid(process, nullptr, 0);
-  return told ? std::optional(milliseconds) : std::nullopt;
+  return told ? std::optional(scan) : std::nullopt;
 }
 
 // The quickest of several: a busy machine is not the effect's fault. Hosts wait for the scan of
@@ -68,9 +87,10 @@ void isScannedQuickly(Trial& trial) {
   std::optional<double> best;
   for (int scan = 0; scan < kScans && best.value_or(longest) >= longest; ++scan) {
     trial.step("scanning, the %d. time", scan + 1);
-    const std::optional<double> took = scanTime(trial.plugin());
-    if (!took) trial.fail("ends the process that scans it");
-    best = std::min(best.value_or(*took), *took);
+    const std::optional<Scan> told = scanApart(trial);
+    if (!told) trial.fail("ends the process that scans it");
+    if (told->complaint[0] != '\0') trial.fail("%s", told->complaint);
+    best = std::min(best.value_or(told->milliseconds), told->milliseconds);
   }
   if (*best >= longest)
     trial.fail("a scan takes %.0f ms at best (load, make, open, close, unload; %d tries)", *best,

@@ -1,4 +1,6 @@
 // Effects whose life goes wrong: at scanning, opening, switching on, closing, unloading.
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdlib>
 #include <thread>
@@ -27,6 +29,18 @@ class SlowToScan : public SoundEffect {
   }
 };
 EFFECT_IN_FILE(slowtoscan, SlowToScan);
+
+// Tells that it is being made where a test has a pipe to hear it.
+class HangsInAScan : public SoundEffect {
+ public:
+  explicit HangsInAScan(audioMasterCallback callback) : SoundEffect(callback) {
+    constexpr auto kNeverMind = std::chrono::seconds(20);
+    const char* pipe = std::getenv("HANGS_IN_A_SCAN_TELLS");
+    if (pipe != nullptr && write(std::atoi(pipe), "", 1) == 1)
+      std::this_thread::sleep_for(kNeverMind);
+  }
+};
+EFFECT_IN_FILE(hangsinascan, HangsInAScan);
 
 class SharesParameters : public SoundEffect {
  public:
