@@ -65,7 +65,7 @@ void parametersOutside(Trial& trial) {
   }
   for (VstInt32 index = 0; index < count; ++index) {
     const float now = subject.parameter(index);
-    if (now != before[static_cast<std::size_t>(index)])
+    if (!isSameValue(now, before[static_cast<std::size_t>(index)]))
       trial.fail("parameter %d went from %g to %g while parameters were set that there are not",
                  index, before[static_cast<std::size_t>(index)], now);
   }

@@ -47,7 +47,7 @@ void livesBesideOthers(Trial& trial) {
   }
   const std::vector<float> after = parametersOf(*all.back());
   for (std::size_t index = 0; index < before.size(); ++index) {
-    if (before[index] != after[index])
+    if (!isSameValue(before[index], after[index]))
       trial.fail("setting parameter %zu of one instance moves another's from %g to %g", index,
                  before[index], after[index]);
   }

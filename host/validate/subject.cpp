@@ -1,6 +1,8 @@
 // The effect under test, driven by hand.
 #include "host/validate/subject.h"
 
+#include <cmath>
+
 #include "host/base/failure.h"
 #include "host/vst/effectrecord.h"
 
@@ -53,6 +55,10 @@ VstIntPtr Subject::setChunk(std::span<const unsigned char> bytes, bool programOn
   std::vector<unsigned char> copy(bytes.begin(), bytes.end());  // effects may change it
   return dispatch(effSetChunk, programOnly ? 1 : 0, static_cast<VstIntPtr>(copy.size()),
                   copy.data());
+}
+
+bool isSameValue(float a, float b) {
+  return a == b || (std::isnan(a) && std::isnan(b));
 }
 
 void needSoundIn(Trial& trial, Subject& subject) {

@@ -57,6 +57,9 @@ class Subject {
   bool running = false;
 };
 
+// Of a parameter: one that is no number twice has not moved.
+bool isSameValue(float a, float b);
+
 // Leave the check out where the effect is none that it could be asked of.
 void needSoundIn(Trial& trial, Subject& subject);  // inputs, outputs and processReplacing
 void needDouble(Trial& trial, Subject& subject);   // processDoubleReplacing

@@ -13,12 +13,8 @@ namespace {
 constexpr float kNear = 0.01F;
 constexpr std::size_t kRoomForName = 256;  // bytes; more than the 24 that effects may use
 
-bool same(float a, float b) {
-  return a == b || (std::isnan(a) && std::isnan(b));
-}
-
 bool isNear(float a, float b) {
-  return same(a, b) || std::fabs(a - b) <= kNear;
+  return isSameValue(a, b) || std::fabs(a - b) <= kNear;
 }
 
 // Half of them an end, so that few rounds find both positions of a switch: some are on at 1 only.
@@ -83,7 +79,8 @@ bool isLoaded(const ToldState& saved, const ToldState& changed, const ToldState&
 
 std::string nearlyBack(const ToldState& saved, const ToldState& loaded) {
   for (std::size_t i = 0; i < saved.values.size() && i < loaded.values.size(); ++i) {
-    if (same(saved.values[i], loaded.values[i]) || !isNear(saved.values[i], loaded.values[i]))
+    if (isSameValue(saved.values[i], loaded.values[i]) ||
+        !isNear(saved.values[i], loaded.values[i]))
       continue;
     return formatted("parameter %zu comes back as %.9g and was %.9g", i,
                      static_cast<double>(loaded.values[i]), static_cast<double>(saved.values[i]));

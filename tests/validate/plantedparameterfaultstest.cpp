@@ -30,3 +30,13 @@ INSTANTIATE_TEST_SUITE_P(
     nameOfFault);
 
 }  // namespace
+
+// A value that is no number is another check's.
+TEST(ParameterThatIsNoNumber, HasNotMovedWhereItIsStillNone) {
+  for (const char* check :
+       {"several instances live side by side", "parameters that it does not have are borne"}) {
+    const ValidatorRun run = validateBroken("showsnonumber", check);
+    EXPECT_EQ(run.status, 0) << run.text;
+    EXPECT_NE(run.text.find(std::string("pass      ") + check), std::string::npos) << run.text;
+  }
+}

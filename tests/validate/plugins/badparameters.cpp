@@ -1,5 +1,6 @@
 // Effects whose parameters differ, drift, or do not bear what they are set to.
 #include <cmath>
+#include <limits>
 
 #include "tests/validate/plugins/soundeffect.h"
 
@@ -67,5 +68,15 @@ class PoisonedByInfinity : public SoundEffect {
   void clear() override {}
 };
 EFFECT_IN_FILE(poisonedbyinfinity, PoisonedByInfinity);
+
+// Of the checks in which it does not move, none is this fault's.
+class ShowsNoNumber : public SoundEffect {
+ public:
+  using SoundEffect::SoundEffect;
+
+ protected:
+  float getParameter(VstInt32) override { return std::numeric_limits<float>::quiet_NaN(); }
+};
+EFFECT_IN_FILE(showsnonumber, ShowsNoNumber);
 
 }  // namespace
