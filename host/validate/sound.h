@@ -42,6 +42,7 @@ void needUntouched(Trial& trial, const Stretch<Sample>& stretch, int frames, con
 template <typename Sample>
 using Sound = std::vector<std::vector<Sample>>;
 
+// Both leave the check out where the two have not the same outputs.
 // Fails unless both are the same bits. what: "in place", for the verdict.
 template <typename Sample>
 void needSameBits(Trial& trial, const Sound<Sample>& expected, const Sound<Sample>& heard,

@@ -62,3 +62,10 @@ INSTANTIATE_TEST_SUITE_P(
                      "an accepted arrangement needs no more pointers than channels",
                      "while: playing 1 in, 2 out by tables of so many pointers (float)"}),
     nameOfFault);
+
+TEST(Sound, IsNotComparedWhereItHasNotTheSameOutputsEachTime) {
+  const ValidatorRun run =
+      validateBroken("changesitsoutputs", "blocks of any size give the same bits");
+  EXPECT_EQ(run.status, 0) << run.text;
+  EXPECT_NE(run.text.find("it has not the same outputs each time"), std::string::npos) << run.text;
+}

@@ -159,6 +159,18 @@ class RemembersAllMovements : public SoundEffect {
 };
 EFFECT_IN_FILE(remembersallmovements, RemembersAllMovements);
 
+// Every other one has one output.
+class ChangesItsOutputs : public SoundEffect {
+ public:
+  explicit ChangesItsOutputs(audioMasterCallback callback) : SoundEffect(callback) {
+    outputs = record.numOutputs = made++ % 2 == 0 ? 2 : 1;
+  }
+
+ private:
+  static inline int made = 0;
+};
+EFFECT_IN_FILE(changesitsoutputs, ChangesItsOutputs);
+
 double last = 0.0;  // of all effects together
 
 class SharesItsMemory : public SoundEffect {
