@@ -6,51 +6,67 @@
 #include <cstring>
 
 #include "host/base/text.h"
+#include "host/validate/pagebuffer.h"
 
 namespace {
 
 constexpr std::size_t kBefore = 64;  // bytes that nobody may write
 constexpr std::size_t kCapacity =
-    8192;                     // bytes: more than an effect that can be told of would write
-constexpr char kOther = 'Z';  // fills the buffer the second time
+    8192;  // bytes: more than an effect that can be told of would write
+constexpr std::size_t kRoomyText = 1024;  // bytes; more than any text was seen to have
+constexpr char kOther = 'Z';              // fills the buffer the second time
 
-using Buffer = std::vector<char>;
+// Memory for a text, filled: what goes on after its end crashes there and then.
+class Buffer {
+ public:
+  explicit Buffer(char itsFilling) : filling(itsFilling) {
+    std::fill(pages.atEnd<char>(), text(), filling);
+    std::fill_n(text(), kCapacity, filling);
+  }
 
-Buffer asked(Subject& subject, VstInt32 opcode, VstInt32 index, VstIntPtr value, char filling,
-             VstIntPtr& result) {
-  Buffer buffer(kBefore + kCapacity, filling);
-  result = subject.dispatch(opcode, index, value, buffer.data() + kBefore);
-  return buffer;
-}
+  char* text() const { return pages.atEnd<char>() + kBefore; }
+  std::string textIn(std::size_t longest) const { return {text(), strnlen(text(), longest)}; }
 
-// From the beginning of the text; 0 where nothing differs.
-std::size_t changedBytes(const Buffer& buffer, char filling) {
-  const auto last =
-      std::find_if(buffer.rbegin(), buffer.rend() - kBefore, [&](char c) { return c != filling; });
-  return static_cast<std::size_t>(buffer.rend() - kBefore - last);
-}
+  // From the beginning of the text; 0 where nothing differs.
+  std::size_t changedBytes() const {
+    std::size_t count = kCapacity;
+    while (count > 0 && text()[count - 1] == filling) --count;
+    return count;
+  }
+  bool isChangedBefore() const {
+    return std::any_of(pages.atEnd<char>(), text(), [&](char c) { return c != filling; });
+  }
 
-bool isChangedBefore(const Buffer& buffer, char filling) {
-  return std::any_of(buffer.begin(), buffer.begin() + kBefore,
-                     [&](char c) { return c != filling; });
-}
-
-std::string textIn(const Buffer& buffer, std::size_t longest) {
-  return {buffer.data() + kBefore, strnlen(buffer.data() + kBefore, longest)};
-}
+ private:
+  PageBuffer pages{kBefore + kCapacity};
+  char filling;
+};
 
 }  // namespace
 
 GuardedText askText(Subject& subject, VstInt32 opcode, VstInt32 index, VstIntPtr value) {
   GuardedText asking{};
-  const Buffer zeros = asked(subject, opcode, index, value, '\0', asking.result);
-  const Buffer others = asked(subject, opcode, index, value, kOther, asking.result);
-  asking.written = std::max(changedBytes(zeros, '\0'), changedBytes(others, kOther));
-  asking.text = textIn(zeros, kCapacity);
-  asking.again = textIn(others, asking.written);
+  const Buffer zeros('\0');
+  asking.result = subject.dispatch(opcode, index, value, zeros.text());
+  const Buffer others(kOther);
+  asking.result = subject.dispatch(opcode, index, value, others.text());
+  asking.written = std::max(zeros.changedBytes(), others.changedBytes());
+  asking.text = zeros.textIn(kCapacity);
+  asking.again = others.textIn(asking.written);
   asking.isEnded = asking.written == 0 || asking.again.size() < asking.written;
-  asking.wroteBefore = isChangedBefore(zeros, '\0') || isChangedBefore(others, kOther);
+  asking.wroteBefore = zeros.isChangedBefore() || others.isChangedBefore();
   return asking;
+}
+
+std::string givenText(const std::function<void(char* text)>& ask) {
+  const PageBuffer pages(kRoomyText);
+  char* const text = pages.atEnd<char>();
+  ask(text);
+  return {text, strnlen(text, kRoomyText)};
+}
+
+std::string givenText(Subject& subject, VstInt32 opcode, VstInt32 index) {
+  return givenText([&](char* text) { subject.dispatch(opcode, index, 0, text); });
 }
 
 bool isUtf8(const std::string& text) {

@@ -1,6 +1,7 @@
 // A text that an effect was asked for, and how much of the host's memory it wrote for that.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "host/validate/subject.h"
@@ -14,8 +15,12 @@ struct GuardedText {
   VstIntPtr result;
 };
 
-// Asks twice.
+// Asks twice. A text without bounds crashes while it is written.
 GuardedText askText(Subject& subject, VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0);
+// The text as a host has it that looks no further, for checks of something else: of room for 1024
+// bytes, after which a text crashes too.
+std::string givenText(Subject& subject, VstInt32 opcode, VstInt32 index = 0);
+std::string givenText(const std::function<void(char* text)>& ask);
 
 bool isUtf8(const std::string& text);
 bool hasControls(const std::string& text);

@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "host/validate/check.h"
+#include "host/validate/guardedtext.h"
 #include "host/validate/stretch.h"
 #include "host/validate/subject.h"
 
@@ -10,7 +11,6 @@ namespace {
 
 constexpr double kRate = 48000.0;  // Hz
 constexpr int kBlock = 512;        // frames
-constexpr std::size_t kTextCapacity = 1024;
 
 VstIntPtr answerNothing(AEffect*, VstInt32, VstInt32, VstIntPtr, void*, float) {
   return 0;
@@ -23,13 +23,12 @@ VstIntPtr answerVersionOnly(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void
 // What a host does with an effect that it has just found.
 void use(Trial& trial, Subject& subject) {
   const AEffect& record = subject.record();
-  std::array<char, kTextCapacity> text{};
   trial.step("asking for its name");
-  subject.dispatch(effGetEffectName, 0, 0, text.data());
+  givenText(subject, effGetEffectName);
   for (VstInt32 index = 0; index < record.numParams; ++index) {
     trial.step("getting, setting and showing parameter %d", index);
     subject.setParameter(index, subject.parameter(index));
-    subject.dispatch(effGetParamDisplay, index, 0, text.data());
+    givenText(subject, effGetParamDisplay, index);
   }
   trial.step("switching it on");
   subject.start(kRate, kBlock);
@@ -78,7 +77,6 @@ std::atomic<VstInt32> askedUnready = -1;  // opcode asked for with a record with
 std::atomic<int> callsBack = 0;
 
 void callBack(AEffect* effect, VstInt32 opcode, VstInt32 index, float opt) {
-  std::array<char, kTextCapacity> text{};
   const auto dispatch = [&](VstInt32 to, VstInt32 at, VstIntPtr value, void* ptr, float rate) {
     effect->dispatcher(effect, to, at, value, ptr, rate);
   };
@@ -92,12 +90,12 @@ void callBack(AEffect* effect, VstInt32 opcode, VstInt32 index, float opt) {
     case audioMasterAutomate:
       effect->setParameter(effect, index, opt);
       effect->getParameter(effect, index);
-      dispatch(effGetParamDisplay, index, 0, text.data(), 0.0F);
+      givenText([&](char* text) { dispatch(effGetParamDisplay, index, 0, text, 0.0F); });
       break;
     case audioMasterUpdateDisplay:
     case audioMasterIOChanged:
       dispatch(effGetProgram, 0, 0, nullptr, 0.0F);
-      dispatch(effGetProgramName, 0, 0, text.data(), 0.0F);
+      givenText([&](char* text) { dispatch(effGetProgramName, 0, 0, text, 0.0F); });
       if (effect->numParams > 0) effect->getParameter(effect, 0);
       break;
     default:

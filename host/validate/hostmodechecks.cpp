@@ -8,6 +8,7 @@
 #include "host/validate/check.h"
 #include "host/validate/decimalcomma.h"
 #include "host/validate/floatmodes.h"
+#include "host/validate/guardedtext.h"
 #include "host/validate/rendering.h"
 #include "host/validate/wholelife.h"
 
@@ -23,11 +24,8 @@ void addDisplays(Trial& trial, Texts& texts) {
   trial.step("asking for displays");
   for (int index = 0; index < std::min(subject.record().numParams, kMostAsked); ++index) {
     for (const float value : {0.0F, 0.1F, 0.2718F, 1.0F / 3.0F, 0.515F, 0.7071F, 0.9999F, 1.0F}) {
-      std::array<char, 1024> text{};  // bytes; more than any was seen to have
       subject.setParameter(index, value);
-      subject.dispatch(effGetParamDisplay, index, 0, text.data());
-      text.back() = '\0';
-      texts.emplace_back(text.data());
+      texts.push_back(givenText(subject, effGetParamDisplay, index));
     }
   }
 }

@@ -6,12 +6,12 @@
 #include <cstdio>
 
 #include "host/base/text.h"
+#include "host/validate/guardedtext.h"
 
 namespace {
 
 // Of 0..1: states that keep what a parameter means, as rounded text, do not give its bits back.
 constexpr float kNear = 0.01F;
-constexpr std::size_t kRoomForName = 256;  // bytes; more than the 24 that effects may use
 
 bool isNear(float a, float b) {
   return isSameValue(a, b) || std::fabs(a - b) <= kNear;
@@ -30,10 +30,7 @@ ToldState toldState(Subject& subject) {
   for (int index = 0; index < subject.record().numParams; ++index)
     told.values.push_back(subject.parameter(index));
   told.program = static_cast<int>(subject.dispatch(effGetProgram));
-  std::array<char, kRoomForName> name{};
-  subject.dispatch(effGetProgramName, 0, 0, name.data());
-  name.back() = '\0';
-  told.name = name.data();
+  told.name = givenText(subject, effGetProgramName);
   return told;
 }
 

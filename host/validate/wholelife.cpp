@@ -2,9 +2,9 @@
 #include "host/validate/wholelife.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
+#include "host/validate/guardedtext.h"
 #include "host/validate/sound.h"
 
 namespace {
@@ -12,12 +12,9 @@ namespace {
 constexpr int kMostAsked = 64;  // parameters and programs whose texts are asked for
 
 void askTexts(Subject& subject, const std::function<void(const char*)>& text) {
-  std::array<char, 1024> buffer{};  // bytes; more than any text was seen to have
   const auto ask = [&](VstInt32 opcode, int index) {
-    buffer.fill('\0');
-    subject.dispatch(opcode, index, 0, buffer.data());
-    buffer.back() = '\0';
-    if (text) text(buffer.data());
+    const std::string given = givenText(subject, opcode, index);
+    if (text) text(given.c_str());
   };
   for (const VstInt32 opcode :
        {effGetEffectName, effGetVendorString, effGetProductString, effGetProgramName})

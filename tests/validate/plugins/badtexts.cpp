@@ -49,6 +49,23 @@ class LongDisplay : public GivesText<effGetParamDisplay> {
 };
 EFFECT_IN_FILE(longdisplay, LongDisplay);
 
+// Longer than any room that a host has for it.
+class EndlessDisplay : public SoundEffect {
+ public:
+  using SoundEffect::SoundEffect;
+
+ protected:
+  VstIntPtr dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                     float opt) override {
+    constexpr std::size_t kBytes = 8200;  // so few that they spoil a heap rather than end it
+    if (opcode != effGetParamDisplay) return SoundEffect::dispatch(opcode, index, value, ptr, opt);
+    std::memset(ptr, 'x', kBytes);
+    return 1;
+  }
+};
+EFFECT_IN_FILE(endlessdisplay, EndlessDisplay);
+EFFECT_IN_FILE(endlessdisplayinhosts, EndlessDisplay);
+
 class LabelWithoutEnd : public GivesText<effGetParamLabel> {
  public:
   explicit LabelWithoutEnd(audioMasterCallback callback) : GivesText(callback, "per cent", 8) {}
