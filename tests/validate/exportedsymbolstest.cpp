@@ -1,6 +1,6 @@
 // A binary's exported names are read from whole files, and damaged ones are read no further than
 // they go.
-#include "host/validate/exportedsymbols.h"
+#include "host/validate/means/exportedsymbols.h"
 
 #include <gtest/gtest.h>
 

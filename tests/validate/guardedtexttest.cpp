@@ -1,5 +1,5 @@
 // What counts as printable UTF-8, and how a verdict shows what is not.
-#include "host/validate/guardedtext.h"
+#include "host/validate/means/guardedtext.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,0 @@
-// macOS: where a binary lies is not asked for.
-#include "host/validate/mappedrange.h"
-
-MappedRange rangeOfBinary(const void*) {
-  return {};
-}

@@ -1,4 +1,0 @@
-// What hosts do about errors of the window system: nothing is needed here.
-#include "host/validate/windowerrors.h"
-
-void passOverWindowErrors() {}

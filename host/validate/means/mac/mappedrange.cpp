@@ -1,0 +1,6 @@
+// macOS: where a binary lies is not asked for.
+#include "host/validate/means/mappedrange.h"
+
+MappedRange rangeOfBinary(const void*) {
+  return {};
+}
