@@ -55,7 +55,7 @@ class TrelvanAdapter final : public EffectAdapter {
   std::string sampleRates() const override {
     const auto highest = static_cast<int>(parametercurves::kLowestHz) * kDelayFrames;
     return formatted(
-        "up to %d Hz; above, base frequencies below RATE/%d Hz are delayed by %d "
+        "below %d Hz; from there on, base frequencies up to RATE/%d Hz are delayed by %d "
         "frames less than a period",
         highest, kDelayFrames, kDelayFrames);
   }

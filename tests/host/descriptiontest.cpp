@@ -46,11 +46,12 @@ TEST_F(Descriptions, TellEverythingOfTrelvan) {
 }
 
 // 20 Hz, the lowest base frequency, has a period of 16384 frames at 327,680 Hz.
-TEST_F(Descriptions, TellUpToWhichSampleRateTrelvansDelayIsAWholePeriod) {
+TEST_F(Descriptions, TellBelowWhichSampleRateTrelvansDelayIsAWholePeriod) {
   Live trelvan(WIDEN_TRELVAN);
-  EXPECT_THAT(describeEffect(trelvan.effect),
-              HasSubstr("up to 327680 Hz; above, base frequencies below RATE/16384 Hz are delayed "
-                        "by 16384 frames less than a period\n"));
+  EXPECT_THAT(
+      describeEffect(trelvan.effect),
+      HasSubstr("below 327680 Hz; from there on, base frequencies up to RATE/16384 Hz are delayed "
+                "by 16384 frames less than a period\n"));
   Live quiet(pluginFile("echo"));
   EXPECT_THAT(describeEffect(quiet.effect), testing::Not(HasSubstr("sample rates")));
 }
