@@ -6,7 +6,7 @@
 #include "plugin/vst24.h"
 
 // Bounds beyond which a number is nonsense rather than generous.
-constexpr VstInt32 kMostPins = 64;  // inputs, outputs
+constexpr VstInt32 kMostPins = 256;  // inputs, outputs; a sampler has 98
 constexpr VstInt32 kMostParameters = 1 << 16;
 constexpr VstInt32 kMostPrograms = 1 << 16;
 constexpr VstInt32 kLongestLatency = 1 << 22;  // frames: more than 20 s at 192 kHz

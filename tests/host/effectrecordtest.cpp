@@ -56,7 +56,7 @@ TEST(EffectRecord, IsRefusedForNonsense) {
   EXPECT_THAT(refusalOf([](AEffect& r) { r.magic = 0; }), HasSubstr("not a VST effect"));
   EXPECT_THAT(refusalOf([](AEffect& r) { r.dispatcher = nullptr; }), HasSubstr("no dispatcher"));
   EXPECT_THAT(refusalOf([](AEffect& r) { r.numInputs = -1; }), HasSubstr("-1 inputs"));
-  EXPECT_THAT(refusalOf([](AEffect& r) { r.numOutputs = 65; }), HasSubstr("65 outputs"));
+  EXPECT_THAT(refusalOf([](AEffect& r) { r.numOutputs = 257; }), HasSubstr("257 outputs"));
   EXPECT_THAT(refusalOf([](AEffect& r) { r.numParams = std::numeric_limits<VstInt32>::max(); }),
               HasSubstr("2147483647 parameters"));
   EXPECT_THAT(refusalOf([](AEffect& r) { r.numPrograms = -2; }), HasSubstr("-2 programs"));
