@@ -90,7 +90,7 @@ void textsWithComma(Trial& trial) {
 std::vector<float> parametersOf(Subject& subject) {
   std::vector<float> values;
   for (int index = 0; index < subject.record().numParams; ++index)
-    values.push_back(subject.parameter(index));
+    values.push_back(subject.parameter(index));  // NOLINT(performance-inefficient-vector-operation)
   return values;
 }
 

@@ -47,7 +47,8 @@ void parametersOutside(Trial& trial) {
   if (subject.record().getParameter == nullptr || subject.record().setParameter == nullptr)
     trial.leaveOut("it has no way to parameters");
   std::vector<float> before;
-  for (VstInt32 index = 0; index < count; ++index) before.push_back(subject.parameter(index));
+  for (VstInt32 index = 0; index < count; ++index)
+    before.push_back(subject.parameter(index));  // NOLINT(performance-inefficient-vector-operation)
   for (const VstInt32 index : outsideOf(count)) {
     trial.step("getting parameter %d of %d", index, count);
     subject.parameter(index);

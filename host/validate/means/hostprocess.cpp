@@ -17,7 +17,7 @@
 
 #include "host/base/text.h"
 
-extern char** environ;
+extern char** environ;  // NOLINT(readability-redundant-declaration)
 
 namespace {
 

@@ -56,7 +56,7 @@ template <typename Sample>
 Sound<Sample> reliablyRendered(Trial& trial, PluginModule& module, const Sound<Sample>& input,
                                std::span<const int> blocks, const Playing<Sample>& playing) {
   trial.step("playing the sound twice in the same way (%s)", kPrecision<Sample>);
-  const Sound<Sample> first = rendered(trial, module, input, blocks, playing);
+  Sound<Sample> first = rendered(trial, module, input, blocks, playing);
   if (!sameBits(first, rendered(trial, module, input, blocks, playing)))
     trial.leaveOut("two effects make different sound of the same (noise, chance or threads)");
   return first;

@@ -13,6 +13,8 @@
 // Seen by the shared libraries too, so it may not be hidden.
 #define WIDEN_IN_FRONT extern "C" __attribute__((visibility("default")))
 
+// The C library names them so.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -20,6 +22,7 @@ void* __libc_realloc(void* memory, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* memory);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 

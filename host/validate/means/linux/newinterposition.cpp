@@ -9,11 +9,14 @@
 // Seen by the shared libraries too, so it may not be hidden.
 #define WIDEN_IN_FRONT __attribute__((visibility("default")))
 
+// The C library names them so.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* memory);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 
