@@ -43,6 +43,13 @@ void Subject::stop() {
   dispatch(effMainsChanged, 0, 0);
 }
 
+std::vector<float> Subject::parameters() {
+  std::vector<float> values(static_cast<std::size_t>(effect->numParams));
+  for (std::size_t index = 0; index < values.size(); ++index)
+    values[index] = parameter(static_cast<int>(index));
+  return values;
+}
+
 std::vector<unsigned char> Subject::chunk(bool programOnly) {
   void* bytes = nullptr;
   const VstIntPtr size = dispatch(effGetChunk, programOnly ? 1 : 0, 0, &bytes);
@@ -65,8 +72,11 @@ void needSoundIn(Trial& trial, Subject& subject) {
   const AEffect& record = subject.record();
   if (record.numInputs == 0) trial.leaveOut("it takes no sound in");
   if (record.numOutputs == 0) trial.leaveOut("it gives no sound out");
-  if (!subject.has(effFlagsCanReplacing) || record.processReplacing == nullptr)
-    trial.leaveOut("it has no processReplacing");
+  needProcessing(trial, subject);
+}
+
+void needProcessing(Trial& trial, Subject& subject) {
+  if (!subject.processes()) trial.leaveOut("it has no processReplacing");
 }
 
 void needDouble(Trial& trial, Subject& subject) {

@@ -34,6 +34,12 @@ class Subject {
   float parameter(int index) { return effect->getParameter(effect, index); }
   void setParameter(int index, float value) { effect->setParameter(effect, index, value); }
 
+  std::vector<float> parameters();  // all of them
+  // Whether it says that it has processReplacing, and has it; pins may be missing.
+  bool processes() const {
+    return has(effFlagsCanReplacing) && effect->processReplacing != nullptr;
+  }
+
   // Rate, block size and precision told, switched on. Off again: stop.
   void start(double rate, int blockSize, bool doublePrecision = false);
   void stop();
@@ -57,11 +63,16 @@ class Subject {
   bool running = false;
 };
 
+// Of a parameter.
+inline bool isUnit(float value) {
+  return value >= 0.0F && value <= 1.0F;
+}
 // Of a parameter: one that is no number twice has not moved.
 bool isSameValue(float a, float b);
 
 // Leave the check out where the effect is none that it could be asked of.
-void needSoundIn(Trial& trial, Subject& subject);  // inputs, outputs and processReplacing
-void needDouble(Trial& trial, Subject& subject);   // processDoubleReplacing
-void needChunk(Trial& trial, Subject& subject);    // getChunk, setChunk
-void needEditor(Trial& trial, Subject& subject);   // a window
+void needSoundIn(Trial& trial, Subject& subject);     // inputs, outputs and processReplacing
+void needProcessing(Trial& trial, Subject& subject);  // processReplacing; pins may be missing
+void needDouble(Trial& trial, Subject& subject);      // processDoubleReplacing
+void needChunk(Trial& trial, Subject& subject);       // getChunk, setChunk
+void needEditor(Trial& trial, Subject& subject);      // a window

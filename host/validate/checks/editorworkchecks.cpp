@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/validate/check.h"
+#include "host/validate/means/meanwhile.h"
 #include "host/validate/means/playingthread.h"
 #include "host/validate/means/showneditor.h"
 #include "host/validate/means/toldstate.h"
@@ -21,30 +22,6 @@ using Clock = std::chrono::steady_clock;
 constexpr double kRate = 48000.0;  // Hz
 constexpr auto kShort = 300ms;
 constexpr auto kBetweenChanges = std::chrono::microseconds(200);
-
-// Runs `change` on a thread of its own again and again while one lives.
-template <typename Change>
-class ChangingThread {
- public:
-  explicit ChangingThread(Change itsChange)
-      : change(itsChange), thread([this] {
-          while (wanted) {
-            change();
-            std::this_thread::sleep_for(kBetweenChanges);
-          }
-        }) {}
-  ~ChangingThread() {
-    wanted = false;
-    thread.join();
-  }
-  ChangingThread(const ChangingThread&) = delete;
-  ChangingThread& operator=(const ChangingThread&) = delete;
-
- private:
-  Change change;
-  std::atomic<bool> wanted = true;
-  std::thread thread;
-};
 
 void idlesAtAnyRate(Trial& trial) {
   constexpr double kSlow = 10.0;  // ms, of the 16 between two pictures
@@ -121,14 +98,16 @@ void automatedMeanwhile(Trial& trial) {
   if (parameters == 0) trial.leaveOut("it has no parameters");
   ParentWindow::needDisplay(trial);
   trial.step("opening the window while another thread sets parameters");
-  const ChangingThread thread([&] {
-    // This thread's own: the trial's chance is the check's thread's.
-    static thread_local std::minstd_rand chance(1);
-    const int index = static_cast<int>(chance() % static_cast<unsigned>(parameters));
-    const float value = static_cast<float>(chance() % 1001) / 1000.0F;
-    subject.setParameter(index, value);
-    subject.parameter(index);
-  });
+  const Meanwhile thread(
+      [&] {
+        // This thread's own: the trial's chance is the check's thread's.
+        static thread_local std::minstd_rand chance(1);
+        const int index = static_cast<int>(chance() % static_cast<unsigned>(parameters));
+        const float value = static_cast<float>(chance() % 1001) / 1000.0F;
+        subject.setParameter(index, value);
+        subject.parameter(index);
+      },
+      kBetweenChanges);
   for (int round = 0; round < trial.rounds(2); ++round) {
     ShownEditor editor(trial, subject);
     editor.open();
@@ -147,11 +126,13 @@ void statesMeanwhile(Trial& trial) {
   const auto second = subject.chunk();
   if (first.empty() || second.empty()) trial.leaveOut("its chunk is empty");
   trial.step("opening the window while another thread loads states");
-  const ChangingThread thread([&] {
-    subject.setChunk(first);
-    subject.setChunk(second);
-    subject.chunk();
-  });
+  const Meanwhile thread(
+      [&] {
+        subject.setChunk(first);
+        subject.setChunk(second);
+        subject.chunk();
+      },
+      kBetweenChanges);
   for (int round = 0; round < trial.rounds(2); ++round) {
     ShownEditor editor(trial, subject);
     editor.open();

@@ -32,7 +32,7 @@ void use(Trial& trial, Subject& subject) {
   }
   trial.step("switching it on");
   subject.start(kRate, kBlock);
-  if (subject.has(effFlagsCanReplacing) && record.processReplacing != nullptr) {
+  if (subject.processes()) {
     trial.step("processing");
     Stretch<float> stretch(subject, kBlock);
     stretch.fillWithNoise(trial);

@@ -87,18 +87,11 @@ void textsWithComma(Trial& trial) {
   needSameTexts(trial, usual, textsOf(trial), "where numbers have a decimal comma");
 }
 
-std::vector<float> parametersOf(Subject& subject) {
-  std::vector<float> values;
-  for (int index = 0; index < subject.record().numParams; ++index)
-    values.push_back(subject.parameter(index));  // NOLINT(performance-inefficient-vector-operation)
-  return values;
-}
-
 // What a new effect makes of a state.
 std::vector<float> loaded(PluginModule& module, std::span<const unsigned char> state) {
   Subject subject(module);
   subject.setChunk(state);
-  return parametersOf(subject);
+  return subject.parameters();
 }
 
 void needSameParameters(Trial& trial, const std::vector<float>& usual,

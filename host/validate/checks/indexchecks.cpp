@@ -46,9 +46,7 @@ void parametersOutside(Trial& trial) {
   const VstInt32 count = subject.record().numParams;
   if (subject.record().getParameter == nullptr || subject.record().setParameter == nullptr)
     trial.leaveOut("it has no way to parameters");
-  std::vector<float> before;
-  for (VstInt32 index = 0; index < count; ++index)
-    before.push_back(subject.parameter(index));  // NOLINT(performance-inefficient-vector-operation)
+  const std::vector<float> before = subject.parameters();
   for (const VstInt32 index : outsideOf(count)) {
     trial.step("getting parameter %d of %d", index, count);
     subject.parameter(index);

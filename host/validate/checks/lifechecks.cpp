@@ -19,17 +19,10 @@ constexpr int kInstances = 4;
 
 // One block, where it processes at all.
 void playBlock(Trial& trial, Subject& subject) {
-  if (!subject.has(effFlagsCanReplacing) || subject.record().processReplacing == nullptr) return;
+  if (!subject.processes()) return;
   Stretch<float> stretch(subject, kBlock);
   stretch.fillWithNoise(trial);
   stretch.playAll(subject, kBlock);
-}
-
-std::vector<float> parametersOf(Subject& subject) {
-  std::vector<float> values(static_cast<std::size_t>(subject.record().numParams));
-  for (std::size_t index = 0; index < values.size(); ++index)
-    values[index] = subject.parameter(static_cast<int>(index));
-  return values;
 }
 
 void livesBesideOthers(Trial& trial) {
@@ -40,12 +33,12 @@ void livesBesideOthers(Trial& trial) {
     all.push_back(std::make_unique<Subject>(module));
   }
   // One that processes may have moved its own, such as meters: compared while all are off.
-  const std::vector<float> before = parametersOf(*all.back());
+  const std::vector<float> before = all.back()->parameters();
   for (int index = 0; index < all.front()->record().numParams; ++index) {
     trial.step("setting parameter %d of one instance of %d", index, kInstances);
     all.front()->setParameter(index, before[static_cast<std::size_t>(index)] < 0.5F ? 1.0F : 0.0F);
   }
-  const std::vector<float> after = parametersOf(*all.back());
+  const std::vector<float> after = all.back()->parameters();
   for (std::size_t index = 0; index < before.size(); ++index) {
     if (!isSameValue(before[index], after[index]))
       trial.fail("setting parameter %zu of one instance moves another's from %g to %g", index,

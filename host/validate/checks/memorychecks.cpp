@@ -81,7 +81,7 @@ void lookAt(Trial& trial, Subject& subject) {
     if (!std::isfinite(value))
       trial.fail("parameter %d is %g after an allocation got no memory", index, value);
   }
-  if (!subject.has(effFlagsCanReplacing) || subject.record().processReplacing == nullptr) return;
+  if (!subject.processes()) return;
   subject.start(kRate, kBlock);
   Stretch<float> stretch(subject, kBlock);
   stretch.fillWithNoise(trial);

@@ -19,10 +19,6 @@ void needParameters(Trial& trial, Subject& subject) {
   if (subject.record().numParams == 0) trial.leaveOut("it has no parameters");
 }
 
-bool isUnit(float value) {
-  return value >= 0.0F && value <= 1.0F;
-}
-
 void defaultsAreTheSame(Trial& trial) {
   PluginModule module(trial.plugin());
   Subject first(module);
@@ -72,10 +68,6 @@ constexpr std::array kDamagedValues{
     std::numeric_limits<float>::quiet_NaN(),
 };
 
-bool takesSound(Subject& subject) {
-  return subject.has(effFlagsCanReplacing) && subject.record().processReplacing != nullptr;
-}
-
 // Returns the first frame of the last block that is no number, or -1.
 int playSome(Trial& trial, Subject& subject) {
   constexpr int kBlocks = 10;
@@ -121,7 +113,7 @@ void bearsDamagedValues(Trial& trial) {
       const float given = subject.parameter(index);
       if (trial.strictness() >= kCareful && std::isnan(given))
         trial.fail("parameter %d, set to %g, is %g", index, value, given);
-      if (takesSound(subject)) soundsAgain(trial, subject, index, value);
+      if (subject.processes()) soundsAgain(trial, subject, index, value);
       subject.setParameter(index, kBack);
       const float after = subject.parameter(index);
       if (!isUnit(after))

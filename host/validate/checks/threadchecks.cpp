@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "host/validate/check.h"
+#include "host/validate/means/meanwhile.h"
 #include "host/validate/means/stretch.h"
 #include "host/validate/subject.h"
 
@@ -23,32 +24,6 @@ constexpr int kBlock = 256;        // frames
 
 using Clock = std::chrono::steady_clock;
 constexpr auto kLongest = std::chrono::seconds(10);  // as long as a check goes on
-
-bool isUnit(float value) {
-  return value >= 0.0F && value <= 1.0F;
-}
-
-// Does something again and again on a thread of its own while it lives.
-class Meanwhile {
- public:
-  explicit Meanwhile(std::function<void()> does)
-      : thread([this, work = std::move(does)] {
-          for (; !ends; ++done) work();
-        }) {}
-  ~Meanwhile() {
-    ends = true;
-    thread.join();
-  }
-  Meanwhile(const Meanwhile&) = delete;
-  Meanwhile& operator=(const Meanwhile&) = delete;
-
-  int timesDone() const { return done; }
-
- private:
-  std::atomic<bool> ends = false;
-  std::atomic<int> done = 0;
-  std::thread thread;  // last: it reads what stands above
-};
 
 // Automation comes from another thread in many hosts.
 void isSetWhileItProcesses(Trial& trial) {

@@ -48,8 +48,3 @@ void PlayingThread::endAndCheck(const char* meanwhile) {
   }
   if (blocks == 0) trial.fail("no block was played %s", meanwhile);
 }
-
-void needProcessing(Trial& trial, Subject& subject) {
-  if (!subject.has(effFlagsCanReplacing) || subject.record().processReplacing == nullptr)
-    trial.leaveOut("it has no processReplacing");
-}

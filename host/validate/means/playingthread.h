@@ -34,6 +34,3 @@ class PlayingThread {
   std::atomic<int> badBlock = -1;
   std::thread thread;
 };
-
-// Leaves the check out where the effect has no processReplacing; pins may be missing.
-void needProcessing(Trial& trial, Subject& subject);

@@ -47,10 +47,6 @@ void play(Trial& trial, Subject& subject) {
   subject.stop();
 }
 
-bool playsSound(Subject& subject) {
-  return subject.has(effFlagsCanReplacing) && subject.record().processReplacing != nullptr;
-}
-
 }  // namespace
 
 void liveThrough(Trial& trial, const std::function<void(const char* stage)>& after,
@@ -69,7 +65,7 @@ void liveThrough(Trial& trial, const std::function<void(const char* stage)>& aft
     for (int index = 0; index < subject->record().numParams; ++index)
       subject->setParameter(index, subject->parameter(index));
   });
-  if (playsSound(*subject)) {
+  if (subject->processes()) {
     stage("processing", [&] {
       inEachPrecision(*subject, [&]<typename Sample>() { play<Sample>(trial, *subject); });
     });
