@@ -38,11 +38,12 @@ TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
 // One run from the first frame to the last.
 class Run {
  public:
-  Run(Effect& startedEffect, SoundReader& source, SoundWriter& target, const Arguments& arguments,
-      const Job& files, Console& display)
+  Run(Effect& startedEffect, SoundReader& source, SoundWriter& target, SampleFormat targetFormat,
+      const Arguments& arguments, const Job& files, Console& display)
       : effect(startedEffect),
         reader(source),
         writer(target),
+        format(targetFormat),
         gain(arguments.gain),
         job(files),
         console(display),
@@ -54,7 +55,7 @@ class Run {
         right(left.size()),
         outLeft(left.size()),
         outRight(left.size()) {
-    if (job.plot) analysis = std::make_unique<StereoAnalysis>(source.sampleRate());
+    if (job.plot) analysis = std::make_unique<StereoAnalysis>(source.sampleRate(), gain);
   }
 
   // Returns how many frames were read.
@@ -90,11 +91,15 @@ class Run {
   void take(const double* l, const double* r, int frames) {
     checkFinite(l, r, frames, taken, job.input.string() + ": the effect put out");
     taken += frames;
-    if (analysis) analysis->addAfter(l, r, frames);
-    if (gain == 1.0) return writer.write(l, r, frames);
+    if (gain == 1.0 && !analysis) return writer.write(l, r, frames);
     for (int frame = 0; frame < frames; ++frame) {
-      const double louder[2] = {l[frame] * gain, r[frame] * gain};
-      writer.write(&louder[0], &louder[1], 1);
+      const double outL = l[frame] * gain;
+      const double outR = r[frame] * gain;
+      writer.write(&outL, &outR, 1);
+      if (!analysis) continue;
+      const double heldL = heldSample(format, outL);
+      const double heldR = heldSample(format, outR);
+      analysis->addAfter(&heldL, &heldR, 1);
     }
   }
 
@@ -117,6 +122,7 @@ class Run {
   Effect& effect;
   SoundReader& reader;
   SoundWriter& writer;
+  SampleFormat format;  // of the file that is written
   double gain;
   const Job& job;
   Console& console;
@@ -171,7 +177,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   done.values = describeValues(effect);
   effect.start(arguments.doublePrecision);
   effect.checkCanProcess(arguments.doublePrecision);
-  Run run(effect, reader, writer, arguments, job, console);
+  Run run(effect, reader, writer, options.format, arguments, job, console);
   done.framesRead = run.process();
   effect.stop();
 
@@ -184,5 +190,6 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   done.framesWritten = writer.framesWritten();
   done.peak = writer.peak();
   done.clippedSamples = writer.clippedSamples();
+  done.clippedFold = writer.clippedFold();
   return done;
 }

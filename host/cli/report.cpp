@@ -1,9 +1,18 @@
 // What was done with a file, in words.
 #include "host/cli/report.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "host/base/text.h"
+
+namespace {
+
+double filePeak(const Conversion& done) {
+  return integerBits(done.format) != 0 ? std::min(done.peak, 1.0) : done.peak;
+}
+
+}  // namespace
 
 std::string reportOf(const Conversion& done, const Job& job) {
   const auto lengthText = [&](std::int64_t frames) {
@@ -20,7 +29,7 @@ std::string reportOf(const Conversion& done, const Job& job) {
             lengthText(done.framesWritten) + ")";
   }
   if (done.gain != 1.0) text += ", gain " + decibelText(done.gain) + " dB";
-  text += ", peak " + decibelText(done.peak) + " dBFS";
+  text += ", peak " + decibelText(filePeak(done)) + " dBFS";
   if (job.plot) text += ", picture " + job.plot->string();
   return text;
 }
@@ -31,8 +40,10 @@ std::string clippingWarning(const Conversion& done, const Job& job) {
   const double advised = std::floor(-20.0 * std::log10(done.peak / done.gain) * 10.0) / 10.0;
   std::string text = job.output.string() + ": peak " + decibelText(done.peak) +
                      " dBFS is beyond full scale, " + std::to_string(done.clippedSamples) +
-                     (done.clippedSamples == 1 ? " sample" : " samples") + " clipped; use --gain " +
-                     formatted("%.1fdB", advised);
+                     (done.clippedSamples == 1 ? " sample" : " samples") + " clipped";
+  if (done.clippedFold > 0.0)
+    text += "; clipping breaks the mono fold by " + decibelText(done.clippedFold) + " dBFS";
+  text += "; use --gain " + formatted("%.1fdB", advised);
   if (canHold(done.type, SampleFormat::float32)) text += " or --format float";
   return text;
 }

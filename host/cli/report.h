@@ -17,10 +17,11 @@ struct Conversion {
   FileType type = FileType::wav;
   SampleFormat format = SampleFormat::pcm16;
   double gain = 1.0;  // factor
-  double peak = 0.0;  // of what was written, 1 is full scale
+  double peak = 0.0;  // before clipping, 1 is full scale
   std::int64_t clippedSamples = 0;
-  std::string preset;  // as describeCurrentPreset
-  std::string values;  // as describeValues
+  double clippedFold = 0.0;  // largest |(L+R)/2| that was lost by clipping
+  std::string preset;        // as describeCurrentPreset
+  std::string values;        // as describeValues
 };
 
 // The report's lines, and the warning about clipping (empty where nothing was clipped).

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <numbers>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,11 @@ std::string level(double magnitude) {
   return magnitude > 0.0 ? decibelText(magnitude) + " dBFS" : "silence";
 }
 
+// 0 dBFS is a sine at full scale, for a level as in the spectra: 3 dB above its root mean square.
+std::string sineLevel(double rms) {
+  return level(rms * std::numbers::sqrt2);
+}
+
 std::string sideToMid(const StereoImage& image) {
   if (image.midLevel() == 0.0 || image.sideLevel() == 0.0) return "\u2013";
   return decibelText(image.sideLevel() / image.midLevel()) + " dB";
@@ -60,8 +66,8 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
   };
   static constexpr Row kRows[] = {
       {"peak", [](const StereoImage& image) { return level(image.peak()); }},
-      {"mid", [](const StereoImage& image) { return level(image.midLevel()); }},
-      {"side", [](const StereoImage& image) { return level(image.sideLevel()); }},
+      {"mid", [](const StereoImage& image) { return sineLevel(image.midLevel()); }},
+      {"side", [](const StereoImage& image) { return sineLevel(image.sideLevel()); }},
       {"side to mid", sideToMid},
       {"correlation",
        [](const StereoImage& image) { return formatted("%.2f", image.correlation()); }},

@@ -38,7 +38,7 @@ void StereoAnalysis::addBefore(const double* left, const double* right, int fram
   }
   for (int frame = 0; frame < frames; ++frame) {
     imageBefore.add(left[frame], right[frame]);
-    mids.push_back(midOf(left[frame], right[frame]));
+    mids.push_back(gain * midOf(left[frame], right[frame]));
   }
 }
 

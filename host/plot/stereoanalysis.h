@@ -41,7 +41,8 @@ class StereoImage {
 // its tail.
 class StereoAnalysis {
  public:
-  explicit StereoAnalysis(int hertz) : rate(hertz) {}
+  // gain: of what comes after, a factor; the fold is expected to have it too.
+  explicit StereoAnalysis(int hertz, double afterGain = 1.0) : rate(hertz), gain(afterGain) {}
 
   // mono: the same for both. After: what belongs to the frames before, in order; frames beyond them
   // belong to silence.
@@ -51,12 +52,13 @@ class StereoAnalysis {
   int sampleRate() const { return rate; }
   const StereoImage& before() const { return imageBefore; }
   const StereoImage& after() const { return imageAfter; }
-  // Largest |(L+R)/2 after - mid before|, 1 is full scale: how far the mono fold is
+  // Largest |(L+R)/2 after - mid before, with the gain|, 1 is full scale: how far the mono fold is
   // from the original.
   double foldError() const { return largestFoldError; }
 
  private:
   int rate;
+  double gain;
   StereoImage imageBefore;
   StereoImage imageAfter;
   std::vector<double> mids;  // before, waiting for their frames after

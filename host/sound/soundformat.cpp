@@ -3,7 +3,9 @@
 
 #include <sndfile.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 
 #include "host/base/text.h"
@@ -63,6 +65,13 @@ int bytesPerSample(SampleFormat format) {
 
 int integerBits(SampleFormat format) {
   return rowOf(format).bits;
+}
+
+double heldSample(SampleFormat format, double sample) {
+  if (format == SampleFormat::float64) return sample;
+  if (format == SampleFormat::float32) return static_cast<float>(sample);
+  const auto fullScale = static_cast<double>(std::uint64_t{1} << (integerBits(format) - 1));
+  return std::clamp(std::nearbyint(sample * fullScale), -fullScale, fullScale - 1.0) / fullScale;
 }
 
 std::optional<FileType> fileTypeOf(const std::filesystem::path& file) {

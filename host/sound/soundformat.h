@@ -18,6 +18,9 @@ std::string textOf(FileType type);        // "WAV"
 int bytesPerSample(SampleFormat format);
 // Significant bits of an integer format; 0 for the two floating-point formats.
 int integerBits(SampleFormat format);
+// The sample that such a file holds in place of this one: the nearest, and none beyond full scale
+// in an integer format.
+double heldSample(SampleFormat format, double sample);
 
 // From the extension, in either case: .wav .wave .aif .aiff .aifc .flac.
 std::optional<FileType> fileTypeOf(const std::filesystem::path& file);

@@ -20,7 +20,7 @@ constexpr std::size_t kBufferSamples = 32768;  // interleaved, before they go to
 SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterOptions& options)
     : path(target),
       fileType(options.type),
-      bits(integerBits(options.format)),
+      format(options.format),
       temporary(target, options.replace),
       sink{temporary.descriptor()} {
   const auto libFormat = libFormatFor(options.type, options.format, options.frames);
@@ -79,6 +79,7 @@ void SoundWriter::write(const double* left, const double* right, int frames) {
   if (frames > most - written) fail("too long for " + textOf(fileType));
   for (int frame = 0; frame < frames; ++frame) {
     highest = std::max({highest, std::abs(left[frame]), std::abs(right[frame])});
+    if (integerBits(format) != 0) countClipped(left[frame], right[frame]);
     samples.push_back(left[frame]);
     samples.push_back(right[frame]);
     if (samples.size() >= kBufferSamples) flush();
@@ -88,18 +89,22 @@ void SoundWriter::write(const double* left, const double* right, int frames) {
 
 // The library's own conversion scales by one step less than full scale when it writes, so that a
 // signal read and written again would not come back the same.
-std::int32_t SoundWriter::toInteger(double sample) {
-  const double fullScale = std::ldexp(1.0, bits - 1);
-  if (std::abs(sample) > 1.0) ++clipped;
-  const double step = std::clamp(std::nearbyint(sample * fullScale), -fullScale, fullScale - 1.0);
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(static_cast<std::int32_t>(step))
-                                   << (32 - bits));
+std::int32_t SoundWriter::toInteger(double sample) const {
+  constexpr double kFullScale = 1U << 31U;  // of the word; a power of two, so nothing is rounded
+  return static_cast<std::int32_t>(heldSample(format, sample) * kFullScale);
+}
+
+void SoundWriter::countClipped(double left, double right) {
+  const double lostLeft = left - std::clamp(left, -1.0, 1.0);
+  const double lostRight = right - std::clamp(right, -1.0, 1.0);
+  clipped += (lostLeft != 0.0 ? 1 : 0) + (lostRight != 0.0 ? 1 : 0);
+  foldLost = std::max(foldLost, std::abs(lostLeft + lostRight) / 2.0);
 }
 
 void SoundWriter::flush() {
   const auto count = static_cast<sf_count_t>(samples.size());
   sf_count_t done = 0;
-  if (bits == 0) {
+  if (integerBits(format) == 0) {
     done = sf_write_double(file.get(), samples.data(), count);
   } else {
     integers.resize(samples.size());

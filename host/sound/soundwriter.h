@@ -37,8 +37,10 @@ class SoundWriter {
   void finish();
 
   std::int64_t framesWritten() const { return written; }
-  double peak() const { return highest; }                  // largest magnitude met
-  std::int64_t clippedSamples() const { return clipped; }  // beyond full scale, in integer formats
+  double peak() const { return highest; }  // largest magnitude met, before clipping
+  // Beyond full scale, in integer formats, and how much of (L+R)/2 was lost with them at most.
+  std::int64_t clippedSamples() const { return clipped; }
+  double clippedFold() const { return foldLost; }
 
  private:
   // Where the library's bytes go. It keeps the errors of its last steps to itself (what an encoder
@@ -51,12 +53,13 @@ class SoundWriter {
   static SF_VIRTUAL_IO writingTo();
 
   void flush();
-  std::int32_t toInteger(double sample);
+  std::int32_t toInteger(double sample) const;
+  void countClipped(double left, double right);
   [[noreturn]] void fail(const std::string& reason) const;
 
   std::filesystem::path path;
   FileType fileType;
-  int bits;               // 0: floating point
+  SampleFormat format;
   std::int64_t most = 0;  // frames that the type holds
   TemporaryFile temporary;
   Sink sink;
@@ -66,4 +69,5 @@ class SoundWriter {
   std::int64_t written = 0;            // frames
   double highest = 0.0;
   std::int64_t clipped = 0;
+  double foldLost = 0.0;
 };

@@ -8,6 +8,7 @@
 
 #include <cmath>
 
+#include "host/base/wholefile.h"
 #include "tests/host/conversionfixture.h"
 
 namespace {
@@ -176,6 +177,9 @@ TEST_F(Conversions, WarnWhenIntegersAreClippedAndAdviseAGain) {
   EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << outcome.error;
   EXPECT_THAT(outcome.error,
               HasSubstr("out.wav: peak +3.5 dBFS is beyond full scale, 2000 samples clipped"));
+  EXPECT_THAT(outcome.error, HasSubstr("clipping breaks the mono fold by -6.0 dBFS"))
+      << "1.5 is held at 1";
+  EXPECT_THAT(outcome.out, HasSubstr("peak 0.0 dBFS")) << "of the file";
   EXPECT_THAT(outcome.error, HasSubstr("--gain 2.4dB"))
       << "0.75 is -2.5 dBFS: so much room there is";
   EXPECT_THAT(outcome.error, HasSubstr("--format float"));
@@ -186,6 +190,18 @@ TEST_F(Conversions, WarnWhenIntegersAreClippedAndAdviseAGain) {
   const Outcome floating =
       widen({"in.wav", "-o", "f.wav", "--process", "off", "--gain", "6dB", "--format", "float"});
   EXPECT_EQ(floating.error, "") << "nothing is lost there";
+}
+
+TEST_F(Conversions, PictureTheFileAsItIsWritten) {
+  writeSound(in("in.wav"), Sound{44100, 1, std::vector<double>(1000, 0.75)}, kFloatWav);
+  const auto pictureAt = [&](const std::string& name, const std::string& format) {
+    const Outcome outcome = widen({"in.wav", "-o", name + ".wav", "--process", "off", "--gain",
+                                   "6dB", "--format", format, "--plot", name});
+    EXPECT_EQ(outcome.status, 0) << outcome.error;
+    return readWholeFile(in(name));
+  };
+  EXPECT_NE(pictureAt("clipped.png", "pcm16"), pictureAt("loud.png", "float"))
+      << "what is clipped in one file is not in the other";
 }
 
 // 0.61 stands for 20 + 980 x 0.3721 = 384.658 Hz.

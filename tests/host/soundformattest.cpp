@@ -58,3 +58,14 @@ TEST(SoundFormat, ChoosesATypeThatHoldsTheLength) {
   EXPECT_EQ(libFormatFor(FileType::aiff, SampleFormat::pcm8, 10),
             SF_FORMAT_AIFF | SF_FORMAT_PCM_S8);
 }
+
+TEST(SoundFormat, SaysWhatAFileHoldsInASamplesPlace) {
+  const double step = 1.0 / 32768;
+  EXPECT_EQ(heldSample(SampleFormat::pcm16, 0.6 * step), step);
+  EXPECT_EQ(heldSample(SampleFormat::pcm16, -0.4 * step), 0.0);
+  EXPECT_EQ(heldSample(SampleFormat::pcm16, 2.0), 1.0 - step);
+  EXPECT_EQ(heldSample(SampleFormat::pcm24, -2.0), -1.0);
+  EXPECT_EQ(heldSample(SampleFormat::pcm32, 2.0), 1.0 - 1.0 / 2147483648.0);
+  EXPECT_EQ(heldSample(SampleFormat::float32, 0.1), static_cast<double>(0.1F));
+  EXPECT_EQ(heldSample(SampleFormat::float64, 2.5), 2.5);
+}

@@ -113,10 +113,19 @@ TEST_F(SoundWriterFiles, HoldsIntegersAtFullScaleAndCountsThem) {
   writer.finish();
   EXPECT_EQ(writer.clippedSamples(), 4) << "1 itself is within full scale";
   EXPECT_EQ(writer.peak(), 1e300);
+  EXPECT_EQ(writer.clippedFold(), 1e300 / 2) << "of the pair (-1, -1e300)";
   constexpr std::int32_t kTop = 32767 * 65536;
   constexpr std::int32_t kBottom = -32768 * 65536;
   EXPECT_THAT(readIntegers(in("a.wav")),
               ElementsAre(kTop, kBottom, kTop, kTop, kBottom, kBottom, 8192 * 65536, 0));
+}
+
+TEST_F(SoundWriterFiles, LosesNoFoldWhereBothChannelsLoseTheOpposite) {
+  const double left = 1.5;
+  const double right = -1.5;
+  SoundWriter writer(in("a.wav"), options(SampleFormat::pcm16));
+  writer.write(&left, &right, 1);
+  EXPECT_EQ(writer.clippedFold(), 0.0);
 }
 
 TEST_F(SoundWriterFiles, RoundsToTheNearestStep) {
@@ -134,6 +143,7 @@ TEST_F(SoundWriterFiles, KeepsLoudFloatingPointAsItIs) {
   writer.write(&loud, &loud, 1);
   writer.finish();
   EXPECT_EQ(writer.clippedSamples(), 0);
+  EXPECT_EQ(writer.clippedFold(), 0.0);
   EXPECT_THAT(readSound(in("a.wav")).samples, ElementsAre(2.5, 2.5));
 }
 

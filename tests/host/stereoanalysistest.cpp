@@ -41,6 +41,15 @@ TEST(StereoAnalysis, FindsTheLargestFoldError) {
   EXPECT_EQ(analysis.foldError(), 0.125);
 }
 
+TEST(StereoAnalysis, ExpectsTheGainInTheFold) {
+  StereoAnalysis analysis(44100, 2.0);
+  const double before = 0.25;
+  const double after = 0.5;
+  analysis.addBefore(&before, &before, 1);
+  analysis.addAfter(&after, &after, 1);
+  EXPECT_EQ(analysis.foldError(), 0.0);
+}
+
 TEST(StereoAnalysis, ComparesLateFramesWithTheirOwnInput) {
   StereoAnalysis analysis(44100);
   std::vector<double> signal;
