@@ -1,14 +1,20 @@
 # trelvan_add_artwork(<target> <folder>): a target that fills a bundle's resource folder with
 # pictures and the font.
 #
-# Each resources/artwork/bmpNNNNN.svg becomes <folder>/bmpNNNNN.png and, at twice the size,
-# <folder>/bmpNNNNN@2x.png.
+# Each resources/artwork/bmpNNNNN.svg becomes <folder>/bmpNNNNN.png and, larger,
+# <folder>/bmpNNNNN@2x.png and the like, of which macOS shows that one alone. What is half a pixel
+# too wide is a whole one wider: a panel of 302 x 251 is one of 453 x 377 at 1.5.
 # Linux: <folder>/Fonts/ gets the displays' font and its licence. macOS has the displays' font.
 set(TRELVAN_PICTURES
   # panel, controls, about panel, manual button
   00128 00133 00134 00135 00136 00137 00138 00139 00989
   19899 19990 19991 19992 19993 19994 19995 19996 19997 19998 19999  # preset bar
   CACHE INTERNAL "Resource numbers of the window's pictures")
+set(TRELVAN_PICTURE_SCALES 1 1.5 2 3)
+if(APPLE)
+  set(TRELVAN_PICTURE_SCALES 1 2)
+endif()
+set(TRELVAN_PICTURE_SCALES ${TRELVAN_PICTURE_SCALES} CACHE INTERNAL "Pixels a point")
 cmake_path(SET resources NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../resources)
 set(TRELVAN_RESOURCE_SOURCES ${resources} CACHE INTERNAL "Sources of pictures and fonts")
 
@@ -23,15 +29,25 @@ function(trelvan_add_artwork target folder)
   foreach(number IN LISTS TRELVAN_PICTURES)
     set(source ${TRELVAN_RESOURCE_SOURCES}/artwork/bmp${number}.svg)
     set(picture ${folder}/bmp${number})
+    set(pictures)
+    set(renderings)
+    foreach(scale IN LISTS TRELVAN_PICTURE_SCALES)
+      set(rendered ${picture}@${scale}x.png)
+      if(scale EQUAL 1)
+        set(rendered ${picture}.png)
+      endif()
+      list(APPEND pictures ${rendered})
+      list(APPEND renderings
+        COMMAND ${TRELVAN_RSVG_CONVERT} --zoom ${scale} --output ${rendered} ${source})
+    endforeach()
     add_custom_command(
-      OUTPUT ${picture}.png ${picture}@2x.png
+      OUTPUT ${pictures}
       COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
-      COMMAND ${TRELVAN_RSVG_CONVERT} --output ${picture}.png ${source}
-      COMMAND ${TRELVAN_RSVG_CONVERT} --zoom 2 --output ${picture}@2x.png ${source}
+      ${renderings}
       DEPENDS ${source}
       COMMENT "Rendering picture ${number}"
       VERBATIM)
-    list(APPEND outputs ${picture}.png ${picture}@2x.png)
+    list(APPEND outputs ${pictures})
   endforeach()
 
   if(NOT APPLE)
