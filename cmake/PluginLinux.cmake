@@ -1,6 +1,7 @@
 # Linux: Trelvan.vst/Contents/<architecture>-linux/Trelvan.so with Contents/Resources/ beside it.
 target_sources(trelvan PRIVATE
   editor/base/linux/bitmaps.cpp
+  editor/base/linux/desktopsettings.cpp
   editor/base/linux/filechoice.cpp
   editor/base/linux/filedialog.cpp
   editor/base/linux/focuswatch.cpp
@@ -15,6 +16,7 @@ target_sources(trelvan PRIVATE
   editor/base/linux/servername.cpp
   editor/base/linux/sharedrunloop.cpp
   editor/base/linux/toolkitsetup.cpp
+  editor/base/linux/xsettings.cpp
   editor/controls/linux/editedtext.cpp
   editor/controls/linux/fitname.cpp
   editor/controls/linux/presetpopup.cpp

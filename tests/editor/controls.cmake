@@ -30,6 +30,10 @@ trelvan_add_test(looptest "editor;threads"
     idlerunlooptest.cpp idletimertest.cpp ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 
+# What the desktop has set, without a desktop.
+trelvan_add_test(desktopsettingstest editor
+  SOURCES desktopsettingstest.cpp xsettingstest.cpp LIBRARIES trelvan)
+
 # With the program's allocation functions replaced.
 trelvan_add_test(controlsmemorytest editor
   SOURCES
