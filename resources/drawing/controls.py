@@ -11,19 +11,20 @@ STATES = (IDLE, HOVER, PRESSED)
 HOLE_OF = {IDLE: "#f2f6f9", HOVER: GLOW, PRESSED: BLUE}  # what shows through an icon's openings
 
 
-def handle():
-    """134: a slider's handle with a mark in its middle."""
+def handle(state):
+    """134, and 140 under the pointer: a slider's handle with a mark in its middle."""
     w, h = HANDLE_WIDTH, HANDLE_HEIGHT
+    bottom, edge, ridge = ("#cfdbe4", STEEL, PALE) if state == IDLE else (GLOW, BLUE, STEEL)
     body = (
         f'<rect x="1.5" y="2" width="{w - 3}" height="{h - 2.5}" rx="3.5" fill="{INK}" '
         f'opacity=".22"/>\n'
         f'<rect x="1.5" y=".5" width="{w - 3}" height="{h - 2.5}" rx="3" fill="url(#cap)" '
-        f'stroke="{STEEL}"/>\n'
+        f'stroke="{edge}"/>\n'
         f'<rect x="{w / 2 - 1}" y="3" width="2" height="{h - 7.5}" rx="1" fill="{BLUE}"/>\n'
     )
     for x in (4, w - 5):
-        body += f'<rect x="{x}" y="6" width="1" height="{h - 13.5}" fill="{PALE}"/>\n'
-    return picture(w, h, body, [("cap", WHITE, "#cfdbe4")])
+        body += f'<rect x="{x}" y="6" width="1" height="{h - 13.5}" fill="{ridge}"/>\n'
+    return picture(w, h, body, [("cap", WHITE, bottom)])
 
 
 def spare():
