@@ -53,6 +53,9 @@ class Window:
         whole_width, height = map(int, re.search(r'width="(\d+)" height="(\d+)"', source).groups())
         width, height = width or whole_width, height // images
         inner = re.sub(r"^<svg[^>]*>|</svg>\s*$", "", source)
+        # What artwork/larger.css does: the free captions for those that are fitted to pixels.
+        inner = re.sub(r'<path class="at-1x"[^>]*>\n', "", inner)
+        inner = inner.replace('class="at-larger" display="none"', 'class="at-larger"')
         # Names are unique in one file.
         inner = re.sub(r'(id="|url\(#)', rf"\g<1>p{number}-{len(self.body)}-", inner)
         self.body += (
