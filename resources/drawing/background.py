@@ -2,13 +2,15 @@
 
 from lettering import caption
 from palette import (BLUE, DRAWER, DRAWER_LINE, FIELD, FIELD_EDGE, GROOVE_BOTTOM, GROOVE_TOP, INK,
-                     METER_BACK, PANEL, PANEL_EDGE, STEEL, WHITE)
+                     METER_BACK, PALE, PANEL, PANEL_EDGE, QUIET, TICK, WHITE)
 from shapes import picture, sign, triangle, word_mark
 
 # The lowest controls end at 243: 8 pixels below them, as to the left of the bar.
 WIDTH, HEIGHT = 302, 251
 METER_LEFT, METER_TOP, METER_WIDTH, METER_HEIGHT = 60, 25, 182, 15
-SLIDER_TOPS, SLIDER_LEFT, SLIDER_RIGHT = (51, 83, 115), 63, 239
+SLIDER_LEFT, SLIDER_RIGHT = 63, 239
+# Each slider's top, and what its ends mean: value 1 is at the left.
+SLIDERS = ((51, "100", "0"), (83, "1k", "20"), (115, "100", "0"))
 HANDLE_WIDTH, HANDLE_HEIGHT = 16, 23
 DRAWER_TOP = 203
 
@@ -17,7 +19,7 @@ def background():
     body = f'<rect width="{WIDTH}" height="{HEIGHT}" fill="{PANEL}"/>\n'
     body += f'<rect width="{WIDTH}" height="1" fill="{PANEL_EDGE}"/>\n'
     body += _meter_frame()
-    body += "".join(_slider(top) for top in SLIDER_TOPS)
+    body += "".join(_slider(*slider) for slider in SLIDERS)
     body += _name()
     body += _drawer()
     return picture(WIDTH, HEIGHT, body, [("groove", GROOVE_TOP, GROOVE_BOTTOM)])
@@ -32,17 +34,18 @@ def _meter_frame():
         f'height="1" fill="{WHITE}" opacity=".8"/>\n'
     )
     for place, text in enumerate(("4:1", "2:1", "1:1", "1:2", "1:4")):
-        body += caption(text, METER_LEFT + METER_WIDTH * place / 4, 17, 9, STEEL)
+        body += caption(text, METER_LEFT + METER_WIDTH * place / 4, 17, 9, QUIET)
     # Whole pixels nearest to those places.
     for x, width in ((60, 1), (105, 1), (150, 2), (196, 1), (241, 1)):
-        body += f'<rect x="{x}" y="19" width="{width}" height="3" fill="{STEEL}"/>\n'
+        body += f'<rect x="{x}" y="19" width="{width}" height="3" fill="{QUIET}"/>\n'
     return body
 
 
-def _slider(top):
+def _slider(top, highest, lowest):
     """A groove that widens to the left, where the value is highest.
 
-    A mark stands at each tenth of the handle's way.
+    A mark stands at each tenth of the handle's way, and a number beside the first and the last:
+    below them the next slider's handle begins.
     """
     middle = top + HANDLE_HEIGHT / 2
     left, right = SLIDER_LEFT + 3, SLIDER_RIGHT - 3
@@ -56,12 +59,14 @@ def _slider(top):
     first, last = SLIDER_LEFT + HANDLE_WIDTH / 2, SLIDER_RIGHT - HANDLE_WIDTH / 2
     for tenth in range(11):
         x = first + (last - first) * tenth / 10
-        height, opacity = (4, 0.65) if tenth % 5 == 0 else (2, 0.45)
+        height = 4 if tenth % 5 == 0 else 2
         body += (
             f'<rect x="{x - 1:g}" y="{top + HANDLE_HEIGHT + 1}" width="2" height="{height}" '
-            f'fill="{STEEL}" opacity="{opacity}"/>\n'
+            f'fill="{TICK}"/>\n'
         )
-    return body
+    baseline = top + HANDLE_HEIGHT + 7
+    body += caption(highest, first - 4, baseline, 8, QUIET, "end")
+    return body + caption(lowest, last + 4, baseline, 8, QUIET, "start")
 
 
 def _name():
@@ -77,7 +82,7 @@ def _name():
     left = 147.5 - whole / 2
     body = sign(round(left + 8), baseline - 4)
     body += f'<g transform="translate({left + 23:.2f} {baseline}) scale({scale})">\n{drawn}</g>\n'
-    return body + caption(maker, left + 23 + width + 6, baseline + 1, 10, STEEL, "start")
+    return body + caption(maker, left + 23 + width + 6, baseline + 1, 10, QUIET, "start")
 
 
 def _drawer():
@@ -97,5 +102,10 @@ def _drawer():
     )
     body += f'<rect x="204" y="223" width="1" height="11" fill="{FIELD_EDGE}" opacity=".6"/>\n'
     body += triangle(211.5, 228.5, "down", BLUE)
-    body += caption("manual", 257, 198, 9, STEEL, "end")
+    for row in (221, 236):  # the middle of each row: save, default, load
+        for left, right in ((21, 27), (64, 70)):
+            body += (
+                f'<rect x="{left}" y="{row}" width="{right - left}" height="1" fill="{PALE}"/>\n'
+            )
+    body += caption("manual", 257, 198, 9, QUIET, "end")
     return body

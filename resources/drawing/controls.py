@@ -2,8 +2,8 @@
 
 from background import HANDLE_HEIGHT, HANDLE_WIDTH, METER_HEIGHT, METER_WIDTH
 from lettering import caption
-from palette import (BLUE, GLOW, INK, METER_BACK, METER_EVEN, METER_MID, METER_SIDE, PALE, STEEL,
-                     WHITE, mixed)
+from palette import (BLUE, GLOW, INK, LIT_TRACK, METER_BACK, METER_EVEN, METER_MID, METER_SIDE,
+                     PALE, STEEL, WHITE, mixed)
 from shapes import (HOVER, IDLE, INK_OF, PRESSED, disk, filled, folder, picture, plate, sign,
                     stacked, triangle)
 
@@ -33,42 +33,63 @@ def spare():
 
 
 def meter(lit):
-    """135 lit, 136 unlit: blocks of 7 pixels, warm at the left (side), cool at the right (mid)."""
-    body = f'<rect width="{METER_WIDTH}" height="{METER_HEIGHT}" fill="{METER_BACK}"/>\n'
-    blocks = METER_WIDTH // 7
-    for block in range(blocks):
-        share = (block + 0.5) / blocks
-        if share < 0.5:
-            bright = mixed(METER_SIDE, METER_EVEN, 2 * share)
-        else:
-            bright = mixed(METER_EVEN, METER_MID, 2 * share - 1)
-        colour = bright if lit else mixed(METER_BACK, bright, 0.16)
-        body += (
-            f'<rect x="{block * 7 + 1}" y="2" width="5" height="{METER_HEIGHT - 4}" rx=".8" '
-            f'fill="{colour}"/>\n'
-        )
+    """135 lit, 136 unlit: one bar, warm at the left (side), cool at the right (mid).
+
+    The window cuts the two at any pixel. A bar without parts looks right wherever it ends, and the
+    line at 1:1 is the same in both, so that it stays whole.
+    """
+    colours = [METER_SIDE, METER_EVEN, METER_MID]
+    if not lit:
+        colours = [mixed(METER_BACK, bright, 0.16) for bright in colours]
+    stops = "".join(
+        f'<stop offset="{place / 2:g}" stop-color="{colour}"/>'
+        for place, colour in enumerate(colours)
+    )
+    middle = METER_WIDTH // 2
+    body = (
+        f'<defs><linearGradient id="bar">{stops}</linearGradient></defs>\n'
+        f'<rect width="{METER_WIDTH}" height="{METER_HEIGHT}" fill="{METER_BACK}"/>\n'
+        f'<rect y="2" width="{METER_WIDTH}" height="{METER_HEIGHT - 4}" fill="url(#bar)"/>\n'
+        f'<rect x="{middle - 2}" width="4" height="{METER_HEIGHT}" fill="{METER_BACK}"/>\n'
+        f'<rect x="{middle - 1}" width="2" height="{METER_HEIGHT}" fill="{WHITE}"/>\n'
+    )
     return picture(METER_WIDTH, METER_HEIGHT, body)
 
 
-def switch(name):
-    """137 and 138: a sliding switch with its name below, off above on."""
-    return stacked(42, 30, [_switch(name, False), _switch(name, True)])
+def switch(name, state):
+    """137 and 138, and 141 and 142 under the pointer: a sliding switch with its name below.
+
+    Off above on.
+    """
+    return stacked(42, 30, [_switch(name, False, state), _switch(name, True, state)])
 
 
-def _switch(name, is_on):
-    track, edge = ("url(#pressed)", BLUE) if is_on else ("#c3d0da", STEEL)
-    knob = 31 if is_on else 11
+def _switch(name, is_on, state):
+    hover = state == HOVER
+    if is_on:
+        track, edge, knob, rim = "url(#pressed)", BLUE, GLOW, WHITE
+        if hover:
+            track, knob = LIT_TRACK, WHITE
+    else:
+        track, edge, knob, rim = "#c3d0da", STEEL, "url(#idle)", STEEL
+        if hover:
+            track, edge, rim = GLOW, BLUE, BLUE
+    middle = 31 if is_on else 11
     body = (
         f'<rect x="3.5" y="1.5" width="35" height="15" rx="7.5" fill="{track}" stroke="{edge}"/>\n'
     )
     if is_on:
         body += f'<rect x="13" y="5" width="2" height="8" rx="1" fill="{GLOW}"/>\n'
     else:
-        body += f'<circle cx="28" cy="9" r="3" fill="none" stroke="{STEEL}" stroke-width="1.5"/>\n'
-    fill = GLOW if is_on else "url(#idle)"
-    stroke = WHITE if is_on else STEEL
-    body += f'<circle cx="{knob}" cy="9" r="6" fill="{fill}" stroke="{stroke}"/>\n'
+        body += f'<circle cx="28" cy="9" r="3" fill="none" stroke="{edge}" stroke-width="1.5"/>\n'
+    body += f'<circle cx="{middle}" cy="9" r="6" fill="{knob}" stroke="{rim}"/>\n'
     return body + caption(name, 21, 27, 11, INK)
+
+
+def arrow(state):
+    """143: the list's arrow under the pointer, over the one in the panel."""
+    body = plate(0, 0, 10, 14, state) + triangle(4.5, 7.5, "down", INK_OF[state])
+    return stacked(10, 14, [body])
 
 
 def rocker():
@@ -107,16 +128,19 @@ def memory_button(letter, stores):
     return stacked(12, 14, images)
 
 
-def default_button(name, width, left, baseline):
-    """19990 and 19899: a caption on a plate.
+def default_button(name, width, left):
+    """19899 and 19990: a caption on a plate; under the pointer it says which click it wants.
 
-    The plate keeps `left` columns free, so that both stand in one line.
+    The controls are of different widths. The plates are not: both stand in one line, `left` pixels
+    from their control's edge.
     """
+    plate_width = 35
     images = []
     for state in STATES:
         ink = WHITE if state == PRESSED else INK
-        words = caption(name, (left + width) / 2, baseline, 9, ink)
-        images.append(plate(left, 0, width - left, 10, state, 3) + words)
+        words = "2\u00d7 click" if state == HOVER else name
+        body = plate(left, 0, plate_width, 10, state, 3)
+        images.append(body + caption(words, left + plate_width / 2, 7, 8, ink))
     return stacked(width, 10, images)
 
 

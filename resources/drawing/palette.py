@@ -9,7 +9,9 @@ FIELD_EDGE = "#8299a9"
 
 INK = "#27282d"  # 39, 40, 45: small captions, close to the black of the displays
 BLUE = "#2d2d78"  # 45, 45, 120: icons, word mark, whatever is pressed
-STEEL = "#4f6677"  # scales, lines, second-rank lettering
+STEEL = "#4f6677"  # lines, outlines of handles and switches
+QUIET = "#3d5160"  # second-rank lettering: scales, end numbers, maker, manual
+TICK = "#6f7f8d"  # marks of the sliders' scales, at least 3:1 on the panel
 PALE = "#9fb2c0"  # outlines of what is at rest
 GLOW = "#a2dde3"  # 162, 221, 227: whatever is under the pointer
 WHITE = "#ffffff"
@@ -18,6 +20,8 @@ BUTTON_TOP = "#fbfdfe"
 BUTTON_BOTTOM = "#e6edf2"
 PRESSED_TOP = "#232360"  # darker above: light falls from above, so this is a hollow
 PRESSED_BOTTOM = "#3d3d93"
+
+LIT_TRACK = "#46469f"  # of a switch that is on and under the pointer
 
 GROOVE_TOP = "#8da2b1"
 GROOVE_BOTTOM = "#c7d4dd"
