@@ -2,6 +2,7 @@
 target_sources(trelvan PRIVATE
   editor/base/linux/bitmaps.cpp
   editor/base/linux/desktopsettings.cpp
+  editor/base/linux/eventtime.cpp
   editor/base/linux/filechoice.cpp
   editor/base/linux/filedialog.cpp
   editor/base/linux/focuswatch.cpp

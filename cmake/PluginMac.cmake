@@ -4,6 +4,7 @@ set(CMAKE_XCODE_ATTRIBUTE_CLANG_ENABLE_OBJC_ARC NO)  # the sources count their r
 target_sources(trelvan PRIVATE
   editor/base/mac/bitmaps.cpp
   editor/base/mac/bundlelookup.cpp
+  editor/base/mac/eventtime.cpp
   editor/base/mac/filedialog.cpp
   editor/base/mac/framewindow.cpp
   editor/base/mac/idletimer.mm

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "editor/base/linux/handledevent.h"
 #include "vstgui.h"
 
 namespace {
@@ -27,11 +28,19 @@ TEST_F(DoubleClicks, TheSecondPressMakesOne) {
   EXPECT_TRUE(pressAt(1100));
 }
 
-TEST_F(DoubleClicks, ThreeHundredMillisecondsAreTheMost) {
-  EXPECT_FALSE(pressAt(1000));
-  EXPECT_TRUE(pressAt(1300));
-  EXPECT_FALSE(pressAt(5000));
-  EXPECT_FALSE(pressAt(5301));
+TEST_F(DoubleClicks, TheDesktopsTimeIsTheMost) {
+  for (const std::uint32_t longest : {250U, 400U, 1000U}) {
+    clicks.setClock([this] { return time; }, longest);
+    EXPECT_FALSE(pressAt(1000));
+    EXPECT_TRUE(pressAt(1000 + longest));
+    EXPECT_FALSE(pressAt(5000));
+    EXPECT_FALSE(pressAt(5001 + longest));
+    clicks.forget();
+  }
+}
+
+TEST_F(DoubleClicks, WithoutADesktopFourHundredMillisecondsAreTheMost) {
+  EXPECT_EQ(longestDoubleClick(), 400U);
 }
 
 TEST_F(DoubleClicks, FivePixelsEachWayAreTheMost) {
@@ -49,8 +58,8 @@ TEST_F(DoubleClicks, FivePixelsEachWayAreTheMost) {
 
 TEST_F(DoubleClicks, APressTooLateIsTheFirstOfTheNext) {
   EXPECT_FALSE(pressAt(1000));
-  EXPECT_FALSE(pressAt(1400));
-  EXPECT_TRUE(pressAt(1500));
+  EXPECT_FALSE(pressAt(1500));
+  EXPECT_TRUE(pressAt(1600));
 }
 
 TEST_F(DoubleClicks, TheThirdOfThreeQuickPressesIsAFirstOne) {
@@ -70,6 +79,31 @@ TEST_F(DoubleClicks, TheOwnClockCountsMilliseconds) {
   DoubleClick own;
   EXPECT_FALSE(own.press({0, 0}));
   EXPECT_TRUE(own.press({0, 0}));  // at once
+}
+
+TEST_F(DoubleClicks, TheTimeIsWhenTheEventWasMadeHoweverLateItIsHandled) {
+  DoubleClick own;
+  const auto pressMadeAt = [&own](std::uint32_t serverTime) {
+    const HandledEvent event(serverTime);
+    return own.press({0, 0});
+  };
+  EXPECT_FALSE(pressMadeAt(70000));
+  EXPECT_FALSE(pressMadeAt(70600));
+  EXPECT_TRUE(pressMadeAt(70700));
+}
+
+TEST_F(DoubleClicks, TheServersTimeStartsAgainAfterSevenWeeks) {
+  DoubleClick own;
+  for (const std::uint32_t first : {0xFFFFFFF0U, 0xFFFFFE00U}) {
+    {
+      const HandledEvent event(first);
+      EXPECT_FALSE(own.press({0, 0}));
+    }
+    const HandledEvent event(first + 600U);  // past the end of 32 bits
+    EXPECT_FALSE(own.press({0, 0}));
+    const HandledEvent next(first + 700U);
+    EXPECT_TRUE(own.press({0, 0}));
+  }
 }
 
 }  // namespace

@@ -12,11 +12,12 @@ target_link_libraries(mac_doubles PUBLIC trelvan_options)
 mac_test(maccftest
   SOURCES
     cf/cfobjecttest.cpp cf/preferencestorecftest.cpp cf/bundlelookuptest.cpp cf/toolkitmactest.cpp
-    cf/pacingmactest.cpp
+    cf/pacingmactest.cpp cf/eventtimemactest.cpp
     ${PROJECT_SOURCE_DIR}/platform/mac/preferencestore.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/bundlelookup.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/toolkitsetup.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/pacing.cpp
+    ${PROJECT_SOURCE_DIR}/editor/base/mac/eventtime.cpp
   LIBRARIES mac_doubles)
 # The toolkit's headers only: the test stands in for the two functions that are called.
 target_include_directories(maccftest SYSTEM PRIVATE

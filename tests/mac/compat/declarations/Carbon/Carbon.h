@@ -1,5 +1,5 @@
-// Declarations of the two Carbon functions that the plug-in uses, for the test double on Linux and
-// the Mach-O check.
+// Declarations of the three Carbon functions that the plug-in uses, for the test double on Linux
+// and the Mach-O check.
 #pragma once
 
 #include <stdint.h>
@@ -9,5 +9,6 @@ typedef double EventTimeout;
 
 extern "C" {
 uint32_t TickCount(void);
+uint32_t GetDblTime(void);
 OSStatus RunCurrentEventLoop(EventTimeout inTimeout);
 }

@@ -1,0 +1,31 @@
+// Counts the X server's milliseconds on past their 32 bits.
+#include "editor/base/eventtime.h"
+
+#include "editor/base/linux/handledevent.h"
+#include "editor/base/steadytime.h"
+
+namespace {
+
+int depth = 0;           // events within events, where a host idles from inside a callback
+std::uint64_t time = 0;  // ms, of the latest event
+
+}  // namespace
+
+HandledEvent::HandledEvent(std::uint32_t serverTime) {
+  ++depth;
+  // events of two kinds may come a little out of order
+  const auto step = static_cast<std::int32_t>(serverTime - static_cast<std::uint32_t>(time));
+  time += static_cast<std::uint64_t>(static_cast<std::int64_t>(step));
+}
+
+HandledEvent::~HandledEvent() {
+  --depth;
+}
+
+std::uint64_t eventMilliseconds() {
+  return depth > 0 ? time : steadyMilliseconds();
+}
+
+std::uint32_t longestDoubleClick() {
+  return 400;  // ms, as desktops have it that say nothing
+}
