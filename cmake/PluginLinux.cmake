@@ -19,7 +19,6 @@ target_sources(trelvan PRIVATE
   editor/base/linux/toolkitsetup.cpp
   editor/base/linux/xsettings.cpp
   editor/controls/linux/editedtext.cpp
-  editor/controls/linux/fitname.cpp
   editor/controls/linux/presetpopup.cpp
   editor/controls/linux/presetpopuplayout.cpp
   editor/controls/linux/textentry.cpp

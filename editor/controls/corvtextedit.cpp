@@ -3,8 +3,8 @@
 
 #include <cstring>
 
+#include "editor/controls/fitname.h"
 #include "lib/platform/iplatformframe.h"
-#include "platform/validtext.h"
 
 using VSTGUI::CPoint;
 using VSTGUI::CRect;
@@ -27,11 +27,21 @@ char* COrvTextEdit::getText(char* buffer) const {
 
 void COrvTextEdit::draw(VSTGUI::CDrawContext* context) {
   if (getDrawBackground() != nullptr) drawBack(context);
-  if (!beingEdited) {
-    const VSTGUI::UTF8String shown(validText(getText().getString()));
-    drawPlatformText(context, shown.getPlatformString());
-  }
+  if (!beingEdited) drawName(context);
   setDirty(false);
+}
+
+// As the list shows it. The toolkit's label would centre a name that is too wide, and cut both
+// ends.
+void COrvTextEdit::drawName(VSTGUI::CDrawContext* context) {
+  CRect area = getViewSize();
+  area.inset(getTextInset());
+  const FittedName name = fitName(context, getText().getString(), area.getWidth(), getFont());
+  const VSTGUI::ConcatClip inside(*context, area);
+  context->setDrawMode(VSTGUI::kAntiAliasing);
+  context->setFont(name.font);
+  context->setFontColor(getFontColor());
+  context->drawString(name.text.getPlatformString(), area, getHoriAlign(), getAntialias());
 }
 
 VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/,

@@ -4,9 +4,10 @@
 #include "editor/controls/textentry.h"
 #include "vstgui.h"
 
-// A press of any mouse button opens the entry; while it is open the label draws no text and
-// swallows presses. Confirming tells the listener once through valueChanged, between beginEdit and
-// endEdit; cancelling tells nobody. User-interface thread.
+// A text that is too wide is shown as the list shows it: smaller, or without its end. A press of
+// any mouse button opens the entry; while it is open the label draws no text and swallows presses.
+// Confirming tells the listener once through valueChanged, between beginEdit and endEdit;
+// cancelling tells nobody. User-interface thread.
 class COrvTextEdit : public VSTGUI::CTextLabel {
  public:
   // One of the entry's colours; not set: the label's font colour, or the system's.
@@ -52,6 +53,8 @@ class COrvTextEdit : public VSTGUI::CTextLabel {
   CLASS_METHODS_NOCOPY(COrvTextEdit, CTextLabel)
 
  private:
+  void drawName(VSTGUI::CDrawContext* context);
+
   TextEntry entry;  // running while beingEdited
   CustomColor fontEdition, fontHighlighted, highlight, caret;
   [[maybe_unused]] bool flag;  // kept for its owner

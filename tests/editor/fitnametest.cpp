@@ -1,5 +1,5 @@
 // Names that are made to fit.
-#include "editor/controls/linux/fitname.h"
+#include "editor/controls/fitname.h"
 
 #include "controltest.h"
 #include "vstgui.h"
@@ -14,7 +14,9 @@ class FitName : public controltest::ControlTest {
     context->setFont(font);
     return context->getStringWidth(text.c_str());
   }
-  FittedName fit(const std::string& bytes, double width) { return fitName(context, bytes, width); }
+  FittedName fit(const std::string& bytes, double width) {
+    return fitName(context, bytes, width, VSTGUI::kNormalFontSmall);
+  }
 
   VSTGUI::SharedPointer<VSTGUI::COffscreenContext> context =
       VSTGUI::COffscreenContext::create({10, 10});
@@ -37,6 +39,13 @@ TEST_F(FitName, TheLargestFontThatShowsTheWholeNameIsTaken) {
   EXPECT_EQ(fit(name, smaller).font, VSTGUI::kNormalFontSmaller);
   EXPECT_EQ(fit(name, smaller - 0.5).font, VSTGUI::kNormalFontVerySmall);
   EXPECT_EQ(fit(name, verySmall).text.getString(), name);
+}
+
+TEST_F(FitName, TheLargestFontIsTheCallers) {
+  const auto larger = VSTGUI::makeOwned<VSTGUI::CFontDesc>(*VSTGUI::kNormalFont);
+  const FittedName fitted = fitName(context, name, widthOf(name, larger), larger);
+  EXPECT_EQ(fitted.font, larger.get());
+  EXPECT_EQ(fitted.text.getString(), name);
 }
 
 TEST_F(FitName, ANameTooLongForAnyFontEndsInAnEllipsisAndLosesNoMoreThanItMust) {

@@ -376,3 +376,26 @@ TEST_F(Name, ThatIsNoTextIsShownWithReplacementCharactersAndWithoutAWarning) {
   host.settle();
   EXPECT_EQ(host.picture(), shown);
 }
+
+// Too wide for the field in every font: it loses its end, as in the list, and not both ends.
+TEST_F(Name, ThatIsTooWideBeginsInTheFieldWithItsFirstLetter) {
+  const std::string rest(22, 'W');
+  host.setProgramName("i" + rest);
+  const Picture first = host.picture();
+  host.setProgramName("j" + rest);
+  const Picture second = host.picture();
+  host.setProgramName("j" + rest.substr(1) + "i");
+  const Picture otherEnd = host.picture();
+  EXPECT_FALSE(sameIn(places::kName, first, second));
+  EXPECT_TRUE(sameIn(places::kName, second, otherEnd));
+}
+
+TEST_F(Name, ThatIsALittleTooWideIsSmallerAndWhole) {
+  const std::string name = "Wide and much air above";
+  host.setProgramName("i" + name.substr(1));
+  const Picture first = host.picture();
+  host.setProgramName("j" + name.substr(1));
+  EXPECT_FALSE(sameIn(places::kName, first, host.picture()));
+  host.setProgramName("i" + name.substr(1, 21) + "i");
+  EXPECT_FALSE(sameIn(places::kName, first, host.picture()));
+}

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "editor/controls/cpresetmenu.h"
-#include "editor/controls/linux/fitname.h"
+#include "editor/controls/fitname.h"
 #include "editor/controls/linux/pointergrab.h"
 #include "editor/controls/linux/presetpopuplayout.h"
 #include "editor/controls/modalview.h"
@@ -177,7 +177,8 @@ class PresetPopup final : public VSTGUI::CView {
       drawMark(context, area, lit ? VSTGUI::kWhiteCColor : kMark);
     area.left += kMarkRoom;
     area.right -= kRightRoom;
-    const FittedName name = fitName(context, item->getTitle().getString(), area.getWidth());
+    const FittedName name =
+        fitName(context, item->getTitle().getString(), area.getWidth(), VSTGUI::kNormalFontSmall);
     context->setFont(name.font);
     context->setFontColor(lit ? VSTGUI::kWhiteCColor : VSTGUI::kBlackCColor);
     context->drawString(name.text.getPlatformString(), area, VSTGUI::kLeftText, true);

@@ -11,7 +11,8 @@ struct FittedName {
   VSTGUI::CFontRef font;
 };
 
-// The whole name in the toolkit's small font or one of the two below it; a name that is too long
+// The whole name in `largest` or one of the toolkit's two smallest fonts; a name that is too long
 // even then loses its end to an ellipsis. bytes: the name, UTF-8 or not. width: pixels. The
 // context's font is changed.
-FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, double width);
+FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, double width,
+                   VSTGUI::CFontRef largest);

@@ -1,15 +1,16 @@
 // Tries smaller fonts, then cuts between characters.
-#include "editor/controls/linux/fitname.h"
+#include "editor/controls/fitname.h"
 
 #include "platform/validtext.h"
 
-FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, double width) {
+FittedName fitName(VSTGUI::CDrawContext* context, const std::string& bytes, double width,
+                   VSTGUI::CFontRef largest) {
   const VSTGUI::UTF8String name(validText(bytes));
   const auto fits = [&](const VSTGUI::UTF8String& text) {
     return context->getStringWidth(text.getPlatformString()) <= width;
   };
   for (VSTGUI::CFontRef font :
-       {VSTGUI::kNormalFontSmall, VSTGUI::kNormalFontSmaller, VSTGUI::kNormalFontVerySmall}) {
+       {largest, VSTGUI::kNormalFontSmaller, VSTGUI::kNormalFontVerySmall}) {
     context->setFont(font);
     if (fits(name)) return {name, font};
   }
