@@ -37,6 +37,7 @@ add_library(trelvan STATIC
   editor/base/aeffguieditor.cpp
   editor/base/myframe.cpp
   editor/controls/corvtextedit.cpp
+  editor/controls/entryplace.cpp
   editor/controls/fitname.cpp
   editor/window/adeditor.cpp
   editor/window/adeditoropen.cpp

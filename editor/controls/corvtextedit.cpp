@@ -4,7 +4,6 @@
 #include <cstring>
 
 #include "editor/controls/fitname.h"
-#include "lib/platform/iplatformframe.h"
 
 using VSTGUI::CPoint;
 using VSTGUI::CRect;
@@ -47,17 +46,8 @@ void COrvTextEdit::drawName(VSTGUI::CDrawContext* context) {
 VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/,
                                                     const VSTGUI::CButtonState& /*buttons*/) {
   if (beingEdited || !isAttached()) return VSTGUI::kMouseEventHandled;
-  const double fontSize = getFont()->getSize();
-  CPoint corner = getViewSize().getTopLeft();
-  localToFrame(corner);
-  CPoint origin;
-  if (VSTGUI::IPlatformFrame* platform = getFrame()->getPlatformFrame())
-    platform->getGlobalPosition(origin);
-  // As wide as the label, two points taller than the font, centred on the label.
-  const TextEntryPlace place{corner.x,   corner.y + (getHeight() - fontSize - 1) * 0.5,
-                             getWidth(), fontSize + 2,
-                             origin.x,   origin.y};
-  beingEdited = entry.open(this, place);  // only now: without memory the label stays a label
+  // only now: without memory the label stays a label
+  beingEdited = entry.open(this, entryPlace(*this));
   setDirty(true);
   return VSTGUI::kMouseEventHandled;
 }

@@ -3,7 +3,11 @@
 
 #include <memory>
 
-class COrvTextEdit;
+class TextEntryOwner;
+
+namespace VSTGUI {
+class CParamDisplay;
+}
 
 // The field in frame coordinates, and the frame's origin on the screen, counted from the top.
 struct TextEntryPlace {
@@ -11,10 +15,14 @@ struct TextEntryPlace {
   double globalX, globalY;
 };
 
-// One entry after the other over a label, which owns it. A running one ends by Return, Escape, a
-// click elsewhere and the loss of the keyboard on its own, and then calls the label's setText
-// (confirmed only) and endEditMode, from inside which it may be abandoned, but not destroyed.
-// User-interface thread.
+// As wide as the label, as far as that lies in its container, two points taller than the font, and
+// centred on the label. It is attached.
+TextEntryPlace entryPlace(const VSTGUI::CParamDisplay& label);
+
+// One entry after the other over a label, whose owner owns it. A running one ends by Return,
+// Escape, a click elsewhere and the loss of the keyboard on its own, and then calls the owner's
+// setText (confirmed only) and endEditMode, from inside which it may be abandoned, but not
+// destroyed. User-interface thread.
 class TextEntry final {
  public:
   TextEntry();
@@ -23,9 +31,9 @@ class TextEntry final {
   TextEntry& operator=(const TextEntry&) = delete;
 
   // None runs before. False: the field could not be made.
-  bool open(COrvTextEdit* label, const TextEntryPlace& place);
+  bool open(TextEntryOwner* owner, const TextEntryPlace& place);
   void end(bool confirm);  // nothing where it has ended already
-  void abandon();          // without a word to the label
+  void abandon();          // without a word to the owner
 
  private:
   struct System;

@@ -2,9 +2,9 @@
 // and focus.
 #include "editor/controls/textentry.h"
 
-#include "editor/controls/corvtextedit.h"
 #include "editor/controls/linux/pointergrab.h"
 #include "editor/controls/linux/textfield.h"
+#include "editor/controls/textentryowner.h"
 #include "vstgui.h"
 
 using VSTGUI::CRect;
@@ -15,18 +15,19 @@ namespace {
 constexpr double kTextRise = 0.5;
 
 // The place, which is the frame's, for a view in the container that the label is in.
-CRect besideLabel(const COrvTextEdit* label, const TextEntryPlace& place) {
+CRect besideLabel(const VSTGUI::CParamDisplay& label, const TextEntryPlace& place) {
   VSTGUI::CPoint corner(place.x, place.y - kTextRise);
-  label->frameToLocal(corner);
+  label.frameToLocal(corner);
   return {corner, VSTGUI::CPoint(place.width, place.height)};
 }
 
 }  // namespace
 
 struct TextEntry::System {
-  System(COrvTextEdit* edited, const TextEntryPlace& place)
-      : label(edited),
-        field(VSTGUI::makeOwned<TextField>(edited, besideLabel(edited, place),
+  System(TextEntryOwner* edited, const TextEntryPlace& place)
+      : owner(edited),
+        label(&edited->entryLabel()),
+        field(VSTGUI::makeOwned<TextField>(edited, besideLabel(*label, place),
                                            [this](bool confirm) { end(confirm); })) {}
   ~System() { takeDown(); }
   System(const System&) = delete;
@@ -42,9 +43,9 @@ struct TextEntry::System {
   void end(bool confirm) {
     if (!field) return;
     // First what takes memory: without it the entry goes on.
-    if (confirm) label->setText(field->text().c_str());
+    if (confirm) owner->setText(field->text().c_str());
     takeDown();
-    COrvTextEdit* edited = label;  // whoever hears of the end may let go of this entry
+    TextEntryOwner* edited = owner;  // whoever hears of the end may let go of this entry
     edited->endEditMode(confirm);
   }
 
@@ -56,16 +57,17 @@ struct TextEntry::System {
     field = nullptr;
   }
 
-  COrvTextEdit* label;
+  TextEntryOwner* owner;
+  VSTGUI::CParamDisplay* label;            // the owner's
   VSTGUI::SharedPointer<TextField> field;  // while the entry runs
 };
 
 TextEntry::TextEntry() = default;
 TextEntry::~TextEntry() = default;
 
-bool TextEntry::open(COrvTextEdit* label, const TextEntryPlace& place) {
-  if (label->getFrame()->getPlatformFrame() == nullptr) return false;
-  auto opening = std::make_unique<System>(label, place);
+bool TextEntry::open(TextEntryOwner* owner, const TextEntryPlace& place) {
+  if (owner->entryLabel().getFrame()->getPlatformFrame() == nullptr) return false;
+  auto opening = std::make_unique<System>(owner, place);
   opening->show();
   system = std::move(opening);
   return true;

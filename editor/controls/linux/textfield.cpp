@@ -7,7 +7,6 @@
 #include <new>
 #include <utility>
 
-#include "editor/controls/corvtextedit.h"
 #include "lib/cvstguitimer.h"
 #include "lib/events.h"
 #include "lib/platform/iplatformfont.h"
@@ -50,6 +49,8 @@ const char* characterOf(VirtualKey key) {
       return "-";
     case VirtualKey::Decimal:
       return ".";
+    case VirtualKey::Separator:  // the decimal comma of many keyboards
+      return ",";
     case VirtualKey::Divide:
       return "/";
     default:
@@ -67,11 +68,12 @@ std::string typedText(const VSTGUI::KeyboardEvent& event) {
 
 }  // namespace
 
-TextField::TextField(const COrvTextEdit* edited, const CRect& place,
+TextField::TextField(TextEntryOwner* edited, const CRect& place,
                      std::function<void(bool)> whenEnded)
     : CView(place),
-      label(edited),
-      edit(validText(edited->getText().getString())),
+      label(&edited->entryLabel()),
+      colors(&edited->entryColors()),
+      edit(validText(edited->entryText())),
       ended(std::move(whenEnded)) {}
 
 bool TextField::attached(CView* parent) {
@@ -103,10 +105,12 @@ double TextField::widthOf(std::size_t bytes) const {
   return painter ? painter->getStringWidth(nullptr, head.getPlatformString(), true) : 0.;
 }
 
-// Centred like the label; a text that is wider moves until its caret can be seen.
+// Aligned like the label; a text that is wider moves until its caret can be seen.
 double TextField::textLeft() const {
   const CRect& area = getViewSize();
-  double left = area.left + (area.getWidth() - widthOf(edit.text().size())) / 2.;
+  double left = area.left;
+  if (label->getHoriAlign() == VSTGUI::kCenterText)
+    left += (area.getWidth() - widthOf(edit.text().size())) / 2.;
   const double caret = left + widthOf(edit.caret());
   if (caret < area.left) left += area.left - caret;
   if (caret > area.right - 1.) left -= caret - (area.right - 1.);  // the caret is a pixel wide
@@ -127,7 +131,7 @@ std::size_t TextField::placeAt(CCoord x) const {
 void TextField::draw(VSTGUI::CDrawContext* context) {
   const CRect& area = getViewSize();
   const double left = textLeft();
-  const VSTGUI::CColor colour = label->fontEditionColor().orElse(label->getFontColor());
+  const VSTGUI::CColor colour = colors->fontEdition.orElse(label->getFontColor());
   const UTF8String text(edit.text());
   const auto write = [&](const VSTGUI::CColor& in) {
     context->setFontColor(in);
@@ -143,12 +147,12 @@ void TextField::draw(VSTGUI::CDrawContext* context) {
     const CRect selection(left + widthOf(edit.selectionBegin()), area.top,
                           left + widthOf(edit.selectionEnd()), area.bottom);
     const VSTGUI::ConcatClip selected(*context, selection);
-    context->setFillColor(label->highlightColor().orElse(getFrame()->getFocusColor()));
+    context->setFillColor(colors->highlight.orElse(getFrame()->getFocusColor()));
     context->drawRect(selection, VSTGUI::kDrawFilled);
-    write(label->fontHighlightedColor().orElse(colour));
+    write(colors->fontHighlighted.orElse(colour));
   } else if (caretLit) {
     const double x = std::round(left + widthOf(edit.caret()));
-    context->setFillColor(label->caretColor().orElse(colour));
+    context->setFillColor(colors->caret.orElse(colour));
     context->drawRect(CRect(x, area.top, x + 1., area.bottom), VSTGUI::kDrawFilled);
   }
   setDirty(false);

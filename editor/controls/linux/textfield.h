@@ -6,10 +6,9 @@
 
 #include "editor/controls/doubleclick.h"
 #include "editor/controls/linux/editedtext.h"
+#include "editor/controls/textentryowner.h"
 #include "lib/cframe.h"
 #include "vstgui.h"
-
-class COrvTextEdit;
 
 // Lies over a label in the label's container, and has its text, font and colours. While it is
 // attached it takes every key of the window and every press: it edits, or calls `ended` with
@@ -21,7 +20,7 @@ class TextField final : public VSTGUI::CView,
  public:
   // place: in the coordinates of the label's container. The label outlives the
   // field's being attached.
-  TextField(const COrvTextEdit* edited, const VSTGUI::CRect& place,
+  TextField(TextEntryOwner* edited, const VSTGUI::CRect& place,
             std::function<void(bool confirm)> whenEnded);
   TextField(const TextField&) = delete;
 
@@ -49,7 +48,8 @@ class TextField final : public VSTGUI::CView,
   double textLeft() const;
   std::size_t placeAt(VSTGUI::CCoord x) const;
 
-  const COrvTextEdit* label;
+  const VSTGUI::CParamDisplay* label;
+  const EntryColors* colors;  // the label's
   EditedText edit;
   std::function<void(bool)> ended;
   DoubleClick doubleClick;

@@ -18,7 +18,7 @@ struct TextEntry::System {
 TextEntry::TextEntry() = default;
 TextEntry::~TextEntry() = default;
 
-bool TextEntry::open(COrvTextEdit* label, const TextEntryPlace& place) {
+bool TextEntry::open(TextEntryOwner* owner, const TextEntryPlace& place) {
   auto opening = std::make_unique<System>();
   const NSRect screen = [[[NSScreen screens] objectAtIndex:0] frame];
   OrvMCSystemBoxWindow*& window = opening->window;
@@ -27,7 +27,7 @@ bool TextEntry::open(COrvTextEdit* label, const TextEntryPlace& place) {
                                                      backing:NSBackingStoreBuffered
                                                        defer:NO];
   if (window == nil) return false;
-  [window setVstPointer:label];
+  [window setVstPointer:owner];
   [window setHandle:&window];
   // The toolkit counts from the top of the first screen, Cocoa from its bottom.
   const double top = std::trunc(std::trunc(screen.size.height) - place.globalY);

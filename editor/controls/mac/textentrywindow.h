@@ -3,17 +3,17 @@
 
 #import <Cocoa/Cocoa.h>
 
-class COrvTextEdit;
+class TextEntryOwner;
 @class OrvMCMyTextField;
 
 // Borderless and transparent over the whole main screen, so that a click anywhere comes here. It
 // ends once, by itself, and tells its label; closing releases it. Main thread.
 @interface OrvMCSystemBoxWindow : NSWindow <NSTextFieldDelegate> {
   OrvMCMyTextField* textField;    // owned; nil once the entry has ended
-  COrvTextEdit* vstPointer;       // not owned; null once the entry has ended
+  TextEntryOwner* vstPointer;     // not owned; null once the entry has ended
   OrvMCSystemBoxWindow** handle;  // not owned: the label's side's pointer to this window
 }
-- (void)setVstPointer:(COrvTextEdit*)control;
+- (void)setVstPointer:(TextEntryOwner*)control;
 - (void)setHandle:(OrvMCSystemBoxWindow**)pointer;  // becomes nil when the window ends
 // rect: the field in frame coordinates, from the top. topLeft: the frame's corner on the screen,
 // from the bottom.

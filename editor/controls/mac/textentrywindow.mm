@@ -3,7 +3,7 @@
 
 #import <objc/runtime.h>
 
-#include "editor/controls/corvtextedit.h"
+#include "editor/controls/textentryowner.h"
 #include "platform/mac/manualreferences.h"
 #include "platform/validtext.h"
 #include "vstgui.h"
@@ -19,8 +19,8 @@ NSColor* cocoaColor(const VSTGUI::CColor& color) {
 
 // Never nil, which a field does not take: a name that was cut to its 24 bytes may end
 // within a character.
-NSString* cocoaText(const VSTGUI::UTF8String& text) {
-  return [NSString stringWithUTF8String:validText(text.getString()).c_str()];
+NSString* cocoaText(const std::string& text) {
+  return [NSString stringWithUTF8String:validText(text).c_str()];
 }
 
 }  // namespace
@@ -37,7 +37,7 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
 
 @implementation OrvMCSystemBoxWindow
 
-- (void)setVstPointer:(COrvTextEdit*)control {
+- (void)setVstPointer:(TextEntryOwner*)control {
   vstPointer = control;
 }
 
@@ -56,20 +56,23 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
   [textField setSelectable:YES];
   [textField setEnabled:YES];
   [textField setDelegate:self];
-  // by its name: the numbers of centre and right differ by processor
-  [textField setAlignment:NSTextAlignmentCenter];
-  [textField setStringValue:cocoaText(vstPointer->getText())];
+  // by their names: the numbers of centre and right differ by processor
+  const bool centred = vstPointer->entryLabel().getHoriAlign() == VSTGUI::kCenterText;
+  [textField setAlignment:centred ? NSTextAlignmentCenter : NSTextAlignmentLeft];
+  [textField setStringValue:cocoaText(vstPointer->entryText())];
   [[textField cell] setWraps:NO];
   [[self contentView] addSubview:textField];
 }
 
 - (void)setUpFont {
-  const VSTGUI::CFontRef font = vstPointer->getFont();
-  NSFont* cocoaFont = [NSFont fontWithName:cocoaText(font->getName()) size:font->getSize()];
+  const VSTGUI::CParamDisplay& label = vstPointer->entryLabel();
+  const VSTGUI::CFontRef font = label.getFont();
+  NSFont* cocoaFont = [NSFont fontWithName:cocoaText(font->getName().getString())
+                                      size:font->getSize()];
   // a font that is missing leaves the field its own
   if (cocoaFont != nil) [textField setFont:cocoaFont];
-  const COrvTextEdit::CustomColor& edition = vstPointer->fontEditionColor();
-  [textField setTextColor:cocoaColor(edition.set ? edition.color : vstPointer->getFontColor())];
+  const EntryColor& edition = vstPointer->entryColors().fontEdition;
+  [textField setTextColor:cocoaColor(edition.set ? edition.color : label.getFontColor())];
 }
 
 - (void)setUpWindow {
@@ -91,10 +94,10 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
 
 - (void)setUpColors {
   NSTextView* editor = static_cast<NSTextView*>([self fieldEditor:YES forObject:textField]);
-  const COrvTextEdit::CustomColor& caret = vstPointer->caretColor();
+  const EntryColor& caret = vstPointer->entryColors().caret;
   if (caret.set) [editor setInsertionPointColor:cocoaColor(caret.color)];
-  const COrvTextEdit::CustomColor& text = vstPointer->fontHighlightedColor();
-  const COrvTextEdit::CustomColor& back = vstPointer->highlightColor();
+  const EntryColor& text = vstPointer->entryColors().fontHighlighted;
+  const EntryColor& back = vstPointer->entryColors().highlight;
   if (!text.set && !back.set) return;
   NSDictionary* now = [editor selectedTextAttributes];
   id foreground =
@@ -139,8 +142,8 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
 // What all endings begin with. Null where it has ended already: closing can make the window resign
 // once more, and the label's listener may do anything. The system still uses the window, its field
 // editor and the field in the callback that ends them, so they stay until the pool goes.
-- (COrvTextEdit*)takeVstPointer {
-  COrvTextEdit* control = vstPointer;
+- (TextEntryOwner*)takeVstPointer {
+  TextEntryOwner* control = vstPointer;
   if (control == nullptr) return nullptr;
   vstPointer = nullptr;
   [[self retain] autorelease];
@@ -161,7 +164,8 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
 - (void)confirmEditing:(id)sender {
   (void)sender;
   // its listener may close the editor
-  if (const auto control = VSTGUI::shared([self takeVstPointer])) {
+  if (TextEntryOwner* control = [self takeVstPointer]) {
+    const auto kept = VSTGUI::shared(&control->entryLabel());
     control->setText([[textField stringValue] UTF8String]);
     control->endEditMode(true);
     [self takeDown];
@@ -170,7 +174,8 @@ NSString* cocoaText(const VSTGUI::UTF8String& text) {
 
 - (void)cancelEditing:(id)sender {
   (void)sender;
-  if (const auto control = VSTGUI::shared([self takeVstPointer])) {
+  if (TextEntryOwner* control = [self takeVstPointer]) {
+    const auto kept = VSTGUI::shared(&control->entryLabel());
     control->endEditMode(false);
     [self takeDown];
   }
