@@ -6,16 +6,16 @@
 
 namespace {
 
-int depth = 0;           // events within events, where a host idles from inside a callback
-std::uint64_t time = 0;  // ms, of the latest event
+int depth = 0;             // events within events, where a host idles from inside a callback
+std::uint64_t latest = 0;  // ms, of an event
 
 }  // namespace
 
 HandledEvent::HandledEvent(std::uint32_t serverTime) {
   ++depth;
   // events of two kinds may come a little out of order
-  const auto step = static_cast<std::int32_t>(serverTime - static_cast<std::uint32_t>(time));
-  time += static_cast<std::uint64_t>(static_cast<std::int64_t>(step));
+  const auto step = static_cast<std::int32_t>(serverTime - static_cast<std::uint32_t>(latest));
+  latest += static_cast<std::uint64_t>(static_cast<std::int64_t>(step));
 }
 
 HandledEvent::~HandledEvent() {
@@ -23,7 +23,7 @@ HandledEvent::~HandledEvent() {
 }
 
 std::uint64_t eventMilliseconds() {
-  return depth > 0 ? time : steadyMilliseconds();
+  return depth > 0 ? latest : steadyMilliseconds();
 }
 
 std::uint32_t longestDoubleClick() {
