@@ -5,10 +5,21 @@
 #include <cstring>
 #include <string>
 
+#include "platform/paths.h"
+
 namespace {
 
 std::FILE* stream(void* handle) {
   return static_cast<std::FILE*>(handle);
+}
+
+// In bytes; stands at the start afterwards.
+long lengthOf(std::FILE* file) {
+  if (file == nullptr) return 0;
+  long length = 0;
+  if (std::fseek(file, 0, SEEK_END) == 0) length = std::ftell(file);
+  std::rewind(file);
+  return length > 0 ? length : 0;
 }
 
 }  // namespace
@@ -17,11 +28,18 @@ long XPlatFileOpen(const char* fileName, const char* dir, void** handle, bool fo
   const std::string path = std::string(dir) + fileName;
   std::FILE* file = std::fopen(path.c_str(), forWrite ? "wb+" : "rb+");
   *handle = file;
-  if (file == nullptr) return 0;
-  long length = 0;
-  if (std::fseek(file, 0, SEEK_END) == 0) length = std::ftell(file);
-  std::rewind(file);
-  return length > 0 ? length : 0;
+  return lengthOf(file);
+}
+
+// A folder opens for reading as well, and a pipe would wait for somebody who writes.
+long XPlatFileOpenToRead(const char* fileName, const char* dir, void** handle) {
+  const long length = XPlatFileOpen(fileName, dir, handle, false);
+  if (*handle != nullptr) return length;
+  const std::string path = std::string(dir) + fileName;
+  if (!isFile(path)) return 0;
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  *handle = file;
+  return lengthOf(file);
 }
 
 long XPlatFileRead(void* handle, char* buffer, long count) {

@@ -9,6 +9,9 @@
 // opened. forWrite creates or truncates; reading asks for update access too, so a file that may not
 // be written does not open.
 long XPlatFileOpen(const char* fileName, const char* dir, void** handle, bool forWrite);
+// As XPlatFileOpen for reading, but for files too that may be read and not written: a colleague's,
+// or one on a medium that takes no more.
+long XPlatFileOpenToRead(const char* fileName, const char* dir, void** handle);
 // Return the number of bytes read and written, which may be less than asked for; 0 for a count
 // below 0.
 long XPlatFileRead(void* handle, char* buffer, long count);

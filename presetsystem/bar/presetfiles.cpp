@@ -29,7 +29,7 @@ constexpr char kNoDialog[] =
 class File {
  public:
   explicit File(const std::string& path)
-      : length(XPlatFileOpen(namePart(path).c_str(), folderPart(path).c_str(), &handle, false)) {}
+      : length(XPlatFileOpenToRead(namePart(path).c_str(), folderPart(path).c_str(), &handle)) {}
   ~File() { XPlatFileClose(handle); }
   File(const File&) = delete;
   File& operator=(const File&) = delete;

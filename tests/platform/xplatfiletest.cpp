@@ -70,6 +70,36 @@ TEST_F(XPlatFile, DoesNotOpenAFileThatMayOnlyBeRead) {
   EXPECT_EQ(handle, nullptr);
 }
 
+TEST_F(XPlatFile, OpensAFileToReadThatMayOnlyBeRead) {
+  const char* const running = "/proc/self/exe";
+  if (!fs::exists(running)) GTEST_SKIP() << "no such file on this system";
+  const long length = XPlatFileOpenToRead("exe", "/proc/self/", &handle);
+  EXPECT_EQ(length, static_cast<long>(fs::file_size(running)));
+  ASSERT_NE(handle, nullptr);
+  char buffer[4] = {};
+  EXPECT_EQ(XPlatFileRead(handle, buffer, 4), 4);
+  EXPECT_EQ(std::string(buffer, 4),
+            "\x7F"
+            "ELF");
+  XPlatFileClose(handle);
+}
+
+TEST_F(XPlatFile, OpensToReadWhatMayBeWrittenToo) {
+  write("a.orv", "twelve bytes");
+  EXPECT_EQ(XPlatFileOpenToRead("a.orv", dir.c_str(), &handle), 12);
+  ASSERT_NE(handle, nullptr);
+  XPlatFileClose(handle);
+}
+
+// A folder's length would be what its file system likes.
+TEST_F(XPlatFile, OpensNeitherAFolderNorNothingToRead) {
+  EXPECT_EQ(XPlatFileOpenToRead("", dir.c_str(), &handle), 0);
+  EXPECT_EQ(handle, nullptr);
+  handle = &handle;
+  EXPECT_EQ(XPlatFileOpenToRead("missing", dir.c_str(), &handle), 0);
+  EXPECT_EQ(handle, nullptr);
+}
+
 TEST_F(XPlatFile, OpensAnEmptyFileWithLengthZeroAndAHandle) {
   write("empty", "");
   EXPECT_EQ(open("empty", false), 0);

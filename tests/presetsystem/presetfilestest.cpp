@@ -1,5 +1,7 @@
 // Tests of loading and saving preset and bank files.
 #include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "tests/presetsystem/filesfixture.h"
 
@@ -43,6 +45,29 @@ TEST_F(Files, SavingAPresetAndLoadingItBackRestoresNameAndValues) {
   EXPECT_STREQ(editor().currentDirectory, (files.path + "/").c_str());
   EXPECT_STREQ(editor().presetFileName, "soft pad.orv");
   EXPECT_STREQ(editor().bankFileName, "");
+}
+
+// Another user's, say. The superuser may write everything, and so is another one here.
+TEST_F(Files, AFileThatMayOnlyBeReadIsLoaded) {
+  constexpr uid_t kNobody = 65534;
+  preset(0) = recordOf(kPad);
+  savePreset(files / "pad.orv");
+  ASSERT_EQ(chmod((files / "pad.orv").c_str(), 0444), 0);
+  ASSERT_EQ(chmod(files.path.c_str(), 0755), 0);
+  preset(0) = recordOf({"another", {}});
+  userChooses(files / "pad.orv");
+  editor().loadPreset(false);
+  const uid_t before = geteuid();
+  for (int pass = 0; pass < 5000 && editor().fileOperationRunning(); ++pass) {
+    if (before == 0) {
+      ASSERT_EQ(seteuid(kNobody), 0);
+    }
+    editor().completeFileOperation();
+    ASSERT_EQ(seteuid(before), 0);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  EXPECT_TRUE(sameRecord(preset(0), recordOf(kPad)));
+  EXPECT_EQ(bytesOf(files / "pad.orv"), imagebytes::presetImage(kPad));
 }
 
 TEST_F(Files, ASavedPresetIsOnePresetImage) {
