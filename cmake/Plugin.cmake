@@ -29,6 +29,7 @@ add_library(trelvan STATIC
   presetsystem/bar/barnames.cpp
   presetsystem/bar/cpresetsystemeditor.cpp
   presetsystem/bar/manual.cpp
+  presetsystem/bar/messages.cpp
   presetsystem/bar/presetbar.cpp
   presetsystem/bar/presetfiles.cpp
   presetsystem/bar/storedpresets.cpp
@@ -51,7 +52,9 @@ add_library(trelvan STATIC
   editor/controls/cvumeter1.cpp
   editor/controls/cabout.cpp
   editor/controls/csplashscreenmyview.cpp
+  editor/controls/messagepanel.cpp
   editor/controls/modalview.cpp
+  editor/controls/wrappedtext.cpp
   platform/validtext.cpp
   platform/modulepath.cpp
   platform/savedfile.cpp

@@ -23,6 +23,7 @@ target_sources(trelvan PRIVATE
   editor/controls/linux/presetpopuplayout.cpp
   editor/controls/linux/textentry.cpp
   editor/controls/linux/textfield.cpp
+  platform/linux/alert.cpp
   platform/linux/childprogram.cpp
   platform/linux/desktopdialog.cpp
   platform/linux/orphanguard.cpp

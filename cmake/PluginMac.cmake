@@ -13,6 +13,7 @@ target_sources(trelvan PRIVATE
   editor/controls/mac/presetpopup.cpp
   editor/controls/mac/textentry.mm
   editor/controls/mac/textentrywindow.mm
+  platform/mac/alert.mm
   platform/mac/modulefile.cpp
   platform/mac/manualopener.cpp
   platform/mac/preferencestore.cpp

@@ -102,7 +102,7 @@ bool AEffGUIEditor::dispatch(VSTGUI::Event& event) {
 }
 
 bool AEffGUIEditor::onKeyDown(VstKeyCode& key) {
-  if (frame == nullptr) return false;
+  if (frame == nullptr || !takesInput()) return false;
   VSTGUI::KeyboardEvent event = keyboardEvent(VSTGUI::EventType::KeyDown, key);
   return dispatch(event);
 }
@@ -114,7 +114,7 @@ bool AEffGUIEditor::onKeyUp(VstKeyCode& key) {
 }
 
 bool AEffGUIEditor::onWheel(float distance) {
-  if (frame == nullptr) return false;
+  if (frame == nullptr || !takesInput()) return false;
   VSTGUI::MouseWheelEvent event;
   VSTGUI::CPoint where(0, 0);
   frame->getCurrentMouseLocation(where);

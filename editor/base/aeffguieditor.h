@@ -50,7 +50,9 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   bool openFrame(void* window);
   // Ends the frame with all views. Safe from inside a control's callback.
   void closeFrame();
-  virtual void keyboardLeft() {}   // the window has lost the keyboard
+  virtual void keyboardLeft() {}  // the window has lost the keyboard
+  // False: keys and the wheel from the host are left to it, as while the user is asked something.
+  virtual bool takesInput() const { return true; }
   virtual ERect windowSize() = 0;  // pixels; asked with the toolkit set up until it is not empty
 
   MyFrame* view = nullptr;  // the frame's root, null while closed; the frame owns it

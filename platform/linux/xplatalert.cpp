@@ -1,17 +1,16 @@
-// The alert, shown by the desktop's dialog program.
+// The alert that nobody waits for.
 #include "platform/xplatalert.h"
 
-#include "platform/linux/childprogram.h"
-#include "platform/linux/desktopdialog.h"
+#include "platform/alert.h"
+
+namespace {
+
+Alert* shown = nullptr;  // the last one, which stays with the process: nobody asks for it again
+
+}  // namespace
 
 void XPlatDisplayAlert(const char* message) {
-  if (message == nullptr || !desktopdialog::hasDisplay()) return;
-  for (const desktopdialog::Program& program : desktopdialog::alertPrograms()) {
-    ChildProgram alert;
-    if (!alert.start(desktopdialog::warning(program, "Trelvan", message))) continue;
-    alert.wait();
-    if (desktopdialog::answerOf(alert.exitStatus(), alert.output()) !=
-        desktopdialog::Answer::unusable)
-      return;
-  }
+  if (message == nullptr) return;
+  if (shown == nullptr) shown = new Alert;
+  shown->start(message);
 }

@@ -5,6 +5,7 @@
 #include "editor/base/myframe.h"
 #include "editor/base/pressguard.h"
 #include "editor/controls/corvtextedit.h"
+#include "editor/controls/messagepanel.h"
 #include "presetsystem/store/bankimages.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 
@@ -12,7 +13,9 @@ CPresetSystemEditor::CPresetSystemEditor(CPresetSystemEffect* owner)
     : AEffGUIEditor(owner),
       presetEffect(owner),
       stored(owner, places),
-      files(owner, places, *this),
+      messages(*this),
+      files(owner, places, *this, messages),
+      manual(messages),
       names(owner, bar),
       clicks(owner, bar, *this) {
   if (presetEffect != nullptr) presetEffect->setPresetListener(this);
@@ -32,14 +35,15 @@ bool CPresetSystemEditor::open(void* /*window*/) {
   if (frame == nullptr || view == nullptr || presetEffect == nullptr) return false;
   names.opened();
   bar.build(*view, this, *presetEffect);
-  pressGuard = std::make_unique<PressGuard>([this] { return fileOperationRunning(); });
-  frame->registerMouseObserver(pressGuard.get());
+  pressGuard = std::make_unique<PressGuard>([this] { return !takesInput(); });
+  pressGuard->watch(*frame);
   return true;
 }
 
 void CPresetSystemEditor::close() {
   endFileOperation();
-  if (frame != nullptr && pressGuard) frame->unregisterMouseObserver(pressGuard.get());
+  endMessages();
+  if (frame != nullptr && pressGuard) pressGuard->leave(*frame);
   pressGuard.reset();
   bar.clear();
   AEffGUIEditor::close();
@@ -48,6 +52,7 @@ void CPresetSystemEditor::close() {
 void CPresetSystemEditor::idle() {
   completeFileOperation();
   watchManual();
+  watchMessages();
   tryToStoreAgain();
   names.idle();
   AEffGUIEditor::idle();
@@ -85,6 +90,15 @@ std::uintptr_t CPresetSystemEditor::hostWindow() const {
 }
 void CPresetSystemEditor::redraw() {
   if (frame != nullptr) frame->invalid();
+}
+
+bool CPresetSystemEditor::isAtRest() const {
+  if (frame == nullptr || frame->getModalView() != nullptr) return false;
+  if (pressGuard && pressGuard->isHeld()) return false;
+  return bar.nameEdit == nullptr || !bar.nameEdit->isBeingEdited();
+}
+void CPresetSystemEditor::showMessage(const std::string& text) {
+  if (frame != nullptr) showMessagePanel(*frame, text);
 }
 
 void CPresetSystemEditor::BufferToBankOld(char* data, bool swapped, int recordCount,

@@ -3,12 +3,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "editor/base/aeffguieditor.h"
 #include "presetsystem/bar/barclicks.h"
 #include "presetsystem/bar/barnames.h"
 #include "presetsystem/bar/barwindow.h"
 #include "presetsystem/bar/manual.h"
+#include "presetsystem/bar/messages.h"
 #include "presetsystem/bar/presetbar.h"
 #include "presetsystem/bar/presetbaractions.h"
 #include "presetsystem/bar/presetfiles.h"
@@ -89,6 +91,9 @@ class CPresetSystemEditor : public AEffGUIEditor,
   bool fileOperationRunning() const { return files.running(); }
   void completeFileOperation() { files.complete(); }  // from every idle pass
   void endFileOperation() { files.end(); }            // the window closes
+  bool messageRunning() const { return messages.running(); }
+  void watchMessages() { messages.watch(); }  // from every idle pass
+  void endMessages() { messages.end(); }      // the window closes
   void openManual() override { manual.open(); }
   void watchManual() { manual.watch(); }         // from every idle pass
   void tryToStoreAgain() { stored.tryAgain(); }  // likewise
@@ -99,6 +104,9 @@ class CPresetSystemEditor : public AEffGUIEditor,
   bool isShown() const override;
   std::uintptr_t hostWindow() const override;
   void redraw() override;
+  bool isAtRest() const override;
+  void showMessage(const std::string& text) override;
+  bool takesInput() const override { return !fileOperationRunning() && !messageRunning(); }
 
   CPresetSystemEffect* presetEffect;
   FilePlaces places;
@@ -106,6 +114,7 @@ class CPresetSystemEditor : public AEffGUIEditor,
 
  private:
   StoredPresets stored;
+  Messages messages;  // before those who say something
   PresetFiles files;
   Manual manual;
   BarNames names;

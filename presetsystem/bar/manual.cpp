@@ -1,9 +1,9 @@
 // The manual button's work.
 #include "presetsystem/bar/manual.h"
 
-#include <cstdio>
+#include <string>
 
-#include "platform/xplatalert.h"
+#include "presetsystem/bar/messages.h"
 
 void Manual::open() {
   opener.start();
@@ -14,9 +14,7 @@ void Manual::watch() {
   if (!awaited) return;
   const ManualOpener::State state = opener.poll();
   if (state == ManualOpener::State::running) return;
+  if (state == ManualOpener::State::failed)
+    messages.say(std::string("Could not open manual file:\n~/\"") + kManualPath + "\"");
   awaited = false;
-  if (state != ManualOpener::State::failed) return;
-  char message[1024];
-  std::snprintf(message, sizeof message, "Could not open manual file:\n~/\"%s\"", kManualPath);
-  XPlatDisplayAlert(message);
 }

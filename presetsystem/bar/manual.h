@@ -3,13 +3,18 @@
 
 #include "platform/manualopener.h"
 
+class Messages;
+
 // User-interface thread.
 class Manual {
  public:
+  explicit Manual(Messages& heard) : messages(heard) {}
+
   void open();   // starts the viewer and returns
-  void watch();  // from every idle pass; shows an alert where the viewer could not be started
+  void watch();  // from every idle pass; says so where the viewer could not be started
 
  private:
+  Messages& messages;
   ManualOpener opener;
   bool awaited = false;
 };

@@ -10,8 +10,8 @@
 
 #include "platform/paths.h"
 #include "platform/savedfile.h"
-#include "platform/xplatalert.h"
 #include "platform/xplatfile.h"
+#include "presetsystem/bar/messages.h"
 #include "presetsystem/store/bankimages.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 
@@ -78,8 +78,8 @@ std::string keptPath(const std::string& path) {
 }  // namespace
 
 PresetFiles::PresetFiles(CPresetSystemEffect* filesEffect, FilePlaces& usedPlaces,
-                         BarWindow& servedWindow)
-    : effect(filesEffect), places(usedPlaces), window(servedWindow) {}
+                         BarWindow& servedWindow, Messages& heard)
+    : effect(filesEffect), places(usedPlaces), window(servedWindow), messages(heard) {}
 
 void PresetFiles::start(Operation wanted, bool endianReversed) {
   if (!window.isShown() || running()) return;
@@ -103,14 +103,10 @@ void PresetFiles::complete() {
   const FileDialog::State state = dialog.poll();
   if (state == FileDialog::State::running) return;
   const std::string path = dialog.path();
+  if (state == FileDialog::State::unavailable) messages.say(kNoDialog);
   const Operation chosen = std::exchange(operation, Operation::none);
   dialog.cancel();
-  if (!window.isShown()) return;
-  if (state == FileDialog::State::chosen) {
-    finish(chosen, path);
-  } else if (state == FileDialog::State::unavailable) {
-    XPlatDisplayAlert(kNoDialog);
-  }
+  if (window.isShown() && state == FileDialog::State::chosen) finish(chosen, path);
 }
 
 void PresetFiles::end() {

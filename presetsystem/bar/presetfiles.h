@@ -9,13 +9,15 @@
 #include "presetsystem/bar/fileplaces.h"
 
 class CPresetSystemEffect;
+class Messages;
 
 // One operation at a time. It is started where there is a window, returns at once, and is completed
-// from the idle pass that finds the user's choice. Nothing is reported: what is foreign or refused
-// leaves the bank as it was. User-interface thread.
+// from the idle pass that finds the user's choice. Of a file nothing is reported: what is foreign
+// or refused leaves the bank as it was. A dialog that there is not is. User-interface thread.
 class PresetFiles {
  public:
-  PresetFiles(CPresetSystemEffect* filesEffect, FilePlaces& usedPlaces, BarWindow& servedWindow);
+  PresetFiles(CPresetSystemEffect* filesEffect, FilePlaces& usedPlaces, BarWindow& servedWindow,
+              Messages& heard);
 
   // endianReversed: take the file for the other byte order than its ID tells.
   void loadBank(bool endianReversed) { start(Operation::loadBank, endianReversed); }
@@ -38,6 +40,7 @@ class PresetFiles {
   CPresetSystemEffect* effect;
   FilePlaces& places;
   BarWindow& window;
+  Messages& messages;
   FileDialog dialog;
   Operation operation = Operation::none;
   bool orderReversed = false;

@@ -13,12 +13,14 @@ trelvan_add_test(controlstest editor
     doubleclicktest.cpp
     editedtexttest.cpp
     fitnametest.cpp
+    messagepaneltest.cpp
     mousecontroltest.cpp
     myframetest.cpp
     presetpopuplayouttest.cpp
     presetpopuptest.cpp
     pressguardtest.cpp
     wheelstepstest.cpp
+    wrappedtexttest.cpp
   LIBRARIES trelvan)
 
 # A program of its own, since it brings a clock of its own.

@@ -15,10 +15,12 @@ include(${PROJECT_SOURCE_DIR}/tests/window/windowhost.cmake)  # the user's keys 
 add_executable(maccocoatest
   cocoa/cocoatest.mm
   cocoa/xplatmutextest.mm
+  cocoa/alerttest.mm
   cocoa/xplatalerttest.mm
   cocoa/idletimertest.mm
   cocoa/textentrymactest.mm
   cocoa/textentrywindowtest.mm
+  ${PROJECT_SOURCE_DIR}/platform/mac/alert.mm
   ${PROJECT_SOURCE_DIR}/platform/mac/xplatalert.mm
   ${PROJECT_SOURCE_DIR}/platform/mac/xplatmutex.mm
   ${PROJECT_SOURCE_DIR}/editor/base/mac/idletimer.mm
@@ -44,6 +46,8 @@ set_source_files_properties(cocoa/textentrywindowtest.mm
 # RESOURCE_LOCK: what they do takes its time, and more of it while others do the same.
 foreach(filter
     XplatMutexMac.* IdleTimerMac.* TextEntryOnMac.*
+    AlertOnMac.IsStartedAndAskedFor AlertOnMac.IsNotShownWhenItIsCancelledBefore
+    AlertOnMac.MayLoseItsOwnerWhileItIsUp
     XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape
     XplatAlertMac.IsDismissedByAClickOnOk
     XplatAlertMac.ShowsBytesAbove127AsRomanCharacters XplatAlertMac.TakesNoMessage)

@@ -9,7 +9,8 @@ trelvan_add_test(diskcallstest platform
   LIBRARIES trelvan)
 trelvan_add_test(dialogtest platform
   SOURCES childprogramtest.cpp orphanguardtest.cpp desktopdialogtest.cpp environmenttest.cpp
-    ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp xplatalerttest.cpp manualopenertest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/editor/filedialogtest.cpp alerttest.cpp xplatalerttest.cpp
+    manualopenertest.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 

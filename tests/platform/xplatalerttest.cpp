@@ -1,102 +1,40 @@
-// Tests of the alert with fake dialog programs.
+// Tests of the alert that nobody waits for, with fake dialog programs.
+#include "platform/xplatalert.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 
-#include "platform/xplatalert.h"
 #include "tests/support/fakedesktop.h"
 
 namespace {
 
-using testing::ElementsAre;
-
-constexpr char kOdd[] = "-a <b>bold</b> & \\n line\nnext";
-
-class Alert : public testing::Test {
+class XplatAlert : public testing::Test {
  protected:
-  // Shows it and expects nothing on the error stream.
-  static void show(const char* message) {
-    testing::internal::CaptureStderr();
-    XPlatDisplayAlert(message);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-  }
-
   FakeDesktop desktop;
 };
 
-TEST_F(Alert, ReturnsWhenTheUserHasDismissedIt) {
-  desktop.install("zenity", "/bin/sleep 0.3");
-  const auto begin = std::chrono::steady_clock::now();
-  show("text");
-  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(300));
-}
-
-TEST_F(Alert, GivesZenityTheTextAsData) {
-  desktop.install("zenity", "echo noise >&2");
-  show(kOdd);
-  EXPECT_THAT(
-      desktop.argumentsOf("zenity"),
-      ElementsAre("--warning", "--no-markup", "--title=Trelvan", std::string("--text=") + kOdd));
-}
-
-TEST_F(Alert, GivesKdialogTheTextAsData) {
-  desktop.install("kdialog", "");
-  show(kOdd);
-  EXPECT_THAT(desktop.argumentsOf("kdialog"),
-              ElementsAre("--title", "Trelvan", "--sorry",
-                          "<qt> -a &lt;b&gt;bold&lt;/b&gt; &amp; \\\\n line<br/>next</qt>"));
-  show("plain & simple\n\\n");
-  EXPECT_THAT(desktop.argumentsOf("kdialog", 2),
-              ElementsAre("--title", "Trelvan", "--sorry", "plain & simple\n\\\\n"));
-}
-
-TEST_F(Alert, FallsBackToXmessage) {
-  desktop.install("xmessage", "");
-  show(kOdd);
-  EXPECT_THAT(desktop.argumentsOf("xmessage"),
-              ElementsAre("-center", "-title", "Trelvan", "-buttons", "OK:0", "-default", "OK",
-                          std::string(" ") + kOdd));
-}
-
-TEST_F(Alert, MakesTheTextUtf8) {
+TEST_F(XplatAlert, IsStartedAndNotWaitedFor) {
+  desktop.install("zenity", "exec /bin/sleep 60");
+  XPlatDisplayAlert("text");
+  ASSERT_TRUE(desktop.isCalled("zenity"));
+  const int shown = desktop.pidOf("zenity");
+  EXPECT_THAT(desktop.argumentsOf("zenity"), testing::Contains("--text=text"));
+  EXPECT_EQ(kill(shown, 0), 0);
   desktop.install("zenity", "");
-  show(
-      "a\xff"
-      "b");
-  EXPECT_THAT(desktop.argumentsOf("zenity"), testing::Contains("--text=a\xef\xbf\xbd"
-                                                               "b"));
+  XPlatDisplayAlert("the next");  // which takes its place
+  ASSERT_TRUE(desktop.isCalled("zenity", 2));
+  EXPECT_NE(kill(shown, 0), 0);
 }
 
-TEST_F(Alert, IsShownOnce) {
-  desktop.install("zenity", "exit 1");  // closed by its window's button
-  desktop.install("xmessage", "");
-  show("text");
-  EXPECT_TRUE(desktop.wasCalled("zenity"));
-  EXPECT_FALSE(desktop.wasCalled("xmessage"));
-}
-
-TEST_F(Alert, TriesTheNextProgramWhereOneDoesNotWork) {
-  desktop.install("zenity", "exit 127");
-  desktop.install("xmessage", "");
-  show("text");
-  EXPECT_TRUE(desktop.wasCalled("xmessage"));
-}
-
-TEST_F(Alert, ReturnsAtOnceAndSilentlyWithoutAProgram) {
-  show("text");
-  desktop.install("zenity", "exit 255");
-  show("text");
-}
-
-TEST_F(Alert, ReturnsAtOnceWithoutADisplay) {
+TEST_F(XplatAlert, ReturnsSilentlyWithoutAProgramADisplayOrAText) {
+  testing::internal::CaptureStderr();
+  XPlatDisplayAlert("text");
   desktop.install("zenity", "");
+  XPlatDisplayAlert(nullptr);
   desktop.display.set(nullptr);
-  show("text");
-  EXPECT_FALSE(desktop.wasCalled("zenity"));
-}
-
-TEST_F(Alert, ReturnsAtOnceWithoutAText) {
-  desktop.install("zenity", "");
-  show(nullptr);
+  XPlatDisplayAlert("text");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   EXPECT_FALSE(desktop.wasCalled("zenity"));
 }
 

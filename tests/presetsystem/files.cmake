@@ -1,7 +1,7 @@
 # Tests of preset and bank files, stored values and the manual button.
 trelvan_add_test(fileoperationstest "presetsystem;threads"
   SOURCES presetfilestest.cpp presetfilessavingtest.cpp presetfilesdialogtest.cpp
-    storedpresetstest.cpp lockedstoretest.cpp manualtest.cpp
+    storedpresetstest.cpp lockedstoretest.cpp manualtest.cpp messagestest.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan)
 

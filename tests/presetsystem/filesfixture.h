@@ -34,6 +34,7 @@ class FilesEditor : public ADEditor {
   // What closing a window does about files.
   void closeWindow() {
     endFileOperation();
+    endMessages();
     if (frame == nullptr) return;
     frame->forget();
     frame = nullptr;

@@ -122,6 +122,8 @@ TEST_F(Files, AnAlertSaysThatThereIsNoDialogProgram) {
   editor().loadBank(false);
   EXPECT_TRUE(editor().fileOperationRunning());  // it is said from the idle pass
   finish();
+  editor().watchMessages();
+  ASSERT_TRUE(desktop.isCalled("xmessage"));
   ASSERT_EQ(desktop.argumentsOf("xmessage").size(), 8U);
   EXPECT_EQ(desktop.argumentsOf("xmessage").back(),
             "There is no program that shows a file dialog.\nPlease install zenity or kdialog to "

@@ -204,6 +204,29 @@ TEST_F(Files, PressesMeanwhileAreSwallowed) {
   EXPECT_FALSE(zenity.wasAsked());
 }
 
+// The wheel steps through the presets, and arrow keys move the slider that has the focus.
+TEST_F(Files, TheWheelAndKeysMeanwhileAreSwallowed) {
+  constexpr VstIntPtr kUp = 12;  // the interface's number of the key
+  const float value = host.parameter(0);
+  host.click(places::handleX(value), places::handleY(0));
+  dialogOf(places::kLoadPreset);
+  host.moveTo(places::handleX(value), places::handleY(0));
+  const float before = host.parameter(0);
+  host.forgetCalls();
+  host.key(XKB_KEY_Up);
+  EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kUp), 0) << "the host's own";
+  host.dispatch(effEditKeyUp, 0, kUp);
+  host.wheel(places::kRockerRight, -3);
+  host.wheel(places::slider(0), 2);
+  host.idle(3);
+  EXPECT_EQ(host.parameter(0), before);
+  EXPECT_EQ(host.currentPreset(), 0);
+  EXPECT_TRUE(host.gestureCalls().empty());
+  answer("", 1);
+  host.wheel(places::kRockerRight, -3);
+  EXPECT_EQ(host.currentPreset(), 3);
+}
+
 // Presses that the host hands over only after the dialog has ended were still made on a
 // window that waited.
 TEST_F(Files, PressesThatArriveWithTheAnswerAreSwallowedToo) {
@@ -258,6 +281,24 @@ TEST_F(Files, WithoutADialogProgramAnAlertSaysWhatIsMissing) {
   host.click(places::kLoadPreset);
   EXPECT_TRUE(host.idleUntil([&] { return std::filesystem::exists(folder / "said"); }));
   EXPECT_THAT(contentOf(folder / "said"), HasSubstr("zenity or kdialog"));
+  // Once the program has ended, which the window sees in one of its next passes.
+  EXPECT_TRUE(host.idleUntil([&] {
+    host.click(places::kRockerRight);
+    return host.currentPreset() == 1;
+  }));
+}
+
+TEST_F(Files, WithoutAnyProgramTheWindowSaysWhatIsMissing) {
+  std::filesystem::remove(folder / "bin/zenity");
+  host.moveAway();
+  const Picture before = host.picture();
+  host.click(places::kSaveBank);
+  host.moveAway();
+  EXPECT_TRUE(host.idleUntil([&] { return host.picture() != before; }));
+  host.click(places::kRockerRight);  // closes it
+  EXPECT_EQ(host.currentPreset(), 0);
+  host.moveAway();
+  EXPECT_EQ(host.picture(), before);
   host.click(places::kRockerRight);
   EXPECT_EQ(host.currentPreset(), 1);
 }

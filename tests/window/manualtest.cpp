@@ -21,8 +21,17 @@ class Manual : public WindowTest {
   FakeProgram viewer{folder / "bin", "xdg-open"};
   FakeProgram zenity{folder / "bin", "zenity"};
   WindowHost host;
+  // The viewer fails, and the desktop's alert comes up, or the window's own panel without zenity.
+  void fail() {
+    host.click(places::kManual);
+    waitedFor(viewer);
+    viewer.answer("", 3);
+  }
+
   Picture rest;
 };
+
+constexpr VstIntPtr kUp = 12, kReturn = 4, kEscape = 6;  // the interface's numbers of the keys
 
 }  // namespace
 
@@ -50,8 +59,8 @@ TEST_F(Manual, SaysWhenItCannotBeOpened) {
   host.click(places::kManual);
   waitedFor(viewer);
   viewer.answer("", 3);
-  zenity.answer("");  // the alert is waited for
   const std::string alert = waitedFor(zenity);
+  zenity.answer("");
   EXPECT_THAT(alert, ::testing::StartsWith("--warning\n"));
   EXPECT_THAT(alert, ::testing::HasSubstr(
                          "Could not open manual file:\n~/\"Documents/Orv/Trelvan/Trelvan Operation "
@@ -88,4 +97,104 @@ TEST_F(Manual, OtherButtonsAndKeysDoNotOpenIt) {
   host.key(XKB_KEY_Return);
   host.idleFor(100);
   EXPECT_FALSE(viewer.wasAsked());
+}
+
+// Neither the host nor the user waits; what is pressed meanwhile is gone.
+TEST_F(Manual, TheHostGoesOnWhileTheAlertIsUpAndTheWindowTakesNothing) {
+  const float depth = host.parameter(0);
+  host.click(places::handleX(depth), places::handleY(0));  // the slider has the focus
+  host.forgetCalls();
+  fail();
+  waitedFor(zenity);
+  const auto begin = std::chrono::steady_clock::now();
+  host.dispatch(effEditIdle);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(500));
+  host.click(places::kRockerRight);
+  host.click(places::kPhaseSwitch);
+  host.wheel(places::kRockerRight, -3);
+  host.hover(places::slider(0));
+  host.key(XKB_KEY_Up);
+  EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kUp), 0) << "the host's own";
+  EXPECT_EQ(host.dispatch(effEditKeyUp, 0, kUp), 0);
+  EXPECT_EQ(host.currentPreset(), 0);
+  EXPECT_EQ(host.parameter(0), depth);
+  EXPECT_EQ(host.parameter(4), 0.0F);
+  EXPECT_TRUE(host.gestureCalls().empty());
+  host.setParameter(4, 1.0F);
+  EXPECT_FALSE(sameIn(places::kPhaseSwitch, rest, host.picture())) << "it is drawn all the same";
+  EXPECT_TRUE(zenity.isRunning());
+
+  zenity.answer("");
+  EXPECT_TRUE(host.idleUntil([&] { return !zenity.isRunning(); }));
+  host.idle(3);
+  EXPECT_EQ(host.currentPreset(), 0) << "nothing was stored up";
+  host.click(places::kRockerRight);
+  EXPECT_EQ(host.currentPreset(), 1);
+}
+
+TEST_F(Manual, TheAlertEndsWithTheWindow) {
+  fail();
+  waitedFor(zenity);
+  ASSERT_TRUE(zenity.isRunning());
+  host.closeEditor();
+  EXPECT_FALSE(zenity.isRunning());
+  ASSERT_TRUE(host.openEditor());
+  host.click(places::kRockerRight);
+  EXPECT_EQ(host.currentPreset(), 1);
+  EXPECT_FALSE(zenity.wasAsked());
+}
+
+TEST_F(Manual, WithoutADialogProgramTheWindowSaysItItself) {
+  std::filesystem::remove(folder / "bin/zenity");
+  const auto isSaid = [&] {
+    host.moveAway();
+    return host.picture() != rest;
+  };
+  const auto close = [&](auto act) {
+    fail();
+    EXPECT_TRUE(host.idleUntil(isSaid));
+    act();
+    host.moveAway();
+    EXPECT_EQ(host.picture(), rest);
+    EXPECT_EQ(host.parameter(4), 0.0F);
+  };
+  close([&] { host.click(places::kPhaseSwitch); });  // which hears nothing of it
+  close([&] { EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kReturn), 1); });
+  close([&] { EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kEscape), 1); });
+  close([&] {
+    EXPECT_EQ(host.dispatch(effEditKeyDown, ' ', 0), 0) << "the host's";
+    host.closeEditor();
+    ASSERT_TRUE(host.openEditor());
+  });
+}
+
+// The list has the pointer to itself: the alert could not be clicked, nor the list.
+TEST_F(Manual, TheAlertWaitsForTheListToClose) {
+  host.click(places::kManual);
+  waitedFor(viewer);
+  host.click(places::kMenu);
+  viewer.answer("", 3);
+  host.idleFor(200);
+  EXPECT_FALSE(zenity.wasAsked());
+  host.click(places::listEntry(7));
+  EXPECT_EQ(host.currentPreset(), 7);
+  waitedFor(zenity);
+  zenity.answer("");
+}
+
+TEST_F(Manual, TheAlertWaitsForADragToEnd) {
+  const float depth = host.parameter(0);
+  host.click(places::kManual);
+  waitedFor(viewer);
+  host.moveTo(places::handleX(depth), places::handleY(0));
+  host.press();
+  viewer.answer("", 3);
+  host.idleFor(200);
+  host.moveTo(places::handleX(0.75F), places::handleY(0));
+  EXPECT_NEAR(host.parameter(0), 0.75F, 0.02F);
+  EXPECT_FALSE(zenity.wasAsked());
+  host.release();
+  waitedFor(zenity);
+  zenity.answer("");
+  EXPECT_EQ(host.calls(audioMasterBeginEdit).size(), host.calls(audioMasterEndEdit).size());
 }

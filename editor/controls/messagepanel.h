@@ -1,0 +1,12 @@
+// A text that the user has to dismiss, shown by the window itself.
+#pragma once
+
+#include <string>
+
+#include "vstgui.h"
+
+// In the middle of the frame, above everything, with the mouse and the keyboard to itself until a
+// left press anywhere, Return or Escape closes it; it goes with its frame. For the systems on which
+// there may be nothing else to show a text with. Throws where memory runs out: then there is none.
+// User-interface thread.
+void showMessagePanel(VSTGUI::CFrame& frame, const std::string& text);
