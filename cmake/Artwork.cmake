@@ -3,7 +3,8 @@
 #
 # Each resources/artwork/bmpNNNNN.svg becomes <folder>/bmpNNNNN.png and, larger,
 # <folder>/bmpNNNNN@2x.png and the like, of which macOS shows that one alone. What is half a pixel
-# too wide is a whole one wider: a panel of 302 x 251 is one of 453 x 377 at 1.5.
+# too wide is a whole one wider: a panel of 302 x 251 is one of 453 x 377 at 1.5. The larger ones
+# get captions that are not fitted to the window's own pixels (resources/artwork/larger.css).
 # Linux: <folder>/Fonts/ gets the displays' font and its licence. macOS has the displays' font.
 set(TRELVAN_PICTURES
   # panel, controls, about panel, manual button
@@ -25,6 +26,7 @@ function(trelvan_add_artwork target folder)
       "Homebrew: brew install librsvg.")
   endif()
 
+  set(larger_style ${TRELVAN_RESOURCE_SOURCES}/artwork/larger.css)
   set(outputs)
   foreach(number IN LISTS TRELVAN_PICTURES)
     set(source ${TRELVAN_RESOURCE_SOURCES}/artwork/bmp${number}.svg)
@@ -33,18 +35,20 @@ function(trelvan_add_artwork target folder)
     set(renderings)
     foreach(scale IN LISTS TRELVAN_PICTURE_SCALES)
       set(rendered ${picture}@${scale}x.png)
+      set(style --stylesheet ${larger_style})
       if(scale EQUAL 1)
         set(rendered ${picture}.png)
+        set(style)
       endif()
       list(APPEND pictures ${rendered})
       list(APPEND renderings
-        COMMAND ${TRELVAN_RSVG_CONVERT} --zoom ${scale} --output ${rendered} ${source})
+        COMMAND ${TRELVAN_RSVG_CONVERT} --zoom ${scale} ${style} --output ${rendered} ${source})
     endforeach()
     add_custom_command(
       OUTPUT ${pictures}
       COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
       ${renderings}
-      DEPENDS ${source}
+      DEPENDS ${source} ${larger_style}
       COMMENT "Rendering picture ${number}"
       VERBATIM)
     list(APPEND outputs ${pictures})
