@@ -7,8 +7,8 @@
 # get captions that are not fitted to the window's own pixels (resources/artwork/larger.css).
 # Linux: <folder>/Fonts/ gets the displays' font and its licence. macOS has the displays' font.
 set(TRELVAN_PICTURES
-  # panel, controls, about panel, manual button
-  00128 00133 00134 00135 00136 00137 00138 00139 00140 00989
+  # panel, controls, about panel, controls under the pointer, manual button
+  00128 00133 00134 00135 00136 00137 00138 00139 00140 00141 00142 00143 00989
   19899 19990 19991 19992 19993 19994 19995 19996 19997 19998 19999  # preset bar
   CACHE INTERNAL "Resource numbers of the window's pictures")
 set(TRELVAN_PICTURE_SCALES 1 1.5 2 3)

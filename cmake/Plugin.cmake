@@ -49,6 +49,7 @@ add_library(trelvan STATIC
   editor/controls/cpsrockerswitch.cpp
   editor/controls/csaveloadbutton.cpp
   editor/controls/cpresetmenu.cpp
+  editor/controls/clitswitch.cpp
   editor/controls/cvumeter1.cpp
   editor/controls/cabout.cpp
   editor/controls/csplashscreenmyview.cpp

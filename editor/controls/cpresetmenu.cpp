@@ -11,6 +11,11 @@ VSTGUI::CMenuItem* CPresetMenu::addEntry(const VSTGUI::UTF8String& title, std::i
   return COptionMenu::addEntry(new VSTGUI::CMenuItem(title, "", 0, nullptr, itemFlags), index);
 }
 
+void CPresetMenu::draw(VSTGUI::CDrawContext* context) {
+  COptionMenu::draw(context);
+  if (mouseOver && underPointer) underPointer->draw(context, getViewSize());
+}
+
 void CPresetMenu::opened() {
   inPopup = true;
   lastResult = -1;

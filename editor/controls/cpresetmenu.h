@@ -6,13 +6,16 @@
 #include "editor/controls/mousecontrol.h"
 #include "vstgui.h"
 
-// A press of the left or right button opens the list, and so does Return; Up and Down step without
-// it. A choice sets the value and tells the listener once, also when it is the current entry again;
+// Its picture shows under the pointer alone: the window's has one at its place. A press of the left
+// or right button opens the list, and so does Return; Up and Down step without it. A choice sets the value and tells the listener once, also when it is the current entry again;
 // getLastResult is the entry chosen, and negative from each opening until
 // then. User-interface thread.
-class CPresetMenu : public OwnPresses<VSTGUI::COptionMenu> {
+class CPresetMenu : public Hovered<OwnPresses<VSTGUI::COptionMenu>> {
  public:
-  using OwnPresses::OwnPresses;
+  using Hovered::Hovered;
+
+  void showUnderPointer(VSTGUI::CBitmap* picture) { underPointer = picture; }
+  void draw(VSTGUI::CDrawContext* context) override;
 
   using COptionMenu::addEntry;
   // Every title is an entry; the toolkit would make a separator of "-".
@@ -31,4 +34,6 @@ class CPresetMenu : public OwnPresses<VSTGUI::COptionMenu> {
 
  private:
   void openList(const std::optional<VSTGUI::CPoint>& press);
+
+  VSTGUI::SharedPointer<VSTGUI::CBitmap> underPointer;
 };

@@ -48,9 +48,9 @@ class MouseControl : public OwnPresses<Base> {
 
 // Knows whether the pointer is over it.
 template <class Base>
-class HoverControl : public MouseControl<Base> {
+class Hovered : public Base {
  public:
-  using MouseControl<Base>::MouseControl;
+  using Base::Base;
 
   VSTGUI::CMouseEventResult onMouseEntered(VSTGUI::CPoint& /*where*/,
                                            const VSTGUI::CButtonState&) override {
@@ -70,4 +70,10 @@ class HoverControl : public MouseControl<Base> {
     this->invalid();
     return VSTGUI::kMouseEventHandled;
   }
+};
+
+template <class Base>
+class HoverControl : public Hovered<MouseControl<Base>> {
+ public:
+  using Hovered<MouseControl<Base>>::Hovered;
 };

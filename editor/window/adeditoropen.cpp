@@ -2,6 +2,7 @@
 #include "editor/base/myframe.h"
 #include "editor/base/sharedbitmaps.h"
 #include "editor/controls/cabout.h"
+#include "editor/controls/clitswitch.h"
 #include "editor/controls/cvumeter1.h"
 #include "editor/controls/stringconvert.h"
 #include "editor/window/adeditor.h"
@@ -39,8 +40,9 @@ struct SwitchPlace {
   ParameterIndex index;
   double left;
   std::int32_t picture;
+  std::int32_t underPointer;
 };
-constexpr SwitchPlace kSwitches[] = {{kProcessIndex, 90, 137}, {kPhaseIndex, 170, 138}};
+constexpr SwitchPlace kSwitches[] = {{kProcessIndex, 90, 137, 141}, {kPhaseIndex, 170, 138, 142}};
 
 // backgroundTop: the row of the background that the display shows, somewhat below its own.
 struct DisplayPlace {
@@ -138,8 +140,8 @@ void ADEditor::addParameterControls() {
   for (const SwitchPlace& place : kSwitches) {
     // All have the size of the first one's picture: two states, one above the other.
     const CRect size = sizedLike(place.left, 151, *firstPicture, 2);
-    auto* button =
-        new VSTGUI::COnOffButton(size, this, place.index, sharedBitmap(place.picture), 0);
+    auto* button = new CLitSwitch(size, this, place.index, sharedBitmap(place.picture),
+                                  sharedBitmap(place.underPointer));
     views[static_cast<std::size_t>(place.index)].control = button;
     view->addView(button);
     showParameter(place.index);

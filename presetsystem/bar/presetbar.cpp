@@ -85,6 +85,7 @@ CPresetMenu* makeMenu(VSTGUI::IControlListener* listener, CBitmap* background) {
   auto* menu = new CPresetMenu(size, listener, kPresetMenuTag, background, nullptr, kStyle);
   menu->setBackOffset(size.getTopLeft());
   menu->setNbItemsPerColumn(16);
+  menu->showUnderPointer(sharedBitmap(143));
   return menu;
 }
 

@@ -19,7 +19,8 @@ constexpr Button kButtons[] = {
     {"StoreA", places::kStoreA},           {"RecallA", places::kRecallA},
     {"StoreB", places::kStoreB},           {"RecallB", places::kRecallB},
     {"Manual", places::kManual},           {"RockerLeft", places::kRockerLeft},
-    {"RockerRight", places::kRockerRight},
+    {"RockerRight", places::kRockerRight}, {"List", places::kMenu},
+    {"Process", places::kProcessSwitch},   {"Phase", places::kPhaseSwitch},
 };
 constexpr Area kRocker{places::kRockerLeft.left, places::kRockerLeft.top,
                        places::kRockerRight.right, places::kRockerRight.bottom};
@@ -51,6 +52,38 @@ TEST_P(Hover, TheButtonLightsUpAndNothingElseDoes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, Hover, ::testing::ValuesIn(kButtons), nameOf);
+
+namespace {
+
+class LitSwitch : public WindowTest {
+ protected:
+  LitSwitch() { host.openEditor(); }
+
+  WindowHost host;
+};
+
+}  // namespace
+
+// A switch that looked alike in both positions under the pointer would hide what a click has done.
+TEST_F(LitSwitch, ShowsItsPositionUnderThePointerToo) {
+  constexpr Area kSwitches[] = {places::kProcessSwitch, places::kPhaseSwitch};
+  for (int index = 0; index < 2; ++index) {
+    const Area& place = kSwitches[index];
+    SCOPED_TRACE(index);
+    Picture rest[2], lit[2];
+    for (int on = 0; on < 2; ++on) {
+      host.setParameter(3 + index, static_cast<float>(on));
+      host.moveAway();
+      rest[on] = host.picture();
+      host.hover(place);
+      lit[on] = host.picture();
+      EXPECT_FALSE(sameIn(place, rest[on], lit[on]));
+    }
+    EXPECT_FALSE(sameIn(place, lit[0], lit[1]));
+    host.click(place);
+    EXPECT_TRUE(sameIn(place, host.picture(), lit[0]));
+  }
+}
 
 namespace {
 
