@@ -19,10 +19,35 @@ namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less what the person's umask takes away
 
+constexpr std::size_t kLongestName = 255;  // bytes that file systems take
+constexpr int kMostLinks = 40;             // from one to the next, as systems have it
+
+// With as much of the name as there is room for.
 std::filesystem::path hiddenNameBeside(const std::filesystem::path& place) {
   static std::atomic<unsigned> count = 0;
-  return place.parent_path() / formatted(".%s.%d-%u.part", place.filename().c_str(),
-                                         static_cast<int>(getpid()), count.fetch_add(1));
+  const std::string rest = formatted(".%d-%u.part", static_cast<int>(getpid()), count.fetch_add(1));
+  const std::string name = place.filename().string();
+  return place.parent_path() / ("." + name.substr(0, kLongestName - 1 - rest.size()) + rest);
+}
+
+// Where a chain of links leads to, there or not.
+std::filesystem::path followed(std::filesystem::path place, std::error_code& error) {
+  for (int links = 0; std::filesystem::is_symlink(std::filesystem::symlink_status(place, error));
+       ++links) {
+    if (links == kMostLinks) {
+      error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+      return {};
+    }
+    const auto next = std::filesystem::read_symlink(place, error);
+    if (error) return {};
+    place = place.parent_path() / next;  // just `next` where it is absolute
+  }
+  return std::filesystem::weakly_canonical(place, error);
+}
+
+// False: it could not be put on disk. File systems that cannot say have nothing to wait for.
+bool isOnDisk(int file) {
+  return fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
 }
 
 }  // namespace
@@ -40,7 +65,7 @@ TemporaryFile::TemporaryFile(const std::filesystem::path& named, bool mayReplace
     : target(named), replace(mayReplace) {
   checkTarget(target, replace);
   std::error_code error;
-  place = std::filesystem::weakly_canonical(target, error);
+  place = followed(target, error);
   if (error) throw cannotWrite(target, error.message());
   temporary = hiddenNameBeside(place);
   slot = removeOnSignal(temporary.c_str());
@@ -64,6 +89,7 @@ void TemporaryFile::keep() {
   struct stat old {};
   // a replaced file keeps who may read it
   if (stat(place.c_str(), &old) == 0) fchmod(handle, old.st_mode & 07777);
+  if (!isOnDisk(handle)) throw cannotWrite(target, std::strerror(errno));
   const int closed = close(handle);
   handle = -1;
   if (closed != 0) throw cannotWrite(target, std::strerror(errno));

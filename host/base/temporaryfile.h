@@ -8,8 +8,9 @@
 // crash. Any thread, one thread an object.
 class TemporaryFile {
  public:
-  // replace: an existing file may be. A link is followed: what it points to is replaced. Throws
-  // Failure where the target is in the way or its folder cannot be written to.
+  // replace: an existing file may be. A link is followed, also one that leads to nothing yet: what
+  // it points to is made or replaced. Throws Failure where the target is in the way or its folder
+  // cannot be written to.
   TemporaryFile(const std::filesystem::path& target, bool replace);
   ~TemporaryFile();
   TemporaryFile(const TemporaryFile&) = delete;
@@ -17,7 +18,7 @@ class TemporaryFile {
 
   int descriptor() const { return handle; }  // open for reading and writing; stays this object's
 
-  // Gives the complete file its name. Throws Failure.
+  // Gives the complete file its name once it is on disk. Throws Failure.
   void keep();
 
  private:

@@ -30,6 +30,19 @@ bool sameLetters(std::string_view a, std::string_view b) {
   return lowerCase(a) == lowerCase(b);
 }
 
+// Of UTF-8 also the control characters U+0080 to U+009F, which begin with C2.
+std::string onOneLine(std::string_view text) {
+  std::string line;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : '\0';
+    const bool wide = byte == 0xC2 && next >= 0x80 && next < 0xA0;
+    if (wide) ++i;
+    line += wide || byte < ' ' || byte == 0x7F ? '?' : text[i];
+  }
+  return line;
+}
+
 std::string decibelText(double magnitude) {
   if (!(magnitude > 0.0)) return "-inf";
   const std::string text = formatted("%+.1f", 20.0 * std::log10(magnitude));

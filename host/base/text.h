@@ -13,6 +13,10 @@ std::string lowerCase(std::string_view text);
 // Equal but for the case of ASCII letters.
 bool sameLetters(std::string_view a, std::string_view b);
 
+// Names are any bytes. Control characters, which would move a terminal's cursor or end the line,
+// become "?".
+std::string onOneLine(std::string_view text);
+
 // "-3.1", "+1.2", "0.0", "-inf" for 0. magnitude: 1 is full scale. One decimal.
 std::string decibelText(double magnitude);
 // "0:03.250", "1:02:03.250".

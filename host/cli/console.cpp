@@ -60,7 +60,7 @@ void Console::checkPrinted() {
 void Console::warn(const std::string& text) {
   const std::lock_guard guard(lock);
   clearProgress();
-  put(stderr, "widen: " + text);
+  put(stderr, "widen: " + onOneLine(text));
 }
 
 void Console::expect(std::int64_t frames, int files) {

@@ -17,7 +17,7 @@ class Console {
 
   void say(const std::string& text);    // results; not if quiet. Ends with a newline or gets one
   void print(const std::string& text);  // what was asked for, quiet or not
-  void warn(const std::string& text);   // errors and warnings, "widen: <text>"
+  void warn(const std::string& text);   // errors and warnings, "widen: <text>", one line
   // Throws Failure where something of the results did not reach the standard output.
   void checkPrinted();
 

@@ -18,19 +18,20 @@ std::string reportOf(const Conversion& done, const Job& job) {
   const auto lengthText = [&](std::int64_t frames) {
     return durationText(frames, done.sampleRate);
   };
-  std::string text = job.input.string() + ": " + channelText(done.channels) + ", " +
+  std::string text = onOneLine(job.input.string()) + ": " + channelText(done.channels) + ", " +
                      std::to_string(done.sampleRate) + " Hz, " + std::to_string(done.framesRead) +
                      " frames (" + lengthText(done.framesRead) + ")";
   if (!done.preset.empty()) text += ", " + done.preset;
   if (!done.values.empty()) text += ": " + done.values;
-  text += "\n  -> " + job.output.string() + ": " + textOf(done.format) + " " + textOf(done.type);
+  text += "\n  -> " + onOneLine(job.output.string()) + ": " + textOf(done.format) + " " +
+          textOf(done.type);
   if (done.framesWritten != done.framesRead) {
     text += ", " + std::to_string(done.framesWritten) + " frames (" +
             lengthText(done.framesWritten) + ")";
   }
   if (done.gain != 1.0) text += ", gain " + decibelText(done.gain) + " dB";
   text += ", peak " + decibelText(filePeak(done)) + " dBFS";
-  if (job.plot) text += ", picture " + job.plot->string();
+  if (job.plot) text += ", picture " + onOneLine(job.plot->string());
   return text;
 }
 

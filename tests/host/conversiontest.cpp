@@ -192,6 +192,16 @@ TEST_F(Conversions, WarnWhenIntegersAreClippedAndAdviseAGain) {
   EXPECT_EQ(floating.error, "") << "nothing is lost there";
 }
 
+TEST_F(Conversions, NameFilesWithoutTheirControlCharacters) {
+  const std::string name = "a\x1B[31m\n.wav";
+  writeSound(in(name), noise(10, 2, 12), kFloatWav);
+  const Outcome outcome = widen({name, "-o", "out\x07.wav", "--preset", "1"});
+  EXPECT_THAT(outcome.out, testing::StartsWith("a?[31m?.wav: stereo"));
+  EXPECT_THAT(outcome.out, HasSubstr("-> out?.wav"));
+  const Outcome refused = widen({name, "-o", "out\x07.wav", "--preset", "1"});
+  EXPECT_THAT(refused.error, HasSubstr("out?.wav: is already there"));
+}
+
 TEST_F(Conversions, PictureTheFileAsItIsWritten) {
   writeSound(in("in.wav"), Sound{44100, 1, std::vector<double>(1000, 0.75)}, kFloatWav);
   const auto pictureAt = [&](const std::string& name, const std::string& format) {

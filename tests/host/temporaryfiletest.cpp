@@ -70,6 +70,36 @@ TEST_F(TemporaryFiles, DoNotOverwriteAFileThatCameMeanwhile) {
   EXPECT_EQ(textOf(in("a.txt")), "somebody else's");
 }
 
+TEST_F(TemporaryFiles, MakeWhatALinkPointsToThatLeadsToNothingYet) {
+  std::filesystem::create_directory(in("sub"));
+  std::filesystem::create_symlink("sub/second", in("first"));
+  std::filesystem::create_symlink("real.txt", in("sub/second"));
+  TemporaryFile file(in("first"), false);
+  fill(file);
+  file.keep();
+  EXPECT_TRUE(std::filesystem::is_symlink(in("first")));
+  EXPECT_TRUE(std::filesystem::is_symlink(in("sub/second")));
+  EXPECT_EQ(textOf(in("sub/real.txt")), "new");
+}
+
+TEST_F(TemporaryFiles, FollowNoLinksInACircle) {
+  std::filesystem::create_symlink("b", in("a"));
+  std::filesystem::create_symlink("a", in("b"));
+  EXPECT_THAT(refusalOf(in("a")), HasSubstr("cannot be written"));
+  EXPECT_EQ(names().size(), 2U);
+}
+
+TEST_F(TemporaryFiles, MayHaveANameOfAnyLengthThatTheFileSystemTakes) {
+  const std::string longest(255, 'x');
+  TemporaryFile file(in(longest), false);
+  fill(file);
+  ASSERT_EQ(names().size(), 1U);
+  EXPECT_THAT(names()[0], testing::StartsWith(".xxx"));
+  EXPECT_THAT(names()[0], testing::EndsWith(".part"));
+  file.keep();
+  EXPECT_THAT(names(), ElementsAre(longest));
+}
+
 TEST_F(TemporaryFiles, ReplaceWhatALinkPointsTo) {
   writeText(in("real.txt"), "old");
   std::filesystem::create_symlink("real.txt", in("link.txt"));

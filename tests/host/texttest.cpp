@@ -9,6 +9,15 @@ TEST(Text, FormatsTextsOfAnyLength) {
   EXPECT_EQ(formatted("%d %s", 7, "dwarves"), "7 dwarves");
 }
 
+TEST(Text, ShowsNamesOnOneLineWithoutControlCharacters) {
+  EXPECT_EQ(onOneLine("a\x1B[31mred\nb\x7F\t.wav"), "a?[31mred?b??.wav");
+  EXPECT_EQ(onOneLine("\xC2\x9B"
+                      "31m"),
+            "?31m")
+      << "the same in one character";
+  EXPECT_EQ(onOneLine("\xC3\xA4\xC2\xB5\xC2"), "\xC3\xA4\xC2\xB5\xC2") << "letters stay";
+}
+
 TEST(Text, ShowsMagnitudesInDecibels) {
   EXPECT_EQ(decibelText(1.0), "0.0");
   EXPECT_EQ(decibelText(0.5), "-6.0");
