@@ -38,6 +38,7 @@ add_library(trelvan STATIC
   editor/base/aeffguieditor.cpp
   editor/base/myframe.cpp
   editor/controls/corvtextedit.cpp
+  editor/controls/cparameterslider.cpp
   editor/controls/entryplace.cpp
   editor/controls/fitname.cpp
   editor/window/adeditor.cpp

@@ -24,6 +24,7 @@ target_sources(trelvan PRIVATE
   editor/controls/linux/textentry.cpp
   editor/controls/linux/textfield.cpp
   platform/linux/alert.cpp
+  editor/controls/linux/wheelright.cpp
   platform/linux/childprogram.cpp
   platform/linux/desktopdialog.cpp
   platform/linux/orphanguard.cpp

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -53,6 +54,9 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   virtual void keyboardLeft() {}  // the window has lost the keyboard
   // False: keys and the wheel from the host are left to it, as while the user is asked something.
   virtual bool takesInput() const { return true; }
+  // Does work that reaches controls, and through them the host, from outside the toolkit's events:
+  // a close from inside it takes effect when it is done. Nothing while closed.
+  void during(const std::function<void()>& work);
   virtual ERect windowSize() = 0;  // pixels; asked with the toolkit set up until it is not empty
 
   MyFrame* view = nullptr;  // the frame's root, null while closed; the frame owns it

@@ -14,10 +14,10 @@ struct EntryColor {
 };
 
 struct EntryColors {
-  EntryColor fontEdition;      // the text
-  EntryColor fontHighlighted;  // selected text
-  EntryColor highlight;        // behind selected text
-  EntryColor caret;
+  EntryColor fontEdition{};      // the text
+  EntryColor fontHighlighted{};  // selected text
+  EntryColor highlight{};        // behind selected text
+  EntryColor caret{};
 };
 
 // A view that can be edited in place. User-interface thread.

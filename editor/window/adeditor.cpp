@@ -4,6 +4,7 @@
 #include "editor/base/myframe.h"
 #include "editor/base/sharedbitmaps.h"
 #include "editor/controls/cabout.h"
+#include "editor/controls/cparameterslider.h"
 #include "editor/controls/cvumeter1.h"
 #include "effect/trelvan.h"
 #include "platform/defaultfloats.h"
@@ -99,11 +100,19 @@ void ADEditor::idle() {
   }
   AEffGUIEditor::idle();
   CPresetSystemEditor::idle();
+  during([this] { sendMotions(); });
   const bool splashShown = about != nullptr && about->getValue() != 0.0F;
   const float reading = trelvan->getWidthMeter();
   // a host that sends NaNs gets them back, but the meter waits for numbers
   const bool isNumber = reading == reading;
   if (!splashShown && isNumber) show(meter, 0.5F + reading);
+}
+
+// Once a pass, however many motions it has had. A host may close the window when it is told.
+void ADEditor::sendMotions() {
+  for (std::size_t slot = 0; slot < views.size(); ++slot) {
+    if (const auto slider = VSTGUI::shared(views[slot].slider)) slider->sendMotion();
+  }
 }
 
 void ADEditor::suspend() {

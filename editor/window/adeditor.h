@@ -10,6 +10,7 @@
 #include "vstgui.h"
 
 class CAbout;
+class CParameterSlider;
 class CVuMeter1;
 class Trelvan;
 
@@ -40,6 +41,7 @@ class ADEditor : public CPresetSystemEditor {
   void addAbout();
   void showParameter(VstInt32 index);
   void showValue(VstInt32 index);
+  void sendMotions();
   void endGestures();
   void forgetControls();
 
@@ -48,6 +50,7 @@ class ADEditor : public CPresetSystemEditor {
   VSTGUI::SharedPointer<VSTGUI::CBitmap> background;  // while the window is open
   struct ParameterViews {
     VSTGUI::CControl* control = nullptr;       // slider or switch
+    CParameterSlider* slider = nullptr;        // the control, where it is one
     VSTGUI::CParamDisplay* display = nullptr;  // of its value; none beside a switch
   };
   std::array<ParameterViews, kParameterCount> views;  // by parameter index

@@ -3,6 +3,7 @@
 #include "editor/base/sharedbitmaps.h"
 #include "editor/controls/cabout.h"
 #include "editor/controls/clitswitch.h"
+#include "editor/controls/cparameterslider.h"
 #include "editor/controls/cvumeter1.h"
 #include "editor/controls/stringconvert.h"
 #include "editor/window/adeditor.h"
@@ -115,13 +116,14 @@ void ADEditor::addParameterControls() {
   constexpr double kTravelRight = 239;
   constexpr float kLargestFrequency = 20000.0F;  // Hz, the display's range
   const auto handle = sharedBitmap(134);
+  const auto litHandle = sharedBitmap(140);
   for (const SliderPlace& place : kSliders) {
-    auto& [control, display] = views[static_cast<std::size_t>(place.index)];
+    auto& [control, slider, display] = views[static_cast<std::size_t>(place.index)];
     const CRect size(kTravelLeft, place.top, kTravelRight, place.top + handle->getHeight());
-    auto* slider = new VSTGUI::CHorizontalSlider(
-        size, this, place.index, static_cast<std::int32_t>(kTravelLeft),
-        static_cast<std::int32_t>(kTravelRight - handle->getWidth()), handle, background,
-        CPoint(kTravelLeft, place.top), kSliderStyle);
+    slider = new CParameterSlider(size, this, place.index, static_cast<std::int32_t>(kTravelLeft),
+                                  static_cast<std::int32_t>(kTravelRight - handle->getWidth()),
+                                  handle, background, CPoint(kTravelLeft, place.top), kSliderStyle);
+    slider->setLitHandle(litHandle);
     slider->setOffsetHandle(CPoint(0, 0));
     slider->setSliderMode(VSTGUI::CSliderMode::Touch);
     slider->setDefaultValue(0.5F);

@@ -3,6 +3,7 @@ trelvan_add_test(controlstest editor
   SOURCES
     controltest.cpp
     cabouttest.cpp
+    cparameterslidertest.cpp
     cpresetmenutest.cpp
     cpskickbuttontest.cpp
     cpsonoffbuttontest.cpp
@@ -14,11 +15,13 @@ trelvan_add_test(controlstest editor
     editedtexttest.cpp
     fitnametest.cpp
     messagepaneltest.cpp
+    handledragtest.cpp
     mousecontroltest.cpp
     myframetest.cpp
     presetpopuplayouttest.cpp
     presetpopuptest.cpp
     pressguardtest.cpp
+    steppedvaluetest.cpp
     wheelstepstest.cpp
     wrappedtexttest.cpp
   LIBRARIES trelvan)
