@@ -22,6 +22,16 @@ void needMemory() {
   ::operator delete(memory);
 }
 
+// The frame's controls may live longer than the window, and than who listens to them: the system's
+// own menu, where the list is one, runs a loop in which the host may close the window or end the
+// instance, and tells afterwards what was chosen.
+void forgetListeners(VSTGUI::CViewContainer& views) {
+  views.forEachChild([](VSTGUI::CView* child) {
+    if (auto* control = dynamic_cast<VSTGUI::CControl*>(child)) control->setListener(nullptr);
+    if (VSTGUI::CViewContainer* container = child->asViewContainer()) forgetListeners(*container);
+  });
+}
+
 VSTGUI::KeyboardEvent keyboardEvent(VSTGUI::EventType type, const VstKeyCode& key) {
   VSTGUI::KeyboardEvent event(type);
   event.character = static_cast<char32_t>(key.character);
@@ -80,6 +90,7 @@ bool AEffGUIEditor::openFrame(void* window) {
 void AEffGUIEditor::closeFrame() {
   windowContract.ensure("close");
   windowContract.closed();
+  if (frame != nullptr) forgetListeners(*frame);
   frame = nullptr;
   view = nullptr;
   frameWindow.reset();

@@ -7,9 +7,11 @@
 
 #include "damagewatch.h"
 #include "editor/controls/cabout.h"
+#include "editor/controls/cpresetmenu.h"
 #include "editor/controls/cvumeter1.h"
 #include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
+#include "presetsystem/bar/presetbar.h"
 #include "tests/support/recordinghost.h"
 #include "vstgui.h"
 #include "windowtest.h"
@@ -102,6 +104,13 @@ class EditorCalls : public WindowTest {
     return values;
   }
 
+  std::vector<unsigned char> chunk() {
+    void* data = nullptr;
+    const VstInt32 size = effect->getChunk(&data, false);
+    const auto* bytes = static_cast<unsigned char*>(data);
+    return {bytes, bytes + size};
+  }
+
   std::vector<RecordingHost::Call> automated() const {
     std::vector<RecordingHost::Call> found;
     for (const RecordingHost::Call& call : host.calls) {
@@ -186,6 +195,48 @@ TEST_F(EditorCalls, AKeyIsTakenExactlyWhenAControlHandlesIt) {
   VstKeyCode letter{'q', 0, 0};
   EXPECT_FALSE(editor().onKeyDown(letter));
   EXPECT_FALSE(editor().onKeyUp(letter));
+}
+
+// The system's own menu holds on to the control that it is of, and runs a loop in which the host
+// may close the window, or end the instance.
+TEST_F(EditorCalls, AControlThatOutlivesTheWindowTellsNobody) {
+  open();
+  std::vector<VSTGUI::SharedPointer<CControl>> held;
+  for (CControl* control : controls) held.push_back(VSTGUI::shared(control));
+  ASSERT_GT(held.size(), 20U);
+  const auto tell = [&held] {
+    for (const auto& control : held) {
+      control->setValue(control->getMax());
+      control->valueChanged();
+    }
+  };
+  close();
+  const std::vector<unsigned char> before = chunk();
+  host.calls.clear();
+  tell();
+  EXPECT_TRUE(host.calls.empty());
+  EXPECT_EQ(chunk(), before);
+  effect.reset();
+  tell();
+}
+
+TEST_F(EditorCalls, AListThatIsStillUpTellsNobody) {
+  open();
+  const auto menu = VSTGUI::shared(static_cast<CPresetMenu*>(tagged(kPresetMenuTag)));
+  display.moveTo(kWindow.left + places::kMenu.centreX(), kWindow.top + places::kMenu.centreY());
+  display.press(1);
+  display.release(1);
+  settle();
+  ASSERT_TRUE(menu->isOpen());
+  close();
+  EXPECT_FALSE(menu->isOpen());
+  menu->choose(5);
+  EXPECT_EQ(effect->getPresetNo(), 0);
+  open();  // another list, of the same bar
+  menu->choose(7);
+  EXPECT_EQ(effect->getPresetNo(), 0);
+  effect.reset();
+  menu->choose(9);
 }
 
 TEST_F(EditorCalls, AParameterThatIsNotThereTouchesNothing) {
