@@ -24,7 +24,7 @@ test_packages=(
   # fuzzers, sanitizers, format, lint
   clang-LLVM clang clang-format clang-tidy libclang-rt-LLVM-dev llvm-LLVM
   # the window, with real events
-  xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-res0-dev
+  xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-xfixes0-dev libxcb-res0-dev
   # the macOS sources: Mach-O bundle
   lld-LLVM libc++-LLVM-dev musl-dev
   # the macOS sources: run on GNUstep

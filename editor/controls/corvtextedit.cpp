@@ -11,7 +11,7 @@ using VSTGUI::CRect;
 COrvTextEdit::COrvTextEdit(const CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
                            const char* text, VSTGUI::CBitmap* background, std::int32_t style,
                            bool keptFlag)
-    : CTextLabel(size, text, background, style), flag(keptFlag) {
+    : Hovered(size, text, background, style), flag(keptFlag) {
   setListener(listener);
   setTag(tag);
 }
@@ -26,6 +26,11 @@ char* COrvTextEdit::getText(char* buffer) const {
 
 void COrvTextEdit::draw(VSTGUI::CDrawContext* context) {
   if (getDrawBackground() != nullptr) drawBack(context);
+  if (mouseOver && !beingEdited && underPointer.set) {
+    context->setDrawMode(VSTGUI::kAliasing);
+    context->setFillColor(underPointer.color);
+    context->drawRect(getViewSize(), VSTGUI::kDrawFilled);
+  }
   if (!beingEdited) drawName(context);
   setDirty(false);
 }
@@ -50,6 +55,22 @@ VSTGUI::CMouseEventResult COrvTextEdit::onMouseDown(CPoint& /*where*/,
   beingEdited = entry.open(this, entryPlace(*this));
   setDirty(true);
   return VSTGUI::kMouseEventHandled;
+}
+
+void COrvTextEdit::showCursor(VSTGUI::CCursorType cursor) {
+  if (VSTGUI::CFrame* frame = getFrame()) frame->setCursor(cursor);
+}
+
+VSTGUI::CMouseEventResult COrvTextEdit::onMouseEntered(CPoint& where,
+                                                       const VSTGUI::CButtonState& buttons) {
+  showCursor(VSTGUI::kCursorIBeam);
+  return Hovered::onMouseEntered(where, buttons);
+}
+
+VSTGUI::CMouseEventResult COrvTextEdit::onMouseExited(CPoint& where,
+                                                      const VSTGUI::CButtonState& buttons) {
+  showCursor(VSTGUI::kCursorDefault);
+  return Hovered::onMouseExited(where, buttons);
 }
 
 bool COrvTextEdit::removed(VSTGUI::CView* parent) {

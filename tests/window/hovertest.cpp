@@ -13,14 +13,23 @@ std::ostream& operator<<(std::ostream& out, const Button& button) {
 }
 
 constexpr Button kButtons[] = {
-    {"SavePreset", places::kSavePreset},   {"DefaultPreset", places::kDefaultPreset},
-    {"LoadPreset", places::kLoadPreset},   {"SaveBank", places::kSaveBank},
-    {"DefaultBank", places::kDefaultBank}, {"LoadBank", places::kLoadBank},
-    {"StoreA", places::kStoreA},           {"RecallA", places::kRecallA},
-    {"StoreB", places::kStoreB},           {"RecallB", places::kRecallB},
-    {"Manual", places::kManual},           {"RockerLeft", places::kRockerLeft},
-    {"RockerRight", places::kRockerRight}, {"List", places::kMenu},
-    {"Process", places::kProcessSwitch},   {"Phase", places::kPhaseSwitch},
+    {"SavePreset", places::kSavePreset},
+    {"DefaultPreset", places::kDefaultPreset},
+    {"LoadPreset", places::kLoadPreset},
+    {"SaveBank", places::kSaveBank},
+    {"DefaultBank", places::kDefaultBank},
+    {"LoadBank", places::kLoadBank},
+    {"StoreA", places::kStoreA},
+    {"RecallA", places::kRecallA},
+    {"StoreB", places::kStoreB},
+    {"RecallB", places::kRecallB},
+    {"Manual", places::kManual},
+    {"RockerLeft", places::kRockerLeft},
+    {"RockerRight", places::kRockerRight},
+    {"List", places::kMenu},
+    {"Process", places::kProcessSwitch},
+    {"Phase", places::kPhaseSwitch},
+    {"Name", places::kName},
 };
 constexpr Area kRocker{places::kRockerLeft.left, places::kRockerLeft.top,
                        places::kRockerRight.right, places::kRockerRight.bottom};
@@ -55,9 +64,9 @@ INSTANTIATE_TEST_SUITE_P(Window, Hover, ::testing::ValuesIn(kButtons), nameOf);
 
 namespace {
 
-class LitSwitch : public WindowTest {
+class HoverStates : public WindowTest {
  protected:
-  LitSwitch() { host.openEditor(); }
+  HoverStates() { host.openEditor(); }
 
   WindowHost host;
 };
@@ -65,7 +74,7 @@ class LitSwitch : public WindowTest {
 }  // namespace
 
 // A switch that looked alike in both positions under the pointer would hide what a click has done.
-TEST_F(LitSwitch, ShowsItsPositionUnderThePointerToo) {
+TEST_F(HoverStates, ASwitchShowsItsPosition) {
   constexpr Area kSwitches[] = {places::kProcessSwitch, places::kPhaseSwitch};
   for (int index = 0; index < 2; ++index) {
     const Area& place = kSwitches[index];
@@ -83,6 +92,17 @@ TEST_F(LitSwitch, ShowsItsPositionUnderThePointerToo) {
     host.click(place);
     EXPECT_TRUE(sameIn(place, host.picture(), lit[0]));
   }
+}
+
+// The open entry has the label's ground at rest, whose colours its selection was chosen for.
+TEST_F(HoverStates, TheNameThatIsBeingEditedIsNotLit) {
+  const auto ground = [this] {
+    return host.picture().at(places::kName.left + 4, places::kName.centreY());
+  };
+  host.moveAway();
+  const std::uint32_t rest = ground();
+  host.click(places::kName);
+  EXPECT_EQ(ground(), rest);
 }
 
 namespace {

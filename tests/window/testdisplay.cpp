@@ -2,6 +2,7 @@
 #include "testdisplay.h"
 
 #include <xcb/res.h>
+#include <xcb/xfixes.h>
 #include <xcb/xtest.h>
 #include <xkbcommon/xkbcommon.h>
 
@@ -245,6 +246,18 @@ Picture TestDisplay::picture(const Area& area) {
       nullptr);
   if (image == nullptr) throw std::runtime_error("no picture");
   taken.pixels = Colours(connection, screen).of(image, taken.width, taken.height);
+  std::free(image);
+  return taken;
+}
+
+Picture TestDisplay::cursor() {
+  std::free(xcb_xfixes_query_version_reply(
+      connection, xcb_xfixes_query_version(connection, XCB_XFIXES_MAJOR_VERSION, 0), nullptr));
+  xcb_xfixes_get_cursor_image_reply_t* image = xcb_xfixes_get_cursor_image_reply(
+      connection, xcb_xfixes_get_cursor_image(connection), nullptr);
+  if (image == nullptr) throw std::runtime_error("no pointer");
+  const std::uint32_t* pixels = xcb_xfixes_get_cursor_image_cursor_image(image);
+  const Picture taken{image->width, image->height, {pixels, pixels + image->width * image->height}};
   std::free(image);
   return taken;
 }

@@ -40,6 +40,7 @@ class TestDisplay {
   xcb_window_t focused();
 
   Picture picture(const Area& area);  // as a person would see it
+  Picture cursor();                   // the pointer's shape
   void sync();                        // everything asked for before has happened
 
  private:

@@ -2,7 +2,7 @@
 if(NOT TARGET windowhost)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(WINDOWTEST REQUIRED IMPORTED_TARGET
-    xcb xcb-xtest xcb-damage xcb-res cairo xkbcommon)
+    xcb xcb-xtest xcb-damage xcb-xfixes xcb-res cairo xkbcommon)
   set(sources windowhost.cpp testdisplay.cpp picture.cpp picturematch.cpp damagewatch.cpp)
   list(TRANSFORM sources PREPEND ${CMAKE_CURRENT_LIST_DIR}/)
   add_library(windowhost STATIC ${sources})
