@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "editor/controls/modalview.h"
+#include "lib/events.h"
 
 using VSTGUI::CMouseEventResult;
 using VSTGUI::CPoint;
@@ -51,10 +52,20 @@ void CSplashScreenMyView::draw(VSTGUI::CDrawContext* context) {
 CMouseEventResult CSplashScreenMyView::onMouseDown(CPoint& /*where*/,
                                                    const VSTGUI::CButtonState& buttons) {
   if (!(buttons & VSTGUI::kLButton)) return VSTGUI::kMouseEventNotHandled;
+  close();
+  return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+}
+
+void CSplashScreenMyView::onKeyboardEvent(VSTGUI::KeyboardEvent& event) {
+  if (event.type != VSTGUI::EventType::KeyDown || event.virt != VSTGUI::VirtualKey::Escape) return;
+  close();
+  event.consumed = true;
+}
+
+void CSplashScreenMyView::close() {
   const auto self = VSTGUI::shared(this);
   if (getFrame() != nullptr && session) endSession();
   owner->unSplash();
-  return VSTGUI::kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }
 
 // After the event: the frame remembers the pressed view, and would remember a deleted one.

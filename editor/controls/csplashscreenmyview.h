@@ -8,8 +8,8 @@
 inline constexpr VSTGUI::CColor kDarkBlueCColor(45, 45, 120, 255);
 inline constexpr VSTGUI::CColor kDarkGreyCColor(60, 60, 60, 255);
 
-// Closes on a left press anywhere in the window, and closes its owner with it. Goes with its frame
-// while it is open. User-interface thread.
+// Closes on Escape and on a left press anywhere in the window, and closes its owner with it. Goes
+// with its frame while it is open. User-interface thread.
 class CSplashScreenMyView : public VSTGUI::CControl {
  public:
   // owner: outlives the panel; the picture is its bitmap. textOrigin: the first line's place, from
@@ -25,8 +25,10 @@ class CSplashScreenMyView : public VSTGUI::CControl {
   void draw(VSTGUI::CDrawContext* context) override;
   VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
                                         const VSTGUI::CButtonState& buttons) override;
+  void onKeyboardEvent(VSTGUI::KeyboardEvent& event) override;
 
  private:
+  void close();
   void endSession();
 
   VSTGUI::CSplashScreen* owner;

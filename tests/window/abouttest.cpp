@@ -57,6 +57,28 @@ TEST_F(About, ClosesOnAClickBesideThePanelWhichDoesNothingElse) {
   EXPECT_EQ(host.picture(), closed);
 }
 
+TEST_F(About, EscapeClosesIt) {
+  open();
+  host.key(XKB_KEY_Escape);
+  EXPECT_EQ(host.picture(), closed);
+  const Picture panel = open();
+  host.key(XKB_KEY_Return);
+  host.key(XKB_KEY_space);
+  EXPECT_EQ(host.picture(), panel);
+}
+
+TEST_F(About, TheHostsEscapeClosesItAndIsTakenOnlyThen) {
+  constexpr VstIntPtr kEscape = 6, kReturn = 4;  // the interface's numbers of the keys
+  EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kEscape), 0);
+  const Picture panel = open();
+  EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kReturn), 0);
+  EXPECT_EQ(host.dispatch(effEditKeyUp, 0, kEscape), 0);
+  EXPECT_EQ(host.picture(), panel);
+  EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kEscape), 1);
+  EXPECT_EQ(host.picture(), closed);
+  EXPECT_EQ(open(), panel);  // and it opens again
+}
+
 TEST_F(About, ARightClickNeitherOpensNorCloses) {
   host.click(places::kAbout, 3);
   host.moveAway();
