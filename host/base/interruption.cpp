@@ -14,6 +14,9 @@ constexpr std::size_t kSlots = 1024;  // more than jobs times files a job
 
 std::array<std::atomic<const char*>, kSlots> files;
 std::atomic<bool> ending = false;
+std::atomic<bool> orderly = false;  // an OrderlyEnd lives
+std::atomic<int> askedBy = 0;       // the signal that it waits with
+static_assert(std::atomic<int>::is_always_lock_free, "the handler takes a note there");
 static_assert(std::atomic<const char*>::is_always_lock_free, "the handler reads the slots");
 
 bool isCrash(int signalNumber) {
@@ -21,7 +24,12 @@ bool isCrash(int signalNumber) {
          signalNumber == SIGILL;
 }
 
+bool isRequest(int signalNumber) {
+  return signalNumber == SIGINT || signalNumber == SIGTERM || signalNumber == SIGHUP;
+}
+
 void handle(int signalNumber) {
+  if (orderly && isRequest(signalNumber) && askedBy.exchange(signalNumber) == 0) return;
   ending.store(true);
   for (const auto& file : files) {
     if (const char* path = file.load()) unlink(path);
@@ -67,6 +75,20 @@ int removeOnSignal(const char* path) {
 
 void forgetOnSignal(int slot) {
   if (slot >= 0) files[static_cast<std::size_t>(slot)].store(nullptr);
+}
+
+OrderlyEnd::OrderlyEnd() {
+  askedBy = 0;
+  orderly = true;
+}
+
+OrderlyEnd::~OrderlyEnd() {
+  orderly = false;
+  if (isAsked()) raise(askedBy);
+}
+
+bool OrderlyEnd::isAsked() {
+  return askedBy != 0;
 }
 
 bool endedBySignal() {

@@ -11,6 +11,19 @@ void installInterruption();
 // moment is unguarded.
 int removeOnSignal(const char* path);
 void forgetOnSignal(int slot);
+
+// While one lives, the first SIGINT, SIGTERM or SIGHUP only asks for the end, and ends the program
+// when this is destroyed. A second one ends it at once. One at a time.
+class OrderlyEnd {
+ public:
+  OrderlyEnd();
+  ~OrderlyEnd();
+  OrderlyEnd(const OrderlyEnd&) = delete;
+  OrderlyEnd& operator=(const OrderlyEnd&) = delete;
+
+  static bool isAsked();  // any thread
+};
+
 // True once a signal is ending the program: a file made just now was perhaps not seen and is its
 // maker's to remove.
 bool endedBySignal();

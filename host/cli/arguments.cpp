@@ -75,7 +75,8 @@ class Formatter : public CLI::Formatter {
   Formatter() { column_width(32); }
   std::string make_usage(const CLI::App*, std::string) const override {
     return "Usage: widen [OPTIONS] IN... -o OUT\n"
-           "       widen [OPTIONS] --info | --list-params | --list-presets | --editor\n"
+           "       widen [OPTIONS] --info | --list-params | --list-presets\n"
+           "       widen [OPTIONS] --editor [IN]\n"
            "       widen --validate [PLUGIN] [--strictness 1..10] [--seed N] [--check NAME]\n";
   }
 };
@@ -147,7 +148,7 @@ void addOptions(CLI::App& app, Arguments& arguments, Typed& typed) {
       ->group(effect);
   app.add_flag("--list-presets", arguments.listPresets, "Show the presets")->group(effect);
   app.add_flag("--editor", arguments.editor,
-               "Open the effect's window; the run ends when it is closed")
+               "Open the effect's window, until it is closed; IN is played round and round")
       ->group(effect);
   app.add_flag("--version", typed.version, "Show the version");
 }
@@ -192,8 +193,12 @@ void takeOutputOptions(const CLI::App& app, const Typed& typed, Arguments& argum
 void checkRules(const Arguments& arguments) {
   if (arguments.validator) return;  // it has rules of its own
   if (arguments.asksOnly()) {
-    if (!arguments.inputs.empty() || arguments.output) {
-      throw UsageFailure("--info, --list-params, --list-presets and --editor take no sound files");
+    if (arguments.output) throw UsageFailure("nothing is written here: leave -o out");
+    if (arguments.editor && arguments.inputs.size() > 1) {
+      throw UsageFailure("--editor plays one sound file");
+    }
+    if (!arguments.editor && !arguments.inputs.empty()) {
+      throw UsageFailure("--info, --list-params and --list-presets take no sound files");
     }
     return;
   }

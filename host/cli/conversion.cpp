@@ -10,6 +10,7 @@
 #include "host/cli/description.h"
 #include "host/plot/plot.h"
 #include "host/plot/stereoanalysis.h"
+#include "host/sound/finitesound.h"
 #include "host/sound/outputstage.h"
 #include "host/sound/soundreader.h"
 #include "host/sound/soundwriter.h"
@@ -64,7 +65,8 @@ class Run {
     std::int64_t read = 0;
     int frames = 0;
     while ((frames = reader.read(left.data(), right.data(), blockSize)) > 0) {
-      checkFinite(left.data(), right.data(), frames, read, job.input.string() + ": holds");
+      checkFinite(left.data(), right.data(), frames, read, reader.sampleRate(),
+                  job.input.string() + ": holds");
       if (analysis) analysis->addBefore(left.data(), right.data(), frames);
       processBlock(frames);
       read += frames;
@@ -89,7 +91,8 @@ class Run {
   }
 
   void take(const double* l, const double* r, int frames) {
-    checkFinite(l, r, frames, taken, job.input.string() + ": the effect put out");
+    checkFinite(l, r, frames, taken, reader.sampleRate(),
+                job.input.string() + ": the effect put out");
     taken += frames;
     if (gain == 1.0 && !analysis) return writer.write(l, r, frames);
     for (int frame = 0; frame < frames; ++frame) {
@@ -100,15 +103,6 @@ class Run {
       const double heldL = heldSample(format, outL);
       const double heldR = heldSample(format, outR);
       analysis->addAfter(&heldL, &heldR, 1);
-    }
-  }
-
-  void checkFinite(const double* l, const double* r, int frames, std::int64_t first,
-                   const std::string& what) const {
-    for (int frame = 0; frame < frames; ++frame) {
-      if (std::isfinite(l[frame]) && std::isfinite(r[frame])) continue;
-      throw Failure(what + " a value that is not a number at " +
-                    durationText(first + frame, reader.sampleRate()));
     }
   }
 
@@ -168,9 +162,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   HostCallback callback;
   Effect effect(module, callback);
   effect.checkCanProcess(arguments.doublePrecision);
-  if (reader.channels() > effect.record().numInputs) {
-    throw Failure(job.input.string() + ": is stereo, but " + effect.plugin() + " takes mono only");
-  }
+  effect.checkTakes(reader.channels(), job.input.string());
   effect.setUp(reader.sampleRate(), arguments.blockSize);
   applyState(effect, arguments.state);  // its notes were shown when the state was tried
   done.preset = describeCurrentPreset(effect);

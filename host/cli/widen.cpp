@@ -2,10 +2,12 @@
 #include "host/cli/widen.h"
 
 #include <exception>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "host/base/interruption.h"
 #include "host/base/temporaryfile.h"
 #include "host/base/wholefile.h"
 #include "host/cli/arguments.h"
@@ -14,9 +16,9 @@
 #include "host/cli/description.h"
 #include "host/cli/effectinfo.h"
 #include "host/cli/jobs.h"
+#include "host/cli/listening.h"
 #include "host/state/effectstate.h"
 #include "host/validate/validation.h"
-#include "host/vst/editorwindow.h"
 #include "host/vst/effect.h"
 #include "host/vst/executablepath.h"
 #include "host/vst/pluginmodule.h"
@@ -31,18 +33,20 @@ std::filesystem::path pluginFor(const Arguments& arguments) {
   return pluginBinary(firstPlugin(defaultPluginPlaces(executablePath())));
 }
 
-// Before any sound is touched: whatever is wrong with the effect or its state shows here, once.
-void tryState(PluginModule& module, const Arguments& arguments, Console& console) {
+// Before any sound is converted: whatever is wrong with the effect or its state shows here, once.
+// loop: what is played to its window; null where nothing is.
+void tryState(PluginModule& module, const Arguments& arguments, Loop* loop, Console& console) {
   HostCallback callback;
   callback.setHasWindow(true);
   Effect effect(module, callback);
   if (!arguments.inputs.empty()) effect.checkCanProcess(arguments.doublePrecision);
-  effect.setUp(kUsualRate, arguments.blockSize);
+  effect.setUp(loop != nullptr ? loop->sampleRate() : kUsualRate, arguments.blockSize);
   for (const std::string& note : applyState(effect, arguments.state)) console.warn(note);
   if (arguments.info) console.print(describeEffect(effect));
   if (arguments.listParameters) console.print(describeParameters(effect));
   if (arguments.listPresets) console.print(describePresets(effect));
-  if (arguments.editor) showEditor(effect, callback, effect.plugin());
+  if (arguments.editor) showAndPlay(effect, callback, loop, arguments, console);
+  if (OrderlyEnd::isAsked()) return;  // by a signal: what was wanted is not known
   if (arguments.saveState) writeWholeFile(*arguments.saveState, effect.chunk(), arguments.force);
 }
 
@@ -60,9 +64,18 @@ ExitStatus runValidator(const Arguments& arguments, Console& console) {
 ExitStatus act(const Arguments& arguments, Console& console) {
   if (arguments.validator) return runValidator(arguments, console);
   Jobs jobs;
-  if (!arguments.inputs.empty()) jobs = planJobs(arguments);
+  std::optional<Loop> loop;
+  if (arguments.editor && !arguments.inputs.empty()) {
+    loop.emplace(arguments.inputs.front());
+  } else if (!arguments.inputs.empty()) {
+    jobs = planJobs(arguments);
+  }
   PluginModule module(pluginFor(arguments));
-  tryState(module, arguments, console);
+  {
+    std::optional<OrderlyEnd> end;
+    if (arguments.editor) end.emplace();
+    tryState(module, arguments, loop ? &*loop : nullptr, console);
+  }
   if (jobs.list.empty()) return ExitStatus::done;
   return convertAll(module, arguments, jobs, console) ? ExitStatus::done : ExitStatus::failed;
 }

@@ -171,6 +171,11 @@ void Effect::checkCanProcess(bool doublePrecision) const {
   }
 }
 
+void Effect::checkTakes(int channels, const std::string& sound) const {
+  if (channels <= effect->numInputs) return;
+  throw Failure(sound + ": is stereo, but " + name + " takes mono only");
+}
+
 void Effect::setUp(int sampleRate, int blockSize) {
   host.setSampleRate(sampleRate);
   host.setBlockSize(blockSize);

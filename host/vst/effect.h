@@ -53,6 +53,8 @@ class Effect {
   // Throws Failure where the effect cannot process sound so: no replacing operation, no double
   // precision, no input, fewer than two outputs.
   void checkCanProcess(bool doublePrecision) const;
+  // Throws Failure where it cannot take a sound of 1 or 2 channels; `sound` is what it is called.
+  void checkTakes(int channels, const std::string& sound) const;
 
   // Rate and block size are set before the state, and the effect is switched on after it.
   void setUp(int sampleRate, int blockSize);

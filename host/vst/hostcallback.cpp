@@ -10,6 +10,7 @@ namespace {
 thread_local HostCallback* creating = nullptr;
 
 constexpr VstIntPtr kProcessLevelUser = 1;
+constexpr VstIntPtr kProcessLevelRealTime = 2;
 constexpr VstIntPtr kProcessLevelOffline = 4;
 constexpr VstIntPtr kAutomationOff = 1;
 constexpr VstIntPtr kLanguageEnglish = 1;
@@ -19,7 +20,8 @@ constexpr VstIntPtr kVendorVersion = 1000;  // of this host's answers
 constexpr VstInt32 kTransportPlaying = 1 << 1;
 constexpr VstInt32 kTempoValid = 1 << 10;
 constexpr VstInt32 kTimeSignatureValid = 1 << 13;
-constexpr double kTempo = 120.0;  // beats a minute; files have none, and effects divide by it
+constexpr int kLargestWindow = 32767;  // pixels: windows' sizes have 16 bits, and a sign
+constexpr double kTempo = 120.0;       // beats a minute; files have none, and effects divide by it
 
 VstIntPtr giveText(void* to, const char* text) {
   if (to == nullptr) return 0;
@@ -56,16 +58,20 @@ VstIntPtr HostCallback::entry(AEffect* effect, VstInt32 opcode, VstInt32 index, 
   return callback->answer(opcode, index, value, ptr);
 }
 
-void HostCallback::setPosition(std::int64_t frame) {
-  time.samplePos = static_cast<double>(frame);
+VstIntPtr HostCallback::processLevel() const {
+  if (processing && !realTime) return kProcessLevelOffline;
+  return processing && onAudioThread() ? kProcessLevelRealTime : kProcessLevelUser;
 }
 
 VstTimeInfo* HostCallback::timeInfo() {
-  time.tempo = kTempo;
-  time.timeSigNumerator = 4;
-  time.timeSigDenominator = 4;
-  time.flags = kTempoValid | kTimeSignatureValid | (processing ? kTransportPlaying : 0);
-  return &time;
+  VstTimeInfo& told = onAudioThread() ? audioTime : time;
+  told.sampleRate = sampleRate;
+  told.samplePos = static_cast<double>(position.load());
+  told.tempo = kTempo;
+  told.timeSigNumerator = 4;
+  told.timeSigDenominator = 4;
+  told.flags = kTempoValid | kTimeSignatureValid | (processing ? kTransportPlaying : 0);
+  return &told;
 }
 
 std::optional<HostCallback::Size> HostCallback::takeWindowSize() {
@@ -74,6 +80,7 @@ std::optional<HostCallback::Size> HostCallback::takeWindowSize() {
 
 VstIntPtr HostCallback::keepWindowSize(VstInt32 width, VstIntPtr height) {
   if (!hasWindow || width <= 0 || height <= 0) return 0;
+  if (width > kLargestWindow || height > kLargestWindow) return 0;
   windowSize = Size{width, static_cast<int>(height)};
   return 1;
 }
@@ -87,13 +94,13 @@ VstIntPtr HostCallback::answer(VstInt32 opcode, VstInt32 index, VstIntPtr value,
     case audioMasterPinConnected:
       return pinsConnected ? 0 : 1;
     case audioMasterGetTime:
-      return time.sampleRate > 0.0 ? reinterpret_cast<VstIntPtr>(timeInfo()) : 0;
+      return sampleRate > 0.0 ? reinterpret_cast<VstIntPtr>(timeInfo()) : 0;
     case audioMasterGetSampleRate:
-      return static_cast<VstIntPtr>(time.sampleRate);
+      return static_cast<VstIntPtr>(sampleRate.load());
     case audioMasterGetBlockSize:
       return blockSize;
     case audioMasterGetCurrentProcessLevel:
-      return processing ? kProcessLevelOffline : kProcessLevelUser;
+      return processLevel();
     case audioMasterGetAutomationState:
       return kAutomationOff;
     case audioMasterGetVendorString:

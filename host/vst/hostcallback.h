@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <optional>
+#include <thread>
 
 #include "plugin/vst24.h"
 
@@ -34,17 +35,22 @@ class HostCallback final {
   };
 
   // Set by the effect's owner on the thread that calls the effect.
-  void setSampleRate(double hertz) { time.sampleRate = hertz; }
+  void setSampleRate(double hertz) { sampleRate = hertz; }
   void setBlockSize(int frames) { blockSize = frames; }
   void setUniqueID(VstInt32 id) { uniqueID = id; }
   void setProcessing(bool on) { processing = on; }
-  void setPosition(std::int64_t frame);
+  // Processing is heard while it goes on, on a thread that makes itself known. Without this it is
+  // offline, on whatever thread. Set before the effect is started.
+  void setRealTime(bool on) { realTime = on; }
+  void processOnThisThread() { audioThread = std::this_thread::get_id(); }
+  void setPosition(std::int64_t frame) { position = frame; }
   // What is said of every pin; connected at first.
   void setPinsConnected(bool connected) { pinsConnected = connected; }
 
   struct Size {
     int width;  // pixels
     int height;
+    bool operator==(const Size&) const = default;
   };
   // Whether this host can show the effect's window, which then takes the size that the effect asks
   // for. Set before the effect is made.
@@ -55,12 +61,19 @@ class HostCallback final {
  private:
   VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr);
   VstIntPtr keepWindowSize(VstInt32 width, VstIntPtr height);
+  VstIntPtr processLevel() const;
   VstTimeInfo* timeInfo();
+  bool onAudioThread() const { return audioThread.load() == std::this_thread::get_id(); }
 
-  VstTimeInfo time{};
+  std::atomic<double> sampleRate = 0.0;    // Hz; 0: not known yet
+  std::atomic<std::int64_t> position = 0;  // frames
+  VstTimeInfo time{};                      // each for who asks there
+  VstTimeInfo audioTime{};
   std::atomic<int> blockSize = 0;      // frames; 0: not known yet
   std::atomic<VstInt32> uniqueID = 0;  // 0: the effect is still being made
   std::atomic<bool> processing = false;
+  std::atomic<bool> realTime = false;
+  std::atomic<std::thread::id> audioThread{};
   std::atomic<bool> pinsConnected = true;
   bool hasWindow = false;
   std::optional<Size> windowSize;  // asked for and not taken yet

@@ -123,6 +123,14 @@ TEST(Arguments, AskQuestionsWithoutFiles) {
   EXPECT_EQ(parsed({"--save-state", "s"}).saveState, "s") << "a state can be saved without a sound";
 }
 
+TEST(Arguments, TakeOneFileToPlayToTheWindow) {
+  EXPECT_TRUE(parsed({"--editor"}).editor);
+  EXPECT_THAT(parsed({"--editor", "a.wav", "--save-state", "s"}).inputs, ElementsAre("a.wav"));
+  EXPECT_THAT(refusalOf({"--editor", "a.wav", "b.wav"}), HasSubstr("plays one sound file"));
+  EXPECT_THAT(refusalOf({"--editor", "a.wav", "-o", "b.wav"}), HasSubstr("leave -o out"));
+  EXPECT_THAT(refusalOf({"--editor", "-o", "b.wav"}), HasSubstr("leave -o out"));
+}
+
 TEST(Arguments, ReturnHelpAndVersionAsTexts) {
   const ParsedArguments help = parseArguments({"--help"});
   EXPECT_FALSE(help.arguments);

@@ -1,74 +1,21 @@
 // The effect's window as `widen --editor` shows it.
-#include <signal.h>
-#include <xcb/xcb.h>
+#include <gmock/gmock.h>
 
-#include <chrono>
-#include <cstdlib>
-#include <functional>
-#include <string>
-#include <thread>
-#include <vector>
+#include <array>
+#include <cstring>
+#include <map>
 
 #include "places.h"
-#include "tests/host/program.h"
+#include "widenwindow.h"
 #include "windowhost.h"
 
 namespace {
 
-bool comesTrue(const std::function<bool()>& condition) {
-  for (int wait = 0; wait < 500; ++wait) {
-    if (condition()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
-  return false;
-}
-
-class WidenEditor : public ProgramTest {
+class WidenEditor : public WidenWindow {
  protected:
-  ~WidenEditor() override {
-    if (process > 0) kill(process, SIGKILL);
-  }
-
-  // The only window on the screen, once it is there.
-  xcb_window_t topWindow() {
-    xcb_query_tree_reply_t* tree = xcb_query_tree_reply(
-        display.link(), xcb_query_tree(display.link(), display.root()), nullptr);
-    const xcb_window_t found = xcb_query_tree_children_length(tree) == 1
-                                   ? xcb_query_tree_children(tree)[0]
-                                   : xcb_window_t{0};
-    std::free(tree);
-    return found;
-  }
-
-  void start(std::vector<std::string> words) {
-    words.insert(words.begin(), "--editor");
-    process = startProgram(folder, words);
+  void start(const std::vector<std::string>& words) {
+    WidenWindow::start(words);
     ASSERT_TRUE(comesTrue([this] { return display.picture(kWindow) == expected; }));
-    window = topWindow();
-    ASSERT_NE(window, 0U);
-  }
-
-  // As a window manager does when the user presses the closing button.
-  Outcome close() {
-    const auto atom = [this](const std::string& name) {
-      const auto length = static_cast<std::uint16_t>(name.size());
-      xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-          display.link(), xcb_intern_atom(display.link(), 1, length, name.data()), nullptr);
-      const xcb_atom_t found = reply->atom;
-      std::free(reply);
-      return found;
-    };
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = atom("WM_PROTOCOLS");
-    message.data.data32[0] = atom("WM_DELETE_WINDOW");
-    xcb_send_event(display.link(), 0, window, 0, reinterpret_cast<const char*>(&message));
-    display.sync();
-    const Outcome outcome = waitForProgram(process, folder);
-    process = 0;
-    return outcome;
   }
 
   static Picture takeExpected() {
@@ -81,9 +28,20 @@ class WidenEditor : public ProgramTest {
   // without a window manager, at the screen's corner
   static constexpr Area kWindow{0, 0, places::kWidth, 251};
   Picture expected = takeExpected();
-  TestDisplay display;
-  xcb_window_t window = 0;
-  int process = 0;
+};
+
+// With an effect whose window is empty.
+class WidenFrame : public WidenWindow {
+ protected:
+  void start(const std::map<std::string, std::string>& environment) {
+    WidenWindow::start({"--plugin", plugin("shown")}, {environment});
+  }
+  bool becomes(const std::string& asked) {
+    return comesTrue([&] { return size() == asked; });
+  }
+  ~WidenFrame() override {
+    if (process > 0) close();
+  }
 };
 
 }  // namespace
@@ -91,11 +49,7 @@ class WidenEditor : public ProgramTest {
 TEST_F(WidenEditor, ShowsTheWindowInItsSizeUntilItIsClosed) {
   ASSERT_EQ(expected.height, kWindow.bottom);
   start({});
-  xcb_get_geometry_reply_t* size =
-      xcb_get_geometry_reply(display.link(), xcb_get_geometry(display.link(), window), nullptr);
-  EXPECT_EQ(size->width, places::kWidth);
-  EXPECT_EQ(size->height, kWindow.bottom);
-  std::free(size);
+  EXPECT_EQ(size(), "302x251");
   const Outcome outcome = close();
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.error, "");
@@ -119,4 +73,54 @@ TEST_F(WidenEditor, SavesTheStateThatTheUserLeft) {
 
 TEST_F(WidenEditor, SaysThatThereIsNoDisplay) {
   expectRefusal(runProgram(folder, {"--editor"}, {{{"DISPLAY", ""}}, 0}), 1, "no display");
+}
+
+// A name is bytes of the effect's; the window manager gets text.
+TEST_F(WidenFrame, IsNamedAfterTheEffect) {
+  start({{"WIDEN_TEST_NAME", "Br\xC3\xB6te \xE2\x99\xAB\xFF"}});
+  EXPECT_EQ(property("_NET_WM_NAME", "UTF8_STRING"), "Br\xC3\xB6te \xE2\x99\xAB\xEF\xBF\xBD");
+  EXPECT_EQ(property("_NET_WM_ICON_NAME", "UTF8_STRING"), property("_NET_WM_NAME", "UTF8_STRING"));
+  EXPECT_EQ(property("WM_NAME", "STRING"), "Br\xF6te ??") << "what is not in Latin-1";
+  EXPECT_EQ(property("WM_CLASS", "STRING"), std::string("widen\0Widen\0", 12));
+}
+
+TEST_F(WidenFrame, IsNamedAfterTheFileOfAnEffectWithoutAName) {
+  start({});
+  EXPECT_EQ(property("_NET_WM_NAME", "UTF8_STRING"), "shown");
+}
+
+TEST_F(WidenFrame, ShowsTrelvanUnderItsName) {
+  WidenWindow::start({});
+  EXPECT_EQ(property("_NET_WM_NAME", "UTF8_STRING"), "Orv Trelvan");
+}
+
+TEST_F(WidenFrame, IsClosedByAMessageAndHasOneSize) {
+  start({});
+  const xcb_atom_t closing = atom("WM_DELETE_WINDOW");
+  std::string bytes(sizeof closing, 0);
+  std::memcpy(bytes.data(), &closing, sizeof closing);
+  EXPECT_EQ(property("WM_PROTOCOLS", "ATOM"), bytes);
+  ASSERT_TRUE(becomes("200x100"));
+  const std::string hints = property("WM_NORMAL_HINTS", "WM_SIZE_HINTS");
+  std::array<std::uint32_t, 18> words{};
+  ASSERT_EQ(hints.size(), sizeof words);
+  std::memcpy(words.data(), hints.data(), sizeof words);
+  // Smallest size and largest size, in this order after the flags and four words of no use.
+  constexpr std::uint32_t kSmallestAndLargest = 0x10 | 0x20;
+  EXPECT_EQ(words[0], kSmallestAndLargest);
+  EXPECT_THAT(std::vector<std::uint32_t>(words.begin() + 5, words.begin() + 9),
+              ::testing::ElementsAre(200, 100, 200, 100));
+}
+
+TEST_F(WidenFrame, TakesTheSizeThatTheEffectAsksFor) {
+  start({{"WIDEN_TEST_DOES", "resize"}});
+  ASSERT_TRUE(becomes("400x300"));
+  // As long as the effect's own words do not change, what it asked for stays.
+  std::this_thread::sleep_for(std::chrono::milliseconds(600));
+  EXPECT_EQ(size(), "400x300");
+}
+
+TEST_F(WidenFrame, TakesTheSizeThatTheEffectHasWithoutAWord) {
+  start({{"WIDEN_TEST_DOES", "resize"}, {"WIDEN_TEST_MORE", "1"}});
+  EXPECT_TRUE(becomes("333x222"));
 }

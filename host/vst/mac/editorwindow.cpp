@@ -3,6 +3,6 @@
 
 #include "host/base/failure.h"
 
-void showEditor(Effect& effect, HostCallback&, const std::string&) {
+void showEditor(Effect& effect, HostCallback&, const std::function<bool()>&) {
   throw Failure(effect.plugin() + ": its window can be opened in a host only, on this system");
 }

@@ -1,0 +1,17 @@
+// Silence: nothing is played here yet, since there is no window to play to.
+#include "host/play/soundcard.h"
+
+struct SoundCard::System {};
+
+SoundCard::SoundCard(std::unique_ptr<System> opened) : system(std::move(opened)) {}
+
+SoundCard::~SoundCard() = default;
+
+std::unique_ptr<SoundCard> SoundCard::open(int, std::string& reason) {
+  reason = "not on this system";
+  return nullptr;
+}
+
+int SoundCard::write(const float*, int) {
+  return -1;
+}
