@@ -39,6 +39,8 @@ add_library(trelvan STATIC
   editor/base/myframe.cpp
   editor/controls/corvtextedit.cpp
   editor/controls/cparameterslider.cpp
+  editor/controls/cvaluedisplay.cpp
+  editor/controls/typedvalue.cpp
   editor/controls/entryplace.cpp
   editor/controls/fitname.cpp
   editor/window/adeditor.cpp

@@ -5,7 +5,9 @@
 #include "editor/base/sharedbitmaps.h"
 #include "editor/controls/cabout.h"
 #include "editor/controls/cparameterslider.h"
+#include "editor/controls/cvaluedisplay.h"
 #include "editor/controls/cvumeter1.h"
+#include "editor/controls/typedvalue.h"
 #include "effect/trelvan.h"
 #include "platform/defaultfloats.h"
 #include "plugin/createeditor.h"
@@ -113,6 +115,19 @@ void ADEditor::sendMotions() {
   for (std::size_t slot = 0; slot < views.size(); ++slot) {
     if (const auto slider = VSTGUI::shared(views[slot].slider)) slider->sendMotion();
   }
+}
+
+void ADEditor::keyboardLeft() {
+  CPresetSystemEditor::keyboardLeft();
+  for (std::size_t slot = 0; slot < views.size(); ++slot) {
+    if (const auto display = VSTGUI::shared(views[slot].display)) display->endEntry(true);
+  }
+}
+
+void ADEditor::takeTyped(VstInt32 index, const std::string& text) {
+  CParameterSlider* slider = views[static_cast<std::size_t>(index)].slider;
+  const auto typed = typedValue(parameterAt(index), text);
+  if (typed && slider != nullptr) slider->setInOneGesture(*typed);
 }
 
 void ADEditor::suspend() {

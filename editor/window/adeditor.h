@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <string>
 
 #include "effect/parameters.h"
 #include "presetsystem/bar/cpresetsystemeditor.h"
@@ -11,6 +12,7 @@
 
 class CAbout;
 class CParameterSlider;
+class CValueDisplay;
 class CVuMeter1;
 class Trelvan;
 
@@ -32,6 +34,7 @@ class ADEditor : public CPresetSystemEditor {
 
  protected:
   ERect windowSize() override;
+  void keyboardLeft() override;  // confirms a value that is being typed
 
  private:
   bool openWindow(void* window);
@@ -42,6 +45,7 @@ class ADEditor : public CPresetSystemEditor {
   void showParameter(VstInt32 index);
   void showValue(VstInt32 index);
   void sendMotions();
+  void takeTyped(VstInt32 index, const std::string& text);
   void endGestures();
   void forgetControls();
 
@@ -49,9 +53,9 @@ class ADEditor : public CPresetSystemEditor {
   std::atomic<std::uint32_t> changed{0};  // one bit a parameter that the controls do not show yet
   VSTGUI::SharedPointer<VSTGUI::CBitmap> background;  // while the window is open
   struct ParameterViews {
-    VSTGUI::CControl* control = nullptr;       // slider or switch
-    CParameterSlider* slider = nullptr;        // the control, where it is one
-    VSTGUI::CParamDisplay* display = nullptr;  // of its value; none beside a switch
+    VSTGUI::CControl* control = nullptr;  // slider or switch
+    CParameterSlider* slider = nullptr;   // the control, where it is one
+    CValueDisplay* display = nullptr;     // of its value; none beside a switch
   };
   std::array<ParameterViews, kParameterCount> views;  // by parameter index
   CVuMeter1* meter = nullptr;

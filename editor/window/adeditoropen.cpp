@@ -4,6 +4,7 @@
 #include "editor/controls/cabout.h"
 #include "editor/controls/clitswitch.h"
 #include "editor/controls/cparameterslider.h"
+#include "editor/controls/cvaluedisplay.h"
 #include "editor/controls/cvumeter1.h"
 #include "editor/controls/stringconvert.h"
 #include "editor/window/adeditor.h"
@@ -45,6 +46,9 @@ struct SwitchPlace {
 };
 constexpr SwitchPlace kSwitches[] = {{kProcessIndex, 90, 137, 141}, {kPhaseIndex, 170, 138, 142}};
 
+// A value's entry has the preset name's colours.
+constexpr EntryColors kEntryColors{.highlight = {true, VSTGUI::CColor(140, 175, 200, 255)}};
+
 // backgroundTop: the row of the background that the display shows, somewhat below its own.
 struct DisplayPlace {
   CRect size;
@@ -52,8 +56,9 @@ struct DisplayPlace {
   VSTGUI::CHoriTxtAlign alignment;
 };
 
-CParamDisplay* makeDisplay(const DisplayPlace& place, CBitmap* background, Converter converter) {
-  auto* display = new CParamDisplay(place.size, background, 0);
+template <typename Display>
+Display* makeDisplay(const DisplayPlace& place, CBitmap* background, Converter converter) {
+  auto* display = new Display(place.size, background, 0);
   display->setTag(kNoTag);
   display->setBackOffset(CPoint(place.size.left, place.backgroundTop));
   display->setFont(VSTGUI::kNormalFontSmall);
@@ -84,7 +89,7 @@ CRect sizedLike(double left, double top, const CBitmap& bitmap, double images = 
 
 void ADEditor::addCaptions() {
   const auto add = [this](const DisplayPlace& place, float selector) {
-    CParamDisplay* caption = makeDisplay(place, background, parameterNameStringConvert);
+    auto* caption = makeDisplay<CParamDisplay>(place, background, parameterNameStringConvert);
     caption->setValue(selector);
     view->addView(caption);
   };
@@ -132,8 +137,12 @@ void ADEditor::addParameterControls() {
 
     const bool asHertz = parameterAt(place.index).unit == Parameter::Unit::hertz;
     const double top = place.top + kTextBelowSlider;
-    display = makeDisplay({CRect(258, top, 322, top + kTextHeight), top + 5, VSTGUI::kLeftText},
-                          background, asHertz ? frequencyStringConvert : percentStringConvert);
+    display = makeDisplay<CValueDisplay>(
+        {CRect(258, top, 322, top + kTextHeight), top + 5, VSTGUI::kLeftText}, background,
+        asHertz ? frequencyStringConvert : percentStringConvert);
+    display->setColors(kEntryColors);
+    display->whenTyped(
+        [this, index = place.index](const std::string& text) { takeTyped(index, text); });
     if (asHertz) display->setMax(kLargestFrequency);
     view->addView(display);
     showParameter(place.index);
