@@ -14,6 +14,8 @@ target_sources(trelvan PRIVATE
   editor/base/linux/ownconnection.cpp
   editor/base/linux/ownwindow.cpp
   editor/base/linux/pacing.cpp
+  editor/base/linux/portalchoice.cpp
+  editor/base/linux/programchoice.cpp
   editor/base/linux/servername.cpp
   editor/base/linux/sharedrunloop.cpp
   editor/base/linux/toolkitsetup.cpp
@@ -31,14 +33,17 @@ target_sources(trelvan PRIVATE
   platform/linux/programstart.cpp
   platform/linux/manualopener.cpp
   platform/linux/modulefile.cpp
+  platform/linux/portalrequest.cpp
   platform/linux/preferencestore.cpp
+  platform/linux/sessionbus.cpp
   platform/linux/sharedfile.cpp
   platform/linux/xplatalert.cpp
   platform/linux/xplatmutex.cpp)
 
 find_package(PkgConfig REQUIRED)
-# Preferences are a key file of this library, which the toolkit brings anyway.
-pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0)
+# Preferences are a key file of this library, and the desktop portal is talked to with it; the
+# toolkit brings it anyway.
+pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0 gio-2.0)
 target_link_libraries(trelvan PRIVATE PkgConfig::GLIB)
 # The toolkit's own headers for Linux name the drawing library, and the window is opened on a
 # connection of our own.

@@ -45,7 +45,8 @@ about hostcalls plugin/audioeffect.cpp plugin/audioeffectx.cpp effect/trelvan.cp
   effect/trelvanparameters.cpp effect/trelvanprocess.cpp presetsystem/store/cpresetsystemeffect.cpp
 about preferences platform/linux/preferencestore.cpp platform/linux/sharedfile.cpp \
   presetsystem/bar/storedpresets.cpp
-about dialoganswers editor/base/linux/filedialog.cpp editor/base/linux/filechoice.cpp \
+about dialoganswers editor/base/linux/filedialog.cpp editor/base/linux/programchoice.cpp \
+  editor/base/linux/filechoice.cpp \
   platform/linux/childprogram.cpp platform/linux/desktopdialog.cpp
 about textfield editor/controls/linux/editedtext.cpp editor/controls/linux/textfield.cpp \
   platform/validtext.cpp

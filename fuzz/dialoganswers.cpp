@@ -36,6 +36,7 @@ class Desktop {
     }
     setenv("DISPLAY", ":17", 1);
     unsetenv("WAYLAND_DISPLAY");
+    for (const char* bus : {"DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"}) unsetenv(bus);
   }
   ~Desktop() {
     std::error_code ignored;

@@ -25,6 +25,8 @@ test_packages=(
   clang-LLVM clang clang-format clang-tidy libclang-rt-LLVM-dev llvm-LLVM
   # the window, with real events
   xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-xfixes0-dev libxcb-res0-dev
+  # the desktop portal, on a bus of the tests' own
+  dbus-daemon
   # the macOS sources: Mach-O bundle
   lld-LLVM libc++-LLVM-dev musl-dev
   # the macOS sources: run on GNUstep

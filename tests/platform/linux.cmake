@@ -14,6 +14,12 @@ trelvan_add_test(dialogtest platform
     ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 
+# With a second thread, the bus library's.
+trelvan_add_test(portaldialogtest "editor;threads"
+  SOURCES ${PROJECT_SOURCE_DIR}/tests/editor/portaldialogtest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/support/mockportal.cpp
+  LIBRARIES trelvan PkgConfig::GLIB)
+
 add_library(modulepathprobe MODULE ${CMAKE_CURRENT_LIST_DIR}/modulepathprobe.cpp
   ${PROJECT_SOURCE_DIR}/platform/linux/modulefile.cpp ${PROJECT_SOURCE_DIR}/platform/modulepath.cpp)
 target_link_libraries(modulepathprobe PRIVATE trelvan_options ${CMAKE_DL_LIBS})

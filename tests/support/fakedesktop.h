@@ -61,4 +61,7 @@ class FakeDesktop {
   ScopedVariable display{"DISPLAY", ":17"};
   ScopedVariable wayland{"WAYLAND_DISPLAY", nullptr};
   ScopedVariable kind{"XDG_CURRENT_DESKTOP", nullptr};
+  // no portal of this machine's
+  ScopedVariable bus{"DBUS_SESSION_BUS_ADDRESS", nullptr};
+  ScopedVariable running{"XDG_RUNTIME_DIR", nullptr};
 };

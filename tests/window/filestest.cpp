@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "filestest.h"
+#include "tests/support/mockportal.h"
 
 namespace {
 
@@ -341,4 +342,40 @@ TEST_F(Files, TheHostMayCloseTheWindowWhileAFileIsTaken) {
     host.idle(3);
     ASSERT_TRUE(host.openEditor());
   }
+}
+
+// In a sandbox there is no dialog program, and the portal shows the dialog.
+TEST_F(Files, WithoutADialogProgramThePortalIsAsked) {
+  dialogOf(places::kSavePreset);
+  answer(file("soft pad.orv") + "\n");
+  select(20);
+  std::filesystem::remove(folder / "bin/zenity");
+  const PrivateBus session;
+  bus.set(session.address().c_str());
+  MockPortal portal(session);
+  const auto ask = [&](const Area& button, std::size_t times) {
+    host.click(button);
+    return host.idleUntil([&] {
+      portal.work();
+      return portal.calls.size() == times;
+    });
+  };
+  ASSERT_TRUE(ask(places::kLoadPreset, 1));
+  char parent[32];
+  std::snprintf(parent, sizeof parent, "x11:%lx", static_cast<unsigned long>(host.parent()));
+  EXPECT_EQ(portal.calls[0].parent, parent);
+  EXPECT_EQ(portal.calls[0].title, "Load preset");
+  host.click(places::kRockerRight);
+  EXPECT_EQ(host.currentPreset(), 20) << "swallowed, as with a program";
+  portal.respond(0, {"file://" + folder.path + "/files/soft%20pad.orv"});
+  EXPECT_TRUE(host.idleUntil([&] { return host.programName(20) == "init"; }));
+
+  ASSERT_TRUE(ask(places::kSaveBank, 2));
+  EXPECT_EQ(portal.calls[1].method, "SaveFile");
+  EXPECT_EQ(portal.calls[1].folder, file(""));
+  host.idleFor(50);
+  host.closeEditor();  // and the dialog goes with it
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(3);
+  while (portal.closed == 0 && std::chrono::steady_clock::now() < end) portal.work();
+  EXPECT_EQ(portal.closed, 1);
 }

@@ -76,4 +76,7 @@ class WindowTest : public ::testing::Test {
   ScopedVariable config{"XDG_CONFIG_HOME", folder / "config"};
   ScopedVariable path{"PATH", folder / "bin"};
   ScopedVariable desktop{"XDG_CURRENT_DESKTOP", nullptr};
+  // no portal of this machine's
+  ScopedVariable bus{"DBUS_SESSION_BUS_ADDRESS", nullptr};
+  ScopedVariable running{"XDG_RUNTIME_DIR", nullptr};
 };

@@ -11,21 +11,12 @@ namespace {
 
 // "*.orv *.ORV"
 std::string patternsOf(const std::string& extension) {
-  std::string upper = extension;
-  std::transform(upper.begin(), upper.end(), upper.begin(),
-                 [](unsigned char letter) { return std::toupper(letter); });
-  return "*." + extension + " *." + upper;
-}
-
-std::string folderOf(const FileDialogRequest& request) {
-  std::string folder = request.folder;
-  if (folder.empty() || !isFolder(folder)) folder = environmentVariable("HOME");
-  if (folder.empty() || folder.back() != '/') folder += '/';
-  return folder;
+  const auto patterns = filePatterns(extension);
+  return patterns[0] + " " + patterns[1];
 }
 
 std::string startOf(const FileDialogRequest& request) {
-  return folderOf(request) + (request.save ? request.proposedName : std::string());
+  return dialogFolder(request) + (request.save ? request.proposedName : std::string());
 }
 
 std::vector<std::string> zenityFile(const std::string& program, const FileDialogRequest& request) {
@@ -54,6 +45,20 @@ std::vector<std::string> kdialogFile(const std::string& program, const FileDialo
 }
 
 }  // namespace
+
+std::array<std::string, 2> filePatterns(const std::string& extension) {
+  std::string upper = extension;
+  std::transform(upper.begin(), upper.end(), upper.begin(),
+                 [](unsigned char letter) { return std::toupper(letter); });
+  return {"*." + extension, "*." + upper};
+}
+
+std::string dialogFolder(const FileDialogRequest& request) {
+  std::string folder = request.folder;
+  if (folder.empty() || !isFolder(folder)) folder = environmentVariable("HOME");
+  if (folder.empty() || folder.back() != '/') folder += '/';
+  return folder;
+}
 
 std::vector<std::string> fileChoice(const desktopdialog::Program& program,
                                     const FileDialogRequest& request) {

@@ -1,11 +1,13 @@
-// The file dialog on the desktop's dialog program.
+// The file dialog on what the desktop has: a dialog program, else the portal.
 #include "editor/base/filedialog.h"
 
 #include <strings.h>
 #include <unistd.h>
 
-#include "editor/base/linux/filechoice.h"
-#include "platform/linux/childprogram.h"
+#include <utility>
+
+#include "editor/base/linux/portalchoice.h"
+#include "editor/base/linux/programchoice.h"
 #include "platform/linux/desktopdialog.h"
 #include "platform/paths.h"
 
@@ -17,78 +19,80 @@ bool endsWithExtension(const std::string& path, const std::string& extension) {
          strcasecmp(path.c_str() + path.size() - ending.size(), ending.c_str()) == 0;
 }
 
+// No bus is asked where there is a program. Null: there is nothing to show anything on.
+std::unique_ptr<FileMeans> usableMeans() {
+  if (!desktopdialog::hasDisplay()) return nullptr;
+  std::vector<desktopdialog::Program> programs = desktopdialog::filePrograms();
+  if (programs.empty()) return std::make_unique<PortalChoice>();
+  return std::make_unique<ProgramChoice>(std::move(programs));
+}
+
 }  // namespace
 
 struct FileDialog::System {
-  enum class Step { choosing, confirming };
+  enum class Step { choosing, confirming, choosingAgain };
 
   FileDialogRequest request;
-  std::vector<desktopdialog::Program> programs;  // still to be tried, the one in use first
-  ChildProgram program;
+  std::unique_ptr<FileMeans> means;
   Step step = Step::choosing;
   State state = State::running;
   std::string path;
 
-  // Shows the dialog with the first program that starts.
-  void choose() {
-    step = Step::choosing;
-    for (; !programs.empty(); programs.erase(programs.begin())) {
-      if (program.start(fileChoice(programs.front(), request))) return;
-    }
-    state = State::unavailable;
-  }
-
-  void programEnded() {
-    const desktopdialog::Answer answer =
-        desktopdialog::answerOf(program.exitStatus(), program.output());
-    if (step == Step::confirming) {
-      confirmed(answer);
-    } else if (answer == desktopdialog::Answer::accepted) {
-      accepted(program.output());
-    } else if (answer == desktopdialog::Answer::declined) {
-      state = State::cancelled;
+  // One step; what it could not do for want of memory the next one does.
+  void look() {
+    if (step == Step::choosingAgain) return chooseAgain();
+    const FileMeans::State outcome = means->poll();
+    if (outcome == FileMeans::State::running) return;
+    if (outcome == FileMeans::State::unavailable) {
+      state = State::unavailable;
+    } else if (step == Step::confirming) {
+      confirmed(outcome);
+    } else if (outcome == FileMeans::State::accepted) {
+      accepted();
     } else {
-      programs.erase(programs.begin());
-      choose();
-    }
-  }
-
-  void accepted(std::string output) {
-    // one: a name may end with a new line itself
-    if (!output.empty() && output.back() == '\n') output.pop_back();
-    // with a zero in it, it would be another file's name to the system
-    const bool isFile = !output.empty() && output[0] == '/' && output.back() != '/' &&
-                        output.find('\0') == std::string::npos;
-    if (!isFile) {
       state = State::cancelled;
-      return;
     }
-    path = output;
-    state = State::chosen;
-    if (!request.save || endsWithExtension(path, request.extension)) return;
-    path += "." + request.extension;
-    // The program has asked about the name that was typed, not about this one.
-    if (access(path.c_str(), F_OK) != 0) return;
-    state = State::running;
-    step = Step::confirming;
-    const std::string text = namePart(path) + "\nThis file exists already. Replace it?";
-    if (!program.start(desktopdialog::question(programs.front(), request.title, text)))
-      chooseAgain();
   }
 
-  void confirmed(desktopdialog::Answer answer) {
-    if (answer == desktopdialog::Answer::accepted) {
+  void accepted() {
+    path = means->path();
+    if (path.empty()) {
+      state = State::cancelled;
+    } else if (!request.save || endsWithExtension(path, request.extension)) {
+      state = State::chosen;
+    } else {
+      addExtension();
+    }
+  }
+
+  // The means has asked about the name that was typed, not about this one.
+  void addExtension() {
+    path += "." + request.extension;
+    if (means->isOnlyFile()) return chooseAgain();
+    if (access(path.c_str(), F_OK) != 0) {
+      state = State::chosen;
+    } else if (means->askToReplace(request, path)) {
+      step = Step::confirming;
+    } else {
+      chooseAgain();
+    }
+  }
+
+  void confirmed(FileMeans::State outcome) {
+    if (outcome == FileMeans::State::accepted) {
       state = State::chosen;
     } else {
       chooseAgain();
     }
   }
 
-  // With the whole name proposed, about which the program asks itself.
+  // With the whole name proposed, about which the means asks itself.
   void chooseAgain() {
-    request.folder = folderPart(path);
+    step = Step::choosingAgain;
     request.proposedName = namePart(path);
-    choose();
+    if (!means->isOnlyFile()) request.folder = folderPart(path);
+    means->choose(request);
+    step = Step::choosing;
   }
 };
 
@@ -96,17 +100,20 @@ FileDialog::FileDialog() = default;
 FileDialog::~FileDialog() = default;
 
 void FileDialog::start(const FileDialogRequest& request) {
-  system = std::make_unique<System>();
-  system->request = request;
-  if (desktopdialog::hasDisplay()) system->programs = desktopdialog::filePrograms();
-  system->choose();
+  auto starting = std::make_unique<System>();
+  starting->request = request;
+  starting->means = usableMeans();
+  if (starting->means) {
+    starting->means->choose(request);
+  } else {
+    starting->state = State::unavailable;
+  }
+  system = std::move(starting);
 }
 
 FileDialog::State FileDialog::poll() {
   if (!system) return State::none;
-  if (system->state == State::running && system->program.poll() == ChildProgram::State::ended) {
-    system->programEnded();
-  }
+  if (system->state == State::running) system->look();
   return system->state;
 }
 
