@@ -16,6 +16,8 @@ target_sources(trelvan PRIVATE
   editor/base/linux/pacing.cpp
   editor/base/linux/portalchoice.cpp
   editor/base/linux/programchoice.cpp
+  editor/base/linux/scaledbitmap.cpp
+  editor/base/linux/screenscale.cpp
   editor/base/linux/servername.cpp
   editor/base/linux/sharedrunloop.cpp
   editor/base/linux/toolkitsetup.cpp

@@ -9,6 +9,7 @@ target_sources(trelvan PRIVATE
   editor/base/mac/framewindow.cpp
   editor/base/mac/idletimer.mm
   editor/base/mac/pacing.cpp
+  editor/base/mac/screenscale.cpp
   editor/base/mac/toolkitsetup.cpp
   editor/controls/mac/presetpopup.cpp
   editor/controls/mac/textentry.mm

@@ -6,6 +6,7 @@
 
 #include "editor/base/myframe.h"
 #include "editor/base/pacing.h"
+#include "editor/base/screenscale.h"
 #include "lib/events.h"
 #include "plugin/audioeffectx.h"
 
@@ -16,8 +17,9 @@ int knobMode = 0;  // one for all editors, as the host sets it; 0 circular
 // The toolkit ends the process where memory runs out in its factory, which is noexcept: there has
 // to be enough before. Throws where there is not.
 void needMemory() {
-  // bytes; a window with its pictures was seen to take one million
-  constexpr std::size_t kEnough = 4U << 20U;
+  // bytes; a window with its pictures was seen to take one million, and takes nine times as many at
+  // the pictures' largest scale
+  constexpr std::size_t kEnough = 16U << 20U;
   void* volatile memory = ::operator new(kEnough);  // volatile, or the compiler leaves both out
   ::operator delete(memory);
 }
@@ -52,15 +54,22 @@ AEffGUIEditor::~AEffGUIEditor() = default;
 // A size that could not be found out (its picture did not load: the process may have no file left
 // to open) is asked for again.
 void AEffGUIEditor::needToolkit() {
-  if (rect.right != 0) return;
+  if (unscaled.right != 0) return;
   needMemory();
   if (!toolkit) toolkit.emplace();
-  rect = windowSize();
+  unscaled = windowSize();
+}
+
+// Whole pixels: the last half of one is drawn as a whole, a last quarter not at all.
+void AEffGUIEditor::scaleTo(double scale) {
+  const auto scaled = [scale](VstInt16 size) { return static_cast<VstInt16>(size * scale + 0.5); };
+  rect = {0, 0, scaled(unscaled.bottom), scaled(unscaled.right)};
 }
 
 bool AEffGUIEditor::getRect(ERect** out) {
   *out = nullptr;  // should the toolkit fail
   needToolkit();
+  if (frame == nullptr) scaleTo(recentScreenScale());
   *out = &rect;
   return true;
 }
@@ -73,10 +82,16 @@ bool AEffGUIEditor::open(void* window) {
 bool AEffGUIEditor::openFrame(void* window) {
   needToolkit();
   needMemory();
-  const VSTGUI::CRect size(rect.left, rect.top, rect.right, rect.bottom);
+  const VSTGUI::CRect size(unscaled.left, unscaled.top, unscaled.right, unscaled.bottom);
   const auto made = VSTGUI::makeOwned<VSTGUI::CFrame>(size, this);
   auto* root = new MyFrame(size);
   made->addView(root);
+  const double scale = screenScale();
+  scaleTo(scale);
+  if (scale != 1) {
+    made->setZoom(scale);
+    made->setSize(rect.right, rect.bottom);  // whole pixels
+  }
   auto opening = std::make_unique<FrameWindow>();
   if (!opening->open(made, window)) return false;
   made->remember();  // the frame's own, which its close gives back
@@ -133,7 +148,8 @@ bool AEffGUIEditor::onWheel(float distance) {
   VSTGUI::MouseWheelEvent event;
   VSTGUI::CPoint where(0, 0);
   frame->getCurrentMouseLocation(where);
-  event.mousePosition = where;
+  // An event's place is the screen's, and the toolkit zooms this one instead of leaving it so.
+  event.mousePosition = frame->getTransform().inverse().transform(where);
   event.deltaY = static_cast<double>(distance);
   return dispatch(event);
 }
@@ -154,7 +170,7 @@ void AEffGUIEditor::draw(ERect* area) {
     dirty = VSTGUI::CRect(std::min(area->left, area->right), std::min(area->top, area->bottom),
                           std::max(area->left, area->right), std::max(area->top, area->bottom));
   }
-  frame->invalidRect(dirty);
+  frame->invalidRect(frame->getTransform().inverse().transform(dirty));
 }
 
 // A pass at most every 50 to 100 ms while a control keeps the mouse.

@@ -23,8 +23,9 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   explicit AEffGUIEditor(AudioEffect* owner);
   ~AEffGUIEditor() override;
 
-  bool getRect(ERect** out) override;  // pixels; right at any time, before the first opening too
-  bool open(void* window) override;    // keeps the host's window; subclasses open the frame in it
+  // Pixels of the screen. Right at any time: of the open window, or of one that were opened now.
+  bool getRect(ERect** out) override;
+  bool open(void* window) override;  // keeps the host's window; subclasses open the frame in it
   void idle() override;
   bool onKeyDown(VstKeyCode& key) override;
   bool onKeyUp(VstKeyCode& key) override;
@@ -57,19 +58,22 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   // Does work that reaches controls, and through them the host, from outside the toolkit's events:
   // a close from inside it takes effect when it is done. Nothing while closed.
   void during(const std::function<void()>& work);
-  virtual ERect windowSize() = 0;  // pixels; asked with the toolkit set up until it is not empty
+  // Pixels at a scale of 1; asked with the toolkit set up until it is not empty.
+  virtual ERect windowSize() = 0;
 
   MyFrame* view = nullptr;  // the frame's root, null while closed; the frame owns it
   [[no_unique_address]] WindowContract windowContract;
 
  private:
   void needToolkit();
+  void scaleTo(double scale);           // of the screen
   bool dispatch(VSTGUI::Event& event);  // true: somebody has taken it
   bool isHostParameter(std::int32_t index) const;
 
   std::optional<ToolkitLibrary> toolkit;  // from the first question about the window on
   std::unique_ptr<FrameWindow> frameWindow;
-  ERect rect{};
+  ERect unscaled{};             // the window at a scale of 1
+  ERect rect{};                 // the window on the screen
   std::uint32_t nextIdleTicks;  // ms: when the next pass is due while a control keeps the mouse
   bool inHostIdle = false;      // handing idle time to the host, which may call idle from there
 };

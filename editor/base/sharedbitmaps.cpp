@@ -36,6 +36,14 @@ VSTGUI::SharedPointer<VSTGUI::CBitmap> sharedBitmap(std::int32_t number) {
   return read;
 }
 
+void loadSharedBitmapsFor(double scale) {
+  const std::lock_guard<std::mutex> lock(bitmapsMutex);
+  if (bitmaps == nullptr) return;
+  for (const auto& [number, bitmap] : *bitmaps) {
+    if (!loadScale(*bitmap, number, scale)) ++missing;
+  }
+}
+
 void forgetSharedBitmaps() {
   const std::lock_guard<std::mutex> lock(bitmapsMutex);
   delete bitmaps;

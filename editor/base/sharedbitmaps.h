@@ -10,6 +10,10 @@
 // set up; several threads may ask at once, as hosts may make instances so.
 VSTGUI::SharedPointer<VSTGUI::CBitmap> sharedBitmap(std::int32_t number);
 
+// Reads the pictures of all shared bitmaps that a window of `scale` shows, beside those that other
+// windows have. What could not be read counts as missing. As sharedBitmap.
+void loadSharedBitmapsFor(double scale);
+
 // Those that are shown stay until their views go. Called before the toolkit is taken down.
 void forgetSharedBitmaps();
 

@@ -15,6 +15,8 @@
 namespace {
 
 constexpr std::int32_t kBackgroundBitmap = 128;
+// Shows through the panel's last pixels where its scale cuts them in half.
+constexpr VSTGUI::CColor kPanel(210, 221, 229);
 
 void show(VSTGUI::CControl* control, float value) {
   if (control != nullptr) control->setValue(value);
@@ -58,6 +60,7 @@ bool ADEditor::openWindow(void* window) {
   if (!openFrame(window)) return false;
   background = sharedBitmap(kBackgroundBitmap);
   view->setBackground(background);
+  frame->setBackgroundColor(kPanel);
   setKnobMode(VSTGUI::kLinearMode);
   changed = 0;
   addCaptions();
@@ -65,6 +68,7 @@ bool ADEditor::openWindow(void* window) {
   addParameterControls();
   addAbout();
   CPresetSystemEditor::open(window);
+  loadSharedBitmapsFor(frame->getZoom());
   trelvan->setEditorOpen(true);
   return true;
 }

@@ -22,6 +22,7 @@ trelvan_add_test(controlstest editor
     presetpopuptest.cpp
     pressguardtest.cpp
     steppedvaluetest.cpp
+    scaledbitmaptest.cpp
     wheelstepstest.cpp
     wrappedtexttest.cpp
   LIBRARIES trelvan)
@@ -37,7 +38,7 @@ trelvan_add_test(looptest "editor;threads"
 
 # What the desktop has set, without a desktop.
 trelvan_add_test(desktopsettingstest editor
-  SOURCES desktopsettingstest.cpp xsettingstest.cpp LIBRARIES trelvan)
+  SOURCES desktopsettingstest.cpp scalechoicetest.cpp xsettingstest.cpp LIBRARIES trelvan)
 
 # With the program's allocation functions replaced.
 trelvan_add_test(controlsmemorytest editor

@@ -12,6 +12,7 @@
 #include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
 #include "presetsystem/bar/presetbar.h"
+#include "settingsmanager.h"
 #include "tests/support/recordinghost.h"
 #include "vstgui.h"
 #include "windowtest.h"
@@ -182,6 +183,24 @@ TEST_F(EditorCalls, TheWheelGoesToTheControlUnderThePointer) {
   settle();
   EXPECT_FALSE(editor().onWheel(-1.0F)) << "nothing there takes it";
   EXPECT_EQ(effect->getPresetNo(), 0);
+}
+
+TEST_F(EditorCalls, OnAScreenOfTwiceAsManyPixelsPlacesAreTheScreens) {
+  SettingsManager desktop;
+  desktop.setResourceDpi(192);
+  display.resizeWindow(window, 640, 560);
+  open();
+  display.moveTo(kWindow.left + 2 * places::kRockerRight.centreX(),
+                 kWindow.top + 2 * places::kRockerRight.centreY());
+  settle();
+  EXPECT_TRUE(editor().onWheel(-1.0F));
+  EXPECT_EQ(effect->getPresetNo(), 1);
+  constexpr Area kPart{50, 100, 92, 134};
+  ERect corners{kPart.top, kPart.left, kPart.bottom, kPart.right};
+  EXPECT_EQ(drawnBy([&] { editor().draw(&corners); }), kPart);
+  ERect* size = nullptr;
+  ASSERT_TRUE(editor().getRect(&size));
+  EXPECT_EQ(drawnBy([this] { editor().draw(nullptr); }), (Area{0, 0, size->right, size->bottom}));
 }
 
 TEST_F(EditorCalls, AKeyIsTakenExactlyWhenAControlHandlesIt) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
@@ -17,11 +18,15 @@ namespace {
 constexpr int kHostWidth = 320;
 constexpr int kHostHeight = 280;
 constexpr int kTop = 40;
-constexpr int kOtherTop = 400;
-constexpr int kRedraw = 17;  // ms: the toolkit draws from a timer of 16
+constexpr int kOtherTop = 400;  // or further down below a larger window
+constexpr int kRedraw = 17;     // ms: the toolkit draws from a timer of 16
 
 // the host whose plug-in is being made and has no `user` yet
 thread_local WindowHost* making = nullptr;
+
+int rounded(double place) {
+  return static_cast<int>(std::lround(place));
+}
 
 void sleepFor(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
@@ -37,10 +42,15 @@ AEffect* makePlugin(audioMasterCallback host) {
   return reinterpret_cast<Entry>(dlsym(module, "VSTPluginMain"))(host);
 }
 
-WindowHost::WindowHost(int place, Parent parent) : left(20 + 330 * place), top(kTop) {
-  window = display.makeWindow({left, top, left + kHostWidth, top + kHostHeight},
-                              parent == Parent::alpha);
-  otherWindow = display.makeWindow({left, kOtherTop, left + kHostWidth, kOtherTop + 100});
+WindowHost::WindowHost(int place, Parent parent, double screenScale)
+    : scale(screenScale),
+      left(20 + rounded(330 * scale) * place),
+      top(kTop),
+      otherTop(std::max(kOtherTop, kTop + rounded(kHostHeight * scale) + 20)) {
+  window = display.makeWindow(
+      {left, top, left + rounded(kHostWidth * scale), top + rounded(kHostHeight * scale)},
+      parent == Parent::alpha);
+  otherWindow = display.makeWindow({left, otherTop, left + kHostWidth, otherTop + 100});
   making = this;
   plugin = makePlugin(callback);
   plugin->user = this;
@@ -138,12 +148,12 @@ void WindowHost::idleFor(int milliseconds, int interval) {
 }
 
 void WindowHost::moveTo(int x, int y) {
-  display.moveTo(left + x, top + y);
+  display.moveTo(left + rounded(x * scale), top + rounded(y * scale));
   idle();
 }
 
 void WindowHost::moveAway() {
-  display.moveTo(left + kHostWidth / 2, kOtherTop + 50);
+  display.moveTo(left + kHostWidth / 2, otherTop + 50);
   if (editorOpen) idle();
 }
 
@@ -215,6 +225,11 @@ Area WindowHost::screenArea() {
   ERect* rect = nullptr;
   dispatch(effEditGetRect, 0, 0, &rect);
   return {left, top, left + rect->right - rect->left, top + rect->bottom - rect->top};
+}
+
+Area WindowHost::scaled(const Area& area) const {
+  return {rounded(area.left * scale), rounded(area.top * scale), rounded(area.right * scale),
+          rounded(area.bottom * scale)};
 }
 
 Picture WindowHost::pictureNow() {

@@ -22,13 +22,14 @@ struct HostCall {
 AEffect* makePlugin(audioMasterCallback host);
 
 // One instance of the plug-in with a window for its editor. Coordinates of the mouse are the
-// editor's pixels. Input and idling on one thread; the plug-in's calls may come from any.
+// editor's pixels as they are at a scale of 1. Input and idling on one thread; the plug-in's calls
+// may come from any.
 class WindowHost {
  public:
   enum class Parent { plain, alpha };
 
-  // place: 0..2, side by side on the screen.
-  explicit WindowHost(int place = 0, Parent parent = Parent::plain);
+  // place: 0..2, side by side on the screen. scale: of the screen, as the test has set it.
+  explicit WindowHost(int place = 0, Parent parent = Parent::plain, double scale = 1);
   ~WindowHost();
   WindowHost(const WindowHost&) = delete;
   WindowHost& operator=(const WindowHost&) = delete;
@@ -73,9 +74,10 @@ class WindowHost {
   void focusOther();                   // another program's window gets the keyboard
   void focusParent();                  // the host's own window gets it
 
-  Picture picture();     // settled
-  Picture pictureNow();  // as it stands
-  Area screenArea();     // the editor's, on the screen
+  Picture picture();                    // settled
+  Picture pictureNow();                 // as it stands
+  Area screenArea();                    // the editor's, on the screen
+  Area scaled(const Area& area) const;  // the part of a picture that shows it
 
   // Calls so far; cleared by forgetCalls. onCall runs inside the plug-in's call.
   std::vector<HostCall> calls(VstInt32 opcode) const;
@@ -100,7 +102,9 @@ class WindowHost {
                             void* ptr, float opt);
   VstIntPtr answer(VstInt32 opcode, VstInt32 index, float opt);
 
+  double scale;
   int left, top;  // of the host's window on the screen
+  int otherTop;   // of the other program's
   xcb_window_t window = 0;
   xcb_window_t otherWindow = 0;
   AEffect* plugin = nullptr;

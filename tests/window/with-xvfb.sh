@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs a program on an X server of its own with a fixed screen, and ends both when the time is up.
-# Usage: with-xvfb.sh SECONDS PROGRAM [ARGUMENT...]     Several may run at once.
+# Usage: [TRELVAN_SCREEN=1024x768x24] with-xvfb.sh SECONDS PROGRAM [ARGUMENT...]
+# Several may run at once.
 set -uo pipefail
 seconds=$1
 shift
@@ -19,7 +20,7 @@ trap 'exit 143' TERM INT HUP
 # The server picks a free display number itself and writes it down. No access from outside this
 # machine or user's sockets is needed; -noreset keeps it when its last client goes.
 mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3<>"$folder/display" \
+Xvfb -displayfd 3 -screen 0 "${TRELVAN_SCREEN:-1024x768x24}" -nolisten tcp -noreset 3<>"$folder/display" \
   >"$folder/log" 2>&1 &
 server=$!
 exec 4<>"$folder/display"

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "editor/base/linux/wholepixels.h"
 #include "editor/controls/cpresetmenu.h"
 #include "editor/controls/fitname.h"
 #include "editor/controls/linux/pointergrab.h"
@@ -166,7 +167,7 @@ class PresetPopup final : public VSTGUI::CView {
   void drawEntry(VSTGUI::CDrawContext* context, std::int32_t index) {
     const VSTGUI::CMenuItem* item = menu->getEntry(index);
     if (item == nullptr) return;
-    CRect area = layout.entry(index);
+    CRect area = onWholePixels(*context, layout.entry(index));
     const VSTGUI::ConcatClip clip(*context, area);
     const bool lit = index == highlighted;
     if (lit) {

@@ -7,6 +7,7 @@
 #include <new>
 #include <utility>
 
+#include "editor/base/linux/wholepixels.h"
 #include "lib/cvstguitimer.h"
 #include "lib/events.h"
 #include "lib/platform/iplatformfont.h"
@@ -153,7 +154,8 @@ void TextField::draw(VSTGUI::CDrawContext* context) {
   } else if (caretLit) {
     const double x = std::round(left + widthOf(edit.caret()));
     context->setFillColor(colors->caret.orElse(colour));
-    context->drawRect(CRect(x, area.top, x + 1., area.bottom), VSTGUI::kDrawFilled);
+    context->drawRect(onWholePixels(*context, CRect(x, area.top, x + 1., area.bottom)),
+                      VSTGUI::kDrawFilled);
   }
   setDirty(false);
 }

@@ -1,0 +1,9 @@
+// How many pixels of the screen stand for one of the window's.
+#pragma once
+
+// 1 to 4, in quarters. 1 always where the system scales windows itself. User-interface threads,
+// several at once too, and without a display.
+double screenScale();  // as it is now
+// The same, asked of the screen at most a few times a second: hosts ask for the window's size
+// several times in a row.
+double recentScreenScale();
