@@ -10,6 +10,9 @@ target_sources(trelvan PRIVATE
   editor/base/linux/framewindow.cpp
   editor/base/linux/idlerunloop.cpp
   editor/base/linux/idletimer.cpp
+  editor/base/linux/inputfocus.cpp
+  editor/base/linux/keyboard.cpp
+  editor/base/linux/keyboardmap.cpp
   editor/base/linux/openfiles.cpp
   editor/base/linux/ownconnection.cpp
   editor/base/linux/ownwindow.cpp
@@ -22,6 +25,7 @@ target_sources(trelvan PRIVATE
   editor/base/linux/sharedrunloop.cpp
   editor/base/linux/toolkitsetup.cpp
   editor/base/linux/xsettings.cpp
+  editor/base/linux/windowinput.cpp
   editor/controls/linux/editedtext.cpp
   editor/controls/linux/presetpopup.cpp
   editor/controls/linux/presetpopuplayout.cpp
@@ -47,9 +51,9 @@ find_package(PkgConfig REQUIRED)
 # toolkit brings it anyway.
 pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0 gio-2.0)
 target_link_libraries(trelvan PRIVATE PkgConfig::GLIB)
-# The toolkit's own headers for Linux name the drawing library, and the window is opened on a
-# connection of our own.
-pkg_check_modules(WINDOW REQUIRED IMPORTED_TARGET cairo xcb)
+# The toolkit's own headers for Linux name the drawing library, the window is opened on a
+# connection of our own, and typed keys are looked up in the keyboard's map.
+pkg_check_modules(WINDOW REQUIRED IMPORTED_TARGET cairo xcb xkbcommon xkbcommon-x11)
 target_link_libraries(trelvan PRIVATE PkgConfig::WINDOW ${CMAKE_DL_LIBS})
 
 # The toolkit asks for debug information always, which would be five sixths of the module.

@@ -114,11 +114,6 @@ const Trigger kTriggers[] = {
        host.click(places::kStoreA);
        host.click(places::kRecallA);
      }},
-    {"SlidersKey", audioMasterAutomate,
-     [](WindowHost& host) {
-       host.click(places::handleX(0.5F), places::handleY(0));
-       host.key(XKB_KEY_Up);
-     }},
     {"SlidersKeyFromTheHost", audioMasterAutomate,
      [](WindowHost& host) {
        host.click(places::handleX(0.5F), places::handleY(0));

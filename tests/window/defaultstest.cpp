@@ -19,7 +19,7 @@ class Defaults : public WindowTest {
   }
 
   // The double click's time, so that two clicks are two.
-  void wait() { host.idleFor(350); }
+  void wait() { host.idleFor(450); }
 
   WindowHost host;
 };
@@ -140,7 +140,7 @@ TEST_F(Defaults, NoKeyTriggersThem) {
                                 XKB_KEY_Up,     XKB_KEY_Down,     XKB_KEY_Left,
                                 XKB_KEY_Right,  XKB_KEY_Tab,      XKB_KEY_Escape};
   for (const Area& button : {places::kDefaultPreset, places::kDefaultBank}) {
-    host.click(button);  // the keyboard is in the window, the pointer on the button
+    host.click(button);  // the pointer is on it
     wait();
     for (const std::uint32_t key : keys) {
       host.key(key);

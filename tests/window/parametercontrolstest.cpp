@@ -204,11 +204,14 @@ TEST_F(ParameterControls, AReleaseOutsideLeavesTheSwitch) {
   EXPECT_TRUE(host.calls(audioMasterAutomate).empty());
 }
 
-// With the keyboard on a slider, arrows move it: each one a gesture of its own.
-TEST_F(ParameterControls, ArrowKeysMoveTheSliderThatHasTheKeyboard) {
+// Arrows that the host hands on move the slider that was clicked: each one a gesture of its own.
+TEST_F(ParameterControls, ArrowKeysOfTheHostsMoveTheSliderThatWasClicked) {
+  constexpr VstIntPtr kUp = 12;  // the interface's number of the key
   host.click(handleX(0.5F), handleY(0));
   host.forgetCalls();
   host.key(XKB_KEY_Up);
+  ASSERT_TRUE(host.calls(audioMasterAutomate).empty()) << "typed ones are the host's";
+  host.dispatch(effEditKeyDown, 0, kUp);
   const std::vector<HostCall> automated = host.calls(audioMasterAutomate);
   ASSERT_EQ(automated.size(), 1U);
   EXPECT_NE(automated[0].opt, 0.5F);

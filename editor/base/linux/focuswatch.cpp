@@ -15,7 +15,9 @@ void FocusWatch::focusChanged(const xcb_focus_in_event_t& event) {
   const bool real =
       event.mode == XCB_NOTIFY_MODE_NORMAL || event.mode == XCB_NOTIFY_MODE_WHILE_GRABBED;
   if ((event.response_type & 0x7F) == XCB_FOCUS_IN) {
+    if (event.detail == XCB_NOTIFY_DETAIL_POINTER) return;  // only the pointer is in it
     lostToAncestor.reset();
+    gone = false;  // taken again: what was lost before, or given back, counts no more
   } else if (real) {
     if (event.detail == XCB_NOTIFY_DETAIL_NONLINEAR) gone = true;
     if (event.detail == XCB_NOTIFY_DETAIL_ANCESTOR) lostToAncestor = Clock::now();

@@ -9,6 +9,7 @@
 #include "editor/base/linux/openfiles.h"
 #include "editor/base/linux/ownwindow.h"
 #include "editor/base/linux/sharedrunloop.h"
+#include "editor/base/linux/windowinput.h"
 #include "lib/platform/platform_x11.h"
 #include "vstgui.h"
 
@@ -42,13 +43,16 @@ bool FrameWindow::open(VSTGUI::CFrame* frame, void* hostWindow) {
   if (!config.runLoop || !canDrawIn(made->id())) return false;
   loadFonts();
   auto opening = std::make_unique<System>(made);
-  opening->ending.emplace_back([frame, window = made, use = RunLoopUse()] { frame->close(); });
+  const auto input = std::make_shared<WindowInput>(frame, made->id());
+  opening->ending.emplace_back(
+      [frame, input, window = made, use = RunLoopUse()] { frame->close(); });
   auto* handle = reinterpret_cast<void*>(static_cast<std::uintptr_t>(made->id()));
   if (!frame->open(handle, VSTGUI::PlatformType::kX11EmbedWindowID, &config)) return false;
   finishRequests();
   if (auto* platform = dynamic_cast<VSTGUI::X11::IX11Frame*>(frame->getPlatformFrame())) {
     opening->unshown = platform->getX11WindowID();
-    opening->focus.watch(opening->unshown);
+    input->opened(opening->unshown);
+    opening->focus.watch(made->id());
   }
   system = std::move(opening);
   return true;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "editor/base/keyboard.h"
 #include "editor/base/linux/wholepixels.h"
 #include "editor/controls/cpresetmenu.h"
 #include "editor/controls/fitname.h"
@@ -57,11 +58,13 @@ class PresetPopup final : public VSTGUI::CView {
     if (!CView::attached(parent)) return false;
     menu->opened();
     grabPointer(getFrame(), true);
+    takeKeyboard(getFrame(), true);
     return true;
   }
 
   bool removed(CView* parent) override {
     if (isAttached()) {
+      takeKeyboard(getFrame(), false);
       grabPointer(getFrame(), false);
       menu->closed();
     }

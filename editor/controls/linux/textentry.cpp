@@ -2,6 +2,7 @@
 // and focus.
 #include "editor/controls/textentry.h"
 
+#include "editor/base/keyboard.h"
 #include "editor/controls/linux/pointergrab.h"
 #include "editor/controls/linux/textfield.h"
 #include "editor/controls/textentryowner.h"
@@ -38,6 +39,7 @@ struct TextEntry::System {
     field->remember();  // the container lets go of it once
     label->getParentView()->asViewContainer()->addView(field);
     grabPointer(label->getFrame(), true);
+    takeKeyboard(label->getFrame(), true);
   }
 
   void end(bool confirm) {
@@ -51,6 +53,7 @@ struct TextEntry::System {
 
   void takeDown() {
     if (!field) return;
+    takeKeyboard(label->getFrame(), false);
     grabPointer(label->getFrame(), false);
     if (VSTGUI::CView* container = field->getParentView())
       container->asViewContainer()->removeView(field);
