@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <new>
 
+#include "editor/base/forgetlisteners.h"
 #include "editor/base/myframe.h"
 #include "editor/base/pacing.h"
 #include "editor/base/screenscale.h"
@@ -22,16 +23,6 @@ void needMemory() {
   constexpr std::size_t kEnough = 16U << 20U;
   void* volatile memory = ::operator new(kEnough);  // volatile, or the compiler leaves both out
   ::operator delete(memory);
-}
-
-// The frame's controls may live longer than the window, and than who listens to them: the system's
-// own menu, where the list is one, runs a loop in which the host may close the window or end the
-// instance, and tells afterwards what was chosen.
-void forgetListeners(VSTGUI::CViewContainer& views) {
-  views.forEachChild([](VSTGUI::CView* child) {
-    if (auto* control = dynamic_cast<VSTGUI::CControl*>(child)) control->setListener(nullptr);
-    if (VSTGUI::CViewContainer* container = child->asViewContainer()) forgetListeners(*container);
-  });
 }
 
 VSTGUI::KeyboardEvent keyboardEvent(VSTGUI::EventType type, const VstKeyCode& key) {

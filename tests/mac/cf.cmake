@@ -50,9 +50,13 @@ file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/Resources)
 
 mac_test(mactoolkittest
   SOURCES
-    toolkit/framewindowmactest.cpp toolkit/filedialogmactest.cpp compat/doubles/toolkitfactory.cpp
+    toolkit/framewindowmactest.cpp toolkit/filedialogmactest.cpp toolkit/presetpopupmactest.cpp
+    compat/doubles/toolkitfactory.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/framewindow.cpp
     ${PROJECT_SOURCE_DIR}/editor/base/mac/filedialog.cpp
+    ${PROJECT_SOURCE_DIR}/editor/controls/cpresetmenu.cpp
+    ${PROJECT_SOURCE_DIR}/editor/controls/modalview.cpp
+    ${PROJECT_SOURCE_DIR}/editor/controls/mac/presetpopup.cpp
     ${PROJECT_SOURCE_DIR}/platform/validtext.cpp
   LIBRARIES trelvan_toolkit)
 

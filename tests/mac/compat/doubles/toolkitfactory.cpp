@@ -12,6 +12,18 @@ using namespace VSTGUI;
 namespace toolkitdouble {
 namespace {
 
+class OptionMenu final : public IPlatformOptionMenu {
+ public:
+  explicit OptionMenu(Record& r) : record(r) {}
+  void popup(COptionMenu* menu, const Callback& callback) override {
+    const int chosen = record.menuUser();
+    callback(menu, {chosen >= 0 ? menu : nullptr, chosen});
+  }
+
+ private:
+  Record& record;
+};
+
 class Frame final : public IPlatformFrame {
  public:
   Frame(IPlatformFrameCallback* callback, Record& r) : IPlatformFrame(callback), record(r) {}
@@ -31,7 +43,9 @@ class Frame final : public IPlatformFrame {
   SharedPointer<IPlatformTextEdit> createPlatformTextEdit(IPlatformTextEditCallback*) override {
     return nullptr;
   }
-  SharedPointer<IPlatformOptionMenu> createPlatformOptionMenu() override { return nullptr; }
+  SharedPointer<IPlatformOptionMenu> createPlatformOptionMenu() override {
+    return makeOwned<OptionMenu>(record);
+  }
 #if VSTGUI_OPENGL_SUPPORT
   SharedPointer<IPlatformOpenGLView> createPlatformOpenGLView() override {
     return nullptr;

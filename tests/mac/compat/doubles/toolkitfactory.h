@@ -37,6 +37,8 @@ struct Record {
   std::function<std::vector<std::string>()> user;  // runs while the panel is up; returns the files
   bool cancelled = false;                          // by the program
 
+  std::function<int()> menuUser;  // runs while a menu is up; returns the entry, negative: none
+
   std::vector<VSTGUI::IPlatformTimerCallback*> timers;  // that run
 };
 
