@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "editor/base/keyboard.h"
 #include "editor/controls/modalview.h"
 #include "editor/controls/wrappedtext.h"
 #include "lib/platform/iplatformfont.h"
@@ -45,6 +46,17 @@ class MessagePanel final : public VSTGUI::CView {
       : CView(size), lines(std::move(shownLines)) {}
 
   void setSession(VSTGUI::ModalViewSessionID id) { session = id; }
+
+  bool attached(CView* parent) override {
+    if (!CView::attached(parent)) return false;
+    takeKeyboard(getFrame(), true);
+    return true;
+  }
+
+  bool removed(CView* parent) override {
+    if (isAttached()) takeKeyboard(getFrame(), false);
+    return CView::removed(parent);
+  }
 
   void draw(VSTGUI::CDrawContext* context) override {
     context->setDrawMode(VSTGUI::kAliasing);

@@ -10,7 +10,7 @@ class BarWindow {
   virtual bool isShown() const = 0;
   virtual std::uintptr_t hostWindow() const = 0;  // X11 window id, NSView*; 0: none
   virtual void redraw() = 0;                      // nothing where it is not shown
-  // Nothing holds the mouse or has it to itself, and no name is being typed.
+  // Nothing holds the mouse or has it to itself, and nothing is being typed.
   virtual bool isAtRest() const = 0;
   virtual void showMessage(const std::string& text) = 0;  // in the window, which is shown
 

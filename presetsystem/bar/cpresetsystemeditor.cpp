@@ -2,6 +2,7 @@
 // whose job it is.
 #include "presetsystem/bar/cpresetsystemeditor.h"
 
+#include "editor/base/keyboard.h"
 #include "editor/base/myframe.h"
 #include "editor/base/pressguard.h"
 #include "editor/controls/corvtextedit.h"
@@ -93,7 +94,7 @@ void CPresetSystemEditor::redraw() {
 }
 
 bool CPresetSystemEditor::isAtRest() const {
-  if (frame == nullptr || frame->getModalView() != nullptr) return false;
+  if (frame == nullptr || frame->getModalView() != nullptr || isKeyboardTaken(frame)) return false;
   if (pressGuard && pressGuard->isHeld()) return false;
   return bar.nameEdit == nullptr || !bar.nameEdit->isBeingEdited();
 }

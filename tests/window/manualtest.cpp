@@ -161,6 +161,8 @@ TEST_F(Manual, WithoutADialogProgramTheWindowSaysItItself) {
     EXPECT_EQ(host.parameter(4), 0.0F);
   };
   close([&] { host.click(places::kPhaseSwitch); });  // which hears nothing of it
+  for (const std::uint32_t key : {XKB_KEY_Return, XKB_KEY_KP_Enter, XKB_KEY_Escape})
+    close([&] { host.key(key); });
   close([&] { EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kReturn), 1); });
   close([&] { EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kEscape), 1); });
   close([&] {
@@ -180,6 +182,20 @@ TEST_F(Manual, TheAlertWaitsForTheListToClose) {
   EXPECT_FALSE(zenity.wasAsked());
   host.click(places::listEntry(7));
   EXPECT_EQ(host.currentPreset(), 7);
+  waitedFor(zenity);
+  zenity.answer("");
+}
+
+TEST_F(Manual, TheAlertWaitsForANameToBeTyped) {
+  host.click(places::kManual);
+  waitedFor(viewer);
+  host.click(places::kName);
+  host.type("x");
+  viewer.answer("", 3);
+  host.idleFor(200);
+  EXPECT_FALSE(zenity.wasAsked());
+  host.key(XKB_KEY_Return);
+  EXPECT_EQ(host.programName(), "x");
   waitedFor(zenity);
   zenity.answer("");
 }
