@@ -2,6 +2,7 @@
 #include <chrono>
 #include <thread>
 
+#include "settingsmanager.h"
 #include "windowtest.h"
 
 namespace {
@@ -23,6 +24,7 @@ class DoubleClicks : public WindowTest {
   bool isStored() const { return !preferences().empty(); }
 
   WindowHost host;
+  SettingsManager desktop;
 };
 
 }  // namespace
@@ -60,5 +62,26 @@ TEST_F(DoubleClicks, FourHundredMillisecondsAreTheMostWithoutADesktop) {
   wait(330);  // more than the toolkit's 250
   click();
   host.idle();
+  EXPECT_TRUE(isStored());
+}
+
+TEST_F(DoubleClicks, TheDesktopsTimeIsTheMostAsItIsAtThePress) {
+  const auto setTime = [this](int milliseconds) {
+    XSettingsBytes settings;
+    settings.number("Net/DoubleClickTime", milliseconds);
+    desktop.publish(settings.bytes());
+  };
+  const auto twoPresses = [this](int apart) {
+    click();
+    wait(apart);
+    click();
+    host.idle();
+  };
+  setTime(250);
+  twoPresses(330);
+  EXPECT_FALSE(isStored());
+  wait(300);  // the next one is a first one
+  setTime(900);
+  twoPresses(500);
   EXPECT_TRUE(isStored());
 }

@@ -1,8 +1,11 @@
 // Counts the X server's milliseconds on past their 32 bits.
 #include "editor/base/eventtime.h"
 
+#include "editor/base/linux/desktopsettings.h"
 #include "editor/base/linux/handledevent.h"
+#include "editor/base/linux/sharedrunloop.h"
 #include "editor/base/steadytime.h"
+#include "lib/platform/linux/x11platform.h"
 
 namespace {
 
@@ -27,5 +30,9 @@ std::uint64_t eventMilliseconds() {
 }
 
 std::uint32_t longestDoubleClick() {
-  return 400;  // ms, as desktops have it that say nothing
+  constexpr std::uint32_t kUsual = 400;  // ms, where no desktop says anything
+  if (sharedRunLoop() == nullptr) return kUsual;
+  const DesktopSettings settings =
+      desktopSettings(VSTGUI::X11::RunLoop::instance().getXcbConnection());
+  return settings.doubleClickTime.value_or(kUsual);
 }
