@@ -10,6 +10,7 @@ target_sources(trelvan PRIVATE
   editor/base/linux/framewindow.cpp
   editor/base/linux/idlerunloop.cpp
   editor/base/linux/idletimer.cpp
+  editor/base/linux/idlewatch.cpp
   editor/base/linux/inputfocus.cpp
   editor/base/linux/keyboard.cpp
   editor/base/linux/keyboardmap.cpp

@@ -8,6 +8,7 @@ target_sources(trelvan PRIVATE
   editor/base/mac/filedialog.cpp
   editor/base/mac/framewindow.cpp
   editor/base/mac/idletimer.mm
+  editor/base/mac/idlewatch.cpp
   editor/base/mac/keyboard.cpp
   editor/base/mac/pacing.cpp
   editor/base/mac/screenscale.cpp

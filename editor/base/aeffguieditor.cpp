@@ -83,12 +83,14 @@ bool AEffGUIEditor::openFrame(void* window) {
     made->setZoom(scale);
     made->setSize(rect.right, rect.bottom);  // whole pixels
   }
+  auto watching = std::make_unique<IdleWatch>(this);  // nothing may fail after the opening
   auto opening = std::make_unique<FrameWindow>();
   if (!opening->open(made, window)) return false;
   made->remember();  // the frame's own, which its close gives back
   frame = made;
   view = root;
   frameWindow = std::move(opening);
+  idleWatch = std::move(watching);
   windowContract.opened();
   return true;
 }
@@ -99,11 +101,13 @@ void AEffGUIEditor::closeFrame() {
   if (frame != nullptr) forgetListeners(*frame);
   frame = nullptr;
   view = nullptr;
+  idleWatch.reset();
   frameWindow.reset();
 }
 
 // The window may be closed from inside the pump, by a control's callback.
 void AEffGUIEditor::idle() {
+  if (idleWatch) idleWatch->idled();
   if (inHostIdle || frame == nullptr) return;
   windowContract.ensure("idle");
   frameWindow->pump();

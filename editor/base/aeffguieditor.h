@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "editor/base/framewindow.h"
+#include "editor/base/idlewatch.h"
 #include "editor/base/toolkitlibrary.h"
 #include "platform/threadcontract.h"
 #include "plugin/aeffeditor.h"
@@ -72,6 +73,7 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
 
   std::optional<ToolkitLibrary> toolkit;  // from the first question about the window on
   std::unique_ptr<FrameWindow> frameWindow;
+  std::unique_ptr<IdleWatch> idleWatch;  // while the window is open
   ERect unscaled{};             // the window at a scale of 1
   ERect rect{};                 // the window on the screen
   std::uint32_t nextIdleTicks;  // ms: when the next pass is due while a control keeps the mouse

@@ -33,7 +33,8 @@ trelvan_add_test(editorbasetest editor SOURCES aeffguieditortest.cpp LIBRARIES t
 # The loops that drive a window: the idle passes' and the system's.
 trelvan_add_test(looptest "editor;threads"
   SOURCES
-    idlerunlooptest.cpp idletimertest.cpp ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
+    idlerunlooptest.cpp idletimertest.cpp idlewatchtest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan PkgConfig::GLIB)
 
 # What the desktop has set, without a desktop.

@@ -218,6 +218,21 @@ TEST_F(Keyboard, GoesToTheHostsWindowWhereItsHolderHasGone) {
   EXPECT_THAT(receiversOf(XKB_KEY_space), testing::ElementsAre(host.parent()));
 }
 
+// It was given back in between, which is no loss.
+TEST_F(Keyboard, IsTheWindowsForANameBegunInThePassThatEndsAnother) {
+  host.focusOther();
+  host.openEditor();
+  startName(host);
+  host.display.tap(XKB_KEY_Return);
+  host.display.press(1);
+  host.display.release(1);
+  host.idle(3);
+  EXPECT_EQ(host.programName(), "wide");
+  host.type("r");
+  host.key(XKB_KEY_Return);
+  EXPECT_NE(host.programName(), "wide");
+}
+
 TEST_F(Keyboard, StaysWithWhoeverHasTakenItMeanwhile) {
   host.focusParent();
   host.openEditor();

@@ -1,0 +1,46 @@
+# What the tests of the window in Ardour share: its program, started with a session whose window
+# comes up with it. Sourced after ardourcommon.sh and windowcommon.sh.
+program=$(find "$library" -maxdepth 1 -name "ardour-$version.*" | head -n 1)
+[ -n "$program" ] || give_up "Ardour's program is missing"
+
+# Without a first-run assistant, and with JACK as the only sound system, so that no
+# dialogue asks for one.
+prepare_ardour() {
+  mkdir -p "$XDG_CONFIG_HOME/ardour$version" "$work/ardour/backends"
+  echo 1 >"$XDG_CONFIG_HOME/ardour$version/.a$version"
+  find "$library" -mindepth 1 -maxdepth 1 ! -name backends -exec ln -s -t "$work/ardour" {} +
+  ln -s "$library/backends/libjack_audiobackend.so" "$work/ardour/backends/"
+}
+
+main_window() { timeout 5 xdotool search --name '^\*?mix - Ardour$' | head -n 1; }
+
+start_ardour() {
+  env GTK_PATH="/etc/ardour$version:$library" LD_LIBRARY_PATH="$library" \
+    ARDOUR_DATA_PATH="/usr/share/ardour$version" \
+    ARDOUR_CONFIG_PATH="/etc/ardour$version" ARDOUR_DLL_PATH="$work/ardour" \
+    timeout -k 5 120 "$program" --no-splash "$song/mix.ardour" >"$work/gui.log" 2>&1 &
+  ardour_process=$!
+  started+=("$ardour_process")
+  wait_for 60 find_window && mouse_away && sleep 1 && find_window ||
+    { tail -n 5 "$work/gui.log"; all_windows | grep '"'; return 1; }
+}
+
+# keys KEYS: to the main window.
+keys() {
+  timeout 10 xdotool windowactivate --sync "$(main_window)" && sleep 0.3 &&
+    timeout 5 xdotool key "$1"
+}
+
+save_session() {
+  local before
+  before=$(cksum <"$song/mix.ardour")
+  keys ctrl+s || return 1
+  wait_for 10 session_changed "$before" || { echo "the session was not saved"; return 1; }
+}
+session_changed() {
+  [ "$(cksum <"$song/mix.ardour")" != "$1" ] && grep -q '</Session>' "$song/mix.ardour"
+}
+
+quit_ardour() {
+  keys ctrl+q && has_ended "$ardour_process" || { tail -n 5 "$work/gui.log"; return 1; }
+}
