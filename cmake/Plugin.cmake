@@ -26,6 +26,7 @@ target_link_libraries(trelvan_effect PUBLIC trelvan_images trelvan_options)
 # The whole plug-in: the window, the platform, and the two above.
 add_library(trelvan STATIC
   presetsystem/bar/barclicks.cpp
+  presetsystem/bar/bartips.cpp
   presetsystem/bar/barnames.cpp
   presetsystem/bar/cpresetsystemeditor.cpp
   presetsystem/bar/manual.cpp
@@ -46,6 +47,7 @@ add_library(trelvan STATIC
   editor/window/adeditor.cpp
   editor/window/adeditoropen.cpp
   editor/controls/stringconvert.cpp
+  editor/controls/tooltips.cpp
   editor/controls/ccnames.cpp
   editor/controls/cpskickbutton.cpp
   editor/controls/cpsonoffbutton.cpp

@@ -27,6 +27,7 @@ target_sources(trelvan PRIVATE
   editor/base/linux/toolkitsetup.cpp
   editor/base/linux/xsettings.cpp
   editor/base/linux/windowinput.cpp
+  editor/controls/linux/commandkey.cpp
   editor/controls/linux/editedtext.cpp
   editor/controls/linux/presetpopup.cpp
   editor/controls/linux/presetpopuplayout.cpp

@@ -13,6 +13,7 @@ target_sources(trelvan PRIVATE
   editor/base/mac/pacing.cpp
   editor/base/mac/screenscale.cpp
   editor/base/mac/toolkitsetup.cpp
+  editor/controls/mac/commandkey.cpp
   editor/controls/mac/presetpopup.cpp
   editor/controls/mac/textentry.mm
   editor/controls/mac/textentrywindow.mm

@@ -7,6 +7,8 @@
 #include "editor/base/pressguard.h"
 #include "editor/controls/corvtextedit.h"
 #include "editor/controls/messagepanel.h"
+#include "editor/controls/tooltips.h"
+#include "presetsystem/bar/bartips.h"
 #include "presetsystem/store/bankimages.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 
@@ -38,12 +40,15 @@ bool CPresetSystemEditor::open(void* /*window*/) {
   bar.build(*view, this, *presetEffect);
   pressGuard = std::make_unique<PressGuard>([this] { return !takesInput(); });
   pressGuard->watch(*frame);
+  tooltips =
+      std::make_unique<Tooltips>(*view, barTip, [this] { return isAtRest() && takesInput(); });
   return true;
 }
 
 void CPresetSystemEditor::close() {
   endFileOperation();
   endMessages();
+  tooltips.reset();
   if (frame != nullptr && pressGuard) pressGuard->leave(*frame);
   pressGuard.reset();
   bar.clear();
@@ -56,6 +61,7 @@ void CPresetSystemEditor::idle() {
   watchMessages();
   tryToStoreAgain();
   names.idle();
+  if (tooltips) tooltips->idle();
   AEffGUIEditor::idle();
 }
 

@@ -21,6 +21,7 @@
 
 class CPresetSystemEffect;
 class PressGuard;
+class Tooltips;
 
 // A façade: each operation is one object's, which knows neither the window nor the others. It works
 // without a window. User-interface thread, but for what the store tells (PresetListener).
@@ -120,4 +121,5 @@ class CPresetSystemEditor : public AEffGUIEditor,
   BarNames names;
   BarClicks clicks;
   std::unique_ptr<PressGuard> pressGuard;  // while the window is open
+  std::unique_ptr<Tooltips> tooltips;      // likewise
 };

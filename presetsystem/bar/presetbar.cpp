@@ -72,7 +72,7 @@ COrvTextEdit* makeNameEdit(VSTGUI::IControlListener* listener, CBitmap* backgrou
   edit->setFontColor(VSTGUI::kBlackCColor);
   edit->setHoriAlign(VSTGUI::kCenterText);
   edit->setCustomFontEditionColor(VSTGUI::kBlackCColor);
-  edit->setUnderPointerColor(VSTGUI::CColor(162, 221, 227, 255));  // as the buttons'
+  edit->setUnderPointerColor(VSTGUI::CColor(176, 215, 223, 255));  // toward the buttons'
   // the field's own colour, darker
   edit->setCustomHighlightColor(VSTGUI::CColor(140, 175, 200, 255));
   return edit;

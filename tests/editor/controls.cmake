@@ -23,6 +23,7 @@ trelvan_add_test(controlstest editor
     pressguardtest.cpp
     steppedvaluetest.cpp
     scaledbitmaptest.cpp
+    tooltipstest.cpp
     wheelstepstest.cpp
     wrappedtexttest.cpp
   LIBRARIES trelvan)
@@ -44,6 +45,6 @@ trelvan_add_test(desktopsettingstest editor
 # With the program's allocation functions replaced.
 trelvan_add_test(controlsmemorytest editor
   SOURCES
-    controltest.cpp modalviewtest.cpp
+    controltest.cpp modalviewtest.cpp tooltipsmemorytest.cpp
     ${PROJECT_SOURCE_DIR}/tests/support/failingmemory.cpp
   LIBRARIES trelvan)

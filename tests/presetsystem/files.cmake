@@ -7,5 +7,5 @@ trelvan_add_test(fileoperationstest "presetsystem;threads"
 
 # The preset bar in a frame without a display.
 trelvan_add_test(presetbartest "presetsystem;threads"
-  SOURCES barclickstest.cpp
+  SOURCES barclickstest.cpp bartipstest.cpp
   LIBRARIES trelvan)

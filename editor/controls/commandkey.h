@@ -1,0 +1,4 @@
+// What users call the key that is the toolkit's control modifier.
+#pragma once
+
+const char* commandKeyName();
