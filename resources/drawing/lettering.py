@@ -68,6 +68,10 @@ def _fitted(text, pixels, bold):
         if not shape:  # a blank
             continue
         left, right = _extent(shape)
+        if right - left < 1.5:  # a point, which has no stem to fit
+            shape = [[(round((x - left) / (right - left)), y, on) for x, y, on in contour]
+                     for contour in shape]
+            left, right = 0, 1
         free_left, free_right = _extent(free_letter)
         if free_end is not None:
             end += max(1, round(free_left - free_end))
