@@ -37,8 +37,8 @@ class WidenPlaying : public WidenWindow {
   void setCard(const std::string& description) {
     writeText(root / "home/.asoundrc", "pcm.!default { " + description + " }\n");
   }
-  void setCardOfFile() {
-    setCard("type file slave.pcm null format raw file \"" + heardFile() + "\"");
+  void setCardOfFile(const std::string& format = "raw") {
+    setCard("type file slave.pcm null format " + format + " file \"" + heardFile() + "\"");
   }
   // frames: after which it is gone; 0: it takes none.
   void setCardThatIsLost(int frames) {
@@ -202,6 +202,24 @@ TEST_F(WidenPlaying, SoundsAsWidenRendersTrelvan) {
   EXPECT_TRUE(comesTrue([&] { return heardFrames() > 20000; }));
   EXPECT_EQ(close().status, 0);
   expectHeard("mono.wav", values);
+}
+
+TEST_F(WidenPlaying, TellsTheCardTheFilesRate) {
+  setCardOfFile("wav");
+  Sound low = noise(5000, 1, 6);
+  low.rate = 22050;
+  writeSound(in("low.wav"), low, kFloatWav);
+  play({"low.wav"});
+  EXPECT_TRUE(comesTrue([&] { return heardFrames() > 5000; }));
+  EXPECT_EQ(close().status, 0);
+  // Where a WAV has them.
+  const std::string header = textOf(heardFile()).substr(0, 44);
+  std::uint16_t channels = 0;
+  std::uint32_t rate = 0;
+  std::memcpy(&channels, header.data() + 22, sizeof channels);
+  std::memcpy(&rate, header.data() + 24, sizeof rate);
+  EXPECT_EQ(channels, 2);
+  EXPECT_EQ(rate, 22050U);
 }
 
 // Such a card takes all at once.
