@@ -6,8 +6,8 @@
 set -uo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-all=(qtractor-scan muse-scan muse-window ardour ardour-window ardour-keyboard audacity
-  audacity-window)
+all=(qtractor-scan muse-scan muse-window ardour ardour-window ardour-keyboard ardour-window-200
+  audacity audacity-window audacity-window-200)
 # Seconds a script; the longest takes half a minute on an idle machine with two processors.
 limit=300
 

@@ -4,30 +4,39 @@
 needs openbox xdotool xwininfo xprop import compare convert
 
 pictures=${PICTURES:-$build/pictures}  # stay there to be looked at
+scale=${SCALE:-1}                      # the desktop's, as a whole number
+[ "$scale" = 1 ] || pictures=$pictures/${scale}00
 mkdir -p "$pictures"
 resources=$(dirname "$module")/../Resources
 
-# The window's places in pixels from its upper left corner, as WIDTHxHEIGHT+X+Y.
-window_size=302x251
-below_meter=302x205+0+46    # all that stands still while sound goes through
-meter_area=182x15+60+25
-above_name=302x167+0+46
-name_area=112x18+90+220
-depth_row=302x34+0+46       # caption, slider and value
-freq_row=302x31+0+80
+# place WIDTH HEIGHT X Y: an area of the window at a scale of 1, in the screen's pixels from the
+# window's upper left corner, as WIDTHxHEIGHT+X+Y.
+place() { echo "$(($1 * scale))x$(($2 * scale))+$(($3 * scale))+$(($4 * scale))"; }
+window_size=$((302 * scale))x$((251 * scale))
+below_meter=$(place 302 205 0 46)  # all that stands still while sound goes through
+meter_area=$(place 182 15 60 25)
+above_name=$(place 302 167 0 46)
+name_area=$(place 112 18 90 220)
+depth_row=$(place 302 34 0 46)  # caption, slider and value
+freq_row=$(place 302 31 0 80)
 above_freq_row=$depth_row
-below_freq_row=302x140+0+111
-plain_artwork=130x14+88+186  # nothing but the background's own drawing
+below_freq_row=$(place 302 140 0 111)
+plain_artwork=$(place 130 14 88 186)  # nothing but the background's own drawing
 
 # A slider's handle moves by 160 pixels from 1, at the left, to 0; at 1 its middle is 71 pixels from
 # the window's left.
 handle_x() { awk -v value="$1" 'BEGIN { printf "%d", 71 + (1 - value) * 160 + 0.5 }'; }
 depth_y=62 freq_y=94  # the handles' middles
 
+# It stays: a server without a client forgets what the desktop has set, the scale with it.
 start_window_manager() {
   timeout -k 5 600 openbox --sm-disable >"$work/openbox.log" 2>&1 &
   started+=($!)
-  wait_for 10 window_manager_answers
+  wait_for 10 window_manager_answers && set_scale
+}
+set_scale() {
+  [ "$scale" = 1 ] || timeout 5 xprop -root -f RESOURCE_MANAGER 8s \
+    -set RESOURCE_MANAGER "Xft.dpi: $((96 * scale))"
 }
 window_manager_answers() {
   grep -q "window id" <<<"$(timeout 5 xprop -root _NET_SUPPORTING_WM_CHECK)"
@@ -64,8 +73,9 @@ find_window() {
 }
 window_is_gone() { ! grep -q -- " $window_size+" <<<"$(all_windows)"; }
 
-# In pixels from the window's corner. A drag is two moves: toolkits take the first for its start.
-mouse() { timeout 5 xdotool mousemove $((window_x + $1)) $((window_y + $2)); }
+# In pixels of a scale of 1 from the window's corner. A drag is two moves: toolkits take the first
+# for its start.
+mouse() { timeout 5 xdotool mousemove $((window_x + $1 * scale)) $((window_y + $2 * scale)); }
 mouse_away() { timeout 5 xdotool mousemove 1270 1010; }
 drag() {
   local from_x=$1 y=$2 to_x=$3
@@ -145,7 +155,9 @@ widen_picture() {
 
 # The background's drawing comes from its file: a window that stayed empty differs.
 shows_artwork() {
-  pictured_as "$1" "$resources/bmp00128.png" "$plain_artwork"
+  local size=
+  [ "$scale" = 1 ] || size=@${scale}x
+  pictured_as "$1" "$resources/bmp00128$size.png" "$plain_artwork"
 }
 
 # parameters_are CHUNK VALUE...: of a saved state, in order, as widen reads them.
