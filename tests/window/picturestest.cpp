@@ -5,18 +5,21 @@
 #include <numeric>
 
 #include "picturematch.h"
+#include "settingsmanager.h"
 #include "windowtest.h"
 
 namespace {
 
 constexpr int kMixPreset = 3;  // "mix 3": all three sliders somewhere else
 
-// A state of the window: how it is reached, what part of it is kept, and where text stands in it.
+// A state of the window: how it is reached, what part of it is kept, where text stands in it, and
+// the screen's scale. Areas are those at a scale of 1.
 struct State {
   std::string name;
   std::function<void(WindowHost&)> reach;
   Area part;  // empty: the whole window
   std::vector<Area> texts;
+  double scale = 1;
 };
 
 std::ostream& operator<<(std::ostream& out, const State& state) {
@@ -39,6 +42,27 @@ std::vector<Area> listEntries() {
 Area around(const Area& area) {
   constexpr int kMargin = 5;  // pixels, so that a button that is out of place shows
   return {area.left - kMargin, area.top - kMargin, area.right + kMargin, area.bottom + kMargin};
+}
+
+// Whole windows with everything in them, and pictures of each kind that is drawn in part.
+void addLarger(std::vector<State>& all) {
+  struct Larger {
+    const char* suffix;
+    double scale;
+  };
+  std::vector<State> larger;
+  for (const Larger& of : {Larger{"@1.5x", 1.5}, Larger{"@2x", 2}}) {
+    for (const char* name : {"closed", "list", "about", "text-entry", "switches", "meter-wide",
+                             "default-preset-pressed", "rocker-right-hover"}) {
+      const auto found = std::find_if(all.begin(), all.end(),
+                                      [name](const State& state) { return state.name == name; });
+      if (found == all.end()) throw std::logic_error(name);
+      larger.push_back(*found);
+      larger.back().name += of.suffix;
+      larger.back().scale = of.scale;
+    }
+  }
+  all.insert(all.end(), larger.begin(), larger.end());
 }
 
 std::vector<State> states() {
@@ -147,6 +171,7 @@ std::vector<State> states() {
                    around(button.place),
                    {}});
   }
+  addLarger(all);
   return all;
 }
 
@@ -162,7 +187,7 @@ Picture part(const Picture& whole, const Area& area) {
 
 std::string nameOf(const ::testing::TestParamInfo<State>& info) {
   std::string name = info.param.name;
-  std::replace(name.begin(), name.end(), '-', '_');
+  for (const char sign : {'-', '@', '.'}) std::replace(name.begin(), name.end(), sign, '_');
   return name;
 }
 
@@ -192,12 +217,13 @@ Picture pictureOf(WindowHost& host, const State& state, std::vector<Area>& texts
   state.reach(host);
   const bool pointerMatters = state.name.find("hover") != std::string::npos ||
                               state.name.find("pressed") != std::string::npos ||
-                              state.name == "list";
+                              state.name.find("list") == 0;
   if (!pointerMatters) host.moveAway();
   Picture picture = state.name.find("text-entry") == 0 ? withCaret(host) : host.picture();
-  const Area area = state.part == Area{} ? picture.whole() : state.part;
+  const Area area = state.part == Area{} ? picture.whole() : host.scaled(state.part);
   texts = state.texts;
   for (Area& text : texts) {
+    text = host.scaled(text);
     text = {text.left - area.left, text.top - area.top, text.right - area.left,
             text.bottom - area.top};
   }
@@ -208,7 +234,9 @@ Picture pictureOf(WindowHost& host, const State& state, std::vector<Area>& texts
 
 TEST_P(Pictures, LookAsTheyDid) {
   const State& state = GetParam();
-  WindowHost host;
+  SettingsManager desktop;
+  desktop.setResourceDpi(static_cast<int>(96 * state.scale));
+  WindowHost host(0, WindowHost::Parent::plain, state.scale);
   ASSERT_TRUE(host.openEditor());
   std::vector<Area> texts;
   const Picture actual = pictureOf(host, state, texts);

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Takes the reference pictures of the window anew, into pictures/ beside this script. Look at each
 # before you keep it.
-# Usage: tests/window/refresh-pictures.sh [BUILD_FOLDER]
-# (build/release; it must have been built with its tests)
+# Usage: tests/window/refresh-pictures.sh [BUILD_FOLDER [NAMES]]
+# (build/release; it must have been built with its tests) NAMES: a pattern, '*_2x' for those at a
+# scale of 2; default: all.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 build=${1:-$here/../../build/release}
@@ -12,5 +13,5 @@ module=$(echo "$build"/Trelvan.vst/Contents/*-linux/Trelvan.so)
 TRELVAN_MODULE=$(realpath "$module") TRELVAN_PICTURES=$here/pictures \
   FONTCONFIG_FILE=$here/fonts.conf \
   TRELVAN_REFRESH_PICTURES=1 \
-  "$here/with-xvfb.sh" 120 "$program" --gtest_filter='*LookAsTheyDid*' --gtest_brief=1 >/dev/null
+  "$here/with-xvfb.sh" 120 "$program" --gtest_filter="*LookAsTheyDid/${2:-*}" --gtest_brief=1 >/dev/null
 echo "taken: $(ls "$here/pictures" | wc -l) pictures in $here/pictures"
