@@ -59,7 +59,7 @@ prepare_ardour || finish
 check "the sound server runs" start_sound_server $rate || finish
 check "Ardour opens the session with the effect's window" start_ardour || finish
 check "the meter stands still" meter_stands
-timeout 10 xdotool windowactivate --sync "$(main_window)"
+check "its own window is active" timeout 10 xdotool windowactivate --sync "$(main_window)"
 check "the space bar starts and stops the transport" starts_and_stops || finish
 for done_before in hover drag_a_slider click_a_slider click_a_switch step choose_a_preset \
   leave_the_list_by_escape leave_the_list_by_a_click enter_a_name leave_a_name_by_escape \
@@ -68,5 +68,6 @@ for done_before in hover drag_a_slider click_a_slider click_a_switch step choose
   check "it does after: ${done_before//_/ }" starts_and_stops
 done
 timeout 10 import -silent -window root "$pictures/ardour-keyboard-screen.png"
+check "Ardour saves the session" save_session
 check "Ardour ends properly with the window open" quit_ardour
 finish
