@@ -1,4 +1,4 @@
-// The seam of the keyboard: the host's, but for a text that is typed and a list that is open.
+// The seam of the keyboard: the host's, but for a text that is typed and what covers the window.
 #pragma once
 
 namespace VSTGUI {

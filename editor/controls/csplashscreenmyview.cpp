@@ -5,6 +5,7 @@
 #include <array>
 #include <string_view>
 
+#include "editor/base/keyboard.h"
 #include "editor/controls/modalview.h"
 #include "lib/events.h"
 
@@ -60,6 +61,17 @@ void CSplashScreenMyView::onKeyboardEvent(VSTGUI::KeyboardEvent& event) {
   if (event.type != VSTGUI::EventType::KeyDown || event.virt != VSTGUI::VirtualKey::Escape) return;
   close();
   event.consumed = true;
+}
+
+bool CSplashScreenMyView::attached(VSTGUI::CView* parent) {
+  if (!CControl::attached(parent)) return false;
+  takeKeyboard(getFrame(), true);
+  return true;
+}
+
+bool CSplashScreenMyView::removed(VSTGUI::CView* parent) {
+  if (isAttached()) takeKeyboard(getFrame(), false);
+  return CControl::removed(parent);
 }
 
 void CSplashScreenMyView::close() {

@@ -8,8 +8,8 @@
 inline constexpr VSTGUI::CColor kDarkBlueCColor(45, 45, 120, 255);
 inline constexpr VSTGUI::CColor kDarkGreyCColor(60, 60, 60, 255);
 
-// Closes on Escape and on a left press anywhere in the window, and closes its owner with it. Goes
-// with its frame while it is open. User-interface thread.
+// Closes on Escape and on a left press anywhere in the window, and closes its owner with it. It has
+// the keyboard while it is open. Goes with its frame. User-interface thread.
 class CSplashScreenMyView : public VSTGUI::CControl {
  public:
   // owner: outlives the panel; the picture is its bitmap. textOrigin: the first line's place, from
@@ -26,6 +26,8 @@ class CSplashScreenMyView : public VSTGUI::CControl {
   VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
                                         const VSTGUI::CButtonState& buttons) override;
   void onKeyboardEvent(VSTGUI::KeyboardEvent& event) override;
+  bool attached(VSTGUI::CView* parent) override;
+  bool removed(VSTGUI::CView* parent) override;
 
  private:
   void close();

@@ -81,7 +81,13 @@ const Situation kSituations[] = {
        host.click(places::kName);
        host.key(XKB_KEY_Escape);
      }},
-    {"after the about panel",
+    {"after the about panel was left by Escape",
+     [](WindowHost& host) {
+       host.click(places::kAbout);
+       host.settle();
+       host.key(XKB_KEY_Escape);
+     }},
+    {"after the about panel was left by a click",
      [](WindowHost& host) {
        host.click(places::kAbout);
        host.settle();
