@@ -1,7 +1,9 @@
-// The list of presets and the about panel where memory runs out in the middle of an event.
+// The list of presets, the about panel and a message where memory runs out in the middle of an
+// event.
 #include "editor/controls/modalview.h"
 
 #include "editor/controls/cabout.h"
+#include "editor/controls/messagepanel.h"
 #include "presetlisttest.h"
 #include "tests/support/eachfailure.h"
 #include "tests/support/ownprocess.h"
@@ -25,6 +27,7 @@ class Window : public PresetList {
   void clickEntry() { click(onEntry(20)); }
   void clickAbout() { click(CPoint(100, 190)); }
   void clickPanel() { click(CPoint(150, 100)); }
+  void showMessage() { showMessagePanel(*frame, "Could not open manual file:\n~/a/longer/path/"); }
   void leave() { key(VirtualKey::Escape); }
   void choose() { key(VirtualKey::Return); }
 
@@ -41,6 +44,13 @@ class Window : public PresetList {
     if (frame->getModalView() == nullptr || about->getValue() != 1.0F) return false;
     clickPanel();
     return about->getValue() == 0.0F && nothingIsOpen();
+  }
+
+  bool messageWorks() {
+    if (frame->getModalView() == nullptr) showMessage();
+    if (frame->getModalView() == nullptr) return false;
+    clickPanel();
+    return nothingIsOpen();
   }
 
  private:
@@ -98,6 +108,15 @@ TEST(ModalView, ThePanelIsOpenedByTheNextPressWhereItsOpeningFailed) {
 TEST(ModalView, ThePanelIsLeftByTheNextPressWhereItsEndFailed) {
   EXPECT_TRUE(Window().aboutWorks());
   EXPECT_GT(failEach(kOne, {&Window::clickAbout}, &Window::clickPanel, &Window::aboutWorks), 0);
+}
+
+TEST(ModalView, AMessageIsShownLaterWhereItsShowingFailed) {
+  EXPECT_GT(failEach(kOne, {}, &Window::showMessage, &Window::messageWorks), 0);
+}
+
+TEST(ModalView, AMessageIsLeftByTheNextPressWhereItsEndFailed) {
+  EXPECT_TRUE(Window().messageWorks());
+  EXPECT_GT(failEach(kOne, {&Window::showMessage}, &Window::clickPanel, &Window::messageWorks), 0);
 }
 
 }  // namespace
