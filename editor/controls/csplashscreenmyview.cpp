@@ -27,6 +27,17 @@ VSTGUI::CBaseObject* CSplashScreenMyView::newCopy() const {
   return new CSplashScreenMyView(getViewSize(), owner, textOrigin);
 }
 
+bool CSplashScreenMyView::attached(VSTGUI::CView* parent) {
+  if (!CControl::attached(parent)) return false;
+  takeKeyboard(getFrame(), true);
+  return true;
+}
+
+bool CSplashScreenMyView::removed(VSTGUI::CView* parent) {
+  if (isAttached()) takeKeyboard(getFrame(), false);
+  return CControl::removed(parent);
+}
+
 void CSplashScreenMyView::draw(VSTGUI::CDrawContext* context) {
   if (VSTGUI::CBitmap* picture = getDrawBackground())
     picture->draw(context, getViewSize(), CPoint(0, 0), 1.0F);

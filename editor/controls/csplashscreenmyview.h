@@ -22,6 +22,9 @@ class CSplashScreenMyView : public VSTGUI::CControl {
   virtual bool isTypeOf(const char* className) const;
   VSTGUI::CBaseObject* newCopy() const override;
 
+  // From being attached to being removed it has the keyboard, for Escape.
+  bool attached(VSTGUI::CView* parent) override;
+  bool removed(VSTGUI::CView* parent) override;
   void draw(VSTGUI::CDrawContext* context) override;
   VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
                                         const VSTGUI::CButtonState& buttons) override;
