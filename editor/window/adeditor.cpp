@@ -44,6 +44,13 @@ ERect ADEditor::windowSize() {
           static_cast<VstInt16>(picture->getWidth())};
 }
 
+bool ADEditor::isAtRest() const {
+  for (const ParameterViews& each : views) {
+    if (each.display != nullptr && each.display->isBeingEdited()) return false;
+  }
+  return CPresetSystemEditor::isAtRest();
+}
+
 bool ADEditor::open(void* window) {
   if (frame != nullptr) close();  // opening twice would lose the first frame
   const MissingBitmaps missing;

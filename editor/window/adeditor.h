@@ -34,6 +34,7 @@ class ADEditor : public CPresetSystemEditor {
 
  protected:
   ERect windowSize() override;
+  bool isAtRest() const override;  // nor is a value typed
   void keyboardLeft() override;  // confirms a value that is being typed
 
  private:

@@ -129,10 +129,11 @@ TEST_F(TooltipTest, AKeyOfTheHostsTakesItAway) {
   EXPECT_FALSE(isShown());
 }
 
-TEST_F(TooltipTest, NoneShowsOverTheListTheNameOrThePanel) {
+TEST_F(TooltipTest, NoneShowsOverTheListAnEntryOrThePanel) {
   const std::function<void()> openings[] = {[this] { host.click(places::kMenu); },
                                             [this] { host.click(places::kName); },
-                                            [this] { host.click(places::kAbout); }};
+                                            [this] { host.click(places::kAbout); },
+                                            [this] { host.doubleClick(places::valueDisplay(0)); }};
   for (const auto& open : openings) {
     open();
     for (const Area& area : {places::kStoreA, places::kName}) {
