@@ -95,11 +95,11 @@ TEST_F(ScaleChanges, TheSizeIsAskedOfTheServerNowAndThenOnly) {
   setScale(2);
   EXPECT_EQ(widthOf(host), widthAt(2));
   desktop.setResourceDpi(96);
-  const auto begin = std::chrono::steady_clock::now();
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(2);
   int asked = 0;
-  while (widthOf(host) == widthAt(2)) ++asked;
+  while (widthOf(host) == widthAt(2) && std::chrono::steady_clock::now() < end) ++asked;
   EXPECT_GT(asked, 100);
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(2000));
+  EXPECT_EQ(widthOf(host), widthAt(1));
 }
 
 TEST_F(ScaleChanges, WindowsOfTwoScalesShowTheirOwnPictures) {
