@@ -74,17 +74,6 @@ void CSplashScreenMyView::onKeyboardEvent(VSTGUI::KeyboardEvent& event) {
   event.consumed = true;
 }
 
-bool CSplashScreenMyView::attached(VSTGUI::CView* parent) {
-  if (!CControl::attached(parent)) return false;
-  takeKeyboard(getFrame(), true);
-  return true;
-}
-
-bool CSplashScreenMyView::removed(VSTGUI::CView* parent) {
-  if (isAttached()) takeKeyboard(getFrame(), false);
-  return CControl::removed(parent);
-}
-
 void CSplashScreenMyView::close() {
   const auto self = VSTGUI::shared(this);
   if (getFrame() != nullptr && session) endSession();

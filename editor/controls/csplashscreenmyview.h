@@ -29,8 +29,6 @@ class CSplashScreenMyView : public VSTGUI::CControl {
   VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
                                         const VSTGUI::CButtonState& buttons) override;
   void onKeyboardEvent(VSTGUI::KeyboardEvent& event) override;
-  bool attached(VSTGUI::CView* parent) override;
-  bool removed(VSTGUI::CView* parent) override;
 
  private:
   void close();
