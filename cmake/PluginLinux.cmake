@@ -31,6 +31,7 @@ target_sources(trelvan PRIVATE
   editor/controls/linux/editedtext.cpp
   editor/controls/linux/presetpopup.cpp
   editor/controls/linux/presetpopuplayout.cpp
+  editor/controls/linux/wheelright.cpp
   editor/controls/linux/textentry.cpp
   editor/controls/linux/textfield.cpp
   platform/linux/alert.cpp

@@ -15,6 +15,7 @@ target_sources(trelvan PRIVATE
   editor/base/mac/toolkitsetup.cpp
   editor/controls/mac/commandkey.cpp
   editor/controls/mac/presetpopup.cpp
+  editor/controls/mac/wheelright.cpp
   editor/controls/mac/textentry.mm
   editor/controls/mac/textentrywindow.mm
   platform/mac/alert.mm

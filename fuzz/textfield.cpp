@@ -135,6 +135,8 @@ class Entry {
         return '-';
       case VirtualKey::Decimal:
         return '.';
+      case VirtualKey::Separator:
+        return ',';
       case VirtualKey::Divide:
         return '/';
       default:

@@ -112,12 +112,8 @@ void AEffGUIEditor::idle() {
   windowContract.ensure("idle");
   frameWindow->pump();
   if (frame == nullptr) return;
-  if (frameWindow->keyboardLost()) during([this] { keyboardLeft(); });
+  if (frameWindow->keyboardLost()) frameWindow->during([this] { keyboardLeft(); });
   if (view != nullptr) view->idle();
-}
-
-void AEffGUIEditor::during(const std::function<void()>& work) {
-  if (frame != nullptr) frameWindow->during(work);
 }
 
 bool AEffGUIEditor::dispatch(VSTGUI::Event& event) {

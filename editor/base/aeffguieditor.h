@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -56,9 +55,6 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   virtual void keyboardLeft() {}  // the window has lost the keyboard
   // False: keys and the wheel from the host are left to it, as while the user is asked something.
   virtual bool takesInput() const { return true; }
-  // Does work that reaches controls, and through them the host, from outside the toolkit's events:
-  // a close from inside it takes effect when it is done. Nothing while closed.
-  void during(const std::function<void()>& work);
   // Pixels at a scale of 1; asked with the toolkit set up until it is not empty.
   virtual ERect windowSize() = 0;
 

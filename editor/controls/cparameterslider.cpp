@@ -100,6 +100,7 @@ CMouseEventResult CParameterSlider::onMouseDown(CPoint& where, const CButtonStat
   const double perPixel = (isInverseStyle() ? -1.0 : 1.0) / travel();
   drag.emplace(where.x, static_cast<double>(value), isFine(buttons), perPixel,
                static_cast<double>(getZoomFactor()));
+  pressX = where.x;
   valueAtPress = value;
   invalid();
   beginEdit();
@@ -107,6 +108,9 @@ CMouseEventResult CParameterSlider::onMouseDown(CPoint& where, const CButtonStat
 }
 
 void CParameterSlider::follow(const CPoint& where, const CButtonState& buttons) {
+  // pixels: a hand that moves further is nudging the handle and not about to click twice
+  constexpr double kClick = 2;
+  if (std::abs(where.x - pressX) > kClick) doubleClick.forget();
   if (!drag->moveTo(where.x, isFine(buttons))) return;
   const auto reached = static_cast<float>(drag->value());
   if (reached == value) return;

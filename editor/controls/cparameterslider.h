@@ -52,6 +52,7 @@ class CParameterSlider : public VSTGUI::CHorizontalSlider {
 
   VSTGUI::SharedPointer<VSTGUI::CBitmap> litHandle;  // under the pointer and while it is dragged
   std::optional<HandleDrag> drag;                    // while the mouse holds the handle
+  double pressX = 0;
   float valueAtPress = 0;
   std::optional<float> unsent;  // where the drag has come to
   SteppedValue steps;

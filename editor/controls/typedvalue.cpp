@@ -89,7 +89,6 @@ std::optional<float> typedValue(const Parameter& parameter, std::string_view tex
   const double wanted =
       std::clamp(typed, static_cast<double>(shown(0.0F)), static_cast<double>(shown(1.0F)));
   float raw = asHertz ? parameter.raw(wanted) : static_cast<float>(wanted / kWhole);
-  raw = std::clamp(raw, 0.0F, 1.0F);
   // Displays show whole numbers here, and cut: a hair less would be the number below.
   const auto whole = static_cast<float>(std::trunc(wanted));
   while (shown(raw) < whole && raw < 1.0F) raw = std::nextafter(raw, 1.0F);

@@ -113,7 +113,7 @@ void ADEditor::idle() {
   }
   AEffGUIEditor::idle();
   CPresetSystemEditor::idle();
-  during([this] { sendMotions(); });
+  sendMotions();
   const bool splashShown = about != nullptr && about->getValue() != 0.0F;
   const float reading = trelvan->getWidthMeter();
   // a host that sends NaNs gets them back, but the meter waits for numbers

@@ -16,11 +16,13 @@ trelvan_add_test(controlstest editor
     fitnametest.cpp
     messagepaneltest.cpp
     handledragtest.cpp
+    fitnametest.cpp
     mousecontroltest.cpp
     myframetest.cpp
     presetpopuplayouttest.cpp
     presetpopuptest.cpp
     pressguardtest.cpp
+    sliderstepstest.cpp
     steppedvaluetest.cpp
     scaledbitmaptest.cpp
     tooltipstest.cpp

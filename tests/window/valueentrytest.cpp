@@ -117,6 +117,25 @@ TEST_F(ValueEntry, TheTextStandsWhereTheDisplaysDoes) {
   EXPECT_TRUE(sameIn(letters, before, host.picture()));
 }
 
+// Displays are wider than what the window shows of them. All is selected, since a caret blinks.
+TEST_F(ValueEntry, WhatIsTypedLastIsSeenThoughTheTextIsWiderThanItsPlace) {
+  const auto typed = [this](const std::string& text) {
+    open(kFrequency);
+    host.type(text);
+    host.key(XKB_KEY_Home);
+    host.keyDown(XKB_KEY_Shift_L);
+    host.key(XKB_KEY_End);
+    host.keyUp(XKB_KEY_Shift_L);
+    host.moveAway();
+    const Picture picture = host.picture();
+    host.key(XKB_KEY_Escape);
+    host.settle();
+    return picture;
+  };
+  EXPECT_FALSE(sameIn(display(kFrequency), typed("123456782"), typed("123456783")));
+  expectUntouched();
+}
+
 TEST_F(ValueEntry, ConfirmingTheTextAsItIsChangesNothing) {
   host.setParameter(kWidth, 0.333F);
   host.settle();
