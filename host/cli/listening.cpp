@@ -13,7 +13,8 @@ namespace {
 std::unique_ptr<SoundCard> openCard(int sampleRate, Console& console) {
   std::string reason;
   auto card = SoundCard::open(sampleRate, reason);
-  if (!card) console.warn("no sound card (" + reason + "): the file plays in silence");
+  if (!card)
+    console.warn("no sound card can be opened (" + reason + "): the file plays in silence");
   return card;
 }
 

@@ -10,8 +10,9 @@
 #include "host/vst/hostcallback.h"
 #include "host/vst/pluginmodule.h"
 
-// Life: made (open), set up, started, processed, stopped, ended (close). One thread at a time;
-// making, setting up and ending take the module's life lock themselves, so several effects of a
+// Life: made (open), set up, started, processed, stopped, ended (close). One thread at a time, but
+// that between starting and stopping another one may process while the first calls the rest.
+// Making, setting up and ending take the module's life lock themselves, so several effects of a
 // module may live on several threads.
 class Effect {
  public:

@@ -140,7 +140,7 @@ TEST_F(WidenPlaying, GoesByTheClockWithoutACard) {
   EXPECT_LT(played, 1.5 * passed.count());
   const Outcome outcome = close();
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_THAT(outcome.error, ::testing::StartsWith("widen: no sound card ("));
+  EXPECT_THAT(outcome.error, ::testing::StartsWith("widen: no sound card can be opened ("));
   EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << outcome.error;
 }
 
