@@ -13,6 +13,7 @@
 #include "places.h"
 #include "tests/host/sounds.h"
 #include "widenwindow.h"
+#include "windowhost.h"
 
 namespace {
 
@@ -164,9 +165,17 @@ TEST_F(WidenPlaying, ProcessesOnAThreadOfItsOwnAndEndsInOrder) {
 }
 
 TEST_F(WidenPlaying, MovesTheMeterWithoutACard) {
+  Picture sliders;
+  {
+    WindowHost host;
+    host.openEditor();
+    host.settle();
+    const Area place = host.screenArea();
+    sliders = display.picture({place.left + kSliders.left, place.top + kSliders.top,
+                               place.left + kSliders.right, place.top + kSliders.bottom});
+  }
   start({"--process", "off"});
-  std::this_thread::sleep_for(milliseconds(500));  // it does not move: nothing comes
-  const Picture sliders = display.picture(kSliders);
+  ASSERT_TRUE(comesTrue([&] { return display.picture(kSliders) == sliders; })) << "it is drawn";
   const Picture silence = display.picture(places::kMeter);
   EXPECT_EQ(close().status, 0);
   // Nothing but mid, which goes through.
