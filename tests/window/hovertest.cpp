@@ -52,8 +52,7 @@ std::string nameOf(const ::testing::TestParamInfo<Button>& info) {
 
 TEST_P(Hover, TheButtonLightsUpAndNothingElseDoes) {
   const Picture rest = host.picture();
-  host.hover(GetParam().place);
-  const Picture hovered = host.picture();
+  const Picture hovered = host.lit(GetParam().place);
   EXPECT_FALSE(sameIn(drawn(), rest, hovered));
   EXPECT_TRUE(drawn().contains(differingArea(rest, hovered))) << differingArea(rest, hovered);
   host.moveAway();
@@ -84,8 +83,7 @@ TEST_F(HoverStates, ASwitchShowsItsPosition) {
       host.setParameter(3 + index, static_cast<float>(on));
       host.moveAway();
       rest[on] = host.picture();
-      host.hover(place);
-      lit[on] = host.picture();
+      lit[on] = host.lit(place);
       EXPECT_FALSE(sameIn(place, rest[on], lit[on]));
     }
     EXPECT_FALSE(sameIn(place, lit[0], lit[1]));
@@ -118,8 +116,7 @@ class Pressed : public WindowTest {
 
 TEST_F(Pressed, AMemoryButtonShowsThePressUntilTheRelease) {
   for (const Area& button : {places::kStoreA, places::kStoreB}) {
-    host.hover(button);
-    const Picture hovered = host.picture();
+    const Picture hovered = host.lit(button);
     host.press();
     const Picture pressed = host.picture();
     EXPECT_FALSE(sameIn(button, hovered, pressed));
@@ -132,8 +129,7 @@ TEST_F(Pressed, AMemoryButtonShowsThePressUntilTheRelease) {
 // Over the list's last preset nothing but the rocker changes when it is pressed on the right; so
 // too at the first.
 TEST_F(Pressed, TheRockerShowsItsPressedSideEvenWhenThePointerLeavesIt) {
-  host.hover(places::kRockerLeft);
-  const Picture hovered = host.picture();
+  const Picture hovered = host.lit(places::kRockerLeft);
   host.press();
   const Picture pressed = host.picture();
   EXPECT_FALSE(sameIn(kRocker, hovered, pressed));
@@ -147,8 +143,7 @@ TEST_F(Pressed, TheRockerShowsItsPressedSideEvenWhenThePointerLeavesIt) {
 }
 
 TEST_F(Pressed, TheFirstClickOfADefaultButtonShowsNoPress) {
-  host.hover(places::kDefaultPreset);
-  const Picture hovered = host.picture();
+  const Picture hovered = host.lit(places::kDefaultPreset);
   host.press();
   EXPECT_EQ(host.picture(), hovered);
   host.release();

@@ -68,8 +68,7 @@ TEST_F(Manual, SaysWhenItCannotBeOpened) {
 }
 
 TEST_F(Manual, TheButtonIsReleasedAfterwards) {
-  host.hover(places::kManual);
-  const Picture hovered = host.picture();
+  const Picture hovered = host.lit(places::kManual);
   host.press();
   EXPECT_EQ(host.picture(), hovered);  // still held, and shown released
   host.release();

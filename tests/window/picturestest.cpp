@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <functional>
 #include <numeric>
+#include <optional>
 
 #include "picturematch.h"
 #include "settingsmanager.h"
@@ -19,6 +20,7 @@ struct State {
   std::function<void(WindowHost&)> reach;
   Area part;  // empty: the whole window
   std::vector<Area> texts;
+  std::optional<Area> underPointer = {};
   double scale = 1;
 };
 
@@ -115,6 +117,14 @@ std::vector<State> states() {
        },
        {0, places::slider(0).top, places::kWidth, places::slider(2).bottom},
        displays()},
+      {"name-hover", [](WindowHost&) {}, around(places::kName), {places::kName}, places::kName},
+      {"tooltip",
+       [](WindowHost& host) {
+         host.hover(places::kDefaultPreset);
+         host.idleFor(1000);
+       },
+       {0, 178, places::kWidth, 230},
+       {{0, 180, places::kWidth, 214}}},
       {"meter-mid",
        [](WindowHost& host) {
          host.setParameter(0, 0.0F);
@@ -149,13 +159,13 @@ std::vector<State> states() {
       {"manual", places::kManual},
       {"rocker-left", places::kRockerLeft},
       {"rocker-right", places::kRockerRight},
+      {"list-arrow", places::kMenu},
+      {"process", places::kProcessSwitch},
+      {"phase", places::kPhaseSwitch},
   };
   for (const Button& button : buttons) {
     const std::string name = button.name;
-    all.push_back({name + "-hover",
-                   [place = button.place](WindowHost& host) { host.hover(place); },
-                   around(button.place),
-                   {}});
+    all.push_back({name + "-hover", [](WindowHost&) {}, around(button.place), {}, button.place});
     // Those that show a press at all; the dialog buttons and the manual's act and are
     // at rest again.
     const bool shows =
@@ -217,9 +227,11 @@ Picture pictureOf(WindowHost& host, const State& state, std::vector<Area>& texts
   state.reach(host);
   const bool pointerMatters = state.name.find("hover") != std::string::npos ||
                               state.name.find("pressed") != std::string::npos ||
-                              state.name.find("list") == 0;
+                              state.name.find("list") == 0 || state.name == "tooltip";
   if (!pointerMatters) host.moveAway();
-  Picture picture = state.name.find("text-entry") == 0 ? withCaret(host) : host.picture();
+  Picture picture = state.name.find("text-entry") == 0 ? withCaret(host)
+                    : state.underPointer               ? host.lit(*state.underPointer)
+                                                       : host.picture();
   const Area area = state.part == Area{} ? picture.whole() : host.scaled(state.part);
   texts = state.texts;
   for (Area& text : texts) {

@@ -75,6 +75,7 @@ class WindowHost {
   void focusParent();                  // the host's own window gets it
 
   Picture picture();                    // settled
+  Picture lit(const Area& area);        // with the pointer there, from before a tooltip shows
   Picture pictureNow();                 // as it stands
   Area screenArea();                    // the editor's, on the screen
   Area scaled(const Area& area) const;  // the part of a picture that shows it
