@@ -48,6 +48,15 @@ class RandomEvents : public WindowTest, public ::testing::WithParamInterface<std
   }
 };
 
+bool isOfAGesture(const HostCall& call) {
+  return call.opcode == audioMasterAutomate || call.opcode == audioMasterBeginEdit ||
+         call.opcode == audioMasterEndEdit;
+}
+std::string wordOf(VstInt32 opcode) {
+  if (opcode == audioMasterAutomate) return "moves";
+  return opcode == audioMasterBeginEdit ? "begins" : "ends";
+}
+
 // Each gesture begins once, ends once, and has what it says of its parameter in between.
 void expectWholeGestures(const WindowHost& host) {
   std::array<bool, 5> begun{};
@@ -109,10 +118,19 @@ TEST_P(RandomEvents, BreakNothing) {
   std::thread automation([&] { automate(first, GetParam() + 1, stop); });
   std::thread otherAutomation([&] { automate(second, GetParam() + 2, stop); });
   std::string done;
-  for (int event = 0; event < events(); ++event) {
-    const std::string what = std::to_string(event) + " " + user.act() + "\n";
+  const auto note = [&](const std::string& what) {
     if (shown) std::fprintf(stderr, "%s", what.c_str());
     done += what;
+  };
+  for (WindowHost* host : {&first, &second}) {
+    const std::string whose = host == &first ? "    1: " : "    2: ";
+    host->onCall = [&note, whose, own = std::this_thread::get_id()](const HostCall& call) {
+      if (std::this_thread::get_id() == own && isOfAGesture(call))
+        note(whose + wordOf(call.opcode) + " " + std::to_string(call.index) + "\n");
+    };
+  }
+  for (int event = 0; event < events(); ++event) {
+    note(std::to_string(event) + " " + user.act() + "\n");
   }
   user.end();
   stop = true;
