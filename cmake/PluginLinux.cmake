@@ -6,7 +6,6 @@ target_sources(trelvan PRIVATE
   editor/base/linux/filechoice.cpp
   editor/base/linux/filedialog.cpp
   editor/base/linux/focuswatch.cpp
-  editor/base/linux/forgottenreplies.cpp
   editor/base/linux/framewindow.cpp
   editor/base/linux/idlerunloop.cpp
   editor/base/linux/idletimer.cpp

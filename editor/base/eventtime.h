@@ -4,7 +4,6 @@
 
 #include <cstdint>
 
-// Milliseconds of one clock, never backwards by more than the system's events go. Outside of an
-// event: now. On the thread of the windows.
+// Milliseconds of one clock. Outside of an event: now. On the thread of the windows.
 std::uint64_t eventMilliseconds();
 std::uint32_t longestDoubleClick();  // ms from the first press to the second

@@ -7,8 +7,8 @@ class AEffGUIEditor;
 
 // Some hosts open an editor and never idle it: nothing would be drawn, and no press taken. While
 // this lives, a window that has had no idle call for a moment gets its own, from the event loop
-// that the desktop's toolkits and so most hosts run; only on the thread that made this, and never
-// once another thread has idled the window. Where nobody runs such a loop nothing happens.
+// that the desktop's toolkits and so most hosts run; only on the thread that made this, and not
+// where another thread idles the window. Where nobody runs such a loop nothing happens.
 class IdleWatch {
  public:
   explicit IdleWatch(AEffGUIEditor* editor);  // not owned

@@ -6,9 +6,7 @@
 #include <algorithm>
 #include <new>
 
-#include "editor/base/linux/forgottenreplies.h"
 #include "editor/base/steadytime.h"
-#include "lib/platform/linux/x11platform.h"
 
 void IdleRunLoop::makeRoom() {
   constexpr std::size_t kRoom = 16;  // one handler a library, a few timers a window
@@ -33,7 +31,6 @@ void IdleRunLoop::handleEvents(std::uint64_t time) {
   if (!dataThere && !lookAgain && time - lastLook < kLongest) return;
   lookAgain = dataThere;
   lastLook = time;
-  const ForgottenReplies replies(VSTGUI::X11::RunLoop::instance().getXcbConnection());
   for (std::size_t i = 0; i < handlers.size(); ++i) {  // by index, since the list grows meanwhile
     if (handlers[i].handler != nullptr) handlers[i].handler->onEvent();
   }

@@ -13,7 +13,8 @@
 
 // The toolkit's own window takes the X input focus with each press that a control consumes, and the
 // keys whenever the pointer is in it, so that the host's transport no longer obeys. It also keeps
-// the events' times to itself. So the events of the mouse are taken off that window, and reach ours
+// the events' times to itself, and never takes the reply to what it asks the server at each
+// movement of the pointer. So the events of the mouse are taken off that window, and reach ours
 // around it; they come on the toolkit's connection still, in one row with the keys. Keys are taken
 // while a view asks for them. Made before the frame's opening and gone after its end.
 // User-interface thread.
