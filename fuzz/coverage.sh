@@ -52,4 +52,5 @@ about textfield editor/controls/linux/editedtext.cpp editor/controls/linux/textf
   platform/validtext.cpp
 about arguments host/cli/arguments.cpp
 about values host/state/values.cpp
+about desktopsettings editor/base/linux/xsettings.cpp
 about soundfile host/sound/soundreader.cpp host/sound/completeness.cpp host/sound/inputfile.cpp

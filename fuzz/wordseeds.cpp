@@ -1,8 +1,10 @@
-// Seeds of command lines, of values on them, of an entry's keys and of dialogs' answers.
+// Seeds of command lines, of values on them, of an entry's keys, of dialogs' answers and of a
+// desktop's settings.
 #include <initializer_list>
 #include <string>
 
 #include "fuzz/seeds.h"
+#include "tests/support/xsettingsbytes.h"
 
 using presetimage::Bytes;
 
@@ -75,4 +77,16 @@ void fuzz::addWordSeeds(Corpus& corpus) {
   corpus.add("dialoganswers", "second-program", {6, 0, 0, 255, 5, 0, 0, 1, 2, '/', 'x'});
   corpus.add("dialoganswers", "closed", {2, 0, 0, 1, 0, 4, 1, '/', 1, 'a'});
   corpus.add("dialoganswers", "status-unknown", {2, 0, 0, 255, 0x60, 1, 2, '/', 'y'});
+
+  for (const auto order : {XSettingsBytes::Order::little, XSettingsBytes::Order::big}) {
+    XSettingsBytes settings(order);
+    settings.text("Net/ThemeName", "Adwaita");
+    settings.colour("Net/Accent", {1, 2, 3, 4});
+    settings.number("Xft/DPI", 196608);
+    settings.number("Net/DoubleClickTime", 400);
+    corpus.add("desktopsettings", order == XSettingsBytes::Order::big ? "big" : "little",
+               settings.bytes());
+  }
+  corpus.add("desktopsettings", "endless", words({"Xft.dpi: inf\n"}));
+  corpus.add("desktopsettings", "resources", words({"*a:\tb\nXft.dpi:\t192\nXft.hinting: 1\n"}));
 }
