@@ -30,11 +30,10 @@ class ScaledWindow : public WindowTest, public ::testing::WithParamInterface<dou
         after.pixels[pixel] = before.pixels[pixel];
     }
     const Area allowed = host.scaled(area);
+    const Area roomy{allowed.left - 1, allowed.top - 1, allowed.right + 1, allowed.bottom + 1};
     const Area changed = differingArea(before, after);
     EXPECT_NE(changed, Area{});
-    EXPECT_TRUE(Area(allowed.left - 1, allowed.top - 1, allowed.right + 1, allowed.bottom + 1)
-                    .contains(changed))
-        << changed << " for " << allowed;
+    EXPECT_TRUE(roomy.contains(changed)) << changed << " for " << allowed;
   }
 
   const double scale = GetParam();
