@@ -7,7 +7,6 @@
 #include <new>
 #include <utility>
 
-#include "editor/base/linux/wholepixels.h"
 #include "lib/cvstguitimer.h"
 #include "lib/events.h"
 #include "lib/platform/iplatformfont.h"
@@ -154,8 +153,7 @@ void TextField::draw(VSTGUI::CDrawContext* context) {
   } else if (caretLit) {
     const double x = std::round(left + widthOf(edit.caret()));
     context->setFillColor(colors->caret.orElse(colour));
-    context->drawRect(onWholePixels(*context, CRect(x, area.top, x + 1., area.bottom)),
-                      VSTGUI::kDrawFilled);
+    context->drawRect(CRect(x, area.top, x + 1., area.bottom), VSTGUI::kDrawFilled);
   }
   setDirty(false);
 }
