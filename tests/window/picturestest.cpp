@@ -252,6 +252,8 @@ TEST_P(Pictures, LookAsTheyDid) {
   ASSERT_TRUE(host.openEditor());
   std::vector<Area> texts;
   const Picture actual = pictureOf(host, state, texts);
+  // Else it is down for the next window too, which misses its first press.
+  if (state.name.find("pressed") != std::string::npos) host.release();
   const char* folder = std::getenv("TRELVAN_PICTURES");
   ASSERT_NE(folder, nullptr);
   const std::string kept = std::string(folder) + "/" + state.name + ".png";
