@@ -84,7 +84,7 @@ export HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_CACHE_HOME="$w
 export XDG_DATA_HOME="$work/home/.local/share" XDG_RUNTIME_DIR="$work/run" LC_ALL=C.UTF-8
 export DBUS_SESSION_BUS_ADDRESS=disabled: LV2_PATH="$work/nothing" LADSPA_PATH="$work/nothing"
 export VST3_PATH="$work/nothing"
-unset DISPLAY
+unset DISPLAY GDK_SCALE
 
 # A copy of the bundle in a folder of its own, as a user would put it there. The binary is
 # back-dated: Ardour takes a scan made in the same second for outdated.

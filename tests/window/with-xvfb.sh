@@ -32,7 +32,7 @@ fi
 exec 4>&-
 export DISPLAY=:$number
 export TMPDIR=$folder  # what a program that is ended in the middle leaves behind goes with it
-unset XAUTHORITY WAYLAND_DISPLAY
+unset XAUTHORITY WAYLAND_DISPLAY GDK_SCALE
 timeout --kill-after=5 "$seconds" "$@" &
 program=$!
 wait "$program"
