@@ -327,6 +327,7 @@ TEST_F(BarDispatch, TheManualButtonIsShownReleasedWhileTheViewerFails) {
   EXPECT_TRUE(button->isDirty());
   for (int pass = 0; pass < 5000 && !desktop.wasCalled("xmessage"); ++pass) {
     editor->watchManual();
+    editor->watchMessages();
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   EXPECT_TRUE(desktop.wasCalled("xmessage")) << "the alert";
