@@ -3,8 +3,7 @@
 
 #import <Cocoa/Cocoa.h>
 
-#include <cstdlib>
-#include <cstring>
+#include <string>
 #include <utility>
 
 #include "platform/mac/manualreferences.h"
@@ -13,8 +12,8 @@
 // Apart from its owner: the alert runs an event loop of its own, in which a host may do anything,
 // end the owner included. One that is up stays until the user dismisses it.
 @interface Orv_Tlvn_Alert : NSObject {
-  NSTimer* timer;  // retained, until it is up
-  char* text;      // owned, null: none
+  NSTimer* timer;     // retained, until it is up
+  std::string* text;  // owned
   BOOL dismissed;
 }
 - (void)showSoon:(const char*)message;
@@ -27,7 +26,7 @@
 
 // From the run loop, when nothing of the toolkit's or the host's is on the stack any more.
 - (void)showSoon:(const char*)message {
-  text = message != nullptr ? strdup(message) : nullptr;
+  text = new std::string(message != nullptr ? message : "");
   timer = [[NSTimer scheduledTimerWithTimeInterval:0
                                             target:self
                                           selector:@selector(show:)
@@ -45,7 +44,7 @@
   (void)fired;
   [self retain];
   [self withdraw];
-  XPlatDisplayAlert(text);
+  XPlatDisplayAlert(text->c_str());
   dismissed = YES;
   [self release];
 }
@@ -55,7 +54,7 @@
 }
 
 - (void)dealloc {
-  std::free(text);
+  delete text;
   [super dealloc];
 }
 
