@@ -7,9 +7,9 @@
 #include "vstgui.h"
 
 // Its picture shows under the pointer alone: the window's has one at its place. A press of the left
-// or right button opens the list, and so does Return; Up and Down step without it. A choice sets the value and tells the listener once, also when it is the current entry again;
-// getLastResult is the entry chosen, and negative from each opening until
-// then. User-interface thread.
+// or right button opens the list, and so does Return; Up and Down step without it. A choice sets
+// the value and tells the listener once, also when it is the current entry again; getLastResult is
+// the entry chosen, and negative from each opening until then. User-interface thread.
 class CPresetMenu : public Hovered<OwnPresses<VSTGUI::COptionMenu>> {
  public:
   using Hovered::Hovered;

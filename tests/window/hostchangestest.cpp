@@ -150,8 +150,9 @@ TEST_F(HostChanges, SoundMovesTheMeterTowardMidAndTowardSide) {
   host.setParameter(0, 0.0F);
   host.play(0.5F, 0.5F, kTwoSeconds);
   const Area mid = differingArea(rest, host.picture());
-  EXPECT_NEAR(mid.left, places::kMeter.left + kSteps / 2, 1);
-  EXPECT_GE(mid.right, places::kMeter.right - 2);  // up to the last lamp's edge
+  constexpr int kLine = 2;  // pixels to each side of 1:1 that are never lit
+  EXPECT_EQ(mid.left, places::kMeter.left + kSteps / 2 + kLine);
+  EXPECT_EQ(mid.right, places::kMeter.right);
   EXPECT_TRUE(places::kMeter.contains(mid)) << mid;
 
   host.setParameter(0, 1.0F);
@@ -161,8 +162,7 @@ TEST_F(HostChanges, SoundMovesTheMeterTowardMidAndTowardSide) {
   const Picture wide = host.picture();
   host.dispatch(effMainsChanged, 0, 0);  // the meter rests again
   const Area side = differingArea(host.picture(), wide);
-  // a lamp's edge may lie there
-  EXPECT_NEAR(side.left, static_cast<float>(places::kMeter.left) + expected, 2);
-  EXPECT_LE(side.right, places::kMeter.left + kSteps / 2);
+  EXPECT_NEAR(side.left, static_cast<float>(places::kMeter.left) + expected, 1);
+  EXPECT_EQ(side.right, places::kMeter.left + kSteps / 2 - kLine);
   EXPECT_TRUE(places::kMeter.contains(side)) << side;
 }

@@ -366,6 +366,7 @@ TEST_F(Name, ThatIsNoTextIsShownWithReplacementCharactersAndWithoutAWarning) {
   startEntry();
   host.key(XKB_KEY_Escape);
   host.settle();
+  host.moveAway();
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   EXPECT_EQ(host.programName(),
             "a\xFF"
