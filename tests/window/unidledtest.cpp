@@ -61,7 +61,10 @@ class CountingEditor : public AEffGUIEditor {
  public:
   CountingEditor() : AEffGUIEditor(nullptr) {}
   ~CountingEditor() override { closeFrame(); }
-  bool open(void* window) override { return AEffGUIEditor::open(window) && openFrame(window); }
+  bool open(void* window) override {
+    AEffGUIEditor::open(window);
+    return openFrame(window);
+  }
   void idle() override {
     ++passes;
     AEffGUIEditor::idle();

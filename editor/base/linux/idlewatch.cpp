@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "editor/base/aeffguieditor.h"
+#include "editor/base/linux/openfiles.h"
 #include "editor/base/steadytime.h"
 
 namespace {
@@ -79,6 +80,9 @@ IdleWatch::IdleWatch(AEffGUIEditor* editor) : system(std::make_shared<System>(ed
   system->source = g_source_new(&kinds, sizeof(GSource));
   g_source_set_callback(system->source, System::wake, kept.release(), System::forget);
   wakeAfter(system->source, kLongest);
+  // The process's own loop takes a file where it is the first to be asked for, and ends the process
+  // without one. No window opens then anyway.
+  if (!areFilesLeft()) return;
   g_source_attach(system->source, g_main_context_get_thread_default());  // null: the process's own
 }
 
