@@ -47,6 +47,7 @@ add_library(trelvan STATIC
   editor/window/adeditor.cpp
   editor/window/adeditoropen.cpp
   editor/controls/stringconvert.cpp
+  editor/controls/textwidth.cpp
   editor/controls/tooltips.cpp
   editor/controls/ccnames.cpp
   editor/controls/cpskickbutton.cpp

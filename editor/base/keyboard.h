@@ -9,5 +9,3 @@ class CFrame;
 // whoever had it has it again: the host's transport obeys the space bar. Ends with the window at
 // the latest. frame: not null, open or not. On the window's thread.
 void takeKeyboard(VSTGUI::CFrame* frame, bool take);
-// Whether somebody has it.
-bool isKeyboardTaken(const VSTGUI::CFrame* frame);

@@ -6,8 +6,8 @@
 
 #include "editor/base/keyboard.h"
 #include "editor/controls/modalview.h"
+#include "editor/controls/textwidth.h"
 #include "editor/controls/wrappedtext.h"
-#include "lib/platform/iplatformfont.h"
 #include "platform/validtext.h"
 
 using VSTGUI::CColor;
@@ -35,9 +35,7 @@ VSTGUI::CFontRef textFont() {
 }
 
 double widthOf(const std::string& text) {
-  const VSTGUI::UTF8String shown(text);
-  const auto font = textFont()->getPlatformFont();
-  return font ? font->getPainter()->getStringWidth(nullptr, shown.getPlatformString(), true) : 0;
+  return textWidth(textFont(), text);
 }
 
 class MessagePanel final : public VSTGUI::CView {

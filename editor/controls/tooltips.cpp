@@ -7,8 +7,8 @@
 #include <sstream>
 #include <vector>
 
+#include "editor/controls/textwidth.h"
 #include "lib/events.h"
-#include "lib/platform/iplatformfont.h"
 
 using VSTGUI::CColor;
 using VSTGUI::CPoint;
@@ -30,12 +30,6 @@ constexpr double kOutside = 2;  // to the window's edge
 
 VSTGUI::CFontRef textFont() {
   return VSTGUI::kNormalFontSmaller;
-}
-
-double widthOf(const std::string& text) {
-  const VSTGUI::UTF8String line(text);
-  const auto font = textFont()->getPlatformFont();
-  return font ? font->getPainter()->getStringWidth(nullptr, line.getPlatformString(), true) : 0;
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -102,8 +96,9 @@ std::optional<CRect> tooltipPlace(const CRect& window, const CRect& control, con
   return place.offset(left, top);
 }
 
-Tooltips::Tooltips(VSTGUI::CViewContainer& held, TextOf text, Allowed isAllowed)
-    : root(held), frame(*held.getFrame()), textOf(std::move(text)), allowed(std::move(isAllowed)) {
+Tooltips::Tooltips(VSTGUI::CFrame& window, VSTGUI::CViewContainer& held, TextOf text,
+                   Allowed isAllowed)
+    : frame(window), root(held), textOf(std::move(text)), allowed(std::move(isAllowed)) {
   frame.registerMouseObserver(this);
   frame.registerKeyboardHook(this);
   frame.registerViewEventListener(this);
@@ -132,7 +127,8 @@ void Tooltips::show() {
   std::vector<std::string> lines = linesOf(textOf(over->tag));
   if (lines.empty()) return;
   double width = 0;
-  for (const std::string& line : lines) width = std::max(width, std::ceil(widthOf(line)));
+  for (const std::string& line : lines)
+    width = std::max(width, std::ceil(textWidth(textFont(), line)));
   const CPoint size(width + 2 * kMarginX, static_cast<double>(lines.size()) * kLine + 2 * kMarginY);
   const auto place = tooltipPlace(root.getViewSize(), over->area, size);
   if (!place) return;

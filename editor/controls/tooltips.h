@@ -28,8 +28,8 @@ class Tooltips final : public VSTGUI::IMouseObserver,
   using TextOf = std::function<std::string(std::int32_t)>;  // of a tag; lines; empty: there is none
   using Allowed = std::function<bool()>;                    // nothing else has the user's attention
 
-  // root: an attached child of its frame's, as large, whose children the controls are.
-  Tooltips(VSTGUI::CViewContainer& root, TextOf textOf, Allowed allowed);
+  // root: a child of the frame's, as large, whose children the controls are.
+  Tooltips(VSTGUI::CFrame& frame, VSTGUI::CViewContainer& root, TextOf textOf, Allowed allowed);
   ~Tooltips();
   Tooltips(const Tooltips&) = delete;
 
@@ -54,8 +54,8 @@ class Tooltips final : public VSTGUI::IMouseObserver,
   void hide();
   void dismiss();
 
-  VSTGUI::CViewContainer& root;
   VSTGUI::CFrame& frame;
+  VSTGUI::CViewContainer& root;
   TextOf textOf;
   Allowed allowed;
   Clock clock = steadyMilliseconds;

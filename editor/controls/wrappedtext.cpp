@@ -3,13 +3,15 @@
 
 #include <algorithm>
 
+#include "platform/validtext.h"
+
 namespace {
 
 // Where the character after the one at `at` begins.
 std::size_t nextCharacter(const std::string& text, std::size_t at) {
   do {
     ++at;
-  } while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U);
+  } while (at < text.size() && continuesCharacter(text[at]));
   return at;
 }
 

@@ -2,7 +2,6 @@
 // whose job it is.
 #include "presetsystem/bar/cpresetsystemeditor.h"
 
-#include "editor/base/keyboard.h"
 #include "editor/base/myframe.h"
 #include "editor/base/pressguard.h"
 #include "editor/controls/corvtextedit.h"
@@ -40,8 +39,8 @@ bool CPresetSystemEditor::open(void* /*window*/) {
   bar.build(*view, this, *presetEffect);
   pressGuard = std::make_unique<PressGuard>([this] { return !takesInput(); });
   pressGuard->watch(*frame);
-  tooltips =
-      std::make_unique<Tooltips>(*view, barTip, [this] { return isAtRest() && takesInput(); });
+  tooltips = std::make_unique<Tooltips>(*frame, *view, barTip,
+                                        [this] { return isAtRest() && takesInput(); });
   return true;
 }
 
@@ -100,7 +99,7 @@ void CPresetSystemEditor::redraw() {
 }
 
 bool CPresetSystemEditor::isAtRest() const {
-  if (frame == nullptr || frame->getModalView() != nullptr || isKeyboardTaken(frame)) return false;
+  if (frame == nullptr || frame->getModalView() != nullptr) return false;
   if (pressGuard && pressGuard->isHeld()) return false;
   return bar.nameEdit == nullptr || !bar.nameEdit->isBeingEdited();
 }

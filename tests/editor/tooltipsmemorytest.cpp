@@ -14,7 +14,8 @@ TEST_F(TooltipsMemory, PassesThatShowNoneTakeNothing) {
   add(new VSTGUI::COnOffButton(CRect(20, 214, 60, 228), nullptr, 1, nullptr));
   std::uint64_t now = 0;  // ms
   Tooltips tips(
-      *root, [](std::int32_t) { return std::string(100, 'x'); }, [] { return true; });
+      *root->getFrame(), *root, [](std::int32_t) { return std::string(100, 'x'); },
+      [] { return true; });
   tips.setClock([&now] { return now; });
   for (const CPoint where : {CPoint(150, 100), CPoint(40, 220)}) {
     move(where);

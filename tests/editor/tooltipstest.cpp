@@ -27,7 +27,7 @@ class TooltipsTest : public ControlTest {
     add(new Plain(kSecond, 2));
     add(new Plain(kSilent, 3));
     tips.emplace(
-        *root,
+        *root->getFrame(), *root,
         [this](std::int32_t tag) { return ++asked, tag == 3 ? "" : "one line\nand another"; },
         [this] { return allowed; });
     tips->setClock([this] { return now; });

@@ -7,8 +7,3 @@
 void takeKeyboard(VSTGUI::CFrame* frame, bool take) {
   if (WindowInput* input = WindowInput::of(frame)) input->takeKeyboard(take);
 }
-
-bool isKeyboardTaken(const VSTGUI::CFrame* frame) {
-  const WindowInput* input = WindowInput::of(frame);
-  return input != nullptr && input->isKeyboardTaken();
-}

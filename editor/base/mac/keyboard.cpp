@@ -5,7 +5,3 @@
 #include "vstgui.h"
 
 void takeKeyboard(VSTGUI::CFrame* /*frame*/, bool /*take*/) {}
-
-bool isKeyboardTaken(const VSTGUI::CFrame* /*frame*/) {
-  return false;
-}

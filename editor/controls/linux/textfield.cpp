@@ -7,9 +7,9 @@
 #include <new>
 #include <utility>
 
+#include "editor/controls/textwidth.h"
 #include "lib/cvstguitimer.h"
 #include "lib/events.h"
-#include "lib/platform/iplatformfont.h"
 #include "platform/validtext.h"
 
 using VSTGUI::CCoord;
@@ -100,9 +100,7 @@ bool TextField::removed(CView* parent) {
 }
 
 double TextField::widthOf(std::size_t bytes) const {
-  const UTF8String head(edit.text().substr(0, bytes));
-  const auto painter = label->getFont()->getFontPainter();
-  return painter ? painter->getStringWidth(nullptr, head.getPlatformString(), true) : 0.;
+  return textWidth(label->getFont(), edit.text().substr(0, bytes));
 }
 
 // Aligned like the label; a text that is wider moves until its caret can be seen.
