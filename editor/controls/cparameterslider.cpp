@@ -129,7 +129,9 @@ CMouseEventResult CParameterSlider::onMouseUp(CPoint& where, const CButtonState&
   if (!drag) return VSTGUI::kMouseEventHandled;
   follow(where, buttons);
   drag.reset();
-  hover(getViewSize().pointInside(where));
+  // Never lit by this: who has been left at the press, by a window manager's grab, is not left
+  // again.
+  hover(pointerOver && getViewSize().pointInside(where));
   endEdit();
   return VSTGUI::kMouseEventHandled;
 }
