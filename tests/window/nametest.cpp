@@ -183,6 +183,24 @@ TEST_F(Name, KeysOfTheFieldReachNothingBehindIt) {
   EXPECT_TRUE(host.gestureCalls().empty());
 }
 
+// Another preset would get the name that was meant for this one.
+TEST_F(Name, TheWheelMeanwhileChoosesNoOtherPresetAndMovesNoSlider) {
+  const std::string second = host.programName(1);
+  const float value = host.parameter(0);
+  startEntry();
+  host.type("mine");
+  host.wheel(places::kRockerRight, -1);
+  host.wheel(places::slider(0), 2);
+  host.idle(2);
+  EXPECT_EQ(host.currentPreset(), 0);
+  EXPECT_EQ(host.parameter(0), value);
+  host.key(XKB_KEY_Return);
+  expectConfirmed("mine");
+  EXPECT_EQ(host.programName(1), second);
+  host.wheel(places::kRockerRight, -1);
+  EXPECT_EQ(host.currentPreset(), 1);
+}
+
 TEST_F(Name, AControlKeyConfirmsInsteadOfActing) {
   for (const char letter : {'a', 'c', 'v', 'q'}) {
     SCOPED_TRACE(letter);

@@ -80,6 +80,7 @@ bool TextField::attached(CView* parent) {
   if (!CView::attached(parent)) return false;
   getFrame()->registerKeyboardHook(this);
   getFrame()->registerMouseObserver(this);
+  getFrame()->registerViewEventListener(this);
   blinking = VSTGUI::makeOwned<VSTGUI::CVSTGUITimer>(
       [this](VSTGUI::CVSTGUITimer*) {
         caretLit = !caretLit;
@@ -93,6 +94,7 @@ bool TextField::removed(CView* parent) {
   blinking = nullptr;
   if (VSTGUI::CFrame* frame = getFrame()) {
     frame->setCursor(VSTGUI::kCursorDefault);
+    frame->unregisterViewEventListener(this);
     frame->unregisterMouseObserver(this);
     frame->unregisterKeyboardHook(this);
   }
@@ -240,4 +242,8 @@ void TextField::onMouseEntered(CView* view, VSTGUI::CFrame* frame) {
 
 void TextField::onMouseExited(CView* view, VSTGUI::CFrame* frame) {
   if (view == this) frame->setCursor(VSTGUI::kCursorDefault);
+}
+
+void TextField::viewOnEvent(CView* /*view*/, VSTGUI::Event& event) {
+  if (event.type == VSTGUI::EventType::MouseWheel) event.consumed = true;
 }

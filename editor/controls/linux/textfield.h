@@ -8,15 +8,18 @@
 #include "editor/controls/linux/editedtext.h"
 #include "editor/controls/textentryowner.h"
 #include "lib/cframe.h"
+#include "lib/iviewlistener.h"
 #include "vstgui.h"
 
 // Lies over a label in the label's container, and has its text, font and colours. While it is
 // attached it takes every key of the window and every press: it edits, or calls `ended` with
-// whether to confirm. The toolkit's own field counts a selection in bytes and a text in UTF-16
+// whether to confirm. The wheel does nothing meanwhile: it could choose another preset, whose name
+// the text would become. The toolkit's own field counts a selection in bytes and a text in UTF-16
 // units, and reads past its end where a name is not plain ASCII. User-interface thread.
 class TextField final : public VSTGUI::CView,
                         public VSTGUI::IKeyboardHook,
-                        public VSTGUI::IMouseObserver {
+                        public VSTGUI::IMouseObserver,
+                        public VSTGUI::IViewEventListener {
  public:
   // place: in the coordinates of the label's container. The label outlives the
   // field's being attached.
@@ -37,6 +40,7 @@ class TextField final : public VSTGUI::CView,
   void onMouseEvent(VSTGUI::MouseEvent& event, VSTGUI::CFrame* frame) override;
   void onMouseEntered(VSTGUI::CView* view, VSTGUI::CFrame* frame) override;
   void onMouseExited(VSTGUI::CView* view, VSTGUI::CFrame* frame) override;
+  void viewOnEvent(VSTGUI::CView* view, VSTGUI::Event& event) override;  // the wheel
 
   CLASS_METHODS_NOCOPY(TextField, CView)
 
