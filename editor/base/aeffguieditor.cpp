@@ -99,6 +99,8 @@ void AEffGUIEditor::closeFrame() {
   windowContract.ensure("close");
   windowContract.closed();
   if (frame != nullptr) forgetListeners(*frame);
+  // What the pump still has for the window begins nothing: nobody would end it.
+  if (view != nullptr) view->setMouseEnabled(false);
   frame = nullptr;
   view = nullptr;
   idleWatch.reset();

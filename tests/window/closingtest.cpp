@@ -338,3 +338,31 @@ TEST_F(Closing, IdlingInsideACallIsSafe) {
   host.closeEditor();
   expectWorking();
 }
+
+// The wheel's second click and a press wait in the same pass in which the first click closes the
+// window.
+TEST_F(Closing, WhatComesAfterwardsInTheSamePassBeginsNoGesture) {
+  for (const VstInt32 opcode : {audioMasterBeginEdit, audioMasterAutomate}) {
+    for (const bool reopen : {false, true}) {
+      SCOPED_TRACE(std::to_string(opcode) + (reopen ? ", opened again" : ""));
+      if (!host.isEditorOpen()) host.openEditor();
+      host.setParameter(0, 0.5F);
+      host.moveTo(places::handleX(0.5F), places::handleY(0));
+      host.settle();
+      host.forgetCalls();
+      closedInside = false;
+      closeInside(opcode, reopen);
+      constexpr int kWheelUp = 4;
+      for (const int button : {kWheelUp, kWheelUp, 1}) {
+        host.display.press(button);
+        host.display.release(button);
+      }
+      host.idle(2);
+      host.onCall = nullptr;
+      EXPECT_TRUE(closedInside);
+      host.closeEditor();
+      EXPECT_EQ(host.calls(audioMasterBeginEdit).size(), 1U);
+      EXPECT_EQ(host.calls(audioMasterEndEdit).size(), 1U);
+    }
+  }
+}
