@@ -46,6 +46,7 @@ bool CPresetSystemEditor::open(void* /*window*/) {
 
 void CPresetSystemEditor::close() {
   endFileOperation();
+  manual.end();
   endMessages();
   tooltips.reset();
   if (frame != nullptr && pressGuard) pressGuard->leave(*frame);

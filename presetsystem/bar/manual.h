@@ -12,9 +12,10 @@ class Manual {
 
   void open();   // starts the viewer and returns
   void watch();  // from every idle pass; says so where the viewer could not be started
+  void end() { awaited = false; }  // the window closes; the viewer stays
 
  private:
   Messages& messages;
   ManualOpener opener;
-  bool awaited = false;
+  bool awaited = false;  // somebody waits to be told
 };

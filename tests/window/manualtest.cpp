@@ -133,6 +133,21 @@ TEST_F(Manual, TheHostGoesOnWhileTheAlertIsUpAndTheWindowTakesNothing) {
   EXPECT_EQ(host.currentPreset(), 1);
 }
 
+// Nobody knows any more what it is about.
+TEST_F(Manual, AViewerThatFailsOnceTheWindowHasClosedIsNotToldInTheNextOne) {
+  host.click(places::kManual);
+  waitedFor(viewer);
+  host.closeEditor();
+  viewer.answer("", 3);
+  ASSERT_TRUE(host.idleUntil([&] { return !viewer.isRunning(); }));
+  ASSERT_TRUE(host.openEditor());
+  host.idleFor(300);
+  EXPECT_FALSE(zenity.wasAsked());
+  fail();
+  waitedFor(zenity);
+  zenity.answer("");
+}
+
 TEST_F(Manual, TheAlertEndsWithTheWindow) {
   fail();
   waitedFor(zenity);
