@@ -20,8 +20,10 @@ class FakeDesktop {
                      ".call*' | /usr/bin/wc -l)\n" + "calls=$((calls + 1))\n" + "/usr/bin/env > " +
                      record + ".environment\n" + "echo $$ > " + record + ".pid\n" +
                      "for argument; do printf '%s\\0' \"$argument\"; done > " + record +
-                     ".arguments\n" + "/bin/cp " + record + ".arguments " + record +
-                     ".call$calls\n" + body);
+                     ".arguments\n" +
+                     // with one name from the first moment on: who waits for it reads it at once
+                     "/bin/cp " + record + ".arguments " + record + ".new\n" + "/bin/mv " + record +
+                     ".new " + record + ".call$calls\n" + body);
   }
 
   // The arguments of one of the calls, 1 the first; none if it was not called so often.
