@@ -287,3 +287,26 @@ TEST_F(Keyboard, TypesByTheMapThatItHasAtThatTime) {
   host.key(XKB_KEY_Return);
   EXPECT_EQ(host.programName(), "\xC3\xB6");
 }
+
+// A host that idles seldom hands over several keys at once.
+TEST_F(Keyboard, AKeyAfterTheOneThatEndsTheListChangesNothing) {
+  host.focusParent();
+  host.openEditor();
+  openList(host);
+  host.display.tap(XKB_KEY_Down);
+  host.display.tap(XKB_KEY_Return);
+  host.display.tap(XKB_KEY_Down);
+  host.idle(3);
+  EXPECT_EQ(host.currentPreset(), 1);
+}
+
+TEST_F(Keyboard, ASecondReturnAfterTheListDoesNotOpenItAgain) {
+  listenTo(host.parent());
+  host.focusParent();
+  host.openEditor();
+  openList(host);
+  host.display.tap(XKB_KEY_Return);
+  host.display.tap(XKB_KEY_Return);
+  host.idle(3);
+  EXPECT_THAT(receiversOf(XKB_KEY_space), testing::ElementsAre(host.parent()));
+}

@@ -123,6 +123,7 @@ void WindowInput::wheel(const xcb_button_press_event_t& event) {
 
 // The toolkit has put its event of this key together.
 void WindowInput::onEvent(xcb_key_press_event_t& event) {
+  if (keyboardUsers == 0) return;  // pressed before the server had heard that it is given back
   const HandledEvent handled(event.time);
   VSTGUI::KeyboardEvent key(VSTGUI::X11::RunLoop::instance().getCurrentKeyEvent());
   if (keys && key.virt == VSTGUI::VirtualKey::None)
