@@ -310,3 +310,21 @@ TEST_F(Keyboard, ASecondReturnAfterTheListDoesNotOpenItAgain) {
   host.idle(3);
   EXPECT_THAT(receiversOf(XKB_KEY_space), testing::ElementsAre(host.parent()));
 }
+
+// Two windows in one of the host's, or without a window manager.
+TEST_F(Keyboard, IsTheHostsAfterTwoWindowsHadItOneAfterTheOther) {
+  WindowHost second(1);
+  listenTo(host.parent());
+  host.focusParent();
+  host.openEditor();
+  second.openEditor();
+  host.click(places::kAbout);
+  host.settle();
+  second.click(places::kAbout);
+  second.settle();
+  host.click(places::kAboutPanel);
+  host.settle();
+  second.click(places::kAboutPanel);
+  second.settle();
+  EXPECT_EQ(host.display.focused(), host.parent());
+}

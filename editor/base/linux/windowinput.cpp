@@ -68,6 +68,13 @@ WindowInput* WindowInput::of(const VSTGUI::CFrame* asked) {
   return input;
 }
 
+// Of all windows: null, it is none of ours.
+const WindowInput* WindowInput::withWindow(xcb_window_t window) {
+  const WindowInput* input = all;
+  while (input != nullptr && input->own != window) input = input->next;
+  return input;
+}
+
 void WindowInput::selectEvents(xcb_window_t window, std::uint32_t mask) const {
   xcb_change_window_attributes(link, window, XCB_CW_EVENT_MASK, &mask);
 }
@@ -104,10 +111,13 @@ void WindowInput::takeKeyboard(bool take) {
   selectEvents(own, take ? kMouse | kKeys : kMouse);
   const InputFocus now = inputFocus(link);
   if (take) {
+    const WindowInput* other = withWindow(now.window);
     before = now;
+    beforeAll = other != nullptr && other->keyboardUsers > 0 ? other->beforeAll : now;
     setInputFocus(link, own);
   } else if (now.window == own && before.window != own) {
-    giveBack(link, before, own);
+    const WindowInput* other = withWindow(before.window);
+    giveBack(link, other != nullptr && other->keyboardUsers == 0 ? beforeAll : before, own);
   }
 }
 

@@ -47,6 +47,7 @@ class WindowInput final : public VSTGUI::X11::IFrameEventHandler {
 
  private:
   void wheel(const xcb_button_press_event_t& event);
+  static const WindowInput* withWindow(xcb_window_t window);
   void selectEvents(xcb_window_t window, std::uint32_t mask) const;
 
   VSTGUI::CFrame* frame;
@@ -54,6 +55,7 @@ class WindowInput final : public VSTGUI::X11::IFrameEventHandler {
   xcb_window_t own;
   int pointerUsers = 0, keyboardUsers = 0;
   InputFocus before;                // the keyboard was taken
+  InputFocus beforeAll;             // the same, before another of our windows took it
   std::optional<KeyboardMap> keys;  // while it is
   WindowInput* next;                // of all: a list that needs no memory
 };
