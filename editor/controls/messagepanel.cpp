@@ -47,12 +47,13 @@ class MessagePanel final : public VSTGUI::CView {
 
   bool attached(CView* parent) override {
     if (!CView::attached(parent)) return false;
-    takeKeyboard(getFrame(), true);
+    hasKeyboard = isKeyboardWithHost(getFrame());
+    if (hasKeyboard) takeKeyboard(getFrame(), true);
     return true;
   }
 
   bool removed(CView* parent) override {
-    if (isAttached()) takeKeyboard(getFrame(), false);
+    if (isAttached() && hasKeyboard) takeKeyboard(getFrame(), false);
     return CView::removed(parent);
   }
 
@@ -123,6 +124,7 @@ class MessagePanel final : public VSTGUI::CView {
 
   std::vector<std::string> lines;
   VSTGUI::ModalViewSessionID session{};
+  bool hasKeyboard = false;  // the user may be with another program when it comes up
 };
 
 }  // namespace

@@ -186,6 +186,31 @@ TEST_F(Manual, WithoutADialogProgramTheWindowSaysItItself) {
   });
 }
 
+TEST_F(Manual, WhatTheWindowSaysTakesTheKeyboardFromNoOtherProgram) {
+  std::filesystem::remove(folder / "bin/zenity");
+  host.focusOther();
+  const xcb_window_t other = host.display.focused();
+  fail();
+  EXPECT_TRUE(host.idleUntil([&] {
+    host.moveAway();
+    return host.picture() != rest;
+  }));
+  EXPECT_EQ(host.display.focused(), other);
+  host.click(places::kPhaseSwitch);
+  host.moveAway();
+  EXPECT_EQ(host.picture(), rest);
+  EXPECT_EQ(host.display.focused(), other);
+  host.focusParent();
+  fail();
+  EXPECT_TRUE(host.idleUntil([&] {
+    host.moveAway();
+    return host.picture() != rest;
+  }));
+  host.key(XKB_KEY_Escape);
+  host.moveAway();
+  EXPECT_EQ(host.picture(), rest);
+}
+
 // The list has the pointer to itself: the alert could not be clicked, nor the list.
 TEST_F(Manual, TheAlertWaitsForTheListToClose) {
   host.click(places::kManual);

@@ -16,6 +16,7 @@ std::uint64_t latest = 0;  // ms, of an event
 
 HandledEvent::HandledEvent(std::uint32_t serverTime) {
   ++depth;
+  if (serverTime == 0) return;  // a program has sent it, and does not say when
   // events of two kinds may come a little out of order
   const auto step = static_cast<std::int32_t>(serverTime - static_cast<std::uint32_t>(latest));
   latest += static_cast<std::uint64_t>(static_cast<std::int64_t>(step));

@@ -63,6 +63,11 @@ void setInputFocus(xcb_connection_t* link, xcb_window_t window) {
   inputFocus(link);  // any question
 }
 
+bool isAround(xcb_connection_t* link, const InputFocus& focus, xcb_window_t inner) {
+  return focus.window == XCB_INPUT_FOCUS_NONE || focus.window == XCB_INPUT_FOCUS_POINTER_ROOT ||
+         topLevel(link, focus.window) == topLevel(link, inner);
+}
+
 void giveBack(xcb_connection_t* link, const InputFocus& before, xcb_window_t inner) {
   if (takes(link, before)) return;
   if (takes(link, {topLevel(link, inner), XCB_INPUT_FOCUS_PARENT})) return;

@@ -14,6 +14,10 @@ InputFocus inputFocus(xcb_connection_t* link);
 // With its parent after it. Returns when it has happened, and whoever watches it has been told.
 void setInputFocus(xcb_connection_t* link, xcb_window_t window);
 
+// Whether the keyboard is in the same top-level window as `inner`, or follows the pointer, or is
+// nobody's.
+bool isAround(xcb_connection_t* link, const InputFocus& focus, xcb_window_t inner);
+
 // To `before`; where that has gone or cannot be seen, to the top-level window around `inner`, else
 // to whatever the pointer is in.
 void giveBack(xcb_connection_t* link, const InputFocus& before, xcb_window_t inner);

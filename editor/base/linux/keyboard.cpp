@@ -7,3 +7,8 @@
 void takeKeyboard(VSTGUI::CFrame* frame, bool take) {
   if (WindowInput* input = WindowInput::of(frame)) input->takeKeyboard(take);
 }
+
+bool isKeyboardWithHost(const VSTGUI::CFrame* frame) {
+  const WindowInput* input = WindowInput::of(frame);
+  return input != nullptr && input->isKeyboardWithHost();
+}

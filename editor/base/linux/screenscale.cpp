@@ -3,7 +3,6 @@
 
 #include <xcb/xcb.h>
 
-#include <cstdlib>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -12,6 +11,7 @@
 #include "editor/base/linux/scalechoice.h"
 #include "editor/base/linux/servername.h"
 #include "editor/base/steadytime.h"
+#include "platform/linux/environment.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ double screenScale() {
   xcb_connection_t* link = xcb_connect(nullptr, nullptr);
   const DesktopSettings desktop = desktopSettings(link);
   xcb_disconnect(link);
-  const double scale = chosenScale(desktop.dpi, std::getenv("GDK_SCALE"));
+  const double scale = chosenScale(desktop.dpi, environmentVariable("GDK_SCALE").c_str());
   const std::size_t server = std::hash<std::string>()(serverName());
   const std::lock_guard<std::mutex> lock(askedMutex);
   asked = {scale, steadyMilliseconds(), server};

@@ -121,6 +121,10 @@ void WindowInput::takeKeyboard(bool take) {
   }
 }
 
+bool WindowInput::isKeyboardWithHost() const {
+  return isAround(link, inputFocus(link), own);
+}
+
 void WindowInput::wheel(const xcb_button_press_event_t& event) {
   VSTGUI::MouseWheelEvent turned;
   fill(turned, event);

@@ -33,6 +33,7 @@ class WindowInput final : public VSTGUI::X11::IFrameEventHandler {
   // outside the window, in the host's own area, come too.
   void takePointer(bool take);
   void takeKeyboard(bool take);
+  bool isKeyboardWithHost() const;
 
   void onEvent(xcb_button_press_event_t& event) override;  // a release too
   void onEvent(xcb_motion_notify_event_t& event) override;

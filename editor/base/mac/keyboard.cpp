@@ -5,3 +5,6 @@
 #include "vstgui.h"
 
 void takeKeyboard(VSTGUI::CFrame* /*frame*/, bool /*take*/) {}
+bool isKeyboardWithHost(const VSTGUI::CFrame* /*frame*/) {
+  return true;
+}
