@@ -70,8 +70,8 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
   std::optional<ToolkitLibrary> toolkit;  // from the first question about the window on
   std::unique_ptr<FrameWindow> frameWindow;
   std::unique_ptr<IdleWatch> idleWatch;  // while the window is open
-  ERect unscaled{};             // the window at a scale of 1
-  ERect rect{};                 // the window on the screen
+  ERect unscaled{};                      // the window at a scale of 1
+  ERect rect{};                          // the window on the screen
   std::uint32_t nextIdleTicks;  // ms: when the next pass is due while a control keeps the mouse
   bool inHostIdle = false;      // handing idle time to the host, which may call idle from there
 };

@@ -35,7 +35,7 @@ class ADEditor : public CPresetSystemEditor {
  protected:
   ERect windowSize() override;
   bool isAtRest() const override;  // nor is a value typed
-  void keyboardLeft() override;  // confirms a value that is being typed
+  void keyboardLeft() override;    // confirms a value that is being typed
 
  private:
   bool openWindow(void* window);
