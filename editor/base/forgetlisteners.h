@@ -8,7 +8,7 @@
 // and tells afterwards what was chosen. User-interface thread.
 inline void forgetListeners(VSTGUI::CViewContainer& views) {
   views.forEachChild([](VSTGUI::CView* child) {
-    if (auto* control = dynamic_cast<VSTGUI::CControl*>(child)) control->setListener(nullptr);
     if (VSTGUI::CViewContainer* container = child->asViewContainer()) forgetListeners(*container);
+    if (auto* control = dynamic_cast<VSTGUI::CControl*>(child)) control->setListener(nullptr);
   });
 }
