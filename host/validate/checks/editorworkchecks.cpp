@@ -48,6 +48,14 @@ void idlesAtAnyRate(Trial& trial) {
     trial.note("an idle takes %.1f ms in the median, %.1f at most", median, times.back());
 }
 
+void showSomeTimes(Trial& trial, Subject& subject) {
+  for (int round = 0; round < trial.rounds(2); ++round) {
+    ShownEditor editor(trial, subject);
+    editor.open();
+    editor.idleFor(kShort / 2);
+  }
+}
+
 void playsMeanwhile(Trial& trial) {
   PluginModule module(trial.plugin());
   Subject subject(module, true);
@@ -56,11 +64,7 @@ void playsMeanwhile(Trial& trial) {
   ParentWindow::needDisplay(trial);
   subject.start(kRate, PlayingThread::kBlock);
   PlayingThread player(trial, subject);
-  for (int round = 0; round < trial.rounds(2); ++round) {
-    ShownEditor editor(trial, subject);
-    editor.open();
-    editor.idleFor(kShort / 2);
-  }
+  showSomeTimes(trial, subject);
   player.endAndCheck("while the window opened and closed");
 }
 
@@ -108,11 +112,7 @@ void automatedMeanwhile(Trial& trial) {
         subject.parameter(index);
       },
       kBetweenChanges);
-  for (int round = 0; round < trial.rounds(2); ++round) {
-    ShownEditor editor(trial, subject);
-    editor.open();
-    editor.idleFor(kShort / 2);
-  }
+  showSomeTimes(trial, subject);
 }
 
 void statesMeanwhile(Trial& trial) {
@@ -133,11 +133,7 @@ void statesMeanwhile(Trial& trial) {
         subject.chunk();
       },
       kBetweenChanges);
-  for (int round = 0; round < trial.rounds(2); ++round) {
-    ShownEditor editor(trial, subject);
-    editor.open();
-    editor.idleFor(kShort / 2);
-  }
+  showSomeTimes(trial, subject);
 }
 
 // As hosts do that have a thread for plug-ins' windows.

@@ -128,20 +128,22 @@ void parameterTextsKeepToTheirSize(Trial& trial) {
   lookAtParameters(trial, subject, keepsToItsSize);
 }
 
+void lookAtAll(Trial& trial, Subject& subject, LookAt look) {
+  lookAtOwnNames(trial, subject, look);
+  lookAtPrograms(trial, subject, look);
+  lookAtParameters(trial, subject, look);
+}
+
 void textsArePrintable(Trial& trial) {
   PluginModule module(trial.plugin());
   Subject subject(module);
-  lookAtOwnNames(trial, subject, isPrintable);
-  lookAtPrograms(trial, subject, isPrintable);
-  lookAtParameters(trial, subject, isPrintable);
+  lookAtAll(trial, subject, isPrintable);
 }
 
 void textsAreTheSameAgain(Trial& trial) {
   PluginModule module(trial.plugin());
   Subject subject(module);
-  lookAtOwnNames(trial, subject, isTheSameAgain);
-  lookAtPrograms(trial, subject, isTheSameAgain);
-  lookAtParameters(trial, subject, isTheSameAgain);
+  lookAtAll(trial, subject, isTheSameAgain);
 }
 
 // Hosts keep automation and presets by them.
