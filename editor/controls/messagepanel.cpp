@@ -7,6 +7,7 @@
 #include "editor/base/keyboard.h"
 #include "editor/controls/modalview.h"
 #include "editor/controls/textwidth.h"
+#include "editor/controls/windowcolors.h"
 #include "editor/controls/wrappedtext.h"
 #include "platform/validtext.h"
 
@@ -18,11 +19,7 @@ using VSTGUI::VirtualKey;
 
 namespace {
 
-// The list's colours.
-constexpr CColor kPanel(189, 207, 218);
-constexpr CColor kEdge(79, 102, 119);
 constexpr CColor kText(0, 0, 0);
-constexpr CColor kButton(45, 45, 120);
 // Pixels.
 constexpr double kOutside = 16;  // between the panel and the window's edge, left and right
 constexpr double kInside = 12;   // between the panel's edge and what is in it
@@ -60,8 +57,8 @@ class MessagePanel final : public VSTGUI::CView {
   void draw(VSTGUI::CDrawContext* context) override {
     context->setDrawMode(VSTGUI::kAliasing);
     context->setLineWidth(1);
-    context->setFrameColor(kEdge);
-    context->setFillColor(kPanel);
+    context->setFrameColor(kEdgeColor);
+    context->setFillColor(kFieldColor);
     context->drawRect(getViewSize(), VSTGUI::kDrawFilledAndStroked);
     CRect line = getViewSize();
     line.inset(kInside, kInside);
@@ -74,7 +71,7 @@ class MessagePanel final : public VSTGUI::CView {
       line.offset(0, kLine);
     }
     const CRect ok = button();
-    context->setFillColor(kButton);
+    context->setFillColor(kMarkColor);
     context->drawRect(ok, VSTGUI::kDrawFilled);
     context->setFontColor(VSTGUI::kWhiteCColor);
     context->drawString("OK", ok, VSTGUI::kCenterText, true);

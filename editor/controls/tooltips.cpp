@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "editor/controls/textwidth.h"
+#include "editor/controls/windowcolors.h"
 #include "lib/events.h"
 
 using VSTGUI::CColor;
@@ -19,7 +20,6 @@ namespace {
 
 constexpr std::uint64_t kRest = 700;  // ms
 constexpr CColor kPaper(252, 252, 250);
-constexpr CColor kEdge(79, 102, 119);
 constexpr CColor kInk(39, 40, 45);
 // Pixels.
 constexpr double kLine = 13;
@@ -49,7 +49,7 @@ class Tooltip final : public VSTGUI::CView {
   void draw(VSTGUI::CDrawContext* context) override {
     context->setDrawMode(VSTGUI::kAliasing);
     context->setLineWidth(1);
-    context->setFrameColor(kEdge);
+    context->setFrameColor(kEdgeColor);
     context->setFillColor(kPaper);
     context->drawRect(getViewSize(), VSTGUI::kDrawFilledAndStroked);
     CRect line = getViewSize();

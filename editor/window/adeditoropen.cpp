@@ -7,6 +7,7 @@
 #include "editor/controls/cvaluedisplay.h"
 #include "editor/controls/cvumeter1.h"
 #include "editor/controls/stringconvert.h"
+#include "editor/controls/windowcolors.h"
 #include "editor/window/adeditor.h"
 #include "effect/trelvan.h"
 #include "platform/defaultfloats.h"
@@ -47,7 +48,7 @@ struct SwitchPlace {
 constexpr SwitchPlace kSwitches[] = {{kProcessIndex, 90, 137, 141}, {kPhaseIndex, 170, 138, 142}};
 
 // A value's entry has the preset name's colours.
-constexpr EntryColors kEntryColors{.highlight = {true, VSTGUI::CColor(140, 175, 200, 255)}};
+constexpr EntryColors kEntryColors{.highlight = {true, kSelectionColor}};
 
 // backgroundTop: the row of the background that the display shows, somewhat below its own.
 struct DisplayPlace {

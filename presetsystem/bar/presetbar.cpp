@@ -7,6 +7,7 @@
 #include "editor/controls/cpskickbutton.h"
 #include "editor/controls/cpsrockerswitch.h"
 #include "editor/controls/csaveloadbutton.h"
+#include "editor/controls/windowcolors.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
 #include "vstgui.h"
 
@@ -67,14 +68,13 @@ COrvTextEdit* makeNameEdit(VSTGUI::IControlListener* listener, CBitmap* backgrou
   const CRect size(91, 229 - lineHeight / 2 - 2, 201, 229 + lineHeight / 2 + 2);
   auto* edit = new COrvTextEdit(size, listener, kNameEditTag, name, background, 0, false);
   edit->setBackOffset(size.getTopLeft());
-  edit->setBackColor(VSTGUI::CColor(189, 207, 218, 255));
+  edit->setBackColor(kFieldColor);
   edit->setFont(VSTGUI::kNormalFontSmall);
   edit->setFontColor(VSTGUI::kBlackCColor);
   edit->setHoriAlign(VSTGUI::kCenterText);
   edit->setCustomFontEditionColor(VSTGUI::kBlackCColor);
   edit->setUnderPointerColor(VSTGUI::CColor(176, 215, 223, 255));  // toward the buttons'
-  // the field's own colour, darker
-  edit->setCustomHighlightColor(VSTGUI::CColor(140, 175, 200, 255));
+  edit->setCustomHighlightColor(kSelectionColor);
   return edit;
 }
 

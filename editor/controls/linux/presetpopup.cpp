@@ -13,6 +13,7 @@
 #include "editor/controls/linux/presetpopuplayout.h"
 #include "editor/controls/modalview.h"
 #include "editor/controls/wheelsteps.h"
+#include "editor/controls/windowcolors.h"
 #include "lib/cgraphicspath.h"
 #include "vstgui.h"
 
@@ -28,12 +29,8 @@ namespace {
 constexpr std::int32_t kNone = -1;
 constexpr double kDragDistance = 5;  // pixels: less is a click, not a drag
 
-// The window's colours.
-constexpr CColor kPanel(189, 207, 218);
-constexpr CColor kEdge(79, 102, 119);
+// Between two columns.
 constexpr CColor kColumnLine(169, 187, 200);
-constexpr CColor kHighlight(45, 45, 120);
-constexpr CColor kMark(45, 45, 120);
 // Pixels in an entry.
 constexpr double kMarkRoom = 12;  // left of the name
 constexpr double kMarkLeft = 4;
@@ -76,8 +73,8 @@ class PresetPopup final : public VSTGUI::CView {
   void drawRect(VSTGUI::CDrawContext* context, const CRect& updateRect) override {
     context->setDrawMode(VSTGUI::kAliasing);
     context->setLineWidth(1);
-    context->setFillColor(kPanel);
-    context->setFrameColor(kEdge);
+    context->setFillColor(kFieldColor);
+    context->setFrameColor(kEdgeColor);
     context->drawRect(getViewSize(), VSTGUI::kDrawFilledAndStroked);
     for (std::int32_t index = 0; index < layout.entryCount(); ++index) {
       if (index > 0 && layout.isColumnStart(index))
@@ -174,11 +171,11 @@ class PresetPopup final : public VSTGUI::CView {
     const VSTGUI::ConcatClip clip(*context, area);
     const bool lit = index == highlighted;
     if (lit) {
-      context->setFillColor(kHighlight);
+      context->setFillColor(kMarkColor);
       context->drawRect(area, VSTGUI::kDrawFilled);
     }
     if (index == menu->getCurrentIndex(true))
-      drawMark(context, area, lit ? VSTGUI::kWhiteCColor : kMark);
+      drawMark(context, area, lit ? VSTGUI::kWhiteCColor : kMarkColor);
     area.left += kMarkRoom;
     area.right -= kRightRoom;
     const FittedName name =
