@@ -1,5 +1,5 @@
 // Fuzz target: widen's command line, as far as it is read without looking at a file or an effect.
-#include "host/cli/arguments.h"
+#include "host/options/arguments.h"
 
 #include <optional>
 #include <string>

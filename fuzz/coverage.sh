@@ -50,7 +50,7 @@ about dialoganswers editor/base/linux/filedialog.cpp editor/base/linux/programch
   platform/linux/childprogram.cpp platform/linux/desktopdialog.cpp
 about textfield editor/controls/linux/editedtext.cpp editor/controls/linux/textfield.cpp \
   platform/validtext.cpp
-about arguments host/cli/arguments.cpp
+about arguments host/options/arguments.cpp
 about values host/state/values.cpp
 about desktopsettings editor/base/linux/xsettings.cpp
 about soundfile host/sound/soundreader.cpp host/sound/completeness.cpp host/sound/inputfile.cpp

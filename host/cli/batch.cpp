@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "host/base/failure.h"
-#include "host/cli/conversion.h"
+#include "host/convert/conversion.h"
 #include "host/sound/soundreader.h"
 
 namespace {
@@ -29,7 +29,8 @@ struct Outcome {
 Outcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
                   Console& console) {
   try {
-    const Conversion done = convert(module, arguments, job, console);
+    const Conversion done =
+        convert(module, arguments, job, [&](std::int64_t frames) { console.advance(frames); });
     return {reportOf(done, job), clippingWarning(done, job), {}};
   } catch (const Failure& failure) {
     return {{}, {}, failure.what()};

@@ -1,9 +1,9 @@
 // Converts all files of a run, several at a time if asked.
 #pragma once
 
-#include "host/cli/arguments.h"
 #include "host/cli/console.h"
-#include "host/cli/jobs.h"
+#include "host/convert/jobs.h"
+#include "host/options/arguments.h"
 #include "host/vst/pluginmodule.h"
 
 // Reports each file in the order in which they were named; a file that fails is reported and the

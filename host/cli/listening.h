@@ -1,8 +1,8 @@
 // The effect's window, and the sound file that is heard meanwhile.
 #pragma once
 
-#include "host/cli/arguments.h"
 #include "host/cli/console.h"
+#include "host/options/arguments.h"
 #include "host/play/loop.h"
 #include "host/vst/effect.h"
 

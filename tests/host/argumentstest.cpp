@@ -1,5 +1,5 @@
 // The command line, read and checked.
-#include "host/cli/arguments.h"
+#include "host/options/arguments.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

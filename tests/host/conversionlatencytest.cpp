@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "host/cli/conversion.h"
+#include "host/convert/conversion.h"
 #include "tests/host/conversionfixture.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // Takes one sound file through an effect: the built program's results against calculations of the
 // test's own.
-#include "host/cli/conversion.h"
+#include "host/convert/conversion.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

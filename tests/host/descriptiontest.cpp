@@ -1,5 +1,5 @@
 // What an effect says of itself.
-#include "host/cli/description.h"
+#include "host/state/description.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

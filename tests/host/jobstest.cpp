@@ -1,5 +1,5 @@
 // Which files a run reads and writes.
-#include "host/cli/jobs.h"
+#include "host/convert/jobs.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // What was done with a file, in words.
-#include "host/cli/report.h"
+#include "host/convert/report.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // The command line of the validator.
 #include <gtest/gtest.h>
 
-#include "host/cli/arguments.h"
+#include "host/options/arguments.h"
 
 namespace {
 

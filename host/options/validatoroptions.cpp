@@ -1,5 +1,5 @@
 // The validator's part of the command line.
-#include "host/cli/validatorarguments.h"
+#include "host/options/validatoroptions.h"
 
 #include <charconv>
 #include <set>

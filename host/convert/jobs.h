@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "host/cli/arguments.h"
+#include "host/options/arguments.h"
 
 struct Job {
   std::filesystem::path input;

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "host/cli/jobs.h"
+#include "host/convert/jobs.h"
 #include "host/plot/plot.h"
 #include "host/sound/soundformat.h"
 

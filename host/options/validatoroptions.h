@@ -4,7 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
-#include "host/cli/arguments.h"
+#include "host/options/arguments.h"
 
 // As they were typed.
 struct ValidatorWords {

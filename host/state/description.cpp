@@ -1,5 +1,5 @@
 // An effect's parameters and presets, as texts for the person.
-#include "host/cli/description.h"
+#include "host/state/description.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,0 +1,80 @@
+// Takes a sound through a started effect.
+#include "host/convert/rendering.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "host/sound/finitesound.h"
+
+namespace {
+
+constexpr double kQuietTime = 2.0;               // s: longer than the gaps between echoes
+constexpr std::int64_t kProgressStep = 1 << 16;  // frames
+
+TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
+  const auto frames = [&](double seconds) {
+    return static_cast<std::int64_t>(std::llround(seconds * sampleRate));
+  };
+  if (!asked.automatic) return {false, frames(asked.seconds), 0};
+  const std::int64_t longest = frames(Rendering::kLongestAutomaticTail);
+  // An effect that knows its tail may name a longer gap.
+  const std::int64_t named = std::clamp<std::int64_t>(effect.dispatch(effGetTailSize), 0, longest);
+  return {true, longest, std::max(frames(kQuietTime), named)};
+}
+
+}  // namespace
+
+Rendering::Rendering(Effect& startedEffect, SoundReader& source, const Arguments& arguments,
+                     std::string name, Frames outputFrames)
+    : effect(startedEffect),
+      reader(source),
+      sourceName(std::move(name)),
+      output(std::move(outputFrames)),
+      runner(BlockRunner::make(startedEffect, arguments.blockSize, arguments.doublePrecision)),
+      stage([this](const double* l, const double* r, int frames) { take(l, r, frames); },
+            startedEffect.latency(), planTail(startedEffect, arguments.tail, source.sampleRate())),
+      left(static_cast<std::size_t>(arguments.blockSize)),
+      right(left.size()),
+      outLeft(left.size()),
+      outRight(left.size()) {}
+
+std::int64_t Rendering::process() {
+  const int blockSize = static_cast<int>(left.size());
+  std::int64_t read = 0;
+  int frames = 0;
+  while ((frames = reader.read(left.data(), right.data(), blockSize)) > 0) {
+    checkFinite(left.data(), right.data(), frames, read, reader.sampleRate(),
+                sourceName + ": holds");
+    if (input) input(left.data(), right.data(), frames);
+    processBlock(frames);
+    read += frames;
+    countProgress(frames);
+  }
+  stage.endOfInput(read);
+  std::fill(left.begin(), left.end(), 0.0);
+  std::fill(right.begin(), right.end(), 0.0);
+  while (!stage.complete())
+    processBlock(static_cast<int>(std::min<std::int64_t>(blockSize, stage.framesWanted())));
+  if (progress) progress(uncounted);
+  return read;
+}
+
+void Rendering::processBlock(int frames) {
+  runner->run(left.data(), right.data(), outLeft.data(), outRight.data(), frames);
+  stage.setLatency(effect.latency());  // many effects know it only now
+  stage.accept(outLeft.data(), outRight.data(), frames);
+}
+
+void Rendering::take(const double* l, const double* r, int frames) {
+  checkFinite(l, r, frames, taken, reader.sampleRate(), sourceName + ": the effect put out");
+  taken += frames;
+  output(l, r, frames);
+}
+
+void Rendering::countProgress(int frames) {
+  uncounted += frames;
+  if (!progress || uncounted < kProgressStep) return;
+  progress(uncounted);
+  uncounted = 0;
+}

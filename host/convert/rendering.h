@@ -1,0 +1,56 @@
+// Takes a sound through a started effect, from its first frame to the end of its tail.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/options/arguments.h"
+#include "host/sound/outputstage.h"
+#include "host/sound/soundreader.h"
+#include "host/vst/blockrunner.h"
+#include "host/vst/effect.h"
+
+// One run, one thread. What comes in and goes out is looked at for values that are no numbers.
+class Rendering {
+ public:
+  using Frames = std::function<void(const double* left, const double* right, int frames)>;
+
+  // s: an effect that never falls silent must not fill the disk
+  static constexpr double kLongestAutomaticTail = 30.0;
+
+  // effect, source: outlive it. name: of the source, for messages. output: gets what belongs into
+  // the file, as many frames as came in, lined up with them, and the tail.
+  Rendering(Effect& startedEffect, SoundReader& source, const Arguments& arguments,
+            std::string name, Frames output);
+
+  // Gets what comes in, each block before the effect has it.
+  void watchInput(Frames watcher) { input = std::move(watcher); }
+  // Gets how many frames came in, now and then.
+  void watchProgress(std::function<void(std::int64_t)> watcher) { progress = std::move(watcher); }
+
+  // Returns how many frames came in. Throws Failure.
+  std::int64_t process();
+
+ private:
+  void processBlock(int frames);
+  void take(const double* left, const double* right, int frames);
+  void countProgress(int frames);
+
+  Effect& effect;
+  SoundReader& reader;
+  std::string sourceName;
+  Frames input;
+  Frames output;
+  std::function<void(std::int64_t)> progress;
+  std::unique_ptr<BlockRunner> runner;
+  OutputStage stage;
+  std::vector<double> left;
+  std::vector<double> right;
+  std::vector<double> outLeft;
+  std::vector<double> outRight;
+  std::int64_t taken = 0;      // frames for the file
+  std::int64_t uncounted = 0;  // frames since the progress was told
+};

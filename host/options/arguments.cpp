@@ -1,0 +1,128 @@
+// The command line's options, their help, and the rules between them.
+#include "host/options/arguments.h"
+
+#include <sndfile.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+
+#include "effect/parameters.h"
+#include "host/base/text.h"
+#include "host/options/batchoptions.h"
+#include "host/options/effectoptions.h"
+#include "host/options/fileoptions.h"
+#include "host/options/leveloptions.h"
+#include "host/options/soundoptions.h"
+#include "host/options/validatoroptions.h"
+
+namespace {
+
+constexpr const char* kDescription =
+    "widen: runs mono or stereo sound files through a VST 2.4 effect, by default Trelvan, and "
+    "writes stereo files.";
+
+// The base frequency's range and curve are the effect's own.
+std::string frequencyNotes() {
+  using parametercurves::kHzRange, parametercurves::kLowestHz;
+  const double highest = kLowestHz + kHzRange;
+  const double middle = parameterAt(kBaseFreqIndex).derived(0.5F);
+  return formatted("265Hz or 0.265kHz, from %gHz to %gHz; without a unit 0 to 1 is the raw value\n",
+                   kLowestHz, highest) +
+         formatted(
+             "                       (%g + %g x^2 Hz, so that 0.5 is %g Hz) "
+             "and %g to %g is in Hz.\n",
+             kLowestHz, kHzRange, middle, kLowestHz, highest);
+}
+
+std::string notes() {
+  return R"(Values
+  --width, --emphasis  75% is three quarters; a number without a unit is the raw value, 0 to 1.
+  --base-freq          )" +
+         frequencyNotes() +
+         R"(  --process, --phase   on or off; a number is the raw value, 0 to 1, on from 0.5.
+  They come on top of --state, --bank and --preset, which are applied in this order.
+
+Outputs
+  One input: OUT is the file, or a folder that is there (or ends in "/"). Several inputs: OUT is a folder, made when it
+  is missing. Files in a folder keep their names; what is not WAV, AIFF or FLAC becomes .wav. A file that is already
+  there is replaced only with --force. What cannot be finished is removed.
+
+Exit status: 0 done, 1 failed, 2 wrong usage.)";
+}
+
+class Formatter : public CLI::Formatter {
+ public:
+  Formatter() { column_width(32); }
+  std::string make_usage(const CLI::App*, std::string) const override {
+    return "Usage: widen [OPTIONS] IN... -o OUT\n"
+           "       widen [OPTIONS] --info | --list-params | --list-presets\n"
+           "       widen [OPTIONS] --editor [IN]\n"
+           "       widen --validate [PLUGIN] [--strictness 1..10] [--seed N] [--check NAME]\n";
+  }
+};
+
+std::string oneLine(std::string text) {
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
+}
+
+void checkRules(const Arguments& arguments) {
+  if (arguments.validator) return;  // it has rules of its own
+  if (arguments.asksOnly()) {
+    if (arguments.output) throw UsageFailure("nothing is written here: leave -o out");
+    if (arguments.editor && arguments.inputs.size() > 1) {
+      throw UsageFailure("--editor plays one sound file");
+    }
+    if (!arguments.editor && !arguments.inputs.empty()) {
+      throw UsageFailure("--info, --list-params and --list-presets take no sound files");
+    }
+    return;
+  }
+  const bool savesOnly = arguments.saveState && arguments.inputs.empty() && !arguments.output;
+  if (savesOnly) return;
+  if (arguments.inputs.empty()) throw UsageFailure("no sound file named");
+  if (!arguments.output) throw UsageFailure("no output named: add -o OUT");
+}
+
+}  // namespace
+
+ParsedArguments parseArguments(const std::vector<std::string>& words) {
+  Arguments arguments;
+  FileWords files;
+  LevelWords level;
+  SoundWords sound;
+  EffectWords effect;
+  ValidatorWords validator;
+  bool version = false;
+  CLI::App app(kDescription, "widen");
+  app.formatter(std::make_shared<Formatter>());
+  app.footer(notes());
+  addFileOptions(app, files, arguments);
+  app.add_flag("-q,--quiet", arguments.quiet, "Say nothing but errors and warnings");
+  app.add_flag("--version", version, "Show the version");
+  addLevelOptions(app, level, arguments);
+  addBatchOptions(app, arguments);
+  addSoundOptions(app, sound, arguments);
+  addEffectOptions(app, effect, arguments);
+  addValidatorOptions(app, validator);
+  try {
+    // the parser takes the last word first
+    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
+  } catch (const CLI::CallForHelp&) {
+    return {std::nullopt, app.help()};
+  } catch (const CLI::ParseError& error) {
+    throw UsageFailure(oneLine(error.what()));
+  }
+  if (version) {
+    return {std::nullopt, std::string("widen " WIDEN_VERSION ", VST 2.4 host for files, with ") +
+                              sf_version_string() + "\n"};
+  }
+  takeFileOptions(app, files, arguments);
+  takeLevelOptions(app, level, arguments);
+  takeSoundOptions(app, sound, arguments);
+  takeEffectOptions(app, effect, arguments);
+  takeValidator(app, validator, arguments);
+  checkRules(arguments);
+  return {arguments, {}};
+}

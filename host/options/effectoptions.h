@@ -1,0 +1,17 @@
+// The part of the command line about the effect itself: which, how it is run, what it is asked.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "host/options/arguments.h"
+
+// As they were typed.
+struct EffectWords {
+  std::string plugin;
+};
+
+// Both outlive the parsing.
+void addEffectOptions(CLI::App& app, EffectWords& words, Arguments& arguments);
+// After the parsing. Throws UsageFailure.
+void takeEffectOptions(const CLI::App& app, const EffectWords& words, Arguments& arguments);

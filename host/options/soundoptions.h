@@ -1,0 +1,22 @@
+// The part of the command line about how the effect is set.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "effect/parameters.h"
+#include "host/options/arguments.h"
+
+// As they were typed.
+struct SoundWords {
+  std::array<std::string, kParameterCount> values;
+  std::vector<std::string> settings;
+  std::string state, bank, preset, saveState;
+};
+
+// Both outlive the parsing.
+void addSoundOptions(CLI::App& app, SoundWords& words, Arguments& arguments);
+// After the parsing. Throws UsageFailure.
+void takeSoundOptions(const CLI::App& app, const SoundWords& words, Arguments& arguments);
