@@ -14,8 +14,8 @@ build_packages=(
   libx11-dev libxcb1-dev libxcb-cursor-dev libxcb-keysyms1-dev
   libxcb-util-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
   libcairo2-dev libpango1.0-dev libfontconfig-dev libfreetype-dev libglib2.0-dev
-  # artwork, the displays' font, the manual
-  librsvg2-bin fonts-liberation2 python3 rst2pdf
+  # artwork, the displays' font, the manual and the manual page
+  librsvg2-bin fonts-liberation2 python3 rst2pdf lowdown
   # the demonstration's recording
   sonic-pi-samples
 )
@@ -23,6 +23,8 @@ test_packages=(
   libgtest-dev libgmock-dev libbenchmark-dev git binutils procps
   # fuzzers, sanitizers, format, lint
   clang-LLVM clang clang-format clang-tidy libclang-rt-LLVM-dev llvm-LLVM
+  # shells that complete widen's options
+  zsh fish
   # the window, with real events
   xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-xfixes0-dev libxcb-res0-dev
   # the desktop portal, on a bus of the tests' own

@@ -9,6 +9,7 @@
 
 #include "host/base/interruption.h"
 #include "host/base/temporaryfile.h"
+#include "host/base/text.h"
 #include "host/base/wholefile.h"
 #include "host/cli/batch.h"
 #include "host/cli/console.h"
@@ -23,6 +24,7 @@
 #include "host/vst/executablepath.h"
 #include "host/vst/pluginmodule.h"
 #include "host/vst/pluginpath.h"
+#include "host/vst/pluginsearch.h"
 
 namespace {
 
@@ -61,8 +63,17 @@ ExitStatus runValidator(const Arguments& arguments, Console& console) {
   return sound ? ExitStatus::done : ExitStatus::failed;
 }
 
+void listPlugins(Console& console) {
+  for (const InstalledPlugin& plugin : installedPlugins(pluginFolders()))
+    console.print(onOneLine(plugin.name) + "  " + onOneLine(plugin.path.string()));
+}
+
 ExitStatus act(const Arguments& arguments, Console& console) {
   if (arguments.validator) return runValidator(arguments, console);
+  if (arguments.listPlugins) {
+    listPlugins(console);
+    return ExitStatus::done;
+  }
   Jobs jobs;
   std::optional<Loop> loop;
   if (arguments.editor && !arguments.inputs.empty()) {

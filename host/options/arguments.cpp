@@ -10,6 +10,7 @@
 #include "effect/parameters.h"
 #include "host/base/text.h"
 #include "host/options/batchoptions.h"
+#include "host/options/completion.h"
 #include "host/options/effectoptions.h"
 #include "host/options/fileoptions.h"
 #include "host/options/leveloptions.h"
@@ -56,7 +57,7 @@ class Formatter : public CLI::Formatter {
   Formatter() { column_width(32); }
   std::string make_usage(const CLI::App*, std::string) const override {
     return "Usage: widen [OPTIONS] IN... -o OUT\n"
-           "       widen [OPTIONS] --info | --list-params | --list-presets\n"
+           "       widen [OPTIONS] --info | --list-params | --list-presets | --list-plugins\n"
            "       widen [OPTIONS] --editor [IN]\n"
            "       widen --validate [PLUGIN] [--strictness 1..10] [--seed N] [--check NAME]\n";
   }
@@ -75,7 +76,7 @@ void checkRules(const Arguments& arguments) {
       throw UsageFailure("--editor plays one sound file");
     }
     if (!arguments.editor && !arguments.inputs.empty()) {
-      throw UsageFailure("--info, --list-params and --list-presets take no sound files");
+      throw UsageFailure("--info and the lists take no sound files");
     }
     return;
   }
@@ -95,11 +96,14 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   EffectWords effect;
   ValidatorWords validator;
   bool version = false;
+  std::string shell;
   CLI::App app(kDescription, "widen");
   app.formatter(std::make_shared<Formatter>());
   app.footer(notes());
   addFileOptions(app, files, arguments);
   app.add_flag("-q,--quiet", arguments.quiet, "Say nothing but errors and warnings");
+  app.add_option("--completion", shell, "Print what makes bash, zsh or fish complete options")
+      ->type_name("SHELL");
   app.add_flag("--version", version, "Show the version");
   addLevelOptions(app, level, arguments);
   addBatchOptions(app, arguments);
@@ -118,6 +122,7 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
     return {std::nullopt, std::string("widen " WIDEN_VERSION ", VST 2.4 host for files, with ") +
                               sf_version_string() + "\n"};
   }
+  if (app.count("--completion") != 0) return {std::nullopt, completionFor(shell, app)};
   takeFileOptions(app, files, arguments);
   takeLevelOptions(app, level, arguments);
   takeSoundOptions(app, sound, arguments);

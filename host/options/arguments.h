@@ -46,8 +46,9 @@ struct Arguments {
   bool info = false;
   bool listParameters = false;
   bool listPresets = false;
+  bool listPlugins = false;
   bool editor = false;
-  bool asksOnly() const { return info || listParameters || listPresets || editor; }
+  bool asksOnly() const { return info || listParameters || listPresets || listPlugins || editor; }
 
   std::optional<ValidatorArguments> validator;  // instead of all that
 

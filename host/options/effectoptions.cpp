@@ -6,9 +6,9 @@
 void addEffectOptions(CLI::App& app, EffectWords& words, Arguments& arguments) {
   const std::string effect = "Effect";
   app.add_option("--plugin", words.plugin,
-                 "VST 2.4 effect: bundle or binary; default: Trelvan.vst beside widen")
+                 "VST 2.4 effect: bundle, binary, or an installed one's name; default: Trelvan")
       ->group(effect)
-      ->type_name("PATH");
+      ->type_name("EFFECT");
   app.add_option("--block", arguments.blockSize, "Frames a block; the result does not depend on it")
       ->group(effect)
       ->check(CLI::Range(1, Arguments::kLargestBlockSize).description(""))
@@ -19,6 +19,9 @@ void addEffectOptions(CLI::App& app, EffectWords& words, Arguments& arguments) {
   app.add_flag("--list-params", arguments.listParameters, "Show the parameters and their values")
       ->group(effect);
   app.add_flag("--list-presets", arguments.listPresets, "Show the presets")->group(effect);
+  app.add_flag("--list-plugins", arguments.listPlugins,
+               "Show the installed effects: those in VST_PATH and where hosts look")
+      ->group(effect);
   app.add_flag("--editor", arguments.editor,
                "Open the effect's window, until it is closed; IN is played round and round")
       ->group(effect);

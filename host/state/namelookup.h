@@ -11,9 +11,3 @@ int findPreset(const std::vector<std::string>& names, const std::string& wanted)
 
 // The same for a parameter of --set. names: at least one. Any notation of a whole number is one.
 int findParameter(const std::vector<std::string>& names, const std::string& wanted);
-
-// Up to three of the names, nearest first, each once; empty where none comes near.
-std::vector<std::string> nearNames(const std::vector<std::string>& names,
-                                   const std::string& wanted);
-// ` (did you mean "a" or "b"?)`, or nothing.
-std::string suggestion(const std::vector<std::string>& names, const std::string& wanted);

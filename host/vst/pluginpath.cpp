@@ -2,11 +2,11 @@
 #include "host/vst/pluginpath.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <system_error>
 
 #include "host/base/failure.h"
 #include "host/vst/pluginplaces.h"
+#include "host/vst/pluginsearch.h"
 
 namespace {
 
@@ -43,7 +43,12 @@ fs::path pluginBinary(const fs::path& bundleOrBinary) {
   std::error_code error;
   fs::path named = fs::absolute(bundleOrBinary, error).lexically_normal();
   if (!named.has_filename()) named = named.parent_path();  // "X.vst/"
-  if (!fs::exists(named, error)) throw Failure(bundleOrBinary.string() + ": no such plug-in");
+  if (!fs::exists(named, error)) {
+    if (bundleOrBinary.has_parent_path())
+      throw Failure(bundleOrBinary.string() + ": no such plug-in");
+    named = fs::absolute(pluginNamed(bundleOrBinary.string(), installedPlugins(pluginFolders())),
+                         error);
+  }
   return fs::is_directory(named, error) ? binaryInBundle(named) : named;
 }
 
@@ -58,10 +63,7 @@ std::vector<fs::path> defaultPluginPlaces(const fs::path& executable) {
     if (folder == folder.root_path()) break;
     folder = folder.parent_path();
   }
-  const char* home = std::getenv("HOME");
-  const bool hasHome = home != nullptr && *home != 0;
-  if (hasHome) places.push_back(fs::path(home) / ownPluginFolderInHome() / bundle);
-  for (const fs::path& common : commonPluginFolders()) places.push_back(common / bundle);
+  for (const fs::path& common : pluginFolders()) places.push_back(common / bundle);
   return places;
 }
 

@@ -10,6 +10,6 @@
 std::string binaryFolderInBundle();
 std::string binarySuffix();
 
-// Where hosts look for plug-ins: the person's own folder, below the home folder, and everybody's.
-std::filesystem::path ownPluginFolderInHome();
+// Where hosts look for plug-ins: the person's own folders, below the home folder, and everybody's.
+std::vector<std::filesystem::path> ownPluginFoldersInHome();
 std::vector<std::filesystem::path> commonPluginFolders();

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "host/base/failure.h"
+#include "host/base/nearnames.h"
 
 namespace {
 

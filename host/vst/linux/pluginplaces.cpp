@@ -9,10 +9,10 @@ std::string binarySuffix() {
   return ".so";
 }
 
-std::filesystem::path ownPluginFolderInHome() {
-  return ".vst";
+std::vector<std::filesystem::path> ownPluginFoldersInHome() {
+  return {".vst", ".lxvst"};
 }
 
 std::vector<std::filesystem::path> commonPluginFolders() {
-  return {"/usr/local/lib/vst", "/usr/lib/vst"};
+  return {"/usr/local/lib/vst", "/usr/local/lib/lxvst", "/usr/lib/vst", "/usr/lib/lxvst"};
 }

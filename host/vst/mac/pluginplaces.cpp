@@ -9,8 +9,8 @@ std::string binarySuffix() {
   return {};
 }
 
-std::filesystem::path ownPluginFolderInHome() {
-  return "Library/Audio/Plug-Ins/VST";
+std::vector<std::filesystem::path> ownPluginFoldersInHome() {
+  return {"Library/Audio/Plug-Ins/VST"};
 }
 
 std::vector<std::filesystem::path> commonPluginFolders() {

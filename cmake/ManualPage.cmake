@@ -1,0 +1,16 @@
+# Makes a manual page of a Markdown document: the title becomes NAME and SYNOPSIS, its sections those
+# of the page.
+# Usage: cmake -DLOWDOWN=PROGRAM -DDOCUMENT=X.md -DPAGE=x.1 -P ManualPage.cmake
+cmake_policy(VERSION 3.25)
+cmake_path(GET PAGE STEM name)
+file(READ ${DOCUMENT} text)
+string(REGEX REPLACE "^# ${name}\n\nA ([^\n]*)\\.\n\n" "# NAME\n\n${name} - \\1\n\n# SYNOPSIS\n\n"
+  page "${text}")
+if(page STREQUAL text)
+  message(FATAL_ERROR "${DOCUMENT} does not begin with its name and a sentence of what it is.")
+endif()
+string(REGEX REPLACE "\n##(#*) " "\n#\\1 " page "${page}")
+file(WRITE ${PAGE}.md "${page}")
+execute_process(COMMAND ${LOWDOWN} -s -Tman --out-no-smarty -Mtitle=${name} -Msection=1 ${PAGE}.md
+  OUTPUT_FILE ${PAGE} COMMAND_ERROR_IS_FATAL ANY)
+file(REMOVE ${PAGE}.md)

@@ -1,0 +1,83 @@
+// What shells can complete of the command line.
+#include "host/options/completion.h"
+
+#include <algorithm>
+
+#include "host/base/failure.h"
+
+namespace {
+
+struct KnownValue {
+  const char* option;
+  ValueKind kind;
+  std::vector<std::string> choices;
+};
+
+// What the name of an option's value does not say.
+const std::vector<KnownValue>& knownValues() {
+  static const std::vector<KnownValue> kKnown = {
+      {"--format", ValueKind::words, {"pcm16", "pcm24", "pcm32", "float", "double"}},
+      {"--tail", ValueKind::words, {"auto"}},
+      {"--process", ValueKind::words, {"on", "off"}},
+      {"--phase", ValueKind::words, {"on", "off"}},
+      {"--completion", ValueKind::words, {"bash", "zsh", "fish"}},
+      {"--preset", ValueKind::preset, {"orv"}},
+      {"--bank", ValueKind::files, {"orb"}},
+      {"--plot", ValueKind::files, {"png"}},
+      {"--output", ValueKind::files, soundExtensions()},
+      {"--plugin", ValueKind::files, {"so", "vst"}},
+      {"--validate", ValueKind::files, {"so", "vst"}},
+  };
+  return kKnown;
+}
+
+void setKind(const CLI::Option& option, CompletedOption& completed) {
+  if (option.get_items_expected_max() == 0) return;
+  completed.valueOptional = option.get_items_expected_min() == 0;
+  for (const KnownValue& known : knownValues()) {
+    if (option.get_name() != known.option) continue;
+    completed.kind = known.kind;
+    completed.choices = known.choices;
+    return;
+  }
+  completed.kind = option.get_type_name() == "FILE" ? ValueKind::files : ValueKind::free;
+}
+
+}  // namespace
+
+const std::vector<std::string>& soundExtensions() {
+  static const std::vector<std::string> kExtensions = {"wav",  "wave", "aif", "aiff", "aifc",
+                                                       "flac", "caf",  "w64", "rf64", "ogg",
+                                                       "oga",  "opus", "mp3", "au"};
+  return kExtensions;
+}
+
+std::vector<CompletedOption> completedOptions(const CLI::App& app) {
+  std::vector<CompletedOption> options;
+  for (const CLI::Option* option : app.get_options()) {
+    if (option->get_lnames().empty() || option->get_group().empty()) continue;  // IN, and hidden
+    CompletedOption completed;
+    if (!option->get_snames().empty()) completed.shortName = option->get_snames().front();
+    completed.help = option->get_description();
+    setKind(*option, completed);
+    for (const std::string& name : option->get_lnames()) {
+      completed.longName = name;
+      options.push_back(completed);
+      completed.shortName.clear();
+    }
+  }
+  return options;
+}
+
+std::string completionFor(const std::string& shell, const CLI::App& app) {
+  if (shell == "bash") return bashCompletion(completedOptions(app));
+  if (shell == "zsh") return zshCompletion(completedOptions(app));
+  if (shell == "fish") return fishCompletion(completedOptions(app));
+  throw UsageFailure("--completion: \"" + shell + "\" is not bash, zsh or fish");
+}
+
+std::string joined(const std::vector<std::string>& texts, const std::string& separator) {
+  std::string all;
+  for (const std::string& text : texts) all += (all.empty() ? "" : separator) + text;
+  return all;
+}

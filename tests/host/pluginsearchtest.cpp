@@ -1,0 +1,100 @@
+// Finds installed plug-ins by their names.
+#include "host/vst/pluginsearch.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/base/failure.h"
+#include "host/vst/pluginplaces.h"
+#include "tests/host/program.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class PluginSearch : public ProgramTest {
+ protected:
+  void makeBundle(const std::string& bundle) const {
+    const fs::path inside = in(bundle) / "Contents" / WIDEN_ARCHITECTURE_FOLDER;
+    fs::create_directories(inside);
+    writeText(inside / (fs::path(bundle).stem().string() + ".so"), "");
+  }
+  void makeBinary(const std::string& binary) const {
+    fs::create_directories(in(binary).parent_path());
+    writeText(in(binary), "");
+  }
+
+  std::vector<std::string> namesIn(const std::vector<std::string>& folders) const {
+    std::vector<fs::path> places;
+    for (const std::string& name : folders) places.push_back(in(name));
+    std::vector<std::string> names;
+    for (const InstalledPlugin& plugin : installedPlugins(places)) names.push_back(plugin.name);
+    return names;
+  }
+};
+
+std::string refusalOf(const std::string& name, const std::vector<InstalledPlugin>& installed) {
+  try {
+    pluginNamed(name, installed);
+  } catch (const Failure& failure) {
+    return failure.what();
+  }
+  return "found";
+}
+
+}  // namespace
+
+TEST_F(PluginSearch, ListsBundlesAndBinariesFolderByFolder) {
+  makeBundle("b/Wide.vst");
+  makeBinary("b/echo.so");
+  makeBinary("a/zoom.so");
+  makeBinary("a/readme.txt");
+  EXPECT_THAT(namesIn({"b", "a", "missing"}), ElementsAre("Wide", "echo", "zoom"));
+}
+
+TEST_F(PluginSearch, LooksIntoFoldersOfAMakerButNotIntoBundles) {
+  makeBinary("a/maker/series/deep.so");
+  makeBundle("a/Wide.vst");
+  makeBinary("a/Wide.vst/Contents/helpers/helper.so");
+  EXPECT_THAT(namesIn({"a"}), ElementsAre("Wide", "deep"));
+}
+
+TEST_F(PluginSearch, EndsWhereALinkLeadsRound) {
+  makeBinary("a/one.so");
+  fs::create_directory_symlink(in("a"), in("a/round"));
+  const auto found = namesIn({"a"});
+  EXPECT_EQ(found.front(), "one");
+  EXPECT_LE(found.size(), 5U) << "once, and once for each of four folders below";
+}
+
+TEST_F(PluginSearch, FindsTheFirstAsWrittenAndThenInAnyCase) {
+  const std::vector<InstalledPlugin> installed = {
+      {"echo", "/1/echo.so"}, {"Echo", "/2/Echo.so"}, {"echo", "/3/echo.so"}};
+  EXPECT_EQ(pluginNamed("echo", installed), "/1/echo.so");
+  EXPECT_EQ(pluginNamed("Echo", installed), "/2/Echo.so");
+  EXPECT_EQ(pluginNamed("ECHO", installed), "/1/echo.so");
+}
+
+TEST_F(PluginSearch, SuggestsNamesThatComeNear) {
+  const std::vector<InstalledPlugin> installed = {{"reverb", "/r.so"}, {"delay", "/d.so"}};
+  EXPECT_THAT(refusalOf("reverv", installed), HasSubstr("did you mean \"reverb\""));
+  EXPECT_THAT(refusalOf("xyzzy", installed), HasSubstr("--list-plugins"));
+}
+
+TEST_F(PluginSearch, GoesThroughVstPathBeforeTheUsualFolders) {
+  if (binarySuffix().empty()) GTEST_SKIP() << "plug-ins are bundles here, the tests' are binaries";
+  const Surroundings path{{{"VST_PATH", in("none").string() + ":" + WIDEN_TEST_PLUGINS}}};
+  const Outcome outcome = widen({"--plugin", "ECHO", "--info"}, path);
+  EXPECT_EQ(outcome.status, 0) << outcome.error;
+  EXPECT_THAT(outcome.out, HasSubstr(plugin("echo")));
+  expectRefusal(widen({"--plugin", "ecko", "--info"}, path), 1, "did you mean \"echo\"");
+  EXPECT_THAT(widen({"--list-plugins"}, path).out, HasSubstr("echo  " + plugin("echo") + "\n"));
+}
+
+TEST_F(PluginSearch, TakesAPathForAPath) {
+  const Surroundings path{{{"VST_PATH", WIDEN_TEST_PLUGINS}}};
+  expectRefusal(widen({"--plugin", "./echo", "--info"}, path), 1, "./echo: no such plug-in");
+}
