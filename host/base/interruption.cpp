@@ -7,6 +7,10 @@
 #include <atomic>
 #include <csignal>
 #include <cstddef>
+#include <cstdlib>
+#include <string_view>
+
+#include "host/base/crashstack.h"
 
 namespace {
 
@@ -16,29 +20,36 @@ std::array<std::atomic<const char*>, kSlots> files;
 std::atomic<bool> ending = false;
 std::atomic<bool> orderly = false;  // an OrderlyEnd lives
 std::atomic<int> askedBy = 0;       // the signal that it waits with
+std::atomic<pid_t> watched = 0;     // the process in which an ExitWatch lives
 static_assert(std::atomic<int>::is_always_lock_free, "the handler takes a note there");
 static_assert(std::atomic<const char*>::is_always_lock_free, "the handler reads the slots");
 
 bool isCrash(int signalNumber) {
   return signalNumber == SIGSEGV || signalNumber == SIGBUS || signalNumber == SIGFPE ||
-         signalNumber == SIGILL;
+         signalNumber == SIGILL || signalNumber == SIGABRT;
 }
 
 bool isRequest(int signalNumber) {
   return signalNumber == SIGINT || signalNumber == SIGTERM || signalNumber == SIGHUP;
 }
 
-void handle(int signalNumber) {
-  if (orderly && isRequest(signalNumber) && askedBy.exchange(signalNumber) == 0) return;
+// From here to the handler: calls only what a signal handler may.
+void removeFiles() {
   ending.store(true);
   for (const auto& file : files) {
     if (const char* path = file.load()) unlink(path);
   }
-  static constexpr char kCrashed[] =
-      "widen: crashed, most likely inside the effect; unfinished files were removed\n";
-  if (isCrash(signalNumber)) {
-    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, kCrashed, sizeof kCrashed - 1);
-  }
+}
+
+void say(std::string_view text) {
+  [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text.data(), text.size());
+}
+
+void handle(int signalNumber) {
+  if (orderly && isRequest(signalNumber) && askedBy.exchange(signalNumber) == 0) return;
+  removeFiles();
+  if (isCrash(signalNumber))
+    say("widen: crashed, most likely inside the effect; unfinished files were removed\n");
   // The default action takes over when this returns and the signal is let in again.
   std::signal(signalNumber, SIG_DFL);
   raise(signalNumber);
@@ -51,13 +62,23 @@ void installUnlessTaken(int signalNumber) {
   if (sigaction(signalNumber, nullptr, &now) != 0 || now.sa_handler != SIG_DFL) return;
   struct sigaction ours {};
   ours.sa_handler = handle;
+  ours.sa_flags = SA_ONSTACK;
   sigemptyset(&ours.sa_mask);
   sigaction(signalNumber, &ours, nullptr);
+}
+
+void endAtExit() {
+  if (watched != getpid()) return;
+  removeFiles();
+  say("widen: the effect ended the program; unfinished files were removed\n");
+  _exit(EXIT_FAILURE);
 }
 
 }  // namespace
 
 void installInterruption() {
+  provideCrashStack();
+  std::atexit(endAtExit);
   for (const int number :
        {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) {
     installUnlessTaken(number);
@@ -65,7 +86,16 @@ void installInterruption() {
   std::signal(SIGXFSZ, SIG_IGN);
 }
 
+ExitWatch::ExitWatch() {
+  watched = getpid();
+}
+
+ExitWatch::~ExitWatch() {
+  watched = 0;
+}
+
 int removeOnSignal(const char* path) {
+  provideCrashStack();
   for (std::size_t slot = 0; slot < kSlots; ++slot) {
     const char* free = nullptr;
     if (files[slot].compare_exchange_strong(free, path)) return static_cast<int>(slot);

@@ -6,9 +6,20 @@
 // of the writing call instead.
 void installInterruption();
 
+// While one lives, an exit() in this process is an effect's doing: it removes the registered files,
+// says so, and ends the program as failed whatever the effect asked for. One at a time; in a
+// process that is made by fork, the parent's counts for nothing.
+class ExitWatch {
+ public:
+  ExitWatch();
+  ~ExitWatch();
+  ExitWatch(const ExitWatch&) = delete;
+  ExitWatch& operator=(const ExitWatch&) = delete;
+};
+
 // path: stays the caller's and unchanged until forget. Returns a slot, -1 where all are taken (then
-// nothing is removed by signals). Any thread. To be registered before the file is made, so that no
-// moment is unguarded.
+// nothing is removed by signals). Any thread, which is guarded against the end of its stack too. To
+// be registered before the file is made, so that no moment is unguarded.
 int removeOnSignal(const char* path);
 void forgetOnSignal(int slot);
 

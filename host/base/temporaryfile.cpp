@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <string>
@@ -13,22 +12,13 @@
 
 #include "host/base/failure.h"
 #include "host/base/interruption.h"
-#include "host/base/text.h"
+#include "host/base/partfile.h"
 
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less what the person's umask takes away
 
-constexpr std::size_t kLongestName = 255;  // bytes that file systems take
-constexpr int kMostLinks = 40;             // from one to the next, as systems have it
-
-// With as much of the name as there is room for.
-std::filesystem::path hiddenNameBeside(const std::filesystem::path& place) {
-  static std::atomic<unsigned> count = 0;
-  const std::string rest = formatted(".%d-%u.part", static_cast<int>(getpid()), count.fetch_add(1));
-  const std::string name = place.filename().string();
-  return place.parent_path() / ("." + name.substr(0, kLongestName - 1 - rest.size()) + rest);
-}
+constexpr int kMostLinks = 40;  // from one to the next, as systems have it
 
 // Where a chain of links leads to, there or not.
 std::filesystem::path followed(std::filesystem::path place, std::error_code& error) {
@@ -44,6 +34,13 @@ std::filesystem::path followed(std::filesystem::path place, std::error_code& err
   }
   return std::filesystem::weakly_canonical(place, error);
 }
+
+struct Descriptor {
+  ~Descriptor() {
+    if (value >= 0) close(value);
+  }
+  int value;
+};
 
 // False: it could not be put on disk. File systems that cannot say have nothing to wait for.
 bool isOnDisk(int file) {
@@ -67,15 +64,29 @@ TemporaryFile::TemporaryFile(const std::filesystem::path& named, bool mayReplace
   std::error_code error;
   place = followed(target, error);
   if (error) throw cannotWrite(target, error.message());
-  temporary = hiddenNameBeside(place);
-  slot = removeOnSignal(temporary.c_str());
-  handle = open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
-  const int failure = errno;
-  if (handle >= 0 && endedBySignal()) unlink(temporary.c_str());
-  if (handle >= 0) return;
-  forgetOnSignal(slot);
+  removeLeftParts(place.parent_path());
+  int failure = 0;
+  do {
+    failure = begin();
+  } while (failure == EEXIST);
+  if (failure == 0) return;
   throw cannotWrite(target, failure == ENOENT ? "there is no folder " + place.parent_path().string()
                                               : std::strerror(failure));
+}
+
+int TemporaryFile::begin() {
+  temporary = partNameBeside(place);
+  slot = removeOnSignal(temporary.c_str());
+  handle = open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+  const int failure = handle < 0 ? errno : 0;
+  if (handle >= 0 && endedBySignal()) unlink(temporary.c_str());
+  if (handle >= 0 && (endedBySignal() || claimPart(handle))) return 0;
+  if (handle >= 0) close(handle);
+  handle = -1;
+  forgetOnSignal(slot);
+  slot = -1;
+  temporary.clear();
+  return failure != 0 ? failure : EEXIST;  // gone again: it was taken for a leftover
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -90,6 +101,8 @@ void TemporaryFile::keep() {
   // a replaced file keeps who may read it
   if (stat(place.c_str(), &old) == 0) fchmod(handle, old.st_mode & 07777);
   if (!isOnDisk(handle)) throw cannotWrite(target, std::strerror(errno));
+  // Some file systems tell of an error at the closing only; the claim lasts as long as the other.
+  const Descriptor claim{dup(handle)};
   const int closed = close(handle);
   handle = -1;
   if (closed != 0) throw cannotWrite(target, std::strerror(errno));

@@ -4,8 +4,9 @@
 #include <filesystem>
 
 // In the target's folder, so that the last step is a rename. Whatever happens before keep(), the
-// half-written file goes: with the object, and with the program on SIGINT, SIGTERM, SIGHUP or a
-// crash. Any thread, one thread an object.
+// half-written file goes: with the object, and with the program on SIGINT, SIGTERM, SIGHUP, a crash
+// or an effect's exit(); what a killed program left in the folder goes with the next one. Any
+// thread, one thread an object.
 class TemporaryFile {
  public:
   // replace: an existing file may be. A link is followed, also one that leads to nothing yet: what
@@ -22,6 +23,8 @@ class TemporaryFile {
   void keep();
 
  private:
+  int begin();  // returns 0, or the system's error; EEXIST: another name is to be tried
+
   std::filesystem::path target;  // as named by the person, for messages
   bool replace;
   std::filesystem::path place;      // where it points to

@@ -22,5 +22,6 @@ void occupyStandardStreams() {
 int main(int count, char** words) {
   occupyStandardStreams();
   installInterruption();
+  const ExitWatch watch;
   return run(count, words);
 }

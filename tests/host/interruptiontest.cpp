@@ -97,6 +97,47 @@ TEST_F(Interruptions, CleanUpAfterACrash) {
   EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav"));
 }
 
+// In threads too, of which each has a stack of its own.
+TEST_F(Interruptions, CleanUpAfterACrashOfEveryKind) {
+#ifdef WIDEN_SANITIZED
+  GTEST_SKIP() << "the sanitizer handles crashes itself";
+#endif
+  for (const auto& [how, signalNumber] : {std::pair{"overflow", SIGSEGV}, {"abort", SIGABRT}}) {
+    const Surroundings ending{{{"WIDEN_TEST_END", how}}};
+    for (const char* jobs : {"1", "2"}) {
+      const Outcome outcome =
+          widen({"a.wav", "b.wav", "-o", "out", "-j", jobs, "--plugin", plugin("crashes")}, ending);
+      EXPECT_EQ(outcome.status, -signalNumber) << how << " -j " << jobs;
+      EXPECT_THAT(outcome.error, testing::StartsWith("widen: crashed, most likely inside"))
+          << how << " -j " << jobs;
+      EXPECT_TRUE(std::filesystem::is_empty(in("out"))) << how << " -j " << jobs;
+      std::filesystem::remove_all(in("out"));
+    }
+  }
+}
+
+TEST_F(Interruptions, FailWhereTheEffectEndsTheProgramAsIfAllWereDone) {
+  const Outcome outcome = widen({"a.wav", "-o", "out.wav", "--plugin", plugin("crashes")},
+                                {{{"WIDEN_TEST_END", "exit"}}});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.error, "widen: the effect ended the program; unfinished files were removed\n");
+  EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav"));
+}
+
+TEST_F(Interruptions, LeaveAFileOnlyWhereNothingCanBeDoneUntilTheNextRun) {
+  const std::filesystem::path started = root / "started";
+  const int process = startProgram(folder, {"a.wav", "-o", "out.wav", "--plugin", plugin("waits")},
+                                   {{{"WIDEN_TEST_FILE", started.string()}}});
+  for (int i = 0; i < 1000 && !std::filesystem::exists(started); ++i) usleep(10000);
+  ASSERT_EQ(widen({"b.wav", "-o", "b-wide.wav"}).status, 0);
+  EXPECT_EQ(names().size(), 4U) << "the other one's unfinished file is left alone";
+  kill(process, SIGKILL);
+  EXPECT_EQ(waitForProgram(process, folder).status, -SIGKILL);
+  EXPECT_EQ(names().size(), 4U);
+  ASSERT_EQ(widen({"a.wav", "-o", "a-wide.wav"}).status, 0);
+  EXPECT_THAT(names(), ElementsAre("a-wide.wav", "a.wav", "b-wide.wav", "b.wav"));
+}
+
 TEST_F(Interruptions, HandOutAsManySlotsAsAreFree) {
   const char* path = "/nonexistent/file";
   std::vector<int> slots;

@@ -1,8 +1,10 @@
 // A file that takes its own name only when it is complete.
 #include "host/base/temporaryfile.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -143,4 +145,54 @@ TEST_F(TemporaryFiles, OfOneTargetDoNotDisturbEachOther) {
   second.keep();
   EXPECT_EQ(textOf(in("a.txt")), "");
   EXPECT_THAT(names(), ElementsAre("a.txt"));
+}
+
+TEST_F(TemporaryFiles, RemoveWhatAKilledProgramLeftInTheFolder) {
+  const std::vector<std::string> left = {".a.txt.widen-123-0.part", ".b.wav.widen-1-99.part",
+                                         ".c.widen-1-1.widen-2-2.part"};
+  const std::vector<std::string> others = {".a.txt.123-0.part",     ".a.txt.widen-123.part",
+                                           ".a.txt.widen--0.part",  ".a.txt.widen-123-.part",
+                                           ".a.txt.widen-x-0.part", ".a.txt.widen-1-0x.part",
+                                           ".a.txt.widen-1-0",      "a.txt.widen-1-0.part"};
+  for (const std::string& name : left) writeText(in(name), "half");
+  for (const std::string& name : others) writeText(in(name), "somebody else's");
+  std::filesystem::create_directory(in(".d.widen-1-1.part"));
+  { const TemporaryFile file(in("new.txt"), false); }
+  for (const std::string& name : left) EXPECT_FALSE(std::filesystem::exists(in(name))) << name;
+  for (const std::string& name : others) EXPECT_TRUE(std::filesystem::exists(in(name))) << name;
+  EXPECT_EQ(names().size(), others.size() + 1) << "and the folder";
+}
+
+TEST_F(TemporaryFiles, LeaveWhatAnotherProgramWorksOn) {
+  const std::string name = ".a.txt.widen-123-0.part";
+  const int theirs = open(in(name).c_str(), O_RDWR | O_CREAT, 0600);
+  ASSERT_EQ(flock(theirs, LOCK_EX), 0);
+  { const TemporaryFile file(in("new.txt"), false); }
+  EXPECT_THAT(names(), ElementsAre(name));
+  close(theirs);
+}
+
+// Programs in containers have the same numbers.
+TEST_F(TemporaryFiles, TakeAnotherNameWhereTheirsIsThere) {
+  const auto nameOfTheFile = [this] {
+    for (const std::string& name : names())
+      if (name.ends_with(".part")) return name;
+    return std::string();
+  };
+  std::string first;
+  {
+    const TemporaryFile file(in("a.txt"), false);
+    first = nameOfTheFile();
+  }
+  const auto dash = first.rfind('-');
+  const int number = std::stoi(first.substr(dash + 1));
+  const auto numbered = [&](int n) {
+    return first.substr(0, dash + 1) + std::to_string(n) + ".part";
+  };
+  writeText(in(numbered(number + 1)), "somebody else's");
+  TemporaryFile file(in("a.txt"), false);
+  fill(file);
+  file.keep();
+  EXPECT_THAT(names(), ElementsAre(numbered(number + 1), "a.txt"));
+  EXPECT_EQ(textOf(in("a.txt")), "new");
 }
