@@ -1,7 +1,6 @@
 // Takes one sound file through an effect.
 #include "host/convert/conversion.h"
 
-#include <cmath>
 #include <memory>
 #include <optional>
 
@@ -23,9 +22,10 @@ SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arg
   options.type = type;
   options.format = arguments.format.value_or(keptFormat(reader.format(), type));
   options.sampleRate = reader.sampleRate();
-  const double tail =
-      arguments.tail.automatic ? Rendering::kLongestAutomaticTail : arguments.tail.seconds;
-  if (reader.frames()) options.frames = *reader.frames() + std::llround(tail * reader.sampleRate());
+  if (reader.frames()) {
+    options.frames =
+        *reader.frames() + Rendering::mostTailFrames(arguments.tail, reader.sampleRate());
+  }
   options.replace = arguments.force;
   options.texts = reader.texts();
   return options;

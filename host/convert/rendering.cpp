@@ -13,17 +13,22 @@ constexpr double kQuietTime = 2.0;               // s: longer than the gaps betw
 constexpr std::int64_t kProgressStep = 1 << 16;  // frames
 
 TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
-  const auto frames = [&](double seconds) {
-    return static_cast<std::int64_t>(std::llround(seconds * sampleRate));
-  };
-  if (!asked.automatic) return {false, frames(asked.seconds), 0};
-  const std::int64_t longest = frames(Rendering::kLongestAutomaticTail);
+  const std::int64_t longest = Rendering::mostTailFrames(asked, sampleRate);
+  if (!asked.automatic) return {false, longest, 0};
+  const std::int64_t quiet =
+      std::llround(kQuietTime * std::min(sampleRate, Rendering::kHighestTailRate));
   // An effect that knows its tail may name a longer gap.
   const std::int64_t named = std::clamp<std::int64_t>(effect.dispatch(effGetTailSize), 0, longest);
-  return {true, longest, std::max(frames(kQuietTime), named)};
+  return {true, longest, std::max(quiet, named)};
 }
 
 }  // namespace
+
+std::int64_t Rendering::mostTailFrames(const TailArgument& asked, int sampleRate) {
+  return asked.automatic
+             ? std::llround(kLongestAutomaticTail * std::min(sampleRate, kHighestTailRate))
+             : std::llround(asked.seconds * sampleRate);
+}
 
 Rendering::Rendering(Effect& startedEffect, SoundReader& source, const Arguments& arguments,
                      std::string name, Frames outputFrames)

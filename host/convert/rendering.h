@@ -20,6 +20,12 @@ class Rendering {
 
   // s: an effect that never falls silent must not fill the disk
   static constexpr double kLongestAutomaticTail = 30.0;
+  // Hz: of sounds with a higher rate it is as many frames, since the silent ones are kept in memory
+  // until it is known whether they belong to the tail. Headers name up to 2147483647 Hz.
+  static constexpr int kHighestTailRate = 768000;
+
+  // Frames that a tail has at most.
+  static std::int64_t mostTailFrames(const TailArgument& asked, int sampleRate);
 
   // effect, source: outlive it. name: of the source, for messages. output: gets what belongs into
   // the file, as many frames as came in, lined up with them, and the tail.

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "host/convert/conversion.h"
+#include "host/convert/rendering.h"
 #include "tests/host/conversionfixture.h"
 
 namespace {
@@ -129,4 +130,23 @@ TEST_F(Conversions, EndATailThatNeverEnds) {
   writeSound(in("in.wav"), impulse(500, 2, 0), kFloatWav);
   EXPECT_EQ(result({"in.wav", "--plugin", plugin("neversilent"), "--tail", "auto"}).frames(),
             500U + 30U * 44100U);
+}
+
+// The largest rate that a header can name: the silence after the sound is kept in memory until it
+// is known to be the end.
+TEST_F(Conversions, KeepNoMoreSilenceThanASoundOfAUsualRateHas) {
+  Sound sound = impulse(100, 1, 50);
+  writeSound(in("usual.wav"), sound, kFloatWav);
+  sound.rate = 2147483647;
+  writeSound(in("absurd.wav"), sound, kFloatWav);
+  const Outcome usual = widen({"usual.wav", "-o", "a.wav", "--tail", "auto"});
+  const Outcome absurd = widen({"absurd.wav", "-o", "b.wav", "--tail", "auto"});
+  EXPECT_EQ(absurd.status, 0) << absurd.error;
+  EXPECT_EQ(absurd.error, "");
+  EXPECT_LT(absurd.mostMemory - usual.mostMemory, 100 * 1024) << "kB";
+  constexpr std::int64_t kThirtySeconds = 30 * 768000;
+  EXPECT_EQ(Rendering::mostTailFrames({true, 0.0}, 2147483647), kThirtySeconds);
+  EXPECT_EQ(Rendering::mostTailFrames({true, 0.0}, 44100), 30 * 44100);
+  EXPECT_EQ(Rendering::mostTailFrames({false, 2.0}, 2147483647), 2LL * 2147483647)
+      << "what was asked for in seconds";
 }
