@@ -3,71 +3,19 @@
 
 #include <algorithm>
 #include <atomic>
-#include <exception>
-#include <mutex>
-#include <new>
-#include <optional>
 #include <string>
 #include <system_error>
 #include <thread>
 #include <vector>
 
 #include "host/base/failure.h"
-#include "host/convert/conversion.h"
+#include "host/cli/outcome.h"
+#include "host/cli/reporter.h"
 #include "host/sound/soundreader.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Outcome {
-  std::string report;
-  std::string warning;
-  std::string failure;
-};
-
-Outcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
-                  Console& console) {
-  try {
-    const Conversion done =
-        convert(module, arguments, job, [&](std::int64_t frames) { console.advance(frames); });
-    return {reportOf(done, job), clippingWarning(done, job), {}};
-  } catch (const Failure& failure) {
-    return {{}, {}, failure.what()};
-  } catch (const std::bad_alloc&) {
-    return {{}, {}, job.input.string() + ": not enough memory"};
-  } catch (const std::exception& error) {
-    return {{}, {}, job.input.string() + ": " + error.what()};
-  }
-}
-
-// Outcomes come in any order and are shown in the order of the jobs.
-class Reporter {
- public:
-  Reporter(std::size_t count, Console& display) : outcomes(count), console(display) {}
-
-  void add(std::size_t index, Outcome outcome) {
-    const std::lock_guard guard(lock);
-    if (!outcome.failure.empty()) failed = true;
-    outcomes[index] = std::move(outcome);
-    console.fileDone();
-    for (; next < outcomes.size() && outcomes[next]; ++next) {
-      const Outcome& shown = *outcomes[next];
-      if (!shown.report.empty()) console.say(shown.report);
-      if (!shown.warning.empty()) console.warn(shown.warning);
-      if (!shown.failure.empty()) console.warn(shown.failure);
-    }
-  }
-
-  bool allDone() const { return !failed; }
-
- private:
-  std::mutex lock;
-  std::vector<std::optional<Outcome>> outcomes;
-  std::size_t next = 0;
-  bool failed = false;
-  Console& console;
-};
 
 // For the progress alone; a file that cannot be opened counts nothing and fails in its turn. A pipe
 // is left alone: it can be read once.
@@ -125,7 +73,8 @@ bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jo
   std::atomic<std::size_t> next = 0;
   const auto work = [&] {
     for (std::size_t index = next++; index < jobs.list.size(); index = next++) {
-      reporter.add(index, outcomeOf(module, arguments, jobs.list[index], console));
+      reporter.add(index, outcomeOf(module, arguments, jobs.list[index],
+                                    [&](std::int64_t frames) { console.advance(frames); }));
     }
   };
   std::vector<std::thread> helpers;

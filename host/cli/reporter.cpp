@@ -1,0 +1,20 @@
+// Tells the person what became of the files of a run, in the order in which they were named.
+#include "host/cli/reporter.h"
+
+#include <utility>
+
+Reporter::Reporter(std::size_t count, Console& display) : outcomes(count), console(display) {}
+
+void Reporter::add(std::size_t index, Outcome outcome) {
+  const std::lock_guard guard(lock);
+  if (outcome.failed()) failed = true;
+  outcomes[index] = std::move(outcome);
+  console.fileDone();
+  for (; next < outcomes.size() && outcomes[next]; ++next) show(*outcomes[next]);
+}
+
+void Reporter::show(const Outcome& shown) {
+  if (!shown.report.empty()) console.say(shown.report);
+  if (!shown.warning.empty()) console.warn(shown.warning);
+  if (!shown.failure.empty()) console.warn(shown.failure);
+}

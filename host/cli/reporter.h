@@ -1,0 +1,30 @@
+// Tells the person what became of the files of a run, in the order in which they were named.
+#pragma once
+
+#include <cstddef>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "host/cli/console.h"
+#include "host/cli/outcome.h"
+
+// Any thread.
+class Reporter {
+ public:
+  Reporter(std::size_t count, Console& console);
+
+  // Outcomes come in any order; each is shown when all before it have been.
+  void add(std::size_t index, Outcome outcome);
+
+  bool allDone() const { return !failed; }
+
+ private:
+  void show(const Outcome& outcome);
+
+  std::mutex lock;
+  std::vector<std::optional<Outcome>> outcomes;
+  std::size_t next = 0;
+  bool failed = false;
+  Console& console;
+};
