@@ -13,6 +13,7 @@
 #include "host/options/completion.h"
 #include "host/options/effectoptions.h"
 #include "host/options/fileoptions.h"
+#include "host/options/fitting.h"
 #include "host/options/leveloptions.h"
 #include "host/options/soundoptions.h"
 #include "host/options/validatoroptions.h"
@@ -129,5 +130,6 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   takeEffectOptions(app, effect, arguments);
   takeValidator(app, validator, arguments);
   checkRules(arguments);
+  checkFitting(app, arguments);
   return {arguments, {}};
 }

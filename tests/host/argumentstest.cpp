@@ -131,6 +131,29 @@ TEST(Arguments, TakeOneFileToPlayToTheWindow) {
   EXPECT_THAT(refusalOf({"--editor", "-o", "b.wav"}), HasSubstr("leave -o out"));
 }
 
+TEST(Arguments, RefuseOptionsThatWouldBeIgnored) {
+  const std::vector<std::vector<std::string>> forWriting = {
+      {"--plot", "p.png"}, {"--tail", "2s"}, {"-j", "4"}, {"--format", "float"}};
+  const std::vector<std::vector<std::string>> runs = {{"--editor"},       {"--editor", "a.wav"},
+                                                      {"--info"},         {"--list-params"},
+                                                      {"--list-presets"}, {"--save-state", "s"}};
+  for (const auto& run : runs) {
+    EXPECT_NO_THROW(parsed(run)) << run.front();
+    for (const auto& option : forWriting) {
+      auto words = run;
+      words.insert(words.end(), option.begin(), option.end());
+      EXPECT_THAT(refusalOf(words), HasSubstr("no sound is written here")) << option.front();
+    }
+  }
+  EXPECT_EQ(parsed({"--editor", "a.wav", "--gain", "-6dB", "--block", "64", "--double", "-q", "-f",
+                    "--preset", "3", "--save-state", "s"})
+                .blockSize,
+            64)
+      << "these are not";
+  for (const char* run : {"--editor", "--info"})
+    EXPECT_THAT(refusalOf({run, "--gain", "-6dB"}), HasSubstr("--gain")) << run;
+}
+
 TEST(Arguments, ReturnHelpAndVersionAsTexts) {
   const ParsedArguments help = parseArguments({"--help"});
   EXPECT_FALSE(help.arguments);

@@ -1,0 +1,32 @@
+// Options that would be ignored.
+#include "host/options/fitting.h"
+
+#include <set>
+#include <string>
+
+namespace {
+
+// By their names in the help. What is missing here is refused: an option that comes new belongs to
+// the writing of sound until somebody says otherwise.
+const std::set<std::string> kForTheEffect = {
+    "--plugin",    "--preset", "--bank",   "--width",       "--base-freq",    "--emphasis",
+    "--process",   "--phase",  "--set",    "--state",       "--save-state",   "--save-preset",
+    "--save-bank", "--block",  "--double", "--single",      "--quiet",        "--force",
+    "--info",      "--json",   "--editor", "--list-params", "--list-presets", "--list-plugins"};
+const std::set<std::string> kForWhatIsPlayed = {"IN", "--gain", "--salvage"};
+
+}  // namespace
+
+void checkFitting(const CLI::App& app, const Arguments& arguments) {
+  const bool converts = !arguments.inputs.empty() || arguments.output.has_value();
+  if (arguments.validator || (converts && !arguments.asksOnly())) return;
+  const bool plays = arguments.editor && !arguments.inputs.empty();
+  for (const CLI::Option* option : app.get_options()) {
+    const std::string name = option->get_name();
+    if (option->count() == 0 || kForTheEffect.contains(name)) continue;
+    const bool forPlaying = kForWhatIsPlayed.contains(name);
+    if (forPlaying && plays) continue;
+    throw UsageFailure("leave " + name + " out: no sound is written" +
+                       (forPlaying ? " or played" : "") + " here");
+  }
+}
