@@ -49,7 +49,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   HostCallback callback;
   Effect effect(module, callback);
   effect.checkCanProcess(arguments.doublePrecision);
-  effect.checkTakes(reader.channels(), job.input.string());
+  if (!effect.isMono()) effect.checkTakes(reader.channels(), job.input.string());
   effect.setUp(reader.sampleRate(), arguments.blockSize);
   applyState(effect, arguments.state);  // its notes were shown when the state was tried
   done.preset = describeCurrentPreset(effect);

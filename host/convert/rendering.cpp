@@ -37,6 +37,10 @@ Rendering::Rendering(Effect& startedEffect, SoundReader& source, const Arguments
       sourceName(std::move(name)),
       output(std::move(outputFrames)),
       runner(BlockRunner::make(startedEffect, arguments.blockSize, arguments.doublePrecision)),
+      rightChannel(
+          startedEffect.isMono() && source.channels() > 1
+              ? std::make_unique<RightChannel>(startedEffect, source.sampleRate(), arguments)
+              : nullptr),
       stage([this](const double* l, const double* r, int frames) { take(l, r, frames); },
             startedEffect.latency(), planTail(startedEffect, arguments.tail, source.sampleRate())),
       left(static_cast<std::size_t>(arguments.blockSize)),
@@ -67,6 +71,7 @@ std::int64_t Rendering::process() {
 
 void Rendering::processBlock(int frames) {
   runner->run(left.data(), right.data(), outLeft.data(), outRight.data(), frames);
+  if (rightChannel) rightChannel->run(right.data(), outRight.data(), frames);
   stage.setLatency(effect.latency());  // many effects know it only now
   stage.accept(outLeft.data(), outRight.data(), frames);
 }

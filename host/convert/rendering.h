@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/convert/rightchannel.h"
 #include "host/options/arguments.h"
 #include "host/sound/outputstage.h"
 #include "host/sound/soundreader.h"
@@ -52,6 +53,7 @@ class Rendering {
   Frames output;
   std::function<void(std::int64_t)> progress;
   std::unique_ptr<BlockRunner> runner;
+  std::unique_ptr<RightChannel> rightChannel;  // null where the effect takes both
   OutputStage stage;
   std::vector<double> left;
   std::vector<double> right;

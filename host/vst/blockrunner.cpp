@@ -29,7 +29,7 @@ class PreciseBlockRunner : public BlockRunner {
       std::fill_n(inputs[pin], frames, Sample{});
     effect.process(inputs.data(), outputs.data(), frames);
     std::copy_n(outputs[0], frames, outLeft);
-    std::copy_n(outputs[1], frames, outRight);
+    std::copy_n(outputs.size() > 1 ? outputs[1] : outputs[0], frames, outRight);
   }
 
  private:

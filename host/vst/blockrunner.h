@@ -8,7 +8,8 @@
 #include "host/vst/effect.h"
 
 // Pins beyond the first two get silence in and are not listened to. An effect with one input gets
-// the left channel. One thread. The effect has been started before and outlives the runner.
+// the left channel, and one output is heard on both sides. One thread. The effect has been
+// started before and outlives the runner.
 class BlockRunner {
  public:
   virtual ~BlockRunner() = default;

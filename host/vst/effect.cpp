@@ -157,10 +157,7 @@ void Effect::checkCanProcess(bool doublePrecision) const {
   if ((effect->flags & effFlagsIsSynth) != 0 || effect->numInputs == 0) {
     throw Failure(name + ": takes no sound in; widen needs an effect");
   }
-  if (effect->numOutputs < 2) {
-    throw Failure(name + ": has " + std::to_string(effect->numOutputs) +
-                  " outputs; widen needs two");
-  }
+  if (effect->numOutputs == 0) throw Failure(name + ": gives no sound out");
   if ((effect->flags & effFlagsCanReplacing) == 0 || effect->processReplacing == nullptr) {
     throw Failure(name + ": the effect has no processReplacing");
   }

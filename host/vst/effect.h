@@ -27,6 +27,7 @@ class Effect {
   const AEffect& record() const { return *effect; }
   const std::string& plugin() const { return name; }  // the file's name, for messages
   const std::filesystem::path& path() const { return module.path(); }
+  PluginModule& home() const { return module; }  // for another effect of the same kind
 
   // Any opcode, under the life lock.
   VstIntPtr dispatch(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0, void* ptr = nullptr,
@@ -51,8 +52,10 @@ class Effect {
   Bytes chunk();  // the bank. Throws Failure where the effect gives none
   void setChunk(std::span<const unsigned char> bytes);
 
+  // Takes and gives a single channel.
+  bool isMono() const { return effect->numInputs == 1 && effect->numOutputs == 1; }
   // Throws Failure where the effect cannot process sound so: no replacing operation, no double
-  // precision, no input, fewer than two outputs.
+  // precision, no input, no output.
   void checkCanProcess(bool doublePrecision) const;
   // Throws Failure where it cannot take a sound of 1 or 2 channels; `sound` is what it is called.
   void checkTakes(int channels, const std::string& sound) const;

@@ -136,7 +136,7 @@ TEST_F(Effects, AreRefusedWhenTheyAnswerNonsense) {
   EXPECT_THAT(refusalOf("negativecounts"), HasSubstr("-3 parameters"));
   EXPECT_THAT(refusalOf("negativelatency"), HasSubstr("-64 frames of latency"));
   EXPECT_THAT(refusalOf("noreplacing"), HasSubstr("no processReplacing"));
-  EXPECT_THAT(refusalOf("oneoutput"), HasSubstr("has 1 outputs"));
+  EXPECT_THAT(refusalOf("nooutput"), HasSubstr("gives no sound out"));
   EXPECT_THAT(refusalOf("noinput"), HasSubstr("takes no sound in"));
   EXPECT_EQ(refusalOf("latency"), "accepted");
   EXPECT_EQ(refusalOf("oldmain"), "accepted") << "with the entry point's older name";

@@ -224,7 +224,7 @@ TEST_F(Program, RefusesPluginsThatAnswerNonsense) {
       {"negativecounts", "-3 parameters"},
       {"negativelatency", "-64 frames of latency"},
       {"noreplacing", "no processReplacing"},
-      {"oneoutput", "widen needs two"},
+      {"nooutput", "gives no sound out"},
       {"noinput", "takes no sound in"},
       {"oneinput", "takes mono only"},
       {"nanoutput", "put out a value that is not a number at 0:00.023"},
