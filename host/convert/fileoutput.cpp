@@ -1,6 +1,8 @@
 // What the effect puts out, on its way into the file and the picture.
 #include "host/convert/fileoutput.h"
 
+#include "host/sound/blockarithmetic.h"
+
 FileOutput::FileOutput(SoundWriter& target, SampleFormat targetFormat, double factor,
                        StereoAnalysis* picture)
     : writer(target), format(targetFormat), gain(factor), analysis(picture) {}
@@ -13,8 +15,7 @@ void FileOutput::take(const double* left, const double* right, int frames) {
   }
   writer.write(outLeft.data(), outRight.data(), frames);
   if (analysis == nullptr) return;
-  for (std::vector<double>* channel : {&outLeft, &outRight}) {
-    for (double& sample : *channel) sample = heldSample(format, sample);
-  }
+  holdSamples(format, outLeft.data(), frames);
+  holdSamples(format, outRight.data(), frames);
   analysis->addAfter(outLeft.data(), outRight.data(), frames);
 }

@@ -73,7 +73,7 @@ SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
   if (info.samplerate < 1) throw Failure(path.string() + ": names no sample rate");
   if (info.frames < 1) throw Failure(path.string() + ": holds no sound (0 frames)");
   tags = textsOf(file.get());
-  buffer.resize(kBufferFrames * static_cast<std::size_t>(info.channels));
+  buffer.emplace(info, kBufferFrames);
 }
 
 // The library returns what it has before a damage as if the file ended there, with an error that
@@ -94,21 +94,18 @@ void SoundReader::checkDamage(sf_count_t frames) const {
 }
 
 bool SoundReader::refill() {
-  const sf_count_t frames = sf_readf_double(file.get(), buffer.data(), kBufferFrames);
+  const sf_count_t frames = buffer->readFrom(file.get());
   checkDamage(frames);
-  position = 0;
   framesRead += std::max<sf_count_t>(frames, 0);
-  filled =
-      frames > 0 ? static_cast<std::size_t>(frames) * static_cast<std::size_t>(info.channels) : 0;
-  return filled != 0;
+  return frames > 0;
 }
 
 int SoundReader::read(double* left, double* right, int count) {
-  const bool stereo = info.channels == 2;
-  for (int frame = 0; frame < count; ++frame) {
-    if (position == filled && !refill()) return frame;
-    left[frame] = buffer[position++];
-    right[frame] = stereo ? buffer[position++] : left[frame];
+  int done = 0;
+  while (done < count) {
+    const int piece = buffer->take(left + done, right + done, count - done);
+    if (piece == 0 && !refill()) break;
+    done += piece;
   }
-  return count;
+  return done;
 }

@@ -13,6 +13,7 @@
 
 #include "host/sound/soundfilehandle.h"
 #include "host/sound/soundformat.h"
+#include "host/sound/storedsamples.h"
 
 // Any thread, one thread a reader. Memory does not grow with the file.
 class SoundReader {
@@ -48,7 +49,5 @@ class SoundReader {
   SoundFileHandle file;
   std::vector<std::pair<int, std::string>> tags;
   std::int64_t framesRead = 0;
-  std::vector<double> buffer;  // interleaved
-  std::size_t position = 0;    // next sample to hand out
-  std::size_t filled = 0;      // samples there are
+  std::optional<StoredInput> buffer;
 };

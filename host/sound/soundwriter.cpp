@@ -10,10 +10,11 @@
 
 #include "host/base/failure.h"
 #include "host/base/writeall.h"
+#include "host/sound/blockarithmetic.h"
 
 namespace {
 
-constexpr std::size_t kBufferSamples = 32768;  // interleaved, before they go to the file
+constexpr std::size_t kBufferFrames = 16384;  // before they go to the file
 
 }  // namespace
 
@@ -22,7 +23,8 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
       fileType(options.type),
       format(options.format),
       temporary(target, options.replace),
-      sink{temporary.descriptor()} {
+      sink{temporary.descriptor()},
+      samples(options.format, kBufferFrames) {
   const auto libFormat = libFormatFor(options.type, options.format, options.frames);
   if (!libFormat) fail("too long for " + textOf(fileType));
   most = mostFrames(*libFormat, options.format);
@@ -44,7 +46,6 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
     sf_command(file.get(), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
   }
   for (const auto& [type, text] : options.texts) sf_set_string(file.get(), type, text.c_str());
-  samples.reserve(kBufferSamples);
 }
 
 SF_VIRTUAL_IO SoundWriter::writingTo() {
@@ -77,47 +78,35 @@ void SoundWriter::fail(const std::string& reason) const {
 
 void SoundWriter::write(const double* left, const double* right, int frames) {
   if (frames > most - written) fail("too long for " + textOf(fileType));
-  for (int frame = 0; frame < frames; ++frame) {
-    highest = std::max({highest, std::abs(left[frame]), std::abs(right[frame])});
-    if (integerBits(format) != 0) countClipped(left[frame], right[frame]);
-    samples.push_back(left[frame]);
-    samples.push_back(right[frame]);
-    if (samples.size() >= kBufferSamples) flush();
-  }
+  const double largest = std::max(largestMagnitude(left, frames), largestMagnitude(right, frames));
+  highest = std::max(highest, largest);
+  if (largest > 1.0 && integerBits(format) != 0) countClipped(left, right, frames);
   written += frames;
+  for (auto rest = static_cast<std::size_t>(frames); rest > 0;) {
+    const std::size_t piece = std::min(rest, samples.room());
+    samples.add(left, right, piece);
+    if (samples.room() == 0) flush();
+    left += piece;
+    right += piece;
+    rest -= piece;
+  }
 }
 
-// The library's own conversion scales by one step less than full scale when it writes, so that a
-// signal read and written again would not come back the same.
-std::int32_t SoundWriter::toInteger(double sample) const {
-  constexpr double kFullScale = 1U << 31U;  // of the word; a power of two, so nothing is rounded
-  return static_cast<std::int32_t>(heldSample(format, sample) * kFullScale);
-}
-
-void SoundWriter::countClipped(double left, double right) {
-  const double lostLeft = left - std::clamp(left, -1.0, 1.0);
-  const double lostRight = right - std::clamp(right, -1.0, 1.0);
-  clipped += (lostLeft != 0.0 ? 1 : 0) + (lostRight != 0.0 ? 1 : 0);
-  foldLost = std::max(foldLost, std::abs(lostLeft + lostRight) / 2.0);
+void SoundWriter::countClipped(const double* left, const double* right, int frames) {
+  for (int frame = 0; frame < frames; ++frame) {
+    const double lostLeft = left[frame] - std::clamp(left[frame], -1.0, 1.0);
+    const double lostRight = right[frame] - std::clamp(right[frame], -1.0, 1.0);
+    clipped += (lostLeft != 0.0 ? 1 : 0) + (lostRight != 0.0 ? 1 : 0);
+    foldLost = std::max(foldLost, std::abs(lostLeft + lostRight) / 2.0);
+  }
 }
 
 void SoundWriter::flush() {
-  const auto count = static_cast<sf_count_t>(samples.size());
-  sf_count_t done = 0;
-  if (integerBits(format) == 0) {
-    done = sf_write_double(file.get(), samples.data(), count);
-  } else {
-    integers.resize(samples.size());
-    std::transform(samples.begin(), samples.end(), integers.begin(),
-                   [this](double sample) { return toInteger(sample); });
-    done = sf_write_int(file.get(), integers.data(), count);
-  }
-  if (done != count) fail(sf_strerror(file.get()));
-  samples.clear();
+  if (!samples.writeTo(file.get())) fail(sf_strerror(file.get()));
 }
 
 void SoundWriter::finish() {
-  if (!samples.empty()) flush();
+  flush();
   const int error = sf_close(file.release());
   if (error != SF_ERR_NO_ERROR || sink.error != 0) fail(sf_error_number(error));
   temporary.keep();

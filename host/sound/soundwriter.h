@@ -13,6 +13,7 @@
 #include "host/base/temporaryfile.h"
 #include "host/sound/soundfilehandle.h"
 #include "host/sound/soundformat.h"
+#include "host/sound/storedsamples.h"
 
 struct SoundWriterOptions {
   FileType type = FileType::wav;
@@ -53,8 +54,7 @@ class SoundWriter {
   static SF_VIRTUAL_IO writingTo();
 
   void flush();
-  std::int32_t toInteger(double sample) const;
-  void countClipped(double left, double right);
+  void countClipped(const double* left, const double* right, int frames);
   [[noreturn]] void fail(const std::string& reason) const;
 
   std::filesystem::path path;
@@ -64,9 +64,8 @@ class SoundWriter {
   TemporaryFile temporary;
   Sink sink;
   SoundFileHandle file;
-  std::vector<double> samples;         // interleaved
-  std::vector<std::int32_t> integers;  // the same, left-aligned in the word
-  std::int64_t written = 0;            // frames
+  StoredOutput samples;
+  std::int64_t written = 0;  // frames
   double highest = 0.0;
   std::int64_t clipped = 0;
   double foldLost = 0.0;

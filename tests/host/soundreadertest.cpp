@@ -28,36 +28,42 @@ class SoundReaderFiles : public FolderTest {
 
 TEST_F(SoundReaderFiles, GivesEverySampleInPiecesOfAnySize) {
   const Sound sound = noise(40000, 2, 1);
-  writeSound(in("a.wav"), sound, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
-  for (const int piece : {1000, 16384, 16385, 40001}) {
-    SoundReader reader(in("a.wav"));
-    EXPECT_EQ(reader.channels(), 2);
-    EXPECT_EQ(reader.sampleRate(), 44100);
-    EXPECT_EQ(reader.frames(), 40000);
-    std::vector<double> left(static_cast<std::size_t>(piece));
-    std::vector<double> right(left);
-    std::vector<double> all;
-    int frames = 0;
-    while ((frames = reader.read(left.data(), right.data(), piece)) > 0) {
-      for (int i = 0; i < frames; ++i) {
-        all.push_back(left[static_cast<std::size_t>(i)]);
-        all.push_back(right[static_cast<std::size_t>(i)]);
+  for (const int format : {SF_FORMAT_WAV | SF_FORMAT_FLOAT, SF_FORMAT_WAV | SF_FORMAT_PCM_16,
+                           SF_FORMAT_AIFF | SF_FORMAT_PCM_16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16,
+                           SF_FORMAT_WAV | SF_FORMAT_PCM_24, SF_FORMAT_WAV | SF_FORMAT_DOUBLE}) {
+    writeSound(in("a"), sound, format);
+    for (const int piece : {1000, 16384, 16385, 40001}) {
+      SoundReader reader(in("a"));
+      EXPECT_EQ(reader.channels(), 2);
+      EXPECT_EQ(reader.sampleRate(), 44100);
+      EXPECT_EQ(reader.frames(), 40000);
+      std::vector<double> left(static_cast<std::size_t>(piece));
+      std::vector<double> right(left);
+      std::vector<double> all;
+      int frames = 0;
+      while ((frames = reader.read(left.data(), right.data(), piece)) > 0) {
+        for (int i = 0; i < frames; ++i) {
+          all.push_back(left[static_cast<std::size_t>(i)]);
+          all.push_back(right[static_cast<std::size_t>(i)]);
+        }
       }
+      EXPECT_EQ(all, sound.samples) << std::hex << format << std::dec << " by " << piece;
+      EXPECT_EQ(reader.read(left.data(), right.data(), piece), 0) << "stays at the end";
     }
-    EXPECT_EQ(all, sound.samples) << piece;
-    EXPECT_EQ(reader.read(left.data(), right.data(), piece), 0) << "stays at the end";
   }
 }
 
 TEST_F(SoundReaderFiles, GivesMonoOnBothSides) {
   const Sound sound = noise(100, 1, 2);
-  writeSound(in("a.wav"), sound, SF_FORMAT_WAV | SF_FORMAT_PCM_16);
-  SoundReader reader(in("a.wav"));
-  std::vector<double> left(100);
-  std::vector<double> right(100);
-  ASSERT_EQ(reader.read(left.data(), right.data(), 100), 100);
-  EXPECT_EQ(left, sound.samples);
-  EXPECT_EQ(right, sound.samples);
+  for (const int format : {SF_FORMAT_PCM_16, SF_FORMAT_PCM_24, SF_FORMAT_FLOAT}) {
+    writeSound(in("a.wav"), sound, SF_FORMAT_WAV | format);
+    SoundReader reader(in("a.wav"));
+    std::vector<double> left(100);
+    std::vector<double> right(100);
+    ASSERT_EQ(reader.read(left.data(), right.data(), 100), 100);
+    EXPECT_EQ(left, sound.samples);
+    EXPECT_EQ(right, sound.samples);
+  }
 }
 
 TEST_F(SoundReaderFiles, ScalesIntegersWithoutARoundingError) {

@@ -128,6 +128,33 @@ TEST_F(SoundWriterFiles, LosesNoFoldWhereBothChannelsLoseTheOpposite) {
   EXPECT_EQ(writer.clippedFold(), 0.0);
 }
 
+TEST_F(SoundWriterFiles, WritesAndCountsTheSameInPiecesOfAnySize) {
+  Sound sound = noise(50000, 2, 9);
+  sound.samples[2 * 33333] = 1.25;
+  std::vector<double> left;
+  std::vector<double> right;
+  for (std::size_t frame = 0; frame < sound.frames(); ++frame) {
+    left.push_back(sound.at(frame, 0));
+    right.push_back(sound.at(frame, 1));
+  }
+  std::vector<std::string> results;
+  for (const std::size_t piece : {1, 7, 16384, 16385, 50000}) {
+    SoundWriter writer(in("a.wav"), options(SampleFormat::pcm16));
+    for (std::size_t at = 0; at < left.size(); at += piece) {
+      const auto frames = static_cast<int>(std::min(piece, left.size() - at));
+      writer.write(&left[at], &right[at], frames);
+    }
+    writer.finish();
+    EXPECT_EQ(writer.peak(), 1.25) << piece;
+    EXPECT_EQ(writer.clippedSamples(), 1) << piece;
+    EXPECT_EQ(writer.clippedFold(), 0.125) << piece;
+    results.push_back(textOf(in("a.wav")));
+    std::filesystem::remove(in("a.wav"));
+  }
+  EXPECT_EQ(results.front().size(), 44 + 4 * 50000U) << "a header, and frames of 4 bytes";
+  EXPECT_THAT(results, testing::Each(results.front()));
+}
+
 TEST_F(SoundWriterFiles, RoundsToTheNearestStep) {
   const double step = 1.0 / 32768;
   const std::vector<double> left = {0.4 * step, 0.6 * step, -0.4 * step, -0.6 * step};
