@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/plot/midside.h"
+#include "host/measure/midside.h"
 
 void Goniometer::add(double left, double right) {
   const double mid = midOf(left, right);

@@ -49,9 +49,9 @@ std::string sineLevel(double rms) {
   return level(rms * std::numbers::sqrt2);
 }
 
-std::string sideToMid(const StereoImage& image) {
-  if (image.midLevel() == 0.0 || image.sideLevel() == 0.0) return "\u2013";
-  return decibelText(image.sideLevel() / image.midLevel()) + " dB";
+std::string sideToMid(const StereoLevels& levels) {
+  if (levels.mid() == 0.0 || levels.side() == 0.0) return "\u2013";
+  return decibelText(levels.side() / levels.mid()) + " dB";
 }
 
 void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
@@ -62,15 +62,15 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
   canvas.text("Levels", {left, kFigures.top + kHeadingLine}, kHeading);
   struct Row {
     const char* name;
-    std::string (*text)(const StereoImage&);
+    std::string (*text)(const StereoLevels&);
   };
   static constexpr Row kRows[] = {
-      {"peak", [](const StereoImage& image) { return level(image.peak()); }},
-      {"mid", [](const StereoImage& image) { return sineLevel(image.midLevel()); }},
-      {"side", [](const StereoImage& image) { return sineLevel(image.sideLevel()); }},
+      {"peak", [](const StereoLevels& levels) { return level(levels.peak()); }},
+      {"mid", [](const StereoLevels& levels) { return sineLevel(levels.mid()); }},
+      {"side", [](const StereoLevels& levels) { return sineLevel(levels.side()); }},
       {"side to mid", sideToMid},
       {"correlation",
-       [](const StereoImage& image) { return formatted("%.2f", image.correlation()); }},
+       [](const StereoLevels& levels) { return formatted("%.2f", levels.correlation()); }},
   };
   const PlotText muted{kTextSize, kMuted, 1.0, 0.0};
   const PlotText value{kTextSize, kBright, 1.0, 0.0};
@@ -81,8 +81,8 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
     canvas.line({left, y + 16.5}, {after, y + 16.5}, kGrid);
     y += 46;
     canvas.text(row.name, {left, y}, {kTextSize, kMuted});
-    canvas.text(row.text(analysis.before()), {before, y}, value);
-    canvas.text(row.text(analysis.after()), {after, y}, value);
+    canvas.text(row.text(analysis.before().levels()), {before, y}, value);
+    canvas.text(row.text(analysis.after().levels()), {after, y}, value);
   }
   y += 92;
   canvas.text("Mono fold error", {left, y}, kHeading);
@@ -112,7 +112,7 @@ std::unique_ptr<TemporaryFile> drawPlot(const StereoAnalysis& analysis, const Pl
   const StereoImage& before = analysis.before();
   const StereoImage& after = analysis.after();
   std::vector<SpectrumCurve> curves;
-  if (before.sideLevel() > 0.0)
+  if (before.levels().side() > 0.0)
     curves.push_back({"side before", before.sidePower(), kSide.faded(0.3), 5.0, false});
   curves.push_back({"mid before", before.midPower(), kMid.faded(0.35), 6.0, false});
   curves.push_back({"side after", after.sidePower(), kSide, 2.0, true});
