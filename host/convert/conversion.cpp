@@ -58,13 +58,15 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   effect.checkCanProcess(arguments.doublePrecision);
   std::optional<StereoAnalysis> analysis;
   if (job.plot) analysis.emplace(reader.sampleRate(), arguments.gain);
-  FileOutput output(writer, options.format, arguments.gain, analysis ? &*analysis : nullptr);
+  FileOutput output(writer, options.format, arguments.gain);
   Rendering rendering(
       effect, reader, arguments, job.input.string(),
       [&](const double* l, const double* r, int frames) { output.take(l, r, frames); });
   if (analysis) {
     rendering.watchInput(
         [&](const double* l, const double* r, int frames) { analysis->addBefore(l, r, frames); });
+    output.watch(
+        [&](const double* l, const double* r, int frames) { analysis->addAfter(l, r, frames); });
   }
   rendering.watchProgress(progress);
   done.framesRead = rendering.process();

@@ -1,11 +1,10 @@
-// What the effect puts out, on its way into the file and the picture.
+// What the effect puts out, on its way into the file and to those who look at it.
 #include "host/convert/fileoutput.h"
 
 #include "host/sound/blockarithmetic.h"
 
-FileOutput::FileOutput(SoundWriter& target, SampleFormat targetFormat, double factor,
-                       StereoAnalysis* picture)
-    : writer(target), format(targetFormat), gain(factor), analysis(picture) {}
+FileOutput::FileOutput(SoundWriter& target, SampleFormat targetFormat, double factor)
+    : writer(target), format(targetFormat), gain(factor) {}
 
 void FileOutput::take(const double* left, const double* right, int frames) {
   outLeft.assign(left, left + frames);
@@ -14,8 +13,8 @@ void FileOutput::take(const double* left, const double* right, int frames) {
     for (double& sample : *channel) sample *= gain;
   }
   writer.write(outLeft.data(), outRight.data(), frames);
-  if (analysis == nullptr) return;
+  if (watchers.empty()) return;
   holdSamples(format, outLeft.data(), frames);
   holdSamples(format, outRight.data(), frames);
-  analysis->addAfter(outLeft.data(), outRight.data(), frames);
+  for (const Frames& watcher : watchers) watcher(outLeft.data(), outRight.data(), frames);
 }

@@ -1,17 +1,22 @@
-// What the effect puts out, on its way into the file and the picture: both have it at the file's
-// level.
+// What the effect puts out, on its way into the file and to those who look at it: all have it at
+// the file's level.
 #pragma once
 
+#include <functional>
+#include <utility>
 #include <vector>
 
-#include "host/plot/stereoanalysis.h"
 #include "host/sound/soundwriter.h"
 
 class FileOutput {
  public:
-  // target: outlives it, as the picture does; format: its own. gain: a factor. picture: null where
-  // none is wanted.
-  FileOutput(SoundWriter& target, SampleFormat format, double gain, StereoAnalysis* picture);
+  using Frames = std::function<void(const double* left, const double* right, int frames)>;
+
+  // target: outlives it; format: its own. gain: a factor.
+  FileOutput(SoundWriter& target, SampleFormat format, double gain);
+
+  // Gets each frame as the file holds it.
+  void watch(Frames watcher) { watchers.push_back(std::move(watcher)); }
 
   void take(const double* left, const double* right, int frames);
 
@@ -19,7 +24,7 @@ class FileOutput {
   SoundWriter& writer;
   SampleFormat format;
   double gain;
-  StereoAnalysis* analysis;
+  std::vector<Frames> watchers;
   std::vector<double> outLeft;  // at the file's level
   std::vector<double> outRight;
 };
