@@ -58,6 +58,10 @@ void checkTarget(const std::filesystem::path& target, bool replace) {
   if (!replace) throw Failure(target.string() + ": is already there (--force replaces it)");
 }
 
+void checkCanBeMade(const std::filesystem::path& target, bool replace) {
+  const TemporaryFile tried(target, replace);
+}
+
 TemporaryFile::TemporaryFile(const std::filesystem::path& named, bool mayReplace)
     : target(named), replace(mayReplace) {
   checkTarget(target, replace);

@@ -36,3 +36,5 @@ class TemporaryFile {
 // Refuses a target that is there already, unless it may be replaced, and one that is
 // no regular file.
 void checkTarget(const std::filesystem::path& target, bool replace);
+// The same, and refuses one whose folder cannot be written to, by a file made there and removed.
+void checkCanBeMade(const std::filesystem::path& target, bool replace);

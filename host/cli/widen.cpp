@@ -35,6 +35,13 @@ std::filesystem::path pluginFor(const Arguments& arguments) {
   return pluginBinary(firstPlugin(defaultPluginPlaces(executablePath())));
 }
 
+// Before the window opens: what is done in it must not be lost for a reason that was there before.
+void checkSaving(Effect& effect, const Arguments& arguments) {
+  if (!arguments.saveState) return;
+  checkCanBeMade(*arguments.saveState, arguments.force);
+  effect.chunk();
+}
+
 // Before any sound is converted: whatever is wrong with the effect or its state shows here, once.
 // loop: what is played to its window; null where nothing is.
 void tryState(PluginModule& module, const Arguments& arguments, Loop* loop, Console& console) {
@@ -47,8 +54,10 @@ void tryState(PluginModule& module, const Arguments& arguments, Loop* loop, Cons
   if (arguments.info) console.print(describeEffect(effect));
   if (arguments.listParameters) console.print(describeParameters(effect));
   if (arguments.listPresets) console.print(describePresets(effect));
-  if (arguments.editor) showAndPlay(effect, callback, loop, arguments, console);
-  if (OrderlyEnd::isAsked()) return;  // by a signal: what was wanted is not known
+  if (arguments.editor) {
+    checkSaving(effect, arguments);
+    showAndPlay(effect, callback, loop, arguments, console);
+  }
   if (arguments.saveState) writeWholeFile(*arguments.saveState, effect.chunk(), arguments.force);
 }
 

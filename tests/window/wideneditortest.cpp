@@ -1,5 +1,6 @@
 // The effect's window as `widen --editor` shows it.
 #include <gmock/gmock.h>
+#include <signal.h>
 
 #include <array>
 #include <cstring>
@@ -69,6 +70,37 @@ TEST_F(WidenEditor, SavesTheStateThatTheUserLeft) {
   EXPECT_NE(parameters, "");
   EXPECT_NE(parameters, untouched);
   EXPECT_EQ(parameters, widen({"--process", "off", "--list-params"}).out);
+}
+
+// What is done in the window would be lost.
+TEST_F(WidenEditor, RefusesAStateThatCannotBeSavedBeforeItOpens) {
+  writeText(in("old.chunk"), "old");
+  const auto refuses = [this](const std::string& file, const std::string& text) {
+    expectRefusal(widen({"--editor", "--save-state", file}), 1, text);
+    EXPECT_EQ(names(), std::vector<std::string>{"old.chunk"});
+  };
+  refuses("old.chunk", "old.chunk: is already there (--force replaces it)");
+  refuses("no/such/folder/new.chunk", "new.chunk: cannot be written (there is no folder");
+  expectRefusal(widen({"--editor", "--save-state", "s", "--plugin", plugin("shown")},
+                      {{{"WIDEN_TEST_DOES", "nostate"}}}),
+                1, "keeps no state that could be saved");
+  start({"--save-state", "old.chunk", "--force"});
+  EXPECT_EQ(textOf(in("old.chunk")), "old") << "until the window is closed";
+  EXPECT_EQ(close().status, 0);
+  EXPECT_GT(textOf(in("old.chunk")).size(), 3U);
+}
+
+TEST_F(WidenEditor, SavesTheStateWhenASignalEndsIt) {
+  start({"--save-state", "left.chunk"});
+  const Picture before = display.picture(places::kProcessSwitch);
+  display.moveTo(places::kProcessSwitch.centreX(), places::kProcessSwitch.top + 8);
+  display.press(1);
+  display.release(1);
+  ASSERT_TRUE(comesTrue([&] { return !(display.picture(places::kProcessSwitch) == before); }));
+  kill(process, SIGTERM);
+  EXPECT_EQ(end().status, -SIGTERM);
+  EXPECT_EQ(widen({"--state", "left.chunk", "--list-params"}).out,
+            widen({"--process", "off", "--list-params"}).out);
 }
 
 TEST_F(WidenEditor, SaysThatThereIsNoDisplay) {

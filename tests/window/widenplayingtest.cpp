@@ -262,7 +262,7 @@ TEST_F(WidenPlaying, GoesOnInSilenceWhenTheCardStandsStill) {
   EXPECT_EQ(outcome.error, "widen: the sound card is gone: the file plays in silence\n");
 }
 
-TEST_F(WidenPlaying, EndsInOrderByASignalAndSavesNothing) {
+TEST_F(WidenPlaying, EndsInOrderByASignalAndSavesTheState) {
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
     std::filesystem::remove(root / "log");
     play({"in.wav", "--plugin", plugin("shown"), "--save-state", "left.chunk"});
@@ -270,7 +270,8 @@ TEST_F(WidenPlaying, EndsInOrderByASignalAndSavesNothing) {
     kill(process, number);
     EXPECT_EQ(end().status, -number) << "as the signal says, so that a shell stops too";
     EXPECT_TRUE(hasInOrder(log(), {"main: editClose", "main: mainsChanged 0", "main: close"}));
-    EXPECT_FALSE(std::filesystem::exists(in("left.chunk")));
+    EXPECT_EQ(textOf(in("left.chunk")), "state\n");
+    std::filesystem::remove(in("left.chunk"));
   }
 }
 

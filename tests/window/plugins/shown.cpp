@@ -24,6 +24,7 @@ class Shown : public TestEffect {
       : TestEffect(callback), log(std::fopen(told("WIDEN_TEST_LOG").c_str(), "a")) {
     record.flags |= effFlagsHasEditor | effFlagsProgramChunks;
     if (does == "mono") record.numInputs = 1;
+    if (does == "nostate") record.flags &= ~effFlagsProgramChunks;
   }
   ~Shown() override {
     if (log != nullptr) std::fclose(log);
