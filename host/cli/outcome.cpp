@@ -7,9 +7,9 @@
 #include "host/base/failure.h"
 #include "host/convert/report.h"
 
-Outcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
-                  const Progress& progress) {
-  Outcome outcome;
+FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
+                      const Progress& progress) {
+  FileOutcome outcome;
   try {
     const Conversion done = convert(module, arguments, job, progress);
     outcome.report = reportOf(done, job);

@@ -9,7 +9,7 @@
 #include "host/vst/pluginmodule.h"
 
 // In words for the person; empty where there is nothing to say.
-struct Outcome {
+struct FileOutcome {
   std::string report;
   std::string warning;
   std::string failure;
@@ -18,5 +18,5 @@ struct Outcome {
 };
 
 // Converts it. Throws nothing. Any thread.
-Outcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
-                  const Progress& progress);
+FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
+                      const Progress& progress);

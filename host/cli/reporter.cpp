@@ -5,7 +5,7 @@
 
 Reporter::Reporter(std::size_t count, Console& display) : outcomes(count), console(display) {}
 
-void Reporter::add(std::size_t index, Outcome outcome) {
+void Reporter::add(std::size_t index, FileOutcome outcome) {
   const std::lock_guard guard(lock);
   if (outcome.failed()) failed = true;
   outcomes[index] = std::move(outcome);
@@ -13,7 +13,7 @@ void Reporter::add(std::size_t index, Outcome outcome) {
   for (; next < outcomes.size() && outcomes[next]; ++next) show(*outcomes[next]);
 }
 
-void Reporter::show(const Outcome& shown) {
+void Reporter::show(const FileOutcome& shown) {
   if (!shown.report.empty()) console.say(shown.report);
   if (!shown.warning.empty()) console.warn(shown.warning);
   if (!shown.failure.empty()) console.warn(shown.failure);

@@ -15,15 +15,15 @@ class Reporter {
   Reporter(std::size_t count, Console& console);
 
   // Outcomes come in any order; each is shown when all before it have been.
-  void add(std::size_t index, Outcome outcome);
+  void add(std::size_t index, FileOutcome outcome);
 
   bool allDone() const { return !failed; }
 
  private:
-  void show(const Outcome& outcome);
+  void show(const FileOutcome& outcome);
 
   std::mutex lock;
-  std::vector<std::optional<Outcome>> outcomes;
+  std::vector<std::optional<FileOutcome>> outcomes;
   std::size_t next = 0;
   bool failed = false;
   Console& console;
