@@ -13,11 +13,10 @@
 #include "host/base/wholefile.h"
 #include "host/cli/batch.h"
 #include "host/cli/console.h"
-#include "host/cli/effectinfo.h"
 #include "host/cli/listening.h"
+#include "host/cli/questions.h"
 #include "host/convert/jobs.h"
 #include "host/options/arguments.h"
-#include "host/state/description.h"
 #include "host/state/effectstate.h"
 #include "host/validate/validation.h"
 #include "host/vst/effect.h"
@@ -51,9 +50,7 @@ void tryState(PluginModule& module, const Arguments& arguments, Loop* loop, Cons
   if (!arguments.inputs.empty()) effect.checkCanProcess(arguments.doublePrecision);
   effect.setUp(loop != nullptr ? loop->sampleRate() : kUsualRate, arguments.blockSize);
   for (const std::string& note : applyState(effect, arguments.state)) console.warn(note);
-  if (arguments.info) console.print(describeEffect(effect));
-  if (arguments.listParameters) console.print(describeParameters(effect));
-  if (arguments.listPresets) console.print(describePresets(effect));
+  sayWhatWasAsked(effect, arguments, console);
   if (arguments.editor) {
     checkSaving(effect, arguments);
     showAndPlay(effect, callback, loop, arguments, console);

@@ -69,8 +69,21 @@ std::string oneLine(std::string text) {
   return text;
 }
 
+// --save-state alone: nothing is converted.
+bool onlySavesState(const Arguments& arguments) {
+  return arguments.saveState && arguments.inputs.empty() && !arguments.output;
+}
+
+void checkDocument(const Arguments& arguments) {
+  if (!arguments.json) return;
+  if (arguments.editor || (!arguments.asksOnly() && onlySavesState(arguments))) {
+    throw UsageFailure("--json goes with sound files, --info, --list-params and --list-presets");
+  }
+}
+
 void checkRules(const Arguments& arguments) {
   if (arguments.validator) return;  // it has rules of its own
+  checkDocument(arguments);
   if (arguments.asksOnly()) {
     if (arguments.output) throw UsageFailure("nothing is written here: leave -o out");
     if (arguments.editor && arguments.inputs.size() > 1) {
@@ -81,8 +94,7 @@ void checkRules(const Arguments& arguments) {
     }
     return;
   }
-  const bool savesOnly = arguments.saveState && arguments.inputs.empty() && !arguments.output;
-  if (savesOnly) return;
+  if (onlySavesState(arguments)) return;
   if (arguments.inputs.empty()) throw UsageFailure("no sound file named");
   if (!arguments.output) throw UsageFailure("no output named: add -o OUT");
 }
@@ -105,6 +117,8 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   app.add_flag("-q,--quiet", arguments.quiet, "Say nothing but errors and warnings");
   app.add_option("--completion", shell, "Print what makes bash, zsh or fish complete options")
       ->type_name("SHELL");
+  app.add_flag("--json", arguments.json,
+               "Results as one JSON document; words go to the standard error stream");
   app.add_flag("--version", version, "Show the version");
   addLevelOptions(app, level, arguments);
   addBatchOptions(app, arguments);

@@ -53,6 +53,7 @@ struct Arguments {
   std::optional<ValidatorArguments> validator;  // instead of all that
 
   bool quiet = false;
+  bool json = false;  // results as a document for scripts, words aside
 };
 
 // Either arguments to act on, or a text for the standard output after which nothing is left to do

@@ -7,31 +7,26 @@
 #include "host/base/text.h"
 #include "host/state/effectadapter.h"
 #include "host/state/effectstate.h"
+#include "host/state/parameterfacts.h"
 
 namespace {
 
 constexpr int kMostValues = 8;  // parameters in one line
 
-std::string valueText(Effect& effect, int index) {
-  const std::string display = effect.text(effGetParamDisplay, index);
-  const std::string label = effect.text(effGetParamLabel, index);
+std::string withUnit(const std::string& display, const std::string& label) {
   return label.empty() ? display : display + " " + label;
 }
 
-std::string propertiesText(Effect& effect, int index) {
-  std::string text = effect.dispatch(effCanBeAutomated, index) != 0 ? "automatable" : "";
-  VstParameterProperties properties{};
-  if (effect.dispatch(effGetParameterProperties, index, 0, &properties) == 0) return text;
+std::string propertiesText(const ParameterFacts& facts) {
+  std::string text = facts.automatable ? "automatable" : "";
   const auto add = [&](const std::string& more) { text += (text.empty() ? "" : ", ") + more; };
-  if ((properties.flags & kVstParameterIsSwitch) != 0) add("switch");
-  if ((properties.flags & kVstParameterUsesFloatStep) != 0) {
-    add(formatted("steps %g, %g, %g", static_cast<double>(properties.smallStepFloat),
-                  static_cast<double>(properties.stepFloat),
-                  static_cast<double>(properties.largeStepFloat)));
+  if (facts.isSwitch) add("switch");
+  if (facts.steps) {
+    add(formatted("steps %g, %g, %g", static_cast<double>(facts.steps->small),
+                  static_cast<double>(facts.steps->usual),
+                  static_cast<double>(facts.steps->large)));
   }
-  if ((properties.flags & kVstParameterUsesIntegerMinMax) != 0) {
-    add(formatted("%d to %d", properties.minInteger, properties.maxInteger));
-  }
+  if (facts.range) add(formatted("%d to %d", facts.range->least, facts.range->most));
   return text;
 }
 
@@ -44,22 +39,22 @@ std::size_t longest(const std::vector<std::string>& texts) {
 }  // namespace
 
 std::string describeParameters(Effect& effect) {
+  std::vector<ParameterFacts> all;
   std::vector<std::string> names;
   std::vector<std::string> values;
   for (int index = 0; index < effect.parameterCount(); ++index) {
-    names.push_back(effect.text(effGetParamName, index));
-    values.push_back(valueText(effect, index));
+    all.push_back(factsOfParameter(effect, index));
+    names.push_back(all.back().name);
+    values.push_back(withUnit(all.back().display, all.back().label));
   }
-  if (names.empty()) return "no parameters\n";
+  if (all.empty()) return "no parameters\n";
   const int nameWidth = static_cast<int>(longest(names));
   const int valueWidth = static_cast<int>(longest(values));
   std::string text;
-  for (int index = 0; index < effect.parameterCount(); ++index) {
-    const auto slot = static_cast<std::size_t>(index);
-    text +=
-        formatted("%3d  %-*s  %8.6f  %-*s  ", index, nameWidth, names[slot].c_str(),
-                  static_cast<double>(effect.parameter(index)), valueWidth, values[slot].c_str());
-    text += propertiesText(effect, index);
+  for (std::size_t index = 0; index < all.size(); ++index) {
+    text += formatted("%3zu  %-*s  %8.6f  %-*s  ", index, nameWidth, names[index].c_str(),
+                      static_cast<double>(all[index].value), valueWidth, values[index].c_str());
+    text += propertiesText(all[index]);
     text.erase(text.find_last_not_of(' ') + 1);
     text += "\n";
   }
@@ -82,7 +77,7 @@ std::string describeValues(Effect& effect) {
   std::string text;
   for (int index = 0; index < std::min(effect.parameterCount(), kMostValues); ++index) {
     text += (index == 0 ? "" : ", ") + effect.text(effGetParamName, index) + " " +
-            valueText(effect, index);
+            withUnit(effect.text(effGetParamDisplay, index), effect.text(effGetParamLabel, index));
   }
   if (effect.parameterCount() > kMostValues) text += ", ...";
   return text;

@@ -8,7 +8,8 @@ trap 'rm -rf "$work"' EXIT
 
 cat >"$work/brew" <<'BREW'
 #!/usr/bin/env bash
-formulas=" cmake ninja pkg-config libsndfile cli11 cairo librsvg"
+formulas=" cmake ninja pkg-config libsndfile cli11 nlohmann-json"
+formulas+=" cairo librsvg"
 formulas+=" googletest google-benchmark clang-format "
 folder=$(dirname "$0")
 case $1 in
