@@ -6,7 +6,7 @@ set -euo pipefail
 
 build_packages=(
   cmake ninja pkg-config
-  libsndfile cli11 nlohmann-json cairo  # widen; CMake fetches its transform's source: no formula has it
+  libsndfile libebur128 cli11 nlohmann-json cairo  # widen; CMake fetches its transform's source: no formula has it
   lowdown                 # the manual page
   librsvg                 # the window's pictures
 )

@@ -8,7 +8,7 @@ trap 'rm -rf "$work"' EXIT
 
 cat >"$work/brew" <<'BREW'
 #!/usr/bin/env bash
-formulas=" cmake ninja pkg-config libsndfile cli11 nlohmann-json"
+formulas=" cmake ninja pkg-config libsndfile libebur128 cli11 nlohmann-json"
 formulas+=" cairo librsvg"
 formulas+=" googletest google-benchmark clang-format "
 folder=$(dirname "$0")
