@@ -18,6 +18,8 @@ constexpr std::size_t kSlots = 1024;  // more than jobs times files a job
 
 std::array<std::atomic<const char*>, kSlots> files;
 std::atomic<bool> ending = false;
+std::atomic<pid_t> owner = 0;       // the process that all this is about
+std::atomic<bool> silent = false;   // another process says what became of this one
 std::atomic<bool> orderly = false;  // an OrderlyEnd lives
 std::atomic<int> askedBy = 0;       // the signal that it waits with
 std::atomic<pid_t> watched = 0;     // the process in which an ExitWatch lives
@@ -42,14 +44,17 @@ void removeFiles() {
 }
 
 void say(std::string_view text) {
+  if (silent) return;
   [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text.data(), text.size());
 }
 
 void handle(int signalNumber) {
-  if (orderly && isRequest(signalNumber) && askedBy.exchange(signalNumber) == 0) return;
-  removeFiles();
-  if (isCrash(signalNumber))
-    say("widen: crashed, most likely inside the effect; unfinished files were removed\n");
+  if (owner == getpid()) {
+    if (orderly && isRequest(signalNumber) && askedBy.exchange(signalNumber) == 0) return;
+    removeFiles();
+    if (isCrash(signalNumber))
+      say("widen: crashed, most likely inside the effect; unfinished files were removed\n");
+  }
   // The default action takes over when this returns and the signal is let in again.
   std::signal(signalNumber, SIG_DFL);
   raise(signalNumber);
@@ -77,6 +82,7 @@ void endAtExit() {
 }  // namespace
 
 void installInterruption() {
+  owner = getpid();
   provideCrashStack();
   std::atexit(endAtExit);
   for (const int number :
@@ -105,6 +111,14 @@ int removeOnSignal(const char* path) {
 
 void forgetOnSignal(int slot) {
   if (slot >= 0) files[static_cast<std::size_t>(slot)].store(nullptr);
+}
+
+void beginAfterFork() {
+  for (auto& file : files) file.store(nullptr);
+  silent = true;
+  orderly = false;
+  askedBy = 0;
+  owner = getpid();
 }
 
 OrderlyEnd::OrderlyEnd() {

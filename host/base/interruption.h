@@ -23,6 +23,10 @@ class ExitWatch {
 int removeOnSignal(const char* path);
 void forgetOnSignal(int slot);
 
+// In a process that was forked just now: signals end it at once, it removes no file of the process
+// that it comes from, and it leaves the words about a crash to that one.
+void beginAfterFork();
+
 // While one lives, the first SIGINT, SIGTERM or SIGHUP only asks for the end, and ends the program
 // when this is destroyed. A second one ends it at once. One at a time.
 class OrderlyEnd {
