@@ -18,6 +18,7 @@
 #include "host/convert/jobs.h"
 #include "host/options/arguments.h"
 #include "host/state/effectstate.h"
+#include "host/state/statefiles.h"
 #include "host/validate/validation.h"
 #include "host/vst/effect.h"
 #include "host/vst/executablepath.h"
@@ -34,8 +35,10 @@ std::filesystem::path pluginFor(const Arguments& arguments) {
   return pluginBinary(firstPlugin(defaultPluginPlaces(executablePath())));
 }
 
-// Before the window opens: what is done in it must not be lost for a reason that was there before.
+// Before anything is saved, so that all is or nothing, and before the window opens: what is done in
+// it must not be lost for a reason that was there before.
 void checkSaving(Effect& effect, const Arguments& arguments) {
+  checkStateFiles(effect, arguments.saved, arguments.force);
   if (!arguments.saveState) return;
   checkCanBeMade(*arguments.saveState, arguments.force);
   effect.chunk();
@@ -51,11 +54,10 @@ void tryState(PluginModule& module, const Arguments& arguments, Loop* loop, Cons
   effect.setUp(loop != nullptr ? loop->sampleRate() : kUsualRate, arguments.blockSize);
   for (const std::string& note : applyState(effect, arguments.state)) console.warn(note);
   sayWhatWasAsked(effect, arguments, console);
-  if (arguments.editor) {
-    checkSaving(effect, arguments);
-    showAndPlay(effect, callback, loop, arguments, console);
-  }
+  checkSaving(effect, arguments);
+  if (arguments.editor) showAndPlay(effect, callback, loop, arguments, console);
   if (arguments.saveState) writeWholeFile(*arguments.saveState, effect.chunk(), arguments.force);
+  writeStateFiles(effect, arguments.saved, arguments.force);
 }
 
 ExitStatus runValidator(const Arguments& arguments, Console& console) {

@@ -69,9 +69,10 @@ std::string oneLine(std::string text) {
   return text;
 }
 
-// --save-state alone: nothing is converted.
+// --save-state and its like alone: nothing is converted.
 bool onlySavesState(const Arguments& arguments) {
-  return arguments.saveState && arguments.inputs.empty() && !arguments.output;
+  const bool saves = arguments.saveState || arguments.saved.any();
+  return saves && arguments.inputs.empty() && !arguments.output;
 }
 
 void checkDocument(const Arguments& arguments) {

@@ -9,6 +9,7 @@
 #include "host/base/failure.h"
 #include "host/sound/soundformat.h"
 #include "host/state/statearguments.h"
+#include "host/state/statefiles.h"
 
 struct TailArgument {
   bool automatic = false;
@@ -37,6 +38,7 @@ struct Arguments {
 
   StateArguments state;
   std::optional<std::string> saveState;
+  StateFiles saved;
 
   std::optional<std::string> plugin;
   int blockSize = kDefaultBlockSize;

@@ -2,6 +2,7 @@
 #include "host/options/soundoptions.h"
 
 #include "host/options/given.h"
+#include "host/state/presetfilenames.h"
 #include "host/state/values.h"
 
 namespace {
@@ -20,14 +21,31 @@ constexpr auto kValueOptions = std::to_array<ValueOption>({
 });
 static_assert(kValueOptions.size() == kParameterCount);
 
+// A file of the wrong kind would be found out only when it is loaded.
+void checkExtensions(const Arguments& arguments) {
+  const auto isFx = [](const std::optional<std::string>& file) {
+    return file && (isFxPreset(*file) || isFxBank(*file));
+  };
+  const auto& [preset, bank] = arguments.saved;
+  if (preset && !isPresetFile(*preset) && !isFxPreset(*preset))
+    throw UsageFailure("--save-preset: " + *preset + " ends in neither .orv nor .fxp");
+  if (bank && !isBankFile(*bank) && !isFxBank(*bank))
+    throw UsageFailure("--save-bank: " + *bank + " ends in neither .orb nor .fxb");
+  if (isFx(arguments.saveState))
+    throw UsageFailure("--save-state writes no .fxp or .fxb: use --save-preset or --save-bank");
+  if (isFx(arguments.state.state))
+    throw UsageFailure("--state reads no .fxp or .fxb: use --preset or --bank");
+}
+
 }  // namespace
 
 void addSoundOptions(CLI::App& app, SoundWords& words, Arguments&) {
   const std::string sound = "Sound";
-  app.add_option("--preset", words.preset, "Name, number, or preset file (.orv)")
+  app.add_option("--preset", words.preset, "Name, number, or preset file (.orv, .fxp)")
       ->group(sound)
       ->type_name("PRESET");
-  app.add_option("--bank", words.bank, "Bank file (.orb); its first preset is selected")
+  app.add_option("--bank", words.bank,
+                 "Bank file (.orb, .fxb); of .orb the first preset is selected")
       ->group(sound)
       ->type_name("FILE");
   for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
@@ -44,6 +62,12 @@ void addSoundOptions(CLI::App& app, SoundWords& words, Arguments&) {
       ->group(sound)
       ->type_name("FILE");
   app.add_option("--save-state", words.saveState, "Save the state that results")
+      ->group(sound)
+      ->type_name("FILE");
+  app.add_option("--save-preset", words.savePreset, "Save the current preset (.orv, .fxp)")
+      ->group(sound)
+      ->type_name("FILE");
+  app.add_option("--save-bank", words.saveBank, "Save all presets (.orb, .fxb)")
       ->group(sound)
       ->type_name("FILE");
 }
@@ -65,4 +89,7 @@ void takeSoundOptions(const CLI::App& app, const SoundWords& words, Arguments& a
   arguments.state.bank = given(app, "--bank", words.bank);
   arguments.state.preset = given(app, "--preset", words.preset);
   arguments.saveState = given(app, "--save-state", words.saveState);
+  arguments.saved.preset = given(app, "--save-preset", words.savePreset);
+  arguments.saved.bank = given(app, "--save-bank", words.saveBank);
+  checkExtensions(arguments);
 }

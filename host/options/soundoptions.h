@@ -13,7 +13,7 @@
 struct SoundWords {
   std::array<std::string, kParameterCount> values;
   std::vector<std::string> settings;
-  std::string state, bank, preset, saveState;
+  std::string state, bank, preset, saveState, savePreset, saveBank;
 };
 
 // Both outlive the parsing.

@@ -16,6 +16,9 @@ class EffectAdapter {
   virtual ~EffectAdapter() = default;
 
   virtual void loadState(const std::string& file) = 0;
+  // file: where it comes from.
+  virtual void takeChunk(const Effect::Bytes& chunk, Effect::ChunkOf what,
+                         const std::string& file) = 0;
   // Returns notes for the person, one line each.
   virtual std::vector<std::string> loadBank(const std::string& file) = 0;
   virtual void choosePreset(const std::string& preset) = 0;  // name, number, or preset file
@@ -24,6 +27,10 @@ class EffectAdapter {
   virtual void setValue(int index, float value) = 0;
   // In the words of the command line, for the parameter of this index.
   virtual void setTyped(int index, const ParameterSetting& setting) = 0;
+
+  // The bytes of Trelvan's own files: the current preset, and all of them.
+  virtual Effect::Bytes presetFile() = 0;
+  virtual Effect::Bytes bankFile() = 0;
 
   virtual std::vector<std::string> presetNames() = 0;  // by number, from 0
   virtual int currentPreset() = 0;
@@ -37,6 +44,3 @@ std::unique_ptr<EffectAdapter> adapterFor(Effect& effect);
 // What it chooses from.
 std::unique_ptr<EffectAdapter> trelvanAdapter(Effect& effect);
 std::unique_ptr<EffectAdapter> genericAdapter(Effect& effect);
-
-// Whether a preset is named by a file of Trelvan's.
-bool isPresetFile(const std::string& preset);

@@ -3,7 +3,9 @@
 
 #include "host/base/failure.h"
 #include "host/state/effectadapter.h"
+#include "host/state/fxpresets.h"
 #include "host/state/namelookup.h"
+#include "host/state/presetfilenames.h"
 
 namespace {
 
@@ -17,14 +19,27 @@ int indexOf(Effect& effect, const std::string& parameter) {
   return findParameter(names, parameter);
 }
 
+// Either kind: the one in the place of the other is told by what it holds.
+bool isFx(const std::string& file) {
+  return isFxPreset(file) || isFxBank(file);
+}
+
 }  // namespace
 
 std::vector<std::string> applyState(Effect& effect, const StateArguments& arguments) {
   const auto adapter = adapterFor(effect);
   std::vector<std::string> notes;
   if (arguments.state) adapter->loadState(*arguments.state);
-  if (arguments.bank) notes = adapter->loadBank(*arguments.bank);
-  if (arguments.preset) adapter->choosePreset(*arguments.preset);
+  if (arguments.bank && isFx(*arguments.bank)) {
+    loadFxBank(effect, *adapter, *arguments.bank);
+  } else if (arguments.bank) {
+    notes = adapter->loadBank(*arguments.bank);
+  }
+  if (arguments.preset && isFx(*arguments.preset)) {
+    loadFxPreset(effect, *adapter, *arguments.preset);
+  } else if (arguments.preset) {
+    adapter->choosePreset(*arguments.preset);
+  }
   for (std::size_t index = 0; index < arguments.values.size(); ++index) {
     const auto value = arguments.values[index];
     if (value) adapter->setValue(static_cast<int>(index), *value);

@@ -3,6 +3,7 @@
 #include "host/base/wholefile.h"
 #include "host/state/effectadapter.h"
 #include "host/state/namelookup.h"
+#include "host/state/presetfilenames.h"
 #include "host/state/values.h"
 
 namespace {
@@ -13,13 +14,18 @@ class GenericAdapter final : public EffectAdapter {
 
   void loadState(const std::string& file) override { effect.setChunk(readWholeFile(file)); }
 
+  void takeChunk(const Effect::Bytes& chunk, Effect::ChunkOf what, const std::string&) override {
+    effect.setChunk(chunk, what);
+  }
+
   std::vector<std::string> loadBank(const std::string&) override {
-    throw Failure("--bank: " + effect.plugin() + " takes no bank files of Trelvan");
+    throw Failure("--bank: " + effect.plugin() + " takes no bank files of Trelvan, but .fxb");
   }
 
   void choosePreset(const std::string& preset) override {
     if (isPresetFile(preset)) {
-      throw Failure(preset + ": " + effect.plugin() + " takes no preset files of Trelvan");
+      throw Failure(preset + ": " + effect.plugin() +
+                    " takes no preset files of Trelvan, but .fxp");
     }
     if (effect.record().numPrograms == 0)
       throw Failure(effect.plugin() + ": the effect has no presets");
@@ -40,6 +46,13 @@ class GenericAdapter final : public EffectAdapter {
     throw Failure(
         "--set " + setting.parameter + ": \"" + setting.value +
         "\" is not 0 to 1, 0% to 100%, on or off, and the effect does not understand it either");
+  }
+
+  Effect::Bytes presetFile() override {
+    throw Failure("--save-preset: " + effect.plugin() + " is not Trelvan: name the file .fxp");
+  }
+  Effect::Bytes bankFile() override {
+    throw Failure("--save-bank: " + effect.plugin() + " is not Trelvan: name the file .fxb");
   }
 
   std::vector<std::string> presetNames() override { return effect.programNames(); }

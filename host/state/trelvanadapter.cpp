@@ -5,6 +5,7 @@
 #include "host/base/wholefile.h"
 #include "host/state/effectadapter.h"
 #include "host/state/namelookup.h"
+#include "host/state/presetfilenames.h"
 #include "host/state/trelvanbank.h"
 #include "host/state/values.h"
 #include "presetsystem/image/presetimage.h"
@@ -16,9 +17,13 @@ class TrelvanAdapter final : public EffectAdapter {
   explicit TrelvanAdapter(Effect& adapted) : effect(adapted) {}
 
   void loadState(const std::string& file) override {
-    const auto bytes = readWholeFile(file);
-    TrelvanBank::checkState(bytes, effect.record().uniqueID, file);
-    effect.setChunk(bytes);
+    takeChunk(readWholeFile(file), Effect::ChunkOf::bank, file);
+  }
+
+  void takeChunk(const Effect::Bytes& chunk, Effect::ChunkOf what,
+                 const std::string& file) override {
+    TrelvanBank::checkState(chunk, effect.record().uniqueID, file);
+    effect.setChunk(chunk, what);
   }
 
   std::vector<std::string> loadBank(const std::string& file) override {
@@ -46,6 +51,9 @@ class TrelvanAdapter final : public EffectAdapter {
     effect.setParameter(index,
                         parseTrelvanValue(index, "--set " + setting.parameter, setting.value));
   }
+
+  Effect::Bytes presetFile() override { return bank().presetFile(); }
+  Effect::Bytes bankFile() override { return bank().bankFile(); }
 
   std::vector<std::string> presetNames() override {
     return effect.programNamesByIndex(presetimage::kPresetCount);

@@ -96,6 +96,21 @@ TrelvanBank::Bytes TrelvanBank::chunk() const {
   return bytes;
 }
 
+TrelvanBank::Bytes TrelvanBank::presetFile() const {
+  Bytes bytes(presetimage::kPresetImageSize);
+  presetimage::writePreset(std::span<unsigned char, presetimage::kPresetImageSize>(bytes),
+                           bank[static_cast<std::size_t>(currentPreset)], id, kNoDummies);
+  return bytes;
+}
+
+TrelvanBank::Bytes TrelvanBank::bankFile() const {
+  presetimage::InvalidParameters none;
+  Bytes bytes(presetimage::kBankImageSize);
+  presetimage::writeBank(std::span<unsigned char, presetimage::kBankImageSize>(bytes), bank, id,
+                         currentPreset, kNoDummies, none);
+  return bytes;
+}
+
 std::vector<std::string> TrelvanBank::takeNotes() {
   std::vector<std::string> notes;
   for (const presetimage::InvalidParameter& note : repaired) {

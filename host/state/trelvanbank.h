@@ -36,6 +36,9 @@ class TrelvanBank {
   void loadBank(std::span<const unsigned char> file, const std::string& source);
 
   Bytes chunk() const;
+  // What the plug-in itself would save: the current preset, and the bank.
+  Bytes presetFile() const;
+  Bytes bankFile() const;
 
   // Values that were met outside 0..1 and repaired, a line for each; emptied by the call.
   std::vector<std::string> takeNotes();

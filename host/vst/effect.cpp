@@ -15,6 +15,10 @@ namespace {
 constexpr std::size_t kTextCapacity = 1024;
 constexpr VstIntPtr kAnyCategory = -1;
 
+VstInt32 indexOf(Effect::ChunkOf what) {
+  return what == Effect::ChunkOf::program ? 1 : 0;
+}
+
 std::string pinCounts(VstInt32 inputs, VstInt32 outputs) {
   return std::to_string(inputs) + " inputs and " + std::to_string(outputs) + " outputs";
 }
@@ -125,16 +129,22 @@ void Effect::selectProgram(int index) {
   call(effEndSetProgram, 0, 0, nullptr, 0.0F);
 }
 
+void Effect::nameProgram(const std::string& programName) {
+  std::array<char, kTextCapacity> buffer{};
+  programName.copy(buffer.data(), kVstMaxProgNameLen - 1);
+  dispatch(effSetProgramName, 0, 0, buffer.data());
+}
+
 void Effect::checkHasChunk() const {
   if (hasChunk()) return;
   throw Failure(name + ": the effect keeps no state that could be saved or loaded");
 }
 
-Effect::Bytes Effect::chunk() {
+Effect::Bytes Effect::chunk(ChunkOf what) {
   checkHasChunk();
   const std::lock_guard life(module.lifeLock());
   void* bytes = nullptr;
-  const VstIntPtr size = call(effGetChunk, 0, 0, &bytes, 0.0F);
+  const VstIntPtr size = call(effGetChunk, indexOf(what), 0, &bytes, 0.0F);
   if (size < 0 || size > static_cast<VstIntPtr>(kLargestState)) {
     throw Failure(name + ": the effect answers a state of " + std::to_string(size) +
                   " bytes, which cannot be");
@@ -144,11 +154,12 @@ Effect::Bytes Effect::chunk() {
   return {first, first + size};
 }
 
-void Effect::setChunk(std::span<const unsigned char> bytes) {
+void Effect::setChunk(std::span<const unsigned char> bytes, ChunkOf what) {
   checkHasChunk();
   const std::lock_guard life(module.lifeLock());
   Bytes copy(bytes.begin(), bytes.end());  // effects may change what they are given
-  if (call(effSetChunk, 0, static_cast<VstIntPtr>(copy.size()), copy.data(), 0.0F) < 0) {
+  const auto size = static_cast<VstIntPtr>(copy.size());
+  if (call(effSetChunk, indexOf(what), size, copy.data(), 0.0F) < 0) {
     throw Failure(name + ": the effect refuses the state (damaged, or another plug-in's)");
   }
 }

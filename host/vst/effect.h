@@ -47,10 +47,12 @@ class Effect {
   // so, by selecting one after the other and going back.
   std::vector<std::string> programNames();
   void selectProgram(int index);
+  void nameProgram(const std::string& programName);  // the current one
 
   bool hasChunk() const { return (effect->flags & effFlagsProgramChunks) != 0; }
-  Bytes chunk();  // the bank. Throws Failure where the effect gives none
-  void setChunk(std::span<const unsigned char> bytes);
+  enum class ChunkOf { bank, program };  // the current one
+  Bytes chunk(ChunkOf = ChunkOf::bank);  // Throws Failure where the effect gives none
+  void setChunk(std::span<const unsigned char> bytes, ChunkOf = ChunkOf::bank);
 
   // Takes and gives a single channel.
   bool isMono() const { return effect->numInputs == 1 && effect->numOutputs == 1; }

@@ -83,6 +83,18 @@ TEST(Arguments, TakeSettingsApartAndNoFileForASetting) {
   }
 }
 
+TEST(Arguments, TellPresetAndBankFilesByTheirExtension) {
+  const Arguments arguments = parsed({"--save-preset", "p.FXP", "--save-bank", "b.orb"});
+  EXPECT_EQ(arguments.saved.preset, "p.FXP");
+  EXPECT_EQ(arguments.saved.bank, "b.orb");
+  EXPECT_EQ(parsed({"--save-preset", "p.orv"}).saved.preset, "p.orv");
+  EXPECT_EQ(parsed({"--save-bank", "b.fxb"}).saved.bank, "b.fxb");
+  EXPECT_THAT(refusalOf({"--save-preset", "p.fxb"}), HasSubstr("neither .orv nor .fxp"));
+  EXPECT_THAT(refusalOf({"--save-bank", "b.orv"}), HasSubstr("neither .orb nor .fxb"));
+  EXPECT_THAT(refusalOf({"--save-state", "s.fxp"}), HasSubstr("use --save-preset"));
+  EXPECT_THAT(refusalOf({"--state", "s.fxb", "--info"}), HasSubstr("--bank"));
+}
+
 TEST(Arguments, TakeAnAutomaticTail) {
   EXPECT_TRUE(parsed({"a.wav", "-o", "b.wav", "--tail", "auto"}).tail.automatic);
 }

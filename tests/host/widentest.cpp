@@ -258,6 +258,15 @@ TEST_F(Program, RunsOtherEffects) {
     ASSERT_NEAR(out.samples[i], in16.samples[i] / 2, 0.5 / 32768) << i;
 }
 
+TEST_F(Program, SavesPresetsAndBanks) {
+  EXPECT_EQ(widen({"--width", "30%", "--save-preset", "p.fxp", "--save-bank", "b.orb"}).status, 0);
+  EXPECT_THAT(widen({"--preset", "p.fxp", "--list-params"}).out, HasSubstr("0.300000"));
+  EXPECT_THAT(widen({"--bank", "b.orb", "--list-params"}).out, HasSubstr("0.300000"));
+  refuses({"in.wav", "-o", "out.wav", "--save-preset", "new.fxp", "--save-bank", "b.orb"}, 1,
+          "b.orb: is already there");
+  EXPECT_EQ(widen({"--save-bank", "b.orb", "--force"}).status, 0);
+}
+
 TEST_F(Program, FindsThePluginBesideItself) {
   EXPECT_THAT(widen({"--info"}).out, HasSubstr("Orv Trelvan"));
   EXPECT_EQ(widen({"--info"}).out, widen({"--info", "--plugin", WIDEN_TRELVAN}).out);
