@@ -12,8 +12,9 @@ namespace {
 // The interpolation looks so many frames back at most: as many of silence bring its end out.
 constexpr std::size_t kInterpolatorFrames = 64;
 
-// Of the library's own; beyond them it makes no meter.
-constexpr int kLowestRate = 16;        // Hz
+// Beyond its highest rate the library makes no meter; below 18 Hz it makes one and writes past its
+// end, and the weighting means nothing long before.
+constexpr int kLowestRate = 1000;      // Hz
 constexpr int kHighestRate = 2822400;  // Hz
 
 }  // namespace

@@ -109,12 +109,13 @@ TEST(Loudness, DoesNotDependOnThePieces) {
 
 TEST(Loudness, IsNotMeasuredAtRatesThatNobodyHears) {
   const double sample = 0.5;
-  for (const int rate : {1, 15, 2822401, std::numeric_limits<int>::max()}) {
+  for (const int rate : {1, 999, 2822401, std::numeric_limits<int>::max()}) {
     Loudness loudness(2, rate);
     loudness.add(&sample, &sample, 1);
     const Loudness::Result result = loudness.finish();
     EXPECT_EQ(result.integrated, std::nullopt) << rate;
     EXPECT_EQ(result.truePeak, std::nullopt) << rate;
   }
-  for (const int rate : {16, 2822400}) EXPECT_NE(Loudness(2, rate).finish().truePeak, std::nullopt);
+  for (const int rate : {1000, 2822400})
+    EXPECT_NE(Loudness(2, rate).finish().truePeak, std::nullopt);
 }
