@@ -2,7 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <utility>
 
 // Sound files are read with steps back, which a pipe does not allow: its contents go into a
 // temporary file without a name, so that memory stays bounded and nothing is left
@@ -15,8 +14,7 @@ class InputFile {
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
 
-  int descriptor() const { return handle; }  // at the file's beginning; stays this object's
-  int release() { return std::exchange(handle, -1); }  // becomes the caller's
+  int descriptor() const { return handle; }  // stays this object's
   bool isPipe() const { return pipe; }
 
  private:

@@ -1,19 +1,20 @@
 // Reads a mono or stereo sound file.
 #include "host/sound/soundreader.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <system_error>
 
 #include "host/base/failure.h"
 #include "host/sound/completeness.h"
-#include "host/sound/inputfile.h"
 
 namespace {
 
 constexpr std::size_t kBufferFrames = 16384;
 
 // What the library would word as a system error, or not notice at all.
-void checkIsThere(const std::filesystem::path& file) {
+const std::filesystem::path& existing(const std::filesystem::path& file) {
   std::error_code error;
   const auto status = std::filesystem::status(file, error);
   if (!std::filesystem::exists(status)) {
@@ -26,6 +27,7 @@ void checkIsThere(const std::filesystem::path& file) {
       !error) {
     throw Failure(file.string() + ": is empty");
   }
+  return file;
 }
 
 // Whether the named number of frames is to be there: MP3 has an estimate, and of two old types the
@@ -50,10 +52,9 @@ std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
 
 // A file that is opened by its name may also be of a type that only the name shows.
 void SoundReader::openFile() {
-  InputFile input(path);
-  const std::string damage = damageOf(input.descriptor());
-  if (!damage.empty()) throw Failure(path.string() + ": " + damage);
-  file.reset(input.isPipe() ? sf_open_fd(input.release(), SFM_READ, &info, SF_TRUE)
+  info = {};
+  lseek(input.descriptor(), 0, SEEK_SET);
+  file.reset(input.isPipe() ? sf_open_fd(input.descriptor(), SFM_READ, &info, SF_FALSE)
                             : sf_open(path.c_str(), SFM_READ, &info));
   if (!file) {
     const int error = sf_error(nullptr);
@@ -63,8 +64,9 @@ void SoundReader::openFile() {
   }
 }
 
-SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
-  checkIsThere(path);
+SoundReader::SoundReader(const std::filesystem::path& from) : path(existing(from)), input(path) {
+  const std::string damage = damageOf(input.descriptor());
+  if (!damage.empty()) throw Failure(path.string() + ": " + damage);
   openFile();
   if (info.channels < 1 || info.channels > 2) {
     throw Failure(path.string() + ": has " + std::to_string(info.channels) +
@@ -73,6 +75,19 @@ SoundReader::SoundReader(const std::filesystem::path& from) : path(from) {
   if (info.samplerate < 1) throw Failure(path.string() + ": names no sample rate");
   if (info.frames < 1) throw Failure(path.string() + ": holds no sound (0 frames)");
   tags = textsOf(file.get());
+  buffer.emplace(info, kBufferFrames);
+}
+
+// Opened anew: some decoders cannot step back, and that of MP3 does not come to the same samples.
+void SoundReader::rewind() {
+  const SF_INFO before = info;
+  file.reset();
+  openFile();
+  if (info.channels != before.channels || info.samplerate != before.samplerate ||
+      info.frames != before.frames || info.format != before.format) {
+    throw Failure(path.string() + ": was changed while it was read");
+  }
+  framesRead = 0;
   buffer.emplace(info, kBufferFrames);
 }
 

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/sound/inputfile.h"
 #include "host/sound/soundfilehandle.h"
 #include "host/sound/soundformat.h"
 #include "host/sound/storedsamples.h"
@@ -36,6 +37,10 @@ class SoundReader {
   // header names.
   int read(double* left, double* right, int count);
 
+  // Back to the first frame, for another pass. Throws Failure where the file is not the same any
+  // more.
+  void rewind();
+
   // Title, artist and the like: libsndfile's string types with their texts.
   const std::vector<std::pair<int, std::string>>& texts() const { return tags; }
 
@@ -45,6 +50,7 @@ class SoundReader {
   void checkDamage(sf_count_t frames) const;
 
   std::filesystem::path path;
+  InputFile input;
   SF_INFO info{};
   SoundFileHandle file;
   std::vector<std::pair<int, std::string>> tags;
