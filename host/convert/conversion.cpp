@@ -26,6 +26,7 @@ SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arg
     options.frames =
         *reader.frames() + Rendering::mostTailFrames(arguments.tail, reader.sampleRate());
   }
+  options.quality = arguments.quality.value_or(SoundWriterOptions::kUsualQuality);
   options.replace = arguments.force;
   options.texts = reader.texts();
   return options;

@@ -38,16 +38,33 @@ fs::path identity(const fs::path& path) {
 void checkOutputType(const fs::path& output, const Arguments& arguments) {
   const auto type = fileTypeOf(output);
   if (!type)
-    throw UsageFailure(output.string() +
-                       ": unknown kind of output; .wav, .aif, .aiff and .flac can be written");
+    throw UsageFailure(output.string() + ": unknown kind of output; " + writtenExtensions() +
+                       " can be written");
+  if (arguments.type && *type != *fileTypeNamed(*arguments.type)) {
+    throw UsageFailure(output.string() + ": is not of --type " + *arguments.type +
+                       "; leave --type out");
+  }
+  if (arguments.quality && !isLossy(*type)) {
+    throw UsageFailure(output.string() + ": " + textOf(*type) +
+                       " is not lossy; leave --quality out");
+  }
+  if (arguments.format && isLossy(*type)) {
+    throw UsageFailure(output.string() + ": " + textOf(*type) +
+                       " has no sample format; leave --format out");
+  }
   if (arguments.format && !canHold(*type, *arguments.format)) {
     throw UsageFailure(output.string() + ": " + textOf(*type) + " cannot hold " +
                        textOf(*arguments.format) + " samples");
   }
 }
 
-fs::path outputName(const fs::path& input) {
-  return fileTypeOf(input) ? input.filename() : fs::path(input.stem().string() + ".wav");
+// A lossy input is not encoded once more unless that is asked for.
+fs::path outputName(const fs::path& input, const Arguments& arguments) {
+  const auto type = fileTypeOf(input);
+  const bool kept =
+      arguments.type ? type == fileTypeNamed(*arguments.type) : type && !isLossy(*type);
+  return kept ? input.filename()
+              : fs::path(input.stem().string() + "." + arguments.type.value_or("wav"));
 }
 
 fs::path plotName(const fs::path& input) {
@@ -86,7 +103,7 @@ Jobs planJobs(const Arguments& arguments) {
   const bool plotsIntoFolder = arguments.plot && meansFolder(*arguments.plot, several);
   if (plotsIntoFolder) checkFolder(*arguments.plot, jobs);
   for (const std::string& input : arguments.inputs) {
-    Job job{input, intoFolder ? output / outputName(input) : output, std::nullopt};
+    Job job{input, intoFolder ? output / outputName(input, arguments) : output, std::nullopt};
     checkOutputType(job.output, arguments);
     if (arguments.plot) {
       const fs::path plot = *arguments.plot;

@@ -9,7 +9,7 @@
 namespace {
 
 double filePeak(const Conversion& done) {
-  return integerBits(done.format) != 0 ? std::min(done.peak, 1.0) : done.peak;
+  return endsAtFullScale(done.format) ? std::min(done.peak, 1.0) : done.peak;
 }
 
 }  // namespace

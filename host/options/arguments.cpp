@@ -47,8 +47,8 @@ std::string notes() {
 
 Outputs
   One input: OUT is the file, or a folder that is there (or ends in "/"). Several inputs: OUT is a folder, made when it
-  is missing. Files in a folder keep their names; what is not WAV, AIFF or FLAC becomes .wav. A file that is already
-  there is replaced only with --force. What cannot be finished is removed.
+  is missing. Files in a folder keep their names; what is lossy, or of a type that is not written, becomes .wav unless
+  --type names another. A file that is already there is replaced only with --force. What cannot be finished is removed.
 
 Exit status: 0 done, 1 failed, 2 wrong usage.)";
 }

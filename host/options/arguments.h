@@ -31,7 +31,9 @@ struct Arguments {
   std::optional<std::string> output;  // file, or folder
   bool force = false;                 // existing outputs are replaced
   std::optional<SampleFormat> format;
-  double gain = 1.0;  // factor
+  std::optional<std::string> type;  // the outputs' extension in a folder, without its dot
+  std::optional<double> quality;    // of lossy outputs, 0 to 10
+  double gain = 1.0;                // factor
   TailArgument tail;
   std::optional<std::string> plot;  // file, or folder
   int jobs = 1;

@@ -8,7 +8,7 @@
 
 // As they were typed.
 struct FileWords {
-  std::string output, format, tail, plot;
+  std::string output, type, format, quality, tail, plot;
 };
 
 // Both outlive the parsing.

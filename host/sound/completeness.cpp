@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/sound/oggpages.h"
+
 namespace {
 
 constexpr int kMostChunks = 100000;  // before the sound; nobody writes more than some dozens
@@ -110,27 +112,6 @@ std::string shortfallInAu(const Bytes& file, bool bigEndian) {
   if (fields.empty()) return {};
   const auto begin = static_cast<std::int64_t>(number(fields.substr(0, 4), bigEndian));
   return shortfall(file, begin, number(fields.substr(4), bigEndian), 4);
-}
-
-constexpr std::array<std::uint32_t, 256> kPageSums = [] {
-  std::array<std::uint32_t, 256> sums{};
-  for (std::uint32_t byte = 0; byte < 256; ++byte) {
-    sums[byte] = byte << 24;
-    for (int bit = 0; bit < 8; ++bit)
-      sums[byte] = sums[byte] << 1 ^ (sums[byte] >> 31 != 0 ? 0x04C11DB7U : 0U);
-  }
-  return sums;
-}();
-
-// The checksum of an Ogg page, taken with its own field as zero.
-std::uint32_t pageSum(std::string_view page) {
-  std::uint32_t sum = 0;
-  for (std::size_t i = 0; i < page.size(); ++i) {
-    const bool ownField = i >= 22 && i < 26;
-    const auto byte = ownField ? 0U : static_cast<unsigned char>(page[i]);
-    sum = sum << 8 ^ kPageSums[sum >> 24 ^ byte];
-  }
-  return sum;
 }
 
 std::string damagedAt(std::int64_t byte) {

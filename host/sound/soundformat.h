@@ -8,28 +8,39 @@
 #include <string>
 #include <string_view>
 
-enum class SampleFormat { pcm8, pcm16, pcm24, pcm32, float32, float64 };
-enum class FileType { wav, aiff, flac };
+// lossy: what an encoder makes of floating-point samples; the only one in such file types.
+enum class SampleFormat { pcm8, pcm16, pcm24, pcm32, float32, float64, lossy };
+enum class FileType { wav, aiff, flac, caf, w64, rf64, vorbis, opus, mp3 };
 
 // pcm16, pcm24, pcm32, float, double; nothing else has a name.
 std::optional<SampleFormat> sampleFormatNamed(std::string_view name);
 std::string textOf(SampleFormat format);  // "16-bit"
 std::string textOf(FileType type);        // "WAV"
 int bytesPerSample(SampleFormat format);
-// Significant bits of an integer format; 0 for the two floating-point formats.
+// Significant bits of an integer format; 0 for the others.
 int integerBits(SampleFormat format);
+// Whether samples beyond full scale are lost: in integer formats, and in lossy ones, where a player
+// would clip them.
+bool endsAtFullScale(SampleFormat format);
 // The sample that such a file holds in place of this one: the nearest, and none beyond full scale
-// in an integer format.
+// where the format ends there. Of a lossy format what its encoder gets.
 double heldSample(SampleFormat format, double sample);
 
-// From the extension, in either case: .wav .wave .aif .aiff .aifc .flac.
+// From the extension, in either case.
 std::optional<FileType> fileTypeOf(const std::filesystem::path& file);
+// By an extension without its dot: "wav", "ogg".
+std::optional<FileType> fileTypeNamed(std::string_view name);
+std::string writtenExtensions();  // ".wav, .aif and .flac", all of them
+bool isLossy(FileType type);
 bool canHold(FileType type, SampleFormat format);
+// Why such a file cannot have this sample rate, in Hz, and which ones it can; empty where it can or
+// where the library has to say.
+std::string refusedRate(FileType type, int sampleRate);
 
 // libFormat: libsndfile's format word of an input. Lossy and companded inputs count as 16 bits.
 SampleFormat sampleFormatOf(int libFormat);
 // What becomes of a kept format in a file type that cannot hold it: the widest integer format that
-// it can.
+// it can, or lossy.
 SampleFormat keptFormat(SampleFormat input, FileType type);
 
 // libsndfile's word for an output of `frames` stereo frames, or of a number that nobody knows. A

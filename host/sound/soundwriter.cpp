@@ -11,6 +11,7 @@
 #include "host/base/failure.h"
 #include "host/base/writeall.h"
 #include "host/sound/blockarithmetic.h"
+#include "host/sound/oggpages.h"
 
 namespace {
 
@@ -25,6 +26,8 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
       temporary(target, options.replace),
       sink{temporary.descriptor()},
       samples(options.format, kBufferFrames) {
+  const std::string rate = refusedRate(fileType, options.sampleRate);
+  if (!rate.empty()) fail(rate);
   const auto libFormat = libFormatFor(options.type, options.format, options.frames);
   if (!libFormat) fail("too long for " + textOf(fileType));
   most = mostFrames(*libFormat, options.format);
@@ -39,13 +42,32 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
   SF_VIRTUAL_IO io = writingTo();
   file.reset(sf_open_virtual(&io, SFM_WRITE, &info, &sink));
   if (!file) fail(sf_strerror(nullptr));
+  if (isLossy(fileType)) setQuality(options.quality);
   // Its time stamp would make every run's file another.
   sf_command(file.get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
   // A guess that turned out too high gives a plain WAV after all.
-  if ((info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_RF64) {
+  if (fileType == FileType::wav && (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_RF64) {
     sf_command(file.get(), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
   }
   for (const auto& [type, text] : options.texts) sf_set_string(file.get(), type, text.c_str());
+}
+
+// Vorbis has the scale itself, MP3 turned round, and Opus knows kbit/s only, in the library as one
+// minus a fraction of what a channel can have.
+void SoundWriter::setQuality(double quality) {
+  double share = quality / SoundWriterOptions::kBestQuality;
+  if (fileType == FileType::opus) {
+    constexpr double kLowest = 48.0, kStep = 20.0;         // kbit/s, stereo: 48 to 248
+    constexpr double kLibLowest = 6.0, kLibRange = 250.0;  // kbit/s, of one channel
+    share = ((kLowest + kStep * quality) / 2.0 - kLibLowest) / kLibRange;
+  }
+  if (fileType == FileType::mp3) {
+    share = std::max(share, 0.0001);  // its worst is 9.999
+    int mode = SF_BITRATE_MODE_VARIABLE;
+    sf_command(file.get(), SFC_SET_BITRATE_MODE, &mode, sizeof mode);
+  }
+  if (sf_command(file.get(), SFC_SET_VBR_ENCODING_QUALITY, &share, sizeof share) == 0)
+    fail(textOf(fileType) + " does not take the quality");
 }
 
 SF_VIRTUAL_IO SoundWriter::writingTo() {
@@ -80,7 +102,7 @@ void SoundWriter::write(const double* left, const double* right, int frames) {
   if (frames > most - written) fail("too long for " + textOf(fileType));
   const double largest = std::max(largestMagnitude(left, frames), largestMagnitude(right, frames));
   highest = std::max(highest, largest);
-  if (largest > 1.0 && integerBits(format) != 0) countClipped(left, right, frames);
+  if (largest > 1.0 && endsAtFullScale(format)) countClipped(left, right, frames);
   written += frames;
   for (auto rest = static_cast<std::size_t>(frames); rest > 0;) {
     const std::size_t piece = std::min(rest, samples.room());
@@ -108,6 +130,10 @@ void SoundWriter::flush() {
 void SoundWriter::finish() {
   flush();
   const int error = sf_close(file.release());
+  if (error == SF_ERR_NO_ERROR && sink.error == 0 &&
+      (fileType == FileType::vorbis || fileType == FileType::opus)) {
+    sink.error = numberStreamByContents(sink.descriptor);
+  }
   if (error != SF_ERR_NO_ERROR || sink.error != 0) fail(sf_error_number(error));
   temporary.keep();
 }

@@ -16,10 +16,14 @@
 #include "host/sound/storedsamples.h"
 
 struct SoundWriterOptions {
+  static constexpr double kBestQuality = 10.0;
+  static constexpr double kUsualQuality = 8.0;  // above what most ears tell from the original
+
   FileType type = FileType::wav;
   SampleFormat format = SampleFormat::pcm16;
   int sampleRate = 0;                  // Hz
   std::optional<std::int64_t> frames;  // as many as can come, to choose a file type that holds them
+  double quality = kUsualQuality;      // of a lossy type, from 0
   bool replace = false;                // an existing file
   std::vector<std::pair<int, std::string>> texts;  // libsndfile's string types
 };
@@ -53,6 +57,7 @@ class SoundWriter {
   };
   static SF_VIRTUAL_IO writingTo();
 
+  void setQuality(double quality);
   void flush();
   void countClipped(const double* left, const double* right, int frames);
   [[noreturn]] void fail(const std::string& reason) const;

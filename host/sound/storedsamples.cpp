@@ -2,6 +2,7 @@
 #include "host/sound/storedsamples.h"
 
 #include <algorithm>
+#include <limits>
 #include <type_traits>
 
 #include "host/sound/blockarithmetic.h"
@@ -49,7 +50,8 @@ StoredSamples samplesRead(int libFormat, std::size_t count) {
 StoredSamples samplesWritten(SampleFormat format, std::size_t count) {
   if (format == SampleFormat::pcm16) return std::vector<std::int16_t>(count);
   if (integerBits(format) != 0) return std::vector<std::int32_t>(count);
-  if (format == SampleFormat::float32) return std::vector<float>(count);
+  if (format == SampleFormat::float32 || format == SampleFormat::lossy)
+    return std::vector<float>(count);
   return std::vector<double>(count);
 }
 
@@ -101,6 +103,7 @@ StoredOutput::StoredOutput(SampleFormat format, std::size_t frames)
     : samples(samplesWritten(format, 2 * frames)),
       fullScale(static_cast<double>(std::uint64_t{1} << (std::max(integerBits(format), 1) - 1))),
       word(format == SampleFormat::pcm16 ? 1.0 : (1U << 31U) / fullScale),
+      highest(endsAtFullScale(format) ? 1.0 : std::numeric_limits<double>::infinity()),
       capacity(frames) {}
 
 void StoredOutput::add(const double* left, const double* right, std::size_t frames) {
@@ -111,6 +114,7 @@ void StoredOutput::add(const double* left, const double* right, std::size_t fram
         // of its own for the loop, whose stores might change a member
         const double scale = fullScale;
         const double step = word;
+        const double limit = highest;
         for (std::size_t i = 0; i < frames; ++i) {
           if constexpr (std::is_integral_v<Sample>) {
             const double l = heldSteps(left[i], scale) * step;
@@ -118,8 +122,8 @@ void StoredOutput::add(const double* left, const double* right, std::size_t fram
             to[2 * i] = static_cast<Sample>(static_cast<std::int32_t>(l));
             to[2 * i + 1] = static_cast<Sample>(static_cast<std::int32_t>(r));
           } else {
-            to[2 * i] = static_cast<Sample>(left[i]);
-            to[2 * i + 1] = static_cast<Sample>(right[i]);
+            to[2 * i] = static_cast<Sample>(std::clamp(left[i], -limit, limit));
+            to[2 * i + 1] = static_cast<Sample>(std::clamp(right[i], -limit, limit));
           }
         }
       },

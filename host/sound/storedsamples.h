@@ -39,8 +39,8 @@ class StoredOutput {
   StoredOutput(SampleFormat format, std::size_t frames);
 
   std::size_t room() const { return capacity - filled; }  // frames
-  // Takes frames in, no more than there is room for. Integers are rounded to the nearest step and
-  // held at full scale.
+  // Takes frames in, no more than there is room for. Integers are rounded to the nearest step; they
+  // and what an encoder gets are held at full scale.
   void add(const double* left, const double* right, std::size_t frames);
   // Moves all out. Returns whether the library took them.
   bool writeTo(SNDFILE* file);
@@ -49,6 +49,7 @@ class StoredOutput {
   StoredSamples samples;
   double fullScale;  // of an integer format, in steps
   double word;       // what a step is in the stored word
+  double highest;    // of a floating-point sample, either way
   std::size_t capacity;
   std::size_t filled = 0;  // frames
 };

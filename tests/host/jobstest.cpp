@@ -62,7 +62,7 @@ TEST_F(JobPlans, PutSeveralInputsIntoAFolderUnderTheirNames) {
   ASSERT_EQ(jobs.list.size(), 3U);
   EXPECT_EQ(jobs.list[0].output, in("out") / "a.wav");
   EXPECT_EQ(jobs.list[1].output, in("out") / "b.AIFF");
-  EXPECT_EQ(jobs.list[2].output, in("out") / "c.wav") << "a type that is not written";
+  EXPECT_EQ(jobs.list[2].output, in("out") / "c.wav") << "not encoded once more";
   EXPECT_EQ(jobs.list[2].plot, in("pictures") / "c.png");
   EXPECT_THAT(jobs.foldersToBeMade, ElementsAre(in("out"), in("pictures")));
 }
@@ -102,7 +102,7 @@ TEST_F(JobPlans, RefuseTwoOutputsOfOneName) {
 }
 
 TEST_F(JobPlans, RefuseOutputsOfAnUnknownKind) {
-  for (const char* output : {"b.mp3", "b", "b.ogg"}) {
+  for (const char* output : {"b.au", "b", "b.orv"}) {
     EXPECT_THAT(refusalOf(arguments({"a.wav"}, output), ExitStatus::wrongUsage),
                 HasSubstr("unknown kind"))
         << output;
@@ -110,6 +110,38 @@ TEST_F(JobPlans, RefuseOutputsOfAnUnknownKind) {
   Arguments flac = arguments({"a.wav"}, "b.flac");
   flac.format = SampleFormat::float32;
   EXPECT_THAT(refusalOf(flac, ExitStatus::wrongUsage), HasSubstr("FLAC cannot hold float samples"));
+}
+
+TEST_F(JobPlans, GiveAFoldersFilesTheTypeThatIsAsked) {
+  Arguments several = arguments({"a.wav", "b.AIF", "c.mp3", "d"}, "out");
+  const auto nameAt = [&](std::size_t index) {
+    return planJobs(several).list.at(index).output.filename().string();
+  };
+  several.type = "mp3";
+  EXPECT_EQ(nameAt(0), "a.mp3");
+  EXPECT_EQ(nameAt(2), "c.mp3");
+  EXPECT_EQ(nameAt(3), "d.mp3");
+  several.type = "aiff";
+  EXPECT_EQ(nameAt(0), "a.aiff");
+  EXPECT_EQ(nameAt(1), "b.AIF") << "it is one";
+  Arguments file = arguments({"a.wav"}, "b.wave");
+  file.type = "wav";
+  EXPECT_EQ(refusalOf(file, ExitStatus::wrongUsage), "accepted");
+  file.type = "flac";
+  EXPECT_THAT(refusalOf(file, ExitStatus::wrongUsage), HasSubstr("b.wave: is not of --type flac"));
+}
+
+TEST_F(JobPlans, RefuseWhatALossyTypeHasNotAndTheOthersToo) {
+  Arguments lossy = arguments({"a.wav"}, "b.ogg");
+  lossy.quality = 5.0;
+  EXPECT_EQ(refusalOf(lossy, ExitStatus::wrongUsage), "accepted");
+  lossy.format = SampleFormat::pcm16;
+  EXPECT_THAT(refusalOf(lossy, ExitStatus::wrongUsage),
+              HasSubstr("Ogg Vorbis has no sample format; leave --format out"));
+  Arguments plain = arguments({"a.wav"}, "b.flac");
+  plain.quality = 5.0;
+  EXPECT_THAT(refusalOf(plain, ExitStatus::wrongUsage),
+              HasSubstr("FLAC is not lossy; leave --quality out"));
 }
 
 TEST_F(JobPlans, WantPicturesToBePng) {

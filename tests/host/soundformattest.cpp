@@ -19,8 +19,35 @@ TEST(SoundFormat, TellsTheFileTypeByTheExtension) {
   EXPECT_EQ(fileTypeOf("x.y.aiff"), FileType::aiff);
   EXPECT_EQ(fileTypeOf("x.Aif"), FileType::aiff);
   EXPECT_EQ(fileTypeOf("x.flac"), FileType::flac);
-  for (const char* name : {"x", "x.mp3", ".wav", "wav", "x.wav.bak"})
+  EXPECT_EQ(fileTypeOf("x.caf"), FileType::caf);
+  EXPECT_EQ(fileTypeOf("x.W64"), FileType::w64);
+  EXPECT_EQ(fileTypeOf("x.rf64"), FileType::rf64);
+  EXPECT_EQ(fileTypeOf("x.ogg"), FileType::vorbis);
+  EXPECT_EQ(fileTypeOf("x.opus"), FileType::opus);
+  EXPECT_EQ(fileTypeOf("x.Mp3"), FileType::mp3);
+  for (const char* name : {"x", "x.au", ".wav", "wav", "x.wav.bak", "x.", "x.wav ", "x. "})
     EXPECT_EQ(fileTypeOf(name), std::nullopt) << name;
+}
+
+TEST(SoundFormat, KnowsATypeByItsExtensionAlone) {
+  EXPECT_EQ(fileTypeNamed("Aiff"), FileType::aiff);
+  for (const char* name : {"", ".wav", "a.wav", "a/wav", "wav aiff"})
+    EXPECT_EQ(fileTypeNamed(name), std::nullopt) << name;
+}
+
+TEST(SoundFormat, GivesLossyTypesWhatTheirEncodersTake) {
+  for (const FileType type : {FileType::vorbis, FileType::opus, FileType::mp3}) {
+    EXPECT_TRUE(isLossy(type));
+    EXPECT_EQ(keptFormat(SampleFormat::pcm24, type), SampleFormat::lossy);
+    EXPECT_FALSE(canHold(type, SampleFormat::pcm16));
+  }
+  EXPECT_FALSE(canHold(FileType::wav, SampleFormat::lossy));
+  EXPECT_EQ(refusedRate(FileType::opus, 44100),
+            "Opus takes 8000, 12000, 16000, 24000 and 48000 Hz, not 44100");
+  EXPECT_EQ(refusedRate(FileType::opus, 48000), "");
+  EXPECT_EQ(refusedRate(FileType::mp3, 44100), "");
+  EXPECT_NE(refusedRate(FileType::mp3, 96000), "");
+  EXPECT_EQ(refusedRate(FileType::vorbis, 44101), "");
 }
 
 TEST(SoundFormat, KeepsWhatTheInputHas) {
@@ -68,4 +95,6 @@ TEST(SoundFormat, SaysWhatAFileHoldsInASamplesPlace) {
   EXPECT_EQ(heldSample(SampleFormat::pcm32, 2.0), 1.0 - 1.0 / 2147483648.0);
   EXPECT_EQ(heldSample(SampleFormat::float32, 0.1), static_cast<double>(0.1F));
   EXPECT_EQ(heldSample(SampleFormat::float64, 2.5), 2.5);
+  EXPECT_EQ(heldSample(SampleFormat::lossy, 2.5), 1.0);
+  EXPECT_EQ(heldSample(SampleFormat::lossy, 0.1), static_cast<double>(0.1F));
 }

@@ -102,7 +102,7 @@ TEST_F(Program, RefusesTargetsThatCannotBeWritten) {
   refuses({"in.wav", "-o", "out.wav", "--plot", "no/p.png"}, 1, "no/p.png: cannot be written");
   EXPECT_TRUE(std::filesystem::is_empty(in("out.wav")))
       << "the sound is not kept without its picture";
-  refuses({"in.wav", "-o", "out.mp3"}, 2, "out.mp3: unknown kind of output");
+  refuses({"in.wav", "-o", "out.au"}, 2, "out.au: unknown kind of output");
   refuses({"in.wav", "-o", "out.flac", "--format", "double"}, 2, "FLAC cannot hold double samples");
 }
 
