@@ -1,0 +1,26 @@
+// Bounded looks into a file.
+#include "host/sound/filebytes.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+FileBytes::FileBytes(int opened) : descriptor(opened) {
+  struct stat status {};
+  if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) size = status.st_size;
+}
+
+std::string_view FileBytes::at(std::int64_t offset, std::size_t count,
+                               std::vector<char>& buffer) const {
+  if (offset < 0 || offset > size - static_cast<std::int64_t>(count)) return {};
+  buffer.resize(count);
+  const ssize_t got = pread(descriptor, buffer.data(), count, offset);
+  return {buffer.data(), got == static_cast<ssize_t>(count) ? count : 0};
+}
+
+std::uint64_t numberIn(std::string_view bytes, bool bigEndian) {
+  std::uint64_t value = 0;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    value = value << 8 | static_cast<unsigned char>(bytes[bigEndian ? i : bytes.size() - 1 - i]);
+  }
+  return value;
+}

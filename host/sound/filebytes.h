@@ -1,0 +1,20 @@
+// Bounded looks into a file, and the numbers that stand in it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+struct FileBytes {
+  // Of a regular file, whose position stays; of anything else none.
+  explicit FileBytes(int descriptor);
+
+  // Returns the bytes there, which live in the buffer; none where the file has not so many.
+  std::string_view at(std::int64_t offset, std::size_t count, std::vector<char>& buffer) const;
+
+  int descriptor;
+  std::int64_t size = 0;  // bytes
+};
+
+std::uint64_t numberIn(std::string_view bytes, bool bigEndian);
