@@ -34,7 +34,6 @@ target_sources(trelvan PRIVATE
   editor/controls/linux/textentry.cpp
   editor/controls/linux/textfield.cpp
   platform/linux/alert.cpp
-  editor/controls/linux/wheelright.cpp
   platform/linux/childprogram.cpp
   platform/linux/desktopdialog.cpp
   platform/linux/orphanguard.cpp

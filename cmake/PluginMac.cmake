@@ -19,7 +19,6 @@ target_sources(trelvan PRIVATE
   editor/controls/mac/textentry.mm
   editor/controls/mac/textentrywindow.mm
   platform/mac/alert.mm
-  editor/controls/mac/wheelright.cpp
   platform/mac/modulefile.cpp
   platform/mac/manualopener.cpp
   platform/mac/preferencestore.cpp
