@@ -3,73 +3,45 @@
 
 #include <algorithm>
 #include <atomic>
-#include <string>
+#include <cstdint>
+#include <functional>
 #include <system_error>
 #include <thread>
 #include <vector>
 
-#include "host/base/failure.h"
+#include "host/cli/madefolders.h"
 #include "host/cli/outcome.h"
 #include "host/cli/reporter.h"
-#include "host/sound/soundreader.h"
+#include "host/sound/framecount.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-
-// For the progress alone; a file that cannot be opened counts nothing and fails in its turn. A pipe
-// is left alone: it can be read once.
-std::int64_t framesOf(const Jobs& jobs) {
+void expectAll(const Jobs& jobs, Console& console) {
+  if (!console.showsProgress()) return;
   std::int64_t frames = 0;
-  for (const Job& job : jobs.list) {
-    std::error_code error;
-    if (!fs::is_regular_file(job.input, error)) continue;
-    try {
-      frames += SoundReader(job.input).frames().value_or(0);
-    } catch (const Failure&) {
-      continue;
-    }
-  }
-  return frames;
+  for (const Job& job : jobs.list) frames += statedFrames(job.input);
+  console.expect(frames, static_cast<int>(jobs.list.size()));
 }
 
-class MadeFolders {
- public:
-  explicit MadeFolders(const std::vector<fs::path>& folders) {
-    for (const fs::path& folder : folders) {
-      std::error_code error;
-      if (!fs::create_directory(folder, error)) {
-        throw Failure(folder.string() + ": cannot be made (" +
-                      (error ? error.message() : "it is in the way") + ")");
-      }
-      made.push_back(folder);
-    }
-  }
-  // Those that stayed empty go again.
-  ~MadeFolders() {
-    std::error_code notEmpty;
-    for (const fs::path& folder : made) fs::remove(folder, notEmpty);
-  }
-  MadeFolders(const MadeFolders&) = delete;
-  MadeFolders& operator=(const MadeFolders&) = delete;
-
- private:
-  std::vector<fs::path> made;
-};
-
-std::size_t threadCount(const Arguments& arguments, std::size_t files) {
+std::size_t countAtOnce(const Arguments& arguments, std::size_t files) {
   const std::size_t asked = arguments.jobs == 0 ? std::max(1U, std::thread::hardware_concurrency())
                                                 : static_cast<std::size_t>(arguments.jobs);
   return std::min(asked, files);
 }
 
-}  // namespace
-
-bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jobs,
-                Console& console) {
+// True if all were done.
+bool convertAndReport(const Jobs& jobs, Console& console,
+                      const std::function<void(Reporter&)>& convertThem) {
   const MadeFolders folders(jobs.foldersToBeMade);
-  if (console.showsProgress()) console.expect(framesOf(jobs), static_cast<int>(jobs.list.size()));
+  tellFindings(jobs, console);
+  expectAll(jobs, console);
   Reporter reporter(jobs.list.size(), console);
+  convertThem(reporter);
+  return reporter.allDone() && jobs.failures.empty();
+}
+
+void convertInThreads(PluginModule& module, const Arguments& arguments, const Jobs& jobs,
+                      Console& console, Reporter& reporter) {
   std::atomic<std::size_t> next = 0;
   const auto work = [&] {
     for (std::size_t index = next++; index < jobs.list.size(); index = next++) {
@@ -78,7 +50,7 @@ bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jo
     }
   };
   std::vector<std::thread> helpers;
-  for (std::size_t count = 1; count < threadCount(arguments, jobs.list.size()); ++count) {
+  for (std::size_t count = 1; count < countAtOnce(arguments, jobs.list.size()); ++count) {
     try {
       helpers.emplace_back(work);
     } catch (const std::system_error&) {
@@ -87,5 +59,13 @@ bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jo
   }
   work();
   for (std::thread& helper : helpers) helper.join();
-  return reporter.allDone();
+}
+
+}  // namespace
+
+bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jobs,
+                Console& console) {
+  return convertAndReport(jobs, console, [&](Reporter& reporter) {
+    convertInThreads(module, arguments, jobs, console, reporter);
+  });
 }

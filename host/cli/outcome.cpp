@@ -2,13 +2,29 @@
 #include "host/cli/outcome.h"
 
 #include <exception>
+#include <filesystem>
 #include <new>
+#include <system_error>
 
 #include "host/base/failure.h"
+#include "host/base/text.h"
 #include "host/convert/report.h"
+
+std::optional<FileOutcome> outcomeBefore(const Arguments& arguments, const Job& job) {
+  FileOutcome outcome;
+  outcome.failure = job.refusal;
+  if (outcome.failed()) return outcome;
+  std::error_code error;
+  outcome.skipped = arguments.skipExisting && std::filesystem::exists(job.output, error);
+  if (!outcome.skipped) return std::nullopt;
+  outcome.report =
+      onOneLine(job.input.string() + ": skipped, " + job.output.string() + " is already there");
+  return outcome;
+}
 
 FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
                       const Progress& progress) {
+  if (const auto known = outcomeBefore(arguments, job)) return *known;
   FileOutcome outcome;
   try {
     const Conversion done = convert(module, arguments, job, progress);

@@ -1,6 +1,7 @@
 // What became of one file of a run.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "host/convert/conversion.h"
@@ -14,9 +15,14 @@ struct FileOutcome {
   std::string warning;
   std::string failure;
 
+  bool skipped = false;  // its output was there
+
   bool failed() const { return !failure.empty(); }
 };
 
-// Converts it. Throws nothing. Any thread.
+// What is clear without converting it: it cannot be done, or its output is left as it is.
+std::optional<FileOutcome> outcomeBefore(const Arguments& arguments, const Job& job);
+
+// Converts it if that is to be done. Throws nothing. Any thread.
 FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
                       const Progress& progress);

@@ -1,7 +1,15 @@
 // Tells the person what became of the files of a run, in the order in which they were named.
 #include "host/cli/reporter.h"
 
+#include <string>
 #include <utility>
+
+#include "host/base/text.h"
+
+void tellFindings(const Jobs& jobs, Console& console) {
+  for (const std::string& note : jobs.notes) console.say(onOneLine(note));
+  for (const std::string& failure : jobs.failures) console.warn(failure);
+}
 
 Reporter::Reporter(std::size_t count, Console& display) : outcomes(count), console(display) {}
 

@@ -8,6 +8,10 @@
 
 #include "host/cli/console.h"
 #include "host/cli/outcome.h"
+#include "host/convert/jobs.h"
+
+// What was found about the inputs before any is converted.
+void tellFindings(const Jobs& jobs, Console& console);
 
 // Any thread.
 class Reporter {

@@ -13,6 +13,7 @@
 #include "host/base/wholefile.h"
 #include "host/cli/batch.h"
 #include "host/cli/console.h"
+#include "host/cli/dryrun.h"
 #include "host/cli/listening.h"
 #include "host/cli/questions.h"
 #include "host/convert/jobs.h"
@@ -56,6 +57,7 @@ void tryState(PluginModule& module, const Arguments& arguments, Loop* loop, Cons
   sayWhatWasAsked(effect, arguments, console);
   checkSaving(effect, arguments);
   if (arguments.editor) showAndPlay(effect, callback, loop, arguments, console);
+  if (arguments.dryRun) return;
   if (arguments.saveState) writeWholeFile(*arguments.saveState, effect.chunk(), arguments.force);
   writeStateFiles(effect, arguments.saved, arguments.force);
 }
@@ -76,27 +78,34 @@ void listPlugins(Console& console) {
     console.print(onOneLine(plugin.name) + "  " + onOneLine(plugin.path.string()));
 }
 
+bool tryAndConvert(const Arguments& arguments, const Jobs& jobs, Console& console) {
+  PluginModule module(pluginFor(arguments));
+  tryState(module, arguments, nullptr, console);
+  if (arguments.dryRun) return tellWhatWouldBeDone(arguments, jobs, console);
+  return convertAll(module, arguments, jobs, console);
+}
+
+void ask(const Arguments& arguments, Console& console) {
+  std::optional<Loop> loop;
+  if (!arguments.inputs.empty()) loop.emplace(arguments.inputs.front());
+  PluginModule module(pluginFor(arguments));
+  std::optional<OrderlyEnd> end;
+  if (arguments.editor) end.emplace();
+  tryState(module, arguments, loop ? &*loop : nullptr, console);
+}
+
 ExitStatus act(const Arguments& arguments, Console& console) {
   if (arguments.validator) return runValidator(arguments, console);
   if (arguments.listPlugins) {
     listPlugins(console);
     return ExitStatus::done;
   }
-  Jobs jobs;
-  std::optional<Loop> loop;
-  if (arguments.editor && !arguments.inputs.empty()) {
-    loop.emplace(arguments.inputs.front());
-  } else if (!arguments.inputs.empty()) {
-    jobs = planJobs(arguments);
+  if (arguments.inputs.empty() || arguments.editor) {
+    ask(arguments, console);
+    return ExitStatus::done;
   }
-  PluginModule module(pluginFor(arguments));
-  {
-    std::optional<OrderlyEnd> end;
-    if (arguments.editor) end.emplace();
-    tryState(module, arguments, loop ? &*loop : nullptr, console);
-  }
-  if (jobs.list.empty()) return ExitStatus::done;
-  return convertAll(module, arguments, jobs, console) ? ExitStatus::done : ExitStatus::failed;
+  const Jobs jobs = planJobs(arguments);
+  return tryAndConvert(arguments, jobs, console) ? ExitStatus::done : ExitStatus::failed;
 }
 
 ExitStatus parseAndAct(const std::vector<std::string>& words) {

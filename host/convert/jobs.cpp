@@ -1,13 +1,15 @@
 // Which files a run reads and writes.
 #include "host/convert/jobs.h"
 
-#include <algorithm>
-#include <cctype>
 #include <map>
-#include <string>
+#include <set>
 #include <system_error>
+#include <utility>
 
 #include "host/base/text.h"
+#include "host/convert/inputsearch.h"
+#include "host/convert/outputnames.h"
+#include "host/convert/overlaps.h"
 #include "host/sound/soundformat.h"
 
 namespace {
@@ -15,105 +17,129 @@ namespace {
 namespace fs = std::filesystem;
 
 bool meansFolder(const fs::path& path, bool severalFiles) {
-  std::error_code error;
-  return severalFiles || !path.has_filename() || fs::is_directory(path, error);
+  return severalFiles || !path.has_filename() || isFolder(path);
 }
 
-void checkFolder(const fs::path& folder, Jobs& jobs) {
+// Where several files cannot go. A folder may be called like a file, if that is said.
+void checkIsNoFile(const fs::path& folder, bool isNamedLikeFile) {
   std::error_code error;
-  if (fs::is_directory(folder, error)) return;
+  if (isFolder(folder)) return;
   if (fs::exists(folder, error))
     throw Failure(folder.string() + ": is not a folder, but several files are to go there");
-  auto& made = jobs.foldersToBeMade;
-  if (std::find(made.begin(), made.end(), folder) == made.end()) made.push_back(folder);
-}
-
-// The same file under whatever name; a file that does not exist yet counts by its place.
-fs::path identity(const fs::path& path) {
-  std::error_code error;
-  const fs::path canonical = fs::weakly_canonical(path, error);
-  return error ? fs::absolute(path, error).lexically_normal() : canonical;
-}
-
-void checkOutputType(const fs::path& output, const Arguments& arguments) {
-  const auto type = fileTypeOf(output);
-  if (!type)
-    throw UsageFailure(output.string() + ": unknown kind of output; " + writtenExtensions() +
-                       " can be written");
-  if (arguments.type && *type != *fileTypeNamed(*arguments.type)) {
-    throw UsageFailure(output.string() + ": is not of --type " + *arguments.type +
-                       "; leave --type out");
-  }
-  if (arguments.quality && !isLossy(*type)) {
-    throw UsageFailure(output.string() + ": " + textOf(*type) +
-                       " is not lossy; leave --quality out");
-  }
-  if (arguments.format && isLossy(*type)) {
-    throw UsageFailure(output.string() + ": " + textOf(*type) +
-                       " has no sample format; leave --format out");
-  }
-  if (arguments.format && !canHold(*type, *arguments.format)) {
-    throw UsageFailure(output.string() + ": " + textOf(*type) + " cannot hold " +
-                       textOf(*arguments.format) + " samples");
+  if (isNamedLikeFile && folder.has_filename()) {
+    throw UsageFailure(folder.string() + ": several files go into a folder; name one (" +
+                       folder.string() + "/ if it is to be called so)");
   }
 }
 
-// A lossy input is not encoded once more unless that is asked for.
-fs::path outputName(const fs::path& input, const Arguments& arguments) {
-  const auto type = fileTypeOf(input);
-  const bool kept =
-      arguments.type ? type == fileTypeNamed(*arguments.type) : type && !isLossy(*type);
-  return kept ? input.filename()
-              : fs::path(input.stem().string() + "." + arguments.type.value_or("wav"));
-}
-
-fs::path plotName(const fs::path& input) {
-  return input.stem().string() + ".png";
-}
-
-void checkNothingIsDestroyed(const std::vector<Job>& jobs) {
-  std::map<fs::path, fs::path> writers;  // identity of a target, and the input that it is for
-  const auto claim = [&](const fs::path& target, const fs::path& input) {
+// The folders that are missing, each after the one that it lies in.
+class MissingFolders {
+ public:
+  // file: below the folder `named`, whose own parents are not made.
+  void noteAbove(const fs::path& file, const fs::path& named) {
+    const fs::path top = (named / "").parent_path();  // without a slash at its end
+    const fs::path folder = file.parent_path();
+    if (seen.contains(folder)) return;
+    if (folder != top) noteAbove(folder, top);
+    seen.insert(folder);
     std::error_code error;
-    for (const Job& job : jobs) {
-      if (identity(job.input) == identity(target) || fs::equivalent(job.input, target, error)) {
-        throw UsageFailure(target.string() + ": is an input; name another output");
-      }
-    }
-    const auto [other, first] = writers.emplace(identity(target), input);
-    if (!first) {
-      throw UsageFailure(target.string() + ": would be written for both " + other->second.string() +
-                         " and " + input.string());
-    }
-  };
-  for (const Job& job : jobs) {
-    claim(job.output, job.input);
-    if (job.plot) claim(*job.plot, job.input);
+    if (isFolder(folder)) return;
+    if (fs::exists(folder, error)) throw Failure(folder.string() + ": is not a folder");
+    list.push_back(folder);
   }
+
+  std::vector<fs::path> list;
+
+ private:
+  std::set<fs::path> seen;
+};
+
+std::string typeProblem(const fs::path& output, const Arguments& arguments) {
+  const auto type = fileTypeOf(output);
+  const std::string name = output.string() + ": ";
+  if (!type) return name + "unknown kind of output; " + writtenExtensions() + " can be written";
+  if (arguments.type && *type != *fileTypeNamed(*arguments.type))
+    return name + "is not of --type " + *arguments.type + "; leave --type out";
+  if (arguments.quality && !isLossy(*type))
+    return name + textOf(*type) + " is not lossy; leave --quality out";
+  if (arguments.format && isLossy(*type))
+    return name + textOf(*type) + " has no sample format; leave --format out";
+  if (arguments.format && !canHold(*type, *arguments.format))
+    return name + textOf(*type) + " cannot hold " + textOf(*arguments.format) + " samples";
+  return {};
+}
+
+// Results of an earlier run of the same kind lie beside their inputs, where a folder or a pattern
+// of the shell finds them as well.
+void leaveResultsOut(Jobs& jobs) {
+  const auto placeOf = [](const fs::path& path) { return fs::absolute(path).lexically_normal(); };
+  std::map<fs::path, fs::path> results;
+  for (const Job& job : jobs.list) results.emplace(placeOf(job.output), job.input);
+  std::erase_if(jobs.list, [&](const Job& job) {
+    const auto result = results.find(placeOf(job.input));
+    if (result == results.end() || result->second == job.input) return false;
+    jobs.notes.push_back(job.input.string() + ": left out (it is the result of " +
+                         result->second.string() + ")");
+    return true;
+  });
+}
+
+// Of several files each fails by itself.
+void checkTypes(Jobs& jobs, const Arguments& arguments, bool several) {
+  for (Job& job : jobs.list) {
+    job.refusal = typeProblem(job.output, arguments);
+    if (!job.refusal.empty() && !several) throw UsageFailure(job.refusal);
+  }
+}
+
+void moveBesideInputs(Jobs& jobs, std::vector<FoundInput> inputs, const OutputNaming& naming) {
+  for (FoundInput& input : inputs) input.below = input.file.parent_path();
+  const std::vector<fs::path> outputs = outputNames(inputs, naming);
+  for (std::size_t i = 0; i < outputs.size(); ++i) jobs.list[i].output = outputs[i];
+}
+
+void planPictures(Jobs& jobs, const std::vector<fs::path>& names, const fs::path& picture,
+                  bool several) {
+  const bool intoFolder = meansFolder(picture, several);
+  if (intoFolder) checkIsNoFile(picture, sameLetters(picture.extension().string(), ".png"));
+  if (!intoFolder && !sameLetters(picture.extension().string(), ".png"))
+    throw UsageFailure(picture.string() + ": the picture is a PNG; name it .png");
+  const std::vector<fs::path> pictures = pictureNames(names);
+  for (std::size_t i = 0; i < jobs.list.size(); ++i)
+    jobs.list[i].plot = intoFolder ? picture / pictures[i] : picture;
 }
 
 }  // namespace
 
 Jobs planJobs(const Arguments& arguments) {
+  const bool several = arguments.inputs.size() > 1 || isFolder(arguments.inputs.front());
+  const bool besideInputs = !arguments.output;
+  const fs::path output = arguments.output.value_or("");
+  const bool intoFolder = besideInputs || meansFolder(output, several);
+  if (intoFolder && !besideInputs) checkIsNoFile(output, fileTypeOf(output).has_value());
+  if (arguments.suffix && !intoFolder)
+    throw UsageFailure("--suffix: " + output.string() + " is a whole name; name a folder");
+
+  FoundInputs found = findInputs(arguments.inputs, output);
+  const OutputNaming naming{arguments.suffix.value_or(""), arguments.type};
+  const std::vector<fs::path> names = outputNames(found.files, naming);
   Jobs jobs;
-  const bool several = arguments.inputs.size() > 1;
-  const fs::path output = *arguments.output;
-  const bool intoFolder = meansFolder(output, several);
-  if (intoFolder) checkFolder(output, jobs);
-  const bool plotsIntoFolder = arguments.plot && meansFolder(*arguments.plot, several);
-  if (plotsIntoFolder) checkFolder(*arguments.plot, jobs);
-  for (const std::string& input : arguments.inputs) {
-    Job job{input, intoFolder ? output / outputName(input, arguments) : output, std::nullopt};
-    checkOutputType(job.output, arguments);
-    if (arguments.plot) {
-      const fs::path plot = *arguments.plot;
-      job.plot = plotsIntoFolder ? plot / plotName(input) : plot;
-    }
-    if (job.plot && !sameLetters(job.plot->extension().string(), ".png")) {
-      throw UsageFailure(job.plot->string() + ": the picture is a PNG; name it .png");
-    }
-    jobs.list.push_back(std::move(job));
-  }
+  for (std::size_t i = 0; i < names.size(); ++i)
+    jobs.list.push_back({found.files[i].file, intoFolder ? output / names[i] : output, {}, {}});
+  if (arguments.plot) planPictures(jobs, names, *arguments.plot, several);
+  if (besideInputs) moveBesideInputs(jobs, std::move(found.files), naming);
+  jobs.failures = std::move(found.failures);
+
+  if (arguments.suffix) leaveResultsOut(jobs);
+  checkTypes(jobs, arguments, several);
   checkNothingIsDestroyed(jobs.list);
+  MissingFolders missing;
+  if (intoFolder && !besideInputs) {
+    for (const Job& job : jobs.list) missing.noteAbove(job.output, output);
+  }
+  if (arguments.plot && meansFolder(*arguments.plot, several)) {
+    for (const Job& job : jobs.list) missing.noteAbove(*job.plot, *arguments.plot);
+  }
+  jobs.foldersToBeMade = std::move(missing.list);
   return jobs;
 }

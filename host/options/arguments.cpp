@@ -46,9 +46,10 @@ std::string notes() {
   They come on top of --state, --bank and --preset, which are applied in this order.
 
 Outputs
-  One input: OUT is the file, or a folder that is there (or ends in "/"). Several inputs: OUT is a folder, made when it
-  is missing. Files in a folder keep their names; what is lossy, or of a type that is not written, becomes .wav unless
-  --type names another. A file that is already there is replaced only with --force. What cannot be finished is removed.
+  One input: OUT is the file, or a folder that is there (or ends in "/"). Several inputs, or a folder with all that is
+  in it: OUT is a folder, made when it is missing. Files in a folder keep their names; what is lossy, or of a type that
+  is not written, becomes .wav unless --type names another. A file that is already there is replaced only with --force.
+  What cannot be finished is removed.
 
 Exit status: 0 done, 1 failed, 2 wrong usage.)";
 }
@@ -69,10 +70,18 @@ std::string oneLine(std::string text) {
   return text;
 }
 
+// A script's own options can be followed by those of who runs it.
+void letTheLastWin(CLI::App& app) {
+  for (CLI::Option* option : app.get_options()) {
+    if (!option->get_positional() && option->get_items_expected_max() <= 1)
+      option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+  }
+}
+
 // --save-state and its like alone: nothing is converted.
 bool onlySavesState(const Arguments& arguments) {
   const bool saves = arguments.saveState || arguments.saved.any();
-  return saves && arguments.inputs.empty() && !arguments.output;
+  return saves && arguments.inputs.empty() && !arguments.output && !arguments.dryRun;
 }
 
 void checkDocument(const Arguments& arguments) {
@@ -97,7 +106,9 @@ void checkRules(const Arguments& arguments) {
   }
   if (onlySavesState(arguments)) return;
   if (arguments.inputs.empty()) throw UsageFailure("no sound file named");
-  if (!arguments.output) throw UsageFailure("no output named: add -o OUT");
+  if (!arguments.output && !arguments.suffix) {
+    throw UsageFailure("no output named: add -o OUT, or --suffix TEXT for outputs beside inputs");
+  }
 }
 
 }  // namespace
@@ -106,6 +117,7 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   Arguments arguments;
   FileWords files;
   LevelWords level;
+  BatchWords batch;
   SoundWords sound;
   EffectWords effect;
   ValidatorWords validator;
@@ -122,10 +134,11 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
                "Results as one JSON document; words go to the standard error stream");
   app.add_flag("--version", version, "Show the version");
   addLevelOptions(app, level, arguments);
-  addBatchOptions(app, arguments);
+  addBatchOptions(app, batch, arguments);
   addSoundOptions(app, sound, arguments);
   addEffectOptions(app, effect, arguments);
   addValidatorOptions(app, validator);
+  letTheLastWin(app);
   try {
     // the parser takes the last word first
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
@@ -141,6 +154,7 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   if (app.count("--completion") != 0) return {std::nullopt, completionFor(shell, app)};
   takeFileOptions(app, files, arguments);
   takeLevelOptions(app, level, arguments);
+  takeBatchOptions(app, batch, arguments);
   takeSoundOptions(app, sound, arguments);
   takeEffectOptions(app, effect, arguments);
   takeValidator(app, validator, arguments);

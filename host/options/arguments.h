@@ -37,6 +37,9 @@ struct Arguments {
   TailArgument tail;
   std::optional<std::string> plot;  // file, or folder
   int jobs = 1;
+  bool skipExisting = false;
+  std::optional<std::string> suffix;  // of outputs' names; without an output they lie beside inputs
+  bool dryRun = false;
 
   StateArguments state;
   std::optional<std::string> saveState;

@@ -2,8 +2,16 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <string>
 
 #include "host/options/arguments.h"
 
-// arguments: outlives the parsing.
-void addBatchOptions(CLI::App& app, Arguments& arguments);
+// As they were typed.
+struct BatchWords {
+  std::string suffix;
+};
+
+// Both outlive the parsing.
+void addBatchOptions(CLI::App& app, BatchWords& words, Arguments& arguments);
+// After the parsing. Throws UsageFailure.
+void takeBatchOptions(const CLI::App& app, const BatchWords& words, Arguments& arguments);

@@ -19,7 +19,8 @@ double parseQuality(const std::string& text) {
 }  // namespace
 
 void addFileOptions(CLI::App& app, FileWords& words, Arguments& arguments) {
-  app.add_option("IN", arguments.inputs, "Sound files, mono or stereo")->type_name("");
+  app.add_option("IN", arguments.inputs, "Sound files, mono or stereo, and folders of them")
+      ->type_name("");
   app.add_option("-o,--output", words.output, "Output file or folder; the extension tells the type")
       ->type_name("OUT");
   app.add_flag("-f,--force", arguments.force, "Replace outputs that are already there");

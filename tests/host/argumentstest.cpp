@@ -99,6 +99,43 @@ TEST(Arguments, TakeAnAutomaticTail) {
   EXPECT_TRUE(parsed({"a.wav", "-o", "b.wav", "--tail", "auto"}).tail.automatic);
 }
 
+// A script's own come first, those of who calls it after them.
+TEST(Arguments, TakeTheLastOfRepeatedOptions) {
+  const Arguments arguments =
+      parsed({"a.wav", "-o",       "b.wav",   "-o",       "c.wav", "--gain",   "-3",    "--gain",
+              "-6",    "-j",       "4",       "-j",       "2",     "--width",  "0.25",  "--width",
+              "75%",   "--tail",   "auto",    "--tail",   "2s",    "--format", "pcm16", "--format",
+              "pcm24", "-f",       "--force", "-q",       "-q",    "--set",    "x=0",   "--set",
+              "y=1",   "--preset", "1",       "--preset", "2"});
+  EXPECT_THAT(arguments.inputs, ElementsAre("a.wav"));
+  EXPECT_EQ(arguments.output, "c.wav");
+  EXPECT_NEAR(arguments.gain, 0.50119, 1e-5);
+  EXPECT_EQ(arguments.jobs, 2);
+  EXPECT_EQ(arguments.state.values[0], 0.75F);
+  EXPECT_FALSE(arguments.tail.automatic);
+  EXPECT_EQ(arguments.format, SampleFormat::pcm24);
+  EXPECT_TRUE(arguments.force);
+  EXPECT_EQ(arguments.state.preset, "2");
+  EXPECT_EQ(arguments.state.settings.size(), 2U) << "they add up";
+}
+
+TEST(Arguments, TakeTheOptionsForManyFiles) {
+  const Arguments usual = parsed({"a.wav", "-o", "b.wav"});
+  EXPECT_EQ(usual.suffix, std::nullopt);
+  EXPECT_FALSE(usual.skipExisting);
+  EXPECT_FALSE(usual.dryRun);
+  const Arguments all = parsed({"a.wav", "--suffix", "-wide", "--skip-existing", "--dry-run"});
+  EXPECT_EQ(all.output, std::nullopt) << "they lie beside their inputs";
+  EXPECT_EQ(all.suffix, "-wide");
+  EXPECT_TRUE(all.skipExisting);
+  EXPECT_TRUE(all.dryRun);
+  EXPECT_THAT(refusalOf({"a.wav", "--suffix", ""}), HasSubstr("--suffix"));
+  EXPECT_THAT(refusalOf({"a.wav", "--suffix", "x/y"}), HasSubstr("leave the / out"));
+  EXPECT_THAT(refusalOf({"a.wav", "-o", "b.wav", "--skip-existing", "-f"}),
+              HasSubstr("leave one out"));
+  EXPECT_THAT(refusalOf({"--save-state", "s", "--dry-run"}), HasSubstr("no sound file"));
+}
+
 TEST(Arguments, TakeFileNamesAfterTwoDashes) {
   EXPECT_THAT(parsed({"-o", "b.wav", "--", "-a.wav"}).inputs, ElementsAre("-a.wav"));
 }

@@ -43,7 +43,8 @@ TEST_F(Program, RefusesInputsThatAreNoSound) {
   writeSound(in("surround.wav"), noise(10, 6, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   refuses({"surround.wav", "-o", "out.wav"}, 1, "surround.wav: has 6 channels");
   std::filesystem::create_directory(in("folder"));
-  refuses({"folder", "-o", "out.wav"}, 1, "folder: is a folder");
+  refuses({"folder", "-o", "out"}, 1, "folder: a folder without sound files");
+  refuses({"folder", "-o", "out.wav"}, 2, "out.wav: several files go into a folder");
 }
 
 TEST_F(Program, RefusesInputsThatHoldNoNumbers) {

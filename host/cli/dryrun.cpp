@@ -1,0 +1,65 @@
+// What a run would do, said instead of done.
+#include "host/cli/dryrun.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "host/base/failure.h"
+#include "host/base/temporaryfile.h"
+#include "host/base/text.h"
+#include "host/cli/outcome.h"
+#include "host/cli/reporter.h"
+#include "host/sound/soundreader.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isThere(const fs::path& path) {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
+void checkFolders(const std::vector<fs::path>& folders) {
+  for (const fs::path& folder : folders) {
+    const fs::path above = (folder / "").parent_path().parent_path();
+    const bool willBeThere = std::find(folders.begin(), folders.end(), above) != folders.end();
+    if (!willBeThere && !isThere(above.empty() ? fs::path(".") : above))
+      throw Failure(folder.string() + ": cannot be made (there is no folder " + above.string() +
+                    ")");
+  }
+}
+
+std::string planOf(const Arguments& arguments, const Job& job) {
+  if (const auto known = outcomeBefore(arguments, job)) {
+    if (known->failed()) throw Failure(known->failure);
+    return known->report;
+  }
+  std::error_code error;
+  if (!isThere(job.input) || fs::is_regular_file(job.input, error)) SoundReader reader(job.input);
+  checkTarget(job.output, arguments.force);
+  if (job.plot) checkTarget(*job.plot, arguments.force);
+  std::string text = job.input.string() + " -> " + job.output.string();
+  if (isThere(job.output)) text += ", replaced";
+  if (job.plot) text += ", picture " + job.plot->string();
+  return onOneLine(text);
+}
+
+}  // namespace
+
+bool tellWhatWouldBeDone(const Arguments& arguments, const Jobs& jobs, Console& console) {
+  checkFolders(jobs.foldersToBeMade);
+  bool all = jobs.failures.empty();
+  tellFindings(jobs, console);
+  for (const Job& job : jobs.list) {
+    try {
+      console.say(planOf(arguments, job));
+    } catch (const Failure& failure) {
+      console.warn(failure.what());
+      all = false;
+    }
+  }
+  return all;
+}
