@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "host/cli/isolation.h"
 #include "host/cli/madefolders.h"
 #include "host/cli/outcome.h"
 #include "host/cli/reporter.h"
@@ -67,5 +68,13 @@ bool convertAll(PluginModule& module, const Arguments& arguments, const Jobs& jo
                 Console& console) {
   return convertAndReport(jobs, console, [&](Reporter& reporter) {
     convertInThreads(module, arguments, jobs, console, reporter);
+  });
+}
+
+bool convertAllIsolated(const std::filesystem::path& plugin, const Arguments& arguments,
+                        const Jobs& jobs, Console& console) {
+  return convertAndReport(jobs, console, [&](Reporter& reporter) {
+    convertIsolated(plugin, arguments, jobs, countAtOnce(arguments, jobs.list.size()), console,
+                    reporter);
   });
 }

@@ -1,6 +1,9 @@
 // What became of one file of a run.
 #include "host/cli/outcome.h"
 
+#include <array>
+#include <cstdint>
+#include <cstring>
 #include <exception>
 #include <filesystem>
 #include <new>
@@ -9,6 +12,12 @@
 #include "host/base/failure.h"
 #include "host/base/text.h"
 #include "host/convert/report.h"
+
+namespace {
+
+constexpr std::array kTexts = {&FileOutcome::report, &FileOutcome::warning, &FileOutcome::failure};
+
+}  // namespace
 
 std::optional<FileOutcome> outcomeBefore(const Arguments& arguments, const Job& job) {
   FileOutcome outcome;
@@ -36,6 +45,29 @@ FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Jo
     outcome.failure = job.input.string() + ": not enough memory";
   } catch (const std::exception& error) {
     outcome.failure = job.input.string() + ": " + error.what();
+  }
+  return outcome;
+}
+
+std::string packed(const FileOutcome& outcome) {
+  std::string bytes(1, static_cast<char>(outcome.skipped));
+  for (const auto text : kTexts) {
+    const auto length = static_cast<std::uint64_t>((outcome.*text).size());
+    bytes.append(reinterpret_cast<const char*>(&length), sizeof length);
+    bytes += outcome.*text;
+  }
+  return bytes;
+}
+
+FileOutcome unpacked(const std::string& bytes) {
+  FileOutcome outcome;
+  outcome.skipped = bytes.at(0) != 0;
+  std::size_t at = 1;
+  for (const auto text : kTexts) {
+    std::uint64_t length = 0;
+    std::memcpy(&length, bytes.data() + at, sizeof length);
+    outcome.*text = bytes.substr(at + sizeof length, length);
+    at += sizeof length + length;
   }
   return outcome;
 }

@@ -26,3 +26,7 @@ std::optional<FileOutcome> outcomeBefore(const Arguments& arguments, const Job& 
 // Converts it if that is to be done. Throws nothing. Any thread.
 FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
                       const Progress& progress);
+
+// As bytes, for another process, and back.
+std::string packed(const FileOutcome& outcome);
+FileOutcome unpacked(const std::string& bytes);

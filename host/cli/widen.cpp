@@ -14,6 +14,7 @@
 #include "host/cli/batch.h"
 #include "host/cli/console.h"
 #include "host/cli/dryrun.h"
+#include "host/cli/isolation.h"
 #include "host/cli/listening.h"
 #include "host/cli/questions.h"
 #include "host/convert/jobs.h"
@@ -78,6 +79,22 @@ void listPlugins(Console& console) {
     console.print(onOneLine(plugin.name) + "  " + onOneLine(plugin.path.string()));
 }
 
+// A foreign effect may have state that its instances share, and may crash.
+bool wantsIsolation(const Arguments& arguments, const Jobs& jobs) {
+  return arguments.isolate.value_or(arguments.plugin && jobs.list.size() > 1);
+}
+
+bool tryAndConvertIsolated(const Arguments& arguments, const Jobs& jobs, Console& console) {
+  const std::filesystem::path plugin = pluginFor(arguments);
+  const OrderlyEnd end;
+  doIsolated(plugin.string(), [&] {
+    PluginModule module(plugin);
+    tryState(module, arguments, nullptr, console);
+  });
+  if (arguments.dryRun) return tellWhatWouldBeDone(arguments, jobs, console);
+  return OrderlyEnd::isAsked() || convertAllIsolated(plugin, arguments, jobs, console);
+}
+
 bool tryAndConvert(const Arguments& arguments, const Jobs& jobs, Console& console) {
   PluginModule module(pluginFor(arguments));
   tryState(module, arguments, nullptr, console);
@@ -105,7 +122,9 @@ ExitStatus act(const Arguments& arguments, Console& console) {
     return ExitStatus::done;
   }
   const Jobs jobs = planJobs(arguments);
-  return tryAndConvert(arguments, jobs, console) ? ExitStatus::done : ExitStatus::failed;
+  const bool all = wantsIsolation(arguments, jobs) ? tryAndConvertIsolated(arguments, jobs, console)
+                                                   : tryAndConvert(arguments, jobs, console);
+  return all ? ExitStatus::done : ExitStatus::failed;
 }
 
 ExitStatus parseAndAct(const std::vector<std::string>& words) {

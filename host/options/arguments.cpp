@@ -57,6 +57,12 @@ Exit status: 0 done, 1 failed, 2 wrong usage.)";
 class Formatter : public CLI::Formatter {
  public:
   Formatter() { column_width(32); }
+  // The library marks the flags that switch something off.
+  std::string make_option_name(const CLI::Option* option, bool positional) const override {
+    std::string name = CLI::Formatter::make_option_name(option, positional);
+    const auto mark = name.find("{false}");
+    return mark == std::string::npos ? name : name.erase(mark, 7);
+  }
   std::string make_usage(const CLI::App*, std::string) const override {
     return "Usage: widen [OPTIONS] IN... -o OUT\n"
            "       widen [OPTIONS] --info | --list-params | --list-presets | --list-plugins\n"

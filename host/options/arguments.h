@@ -40,6 +40,7 @@ struct Arguments {
   bool skipExisting = false;
   std::optional<std::string> suffix;  // of outputs' names; without an output they lie beside inputs
   bool dryRun = false;
+  std::optional<bool> isolate;  // a process for each file; none: where there is reason to
 
   StateArguments state;
   std::optional<std::string> saveState;

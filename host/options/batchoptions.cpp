@@ -17,6 +17,9 @@ void addBatchOptions(CLI::App& app, BatchWords& words, Arguments& arguments) {
       ->group(batch);
   app.add_flag("--dry-run", arguments.dryRun, "Say what would be done, and write nothing")
       ->group(batch);
+  app.add_flag("--isolate,!--no-isolate", words.isolate,
+               "A process for each file, so that a crash fails one; default with --plugin")
+      ->group(batch);
 }
 
 void takeBatchOptions(const CLI::App& app, const BatchWords& words, Arguments& arguments) {
@@ -28,4 +31,5 @@ void takeBatchOptions(const CLI::App& app, const BatchWords& words, Arguments& a
         "--skip-existing keeps what is already there and --force replaces it: "
         "leave one out");
   }
+  if (app.count("--isolate") != 0) arguments.isolate = words.isolate;
 }

@@ -9,6 +9,7 @@
 // As they were typed.
 struct BatchWords {
   std::string suffix;
+  bool isolate = false;
 };
 
 // Both outlive the parsing.

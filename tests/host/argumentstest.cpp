@@ -102,11 +102,12 @@ TEST(Arguments, TakeAnAutomaticTail) {
 // A script's own come first, those of who calls it after them.
 TEST(Arguments, TakeTheLastOfRepeatedOptions) {
   const Arguments arguments =
-      parsed({"a.wav", "-o",       "b.wav",   "-o",       "c.wav", "--gain",   "-3",    "--gain",
-              "-6",    "-j",       "4",       "-j",       "2",     "--width",  "0.25",  "--width",
-              "75%",   "--tail",   "auto",    "--tail",   "2s",    "--format", "pcm16", "--format",
-              "pcm24", "-f",       "--force", "-q",       "-q",    "--set",    "x=0",   "--set",
-              "y=1",   "--preset", "1",       "--preset", "2"});
+      parsed({"a.wav",    "-o",        "b.wav",        "-o",     "c.wav", "--gain",  "-3",
+              "--gain",   "-6",        "-j",           "4",      "-j",    "2",       "--width",
+              "0.25",     "--width",   "75%",          "--tail", "auto",  "--tail",  "2s",
+              "--format", "pcm16",     "--format",     "pcm24",  "-f",    "--force", "-q",
+              "-q",       "--isolate", "--no-isolate", "--set",  "x=0",   "--set",   "y=1",
+              "--preset", "1",         "--preset",     "2"});
   EXPECT_THAT(arguments.inputs, ElementsAre("a.wav"));
   EXPECT_EQ(arguments.output, "c.wav");
   EXPECT_NEAR(arguments.gain, 0.50119, 1e-5);
@@ -115,6 +116,8 @@ TEST(Arguments, TakeTheLastOfRepeatedOptions) {
   EXPECT_FALSE(arguments.tail.automatic);
   EXPECT_EQ(arguments.format, SampleFormat::pcm24);
   EXPECT_TRUE(arguments.force);
+  EXPECT_EQ(arguments.isolate, false);
+  EXPECT_EQ(parsed({"a", "-o", "b", "--no-isolate", "--isolate"}).isolate, true);
   EXPECT_EQ(arguments.state.preset, "2");
   EXPECT_EQ(arguments.state.settings.size(), 2U) << "they add up";
 }
@@ -122,11 +125,14 @@ TEST(Arguments, TakeTheLastOfRepeatedOptions) {
 TEST(Arguments, TakeTheOptionsForManyFiles) {
   const Arguments usual = parsed({"a.wav", "-o", "b.wav"});
   EXPECT_EQ(usual.suffix, std::nullopt);
+  EXPECT_EQ(usual.isolate, std::nullopt);
   EXPECT_FALSE(usual.skipExisting);
   EXPECT_FALSE(usual.dryRun);
-  const Arguments all = parsed({"a.wav", "--suffix", "-wide", "--skip-existing", "--dry-run"});
+  const Arguments all =
+      parsed({"a.wav", "--suffix", "-wide", "--skip-existing", "--dry-run", "--isolate"});
   EXPECT_EQ(all.output, std::nullopt) << "they lie beside their inputs";
   EXPECT_EQ(all.suffix, "-wide");
+  EXPECT_EQ(all.isolate, true);
   EXPECT_TRUE(all.skipExisting);
   EXPECT_TRUE(all.dryRun);
   EXPECT_THAT(refusalOf({"a.wav", "--suffix", ""}), HasSubstr("--suffix"));

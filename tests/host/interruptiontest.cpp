@@ -56,10 +56,12 @@ TEST_F(Interruptions, LeaveNoUnfinishedFileBehind) {
 
 TEST_F(Interruptions, LeaveNoneOfSeveralFiles) {
   std::filesystem::create_directory(in("out"));
-  const Outcome outcome =
-      interrupted(SIGINT, {"a.wav", "b.wav", "-o", "out", "-j", "2", "--plugin", plugin("waits")});
-  EXPECT_EQ(outcome.status, -SIGINT);
-  EXPECT_TRUE(std::filesystem::is_empty(in("out")));
+  for (const char* isolation : {"--isolate", "--no-isolate"}) {
+    const Outcome outcome = interrupted(
+        SIGINT, {"a.wav", "b.wav", "-o", "out", "-j", "2", isolation, "--plugin", plugin("waits")});
+    EXPECT_EQ(outcome.status, -SIGINT) << isolation;
+    EXPECT_TRUE(std::filesystem::is_empty(in("out"))) << isolation;
+  }
 }
 
 // Else the next file that is opened would take the stream's place, and get the reports
@@ -105,8 +107,9 @@ TEST_F(Interruptions, CleanUpAfterACrashOfEveryKind) {
   for (const auto& [how, signalNumber] : {std::pair{"overflow", SIGSEGV}, {"abort", SIGABRT}}) {
     const Surroundings ending{{{"WIDEN_TEST_END", how}}};
     for (const char* jobs : {"1", "2"}) {
-      const Outcome outcome =
-          widen({"a.wav", "b.wav", "-o", "out", "-j", jobs, "--plugin", plugin("crashes")}, ending);
+      const Outcome outcome = widen({"a.wav", "b.wav", "-o", "out", "-j", jobs, "--no-isolate",
+                                     "--plugin", plugin("crashes")},
+                                    ending);
       EXPECT_EQ(outcome.status, -signalNumber) << how << " -j " << jobs;
       EXPECT_THAT(outcome.error, testing::StartsWith("widen: crashed, most likely inside"))
           << how << " -j " << jobs;
