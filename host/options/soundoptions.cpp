@@ -54,7 +54,7 @@ void addSoundOptions(CLI::App& app, SoundWords& words, Arguments&) {
         ->type_name("VALUE");
   }
   app.add_option("--set", words.settings,
-                 "Any effect's parameter by name or index, 0 to 1 (may be repeated)")
+                 "Any effect's parameter by name or index: 0 to 1, or as shown (repeatable)")
       ->group(sound)
       ->allow_extra_args(false)
       ->type_name("NAME=VALUE");

@@ -25,8 +25,9 @@ class EffectAdapter {
 
   // An option of Trelvan's own: parameter index and normalised value.
   virtual void setValue(int index, float value) = 0;
-  // In the words of the command line, for the parameter of this index.
-  virtual void setTyped(int index, const ParameterSetting& setting) = 0;
+  // What was typed for the parameter of this index, 0..1. what: opens the Failure. The parameter
+  // may be tried out, and is as it was after.
+  virtual float typedValue(int index, const std::string& what, const std::string& typed) = 0;
 
   // The bytes of Trelvan's own files: the current preset, and all of them.
   virtual Effect::Bytes presetFile() = 0;

@@ -45,7 +45,9 @@ std::vector<std::string> applyState(Effect& effect, const StateArguments& argume
     if (value) adapter->setValue(static_cast<int>(index), *value);
   }
   for (const ParameterSetting& setting : arguments.settings) {
-    adapter->setTyped(indexOf(effect, setting.parameter), setting);
+    const int index = indexOf(effect, setting.parameter);
+    const std::string what = "--set " + setting.parameter;
+    effect.setParameter(index, adapter->typedValue(index, what, setting.value));
   }
   return notes;
 }

@@ -1,6 +1,7 @@
 // Any effect, as its interface describes it: programs for presets, and its own words for values.
 #include "host/base/failure.h"
 #include "host/base/wholefile.h"
+#include "host/state/displayedvalue.h"
 #include "host/state/effectadapter.h"
 #include "host/state/namelookup.h"
 #include "host/state/presetfilenames.h"
@@ -37,15 +38,21 @@ class GenericAdapter final : public EffectAdapter {
                   " is not Trelvan: its parameters are set with --set NAME=VALUE");
   }
 
-  void setTyped(int index, const ParameterSetting& setting) override {
-    if (const auto value = readGenericValue(setting.value)) {
-      return effect.setParameter(index, *value);
-    }
-    std::string typed = setting.value;  // in the effect's own words, if it understands any
-    if (effect.dispatch(effString2Parameter, index, 0, typed.data()) != 0) return;
-    throw Failure(
-        "--set " + setting.parameter + ": \"" + setting.value +
-        "\" is not 0 to 1, 0% to 100%, on or off, and the effect does not understand it either");
+  // A number is the raw value. Per cent are those that the effect shows, where it shows any, and
+  // else of its range. What is left is understood by the effect, or shown by it for some value.
+  float typedValue(int index, const std::string& what, const std::string& typed) override {
+    const auto fraction = readGenericValue(typed);
+    const bool isShare = fraction && typed.find('%') != std::string::npos;
+    if (fraction && (!isShare || showsFor(effect, index, *fraction, typed))) return *fraction;
+    const auto understood = valueInItsWords(index, typed);
+    if (understood && showsFor(effect, index, *understood, typed)) return *understood;
+    if (const auto shown = findDisplayed(effect, index, typed)) return *shown;
+    if (understood) return *understood;
+    if (fraction) return *fraction;
+    throw Failure(what + ": \"" + typed +
+                  "\" is not 0 to 1, 0% to 100%, on or off, and the effect does not understand or "
+                  "show it either (now it shows \"" +
+                  shownText(effect, index) + "\")");
   }
 
   Effect::Bytes presetFile() override {
@@ -61,6 +68,14 @@ class GenericAdapter final : public EffectAdapter {
   std::string sampleRates() const override { return {}; }
 
  private:
+  std::optional<float> valueInItsWords(int index, std::string typed) {
+    const float before = effect.parameter(index);
+    if (effect.dispatch(effString2Parameter, index, 0, typed.data()) == 0) return std::nullopt;
+    const float value = effect.parameter(index);
+    effect.setParameter(index, before);
+    return value;
+  }
+
   Effect& effect;
 };
 

@@ -47,9 +47,8 @@ class TrelvanAdapter final : public EffectAdapter {
   }
 
   void setValue(int index, float value) override { effect.setParameter(index, value); }
-  void setTyped(int index, const ParameterSetting& setting) override {
-    effect.setParameter(index,
-                        parseTrelvanValue(index, "--set " + setting.parameter, setting.value));
+  float typedValue(int index, const std::string& what, const std::string& typed) override {
+    return parseTrelvanValue(index, what, typed);
   }
 
   Effect::Bytes presetFile() override { return bank().presetFile(); }
