@@ -40,13 +40,13 @@ void showAndPlay(Effect& effect, HostCallback& callback, Loop* loop, const Argum
   if (loop == nullptr) return showEditor(effect, callback, goesOn);
   effect.checkTakes(loop->channels(), arguments.inputs.front());
   callback.setRealTime(true);
-  const Running running(effect, arguments.doublePrecision);
-  effect.checkCanProcess(arguments.doublePrecision);
+  const Running running(effect, arguments.asksDouble());
+  effect.checkCanProcess(arguments.asksDouble());
   std::optional<Player> player;  // from the moment on that there is a window
   showEditor(effect, callback, [&] {
     if (!player) {
       player.emplace(effect, callback, *loop, openCard(loop->sampleRate(), console),
-                     PlayerOptions{arguments.blockSize, arguments.doublePrecision, arguments.gain});
+                     PlayerOptions{arguments.blockSize, arguments.asksDouble(), arguments.gain});
     }
     player->check();
     if (player->takeCardLost()) console.warn("the sound card is gone: the file plays in silence");

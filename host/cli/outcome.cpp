@@ -38,7 +38,7 @@ FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Jo
   try {
     const Conversion done = convert(module, arguments, job, progress);
     outcome.report = reportOf(done, job);
-    outcome.warning = clippingWarning(done, job);
+    outcome.warning = warningsOf(done, job);
   } catch (const Failure& failure) {
     outcome.failure = failure.what();
   } catch (const std::bad_alloc&) {

@@ -12,7 +12,7 @@
 // In words for the person; empty where there is nothing to say.
 struct FileOutcome {
   std::string report;
-  std::string warning;
+  std::string warning;  // of several each in a line
   std::string failure;
 
   bool skipped = false;  // its output was there

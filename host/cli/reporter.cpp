@@ -1,6 +1,7 @@
 // Tells the person what became of the files of a run, in the order in which they were named.
 #include "host/cli/reporter.h"
 
+#include <sstream>
 #include <string>
 #include <utility>
 
@@ -23,6 +24,7 @@ void Reporter::add(std::size_t index, FileOutcome outcome) {
 
 void Reporter::show(const FileOutcome& shown) {
   if (!shown.report.empty()) console.say(shown.report);
-  if (!shown.warning.empty()) console.warn(shown.warning);
+  std::istringstream warnings(shown.warning);
+  for (std::string line; std::getline(warnings, line);) console.warn(line);
   if (!shown.failure.empty()) console.warn(shown.failure);
 }

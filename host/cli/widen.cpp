@@ -52,8 +52,10 @@ void tryState(PluginModule& module, const Arguments& arguments, Loop* loop, Cons
   HostCallback callback;
   callback.setHasWindow(true);
   Effect effect(module, callback);
-  if (!arguments.inputs.empty()) effect.checkCanProcess(arguments.doublePrecision);
+  if (!arguments.inputs.empty()) effect.checkCanProcess(arguments.asksDouble());
   effect.setUp(loop != nullptr ? loop->sampleRate() : kUsualRate, arguments.blockSize);
+  if (!arguments.inputs.empty() && !arguments.editor)
+    choosePresetForFile(effect, arguments.state);  // for --save-state
   for (const std::string& note : applyState(effect, arguments.state)) console.warn(note);
   sayWhatWasAsked(effect, arguments, console);
   checkSaving(effect, arguments);

@@ -5,14 +5,17 @@
 #include <optional>
 
 #include "host/convert/fileoutput.h"
+#include "host/convert/level.h"
+#include "host/convert/pass.h"
 #include "host/convert/rendering.h"
+#include "host/measure/imagewidth.h"
 #include "host/plot/plot.h"
 #include "host/plot/stereoanalysis.h"
+#include "host/sound/dither.h"
 #include "host/sound/soundreader.h"
 #include "host/sound/soundwriter.h"
 #include "host/state/description.h"
-#include "host/state/effectstate.h"
-#include "host/vst/effect.h"
+#include "host/state/effectadapter.h"
 
 namespace {
 
@@ -32,6 +35,20 @@ SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arg
   return options;
 }
 
+// The gain that the arguments ask for; where the peak decides it, after a pass to find that.
+double gainFor(PluginModule& module, const Arguments& arguments, SoundReader& reader,
+               const std::string& name, SampleFormat format, const Progress& progress) {
+  if (!arguments.peakAim) return arguments.gain;
+  PeakMeter peaks;
+  Pass pass(module, reader, arguments, name, format);
+  Rendering rendering =
+      pass.start([&](const double* l, const double* r, int frames) { peaks.add(l, r, frames); });
+  rendering.watchProgress(progress);
+  rendering.process();
+  reader.rewind();
+  return gainFor(*arguments.peakAim, peaks, format, arguments.dither);
+}
+
 }  // namespace
 
 Conversion convert(PluginModule& module, const Arguments& arguments, const Job& job,
@@ -41,37 +58,49 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   done.channels = reader.channels();
   done.sampleRate = reader.sampleRate();
   done.type = *fileTypeOf(job.output);
-  done.gain = arguments.gain;
   const SoundWriterOptions options = writerOptions(reader, arguments, done.type);
   done.format = options.format;
   if (job.plot) checkTarget(*job.plot, arguments.force);
   SoundWriter writer(job.output, options);
 
-  HostCallback callback;
-  Effect effect(module, callback);
-  effect.checkCanProcess(arguments.doublePrecision);
-  if (!effect.isMono()) effect.checkTakes(reader.channels(), job.input.string());
-  effect.setUp(reader.sampleRate(), arguments.blockSize);
-  applyState(effect, arguments.state);  // its notes were shown when the state was tried
-  done.preset = describeCurrentPreset(effect);
-  done.values = describeValues(effect);
-  effect.start(arguments.doublePrecision);
-  effect.checkCanProcess(arguments.doublePrecision);
+  const std::string name = job.input.string();
+  const int passes = arguments.peakAim ? 2 : 1;
+  const auto part = [&](std::int64_t frames) { progress(frames / passes); };
+  done.gain = gainFor(module, arguments, reader, name, options.format, part);
+  done.dithered = arguments.dither && isDithered(options.format);
+
+  Pass pass(module, reader, arguments, name, options.format);
+  done.doublePrecision = pass.isDouble();
+  done.chosenPreset = pass.chosenPreset();
+  done.preset = describeCurrentPreset(pass.effect());
+  done.values = describeValues(pass.effect());
   std::optional<StereoAnalysis> analysis;
-  if (job.plot) analysis.emplace(reader.sampleRate(), arguments.gain);
-  FileOutput output(writer, options.format, arguments.gain);
-  Rendering rendering(
-      effect, reader, arguments, job.input.string(),
-      [&](const double* l, const double* r, int frames) { output.take(l, r, frames); });
+  if (job.plot) analysis.emplace(reader.sampleRate(), done.gain);
+  FileOutput output(writer, options.format, done.gain);
+  if (done.dithered) output.ditherWith(Dither(options.format, job.input.filename().string()));
   if (analysis) {
-    rendering.watchInput(
-        [&](const double* l, const double* r, int frames) { analysis->addBefore(l, r, frames); });
     output.watch(
         [&](const double* l, const double* r, int frames) { analysis->addAfter(l, r, frames); });
   }
-  rendering.watchProgress(progress);
+  const bool canNarrow = reader.channels() > 1;  // mono cannot
+  ImageWidth before;
+  ImageWidth after;
+  Rendering rendering = pass.start([&](const double* l, const double* r, int frames) {
+    if (canNarrow) after.add(l, r, frames);
+    output.take(l, r, frames);
+  });
+  rendering.watchInput([&](const double* l, const double* r, int frames) {
+    if (canNarrow) before.add(l, r, frames);
+    if (analysis) analysis->addBefore(l, r, frames);
+  });
+  rendering.watchProgress(part);
   done.framesRead = rendering.process();
-  effect.stop();
+  done.sideToMidBefore = before.sideToMid();
+  done.sideToMid = after.sideToMid();
+  const auto adapter = adapterFor(pass.effect());
+  done.optionThatFits = adapter->optionForSide(output.sideRoom());
+  done.optionAsWide = adapter->optionForSide(done.sideToMidBefore / done.sideToMid);
+  pass.effect().stop();
 
   // The sound takes its name only when the picture is complete as well, and the other way round.
   std::unique_ptr<TemporaryFile> picture;

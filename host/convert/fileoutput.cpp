@@ -6,12 +6,23 @@
 FileOutput::FileOutput(SoundWriter& target, SampleFormat targetFormat, double factor)
     : writer(target), format(targetFormat), gain(factor) {}
 
+// Seldom anything is beyond full scale.
+void FileOutput::measureRoom(int frames) {
+  if (largestMagnitude(outLeft.data(), frames) > 1.0 ||
+      largestMagnitude(outRight.data(), frames) > 1.0)
+    room.add(outLeft.data(), outRight.data(), frames);
+}
+
 void FileOutput::take(const double* left, const double* right, int frames) {
   outLeft.assign(left, left + frames);
   outRight.assign(right, right + frames);
-  for (std::vector<double>* channel : {&outLeft, &outRight}) {
-    for (double& sample : *channel) sample *= gain;
+  if (gain != 1.0) {
+    for (std::vector<double>* channel : {&outLeft, &outRight}) {
+      for (double& sample : *channel) sample *= gain;
+    }
   }
+  if (integerBits(format) != 0) measureRoom(frames);
+  if (dither) dither->add(outLeft.data(), outRight.data(), frames);
   writer.write(outLeft.data(), outRight.data(), frames);
   if (watchers.empty()) return;
   holdSamples(format, outLeft.data(), frames);

@@ -31,16 +31,16 @@ std::int64_t Rendering::mostTailFrames(const TailArgument& asked, int sampleRate
 }
 
 Rendering::Rendering(Effect& startedEffect, SoundReader& source, const Arguments& arguments,
-                     std::string name, Frames outputFrames)
+                     bool doublePrecision, std::string name, Frames outputFrames)
     : effect(startedEffect),
       reader(source),
       sourceName(std::move(name)),
       output(std::move(outputFrames)),
-      runner(BlockRunner::make(startedEffect, arguments.blockSize, arguments.doublePrecision)),
-      rightChannel(
-          startedEffect.isMono() && source.channels() > 1
-              ? std::make_unique<RightChannel>(startedEffect, source.sampleRate(), arguments)
-              : nullptr),
+      runner(BlockRunner::make(startedEffect, arguments.blockSize, doublePrecision)),
+      rightChannel(startedEffect.isMono() && source.channels() > 1
+                       ? std::make_unique<RightChannel>(startedEffect, source.sampleRate(),
+                                                        arguments, doublePrecision)
+                       : nullptr),
       stage([this](const double* l, const double* r, int frames) { take(l, r, frames); },
             startedEffect.latency(), planTail(startedEffect, arguments.tail, source.sampleRate())),
       left(static_cast<std::size_t>(arguments.blockSize)),

@@ -31,7 +31,7 @@ class Rendering {
   // effect, source: outlive it. name: of the source, for messages. output: gets what belongs into
   // the file, as many frames as came in, lined up with them, and the tail.
   Rendering(Effect& startedEffect, SoundReader& source, const Arguments& arguments,
-            std::string name, Frames output);
+            bool doublePrecision, std::string name, Frames output);
 
   // Gets what comes in, each block before the effect has it.
   void watchInput(Frames watcher) { input = std::move(watcher); }

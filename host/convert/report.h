@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "host/convert/jobs.h"
@@ -20,11 +21,21 @@ struct Conversion {
   double peak = 0.0;  // before clipping, 1 is full scale
   std::int64_t clippedSamples = 0;
   double clippedFold = 0.0;  // largest |(L+R)/2| that was lost by clipping
-  std::string preset;        // as describeCurrentPreset
-  std::string values;        // as describeValues
+  bool dithered = false;
+  bool doublePrecision = false;
+  // The side against the mid, factors; 0 for a mono input.
+  double sideToMidBefore = 0.0;
+  double sideToMid = 0.0;
+  // Options with which nothing would be clipped, and with which the result would be as wide as the
+  // input; empty where there is none.
+  std::string optionThatFits;
+  std::string optionAsWide;
+  std::string preset;                       // as describeCurrentPreset
+  std::optional<std::string> chosenPreset;  // its name, where nobody named one
+  std::string values;                       // as describeValues
 };
 
-// The report's lines, and the warning about clipping (empty where nothing was clipped).
+// The report's lines, and what there is to warn of, a line for each.
 std::string reportOf(const Conversion& done, const Job& job);
-std::string clippingWarning(const Conversion& done, const Job& job);
+std::string warningsOf(const Conversion& done, const Job& job);
 PlotCaption captionOf(const Conversion& done, const Job& job);

@@ -3,12 +3,13 @@
 
 #include "host/state/effectstate.h"
 
-RightChannel::RightChannel(const Effect& leftEffect, int sampleRate, const Arguments& arguments)
+RightChannel::RightChannel(const Effect& leftEffect, int sampleRate, const Arguments& arguments,
+                           bool doublePrecision)
     : left(leftEffect), own(leftEffect.home(), callback) {
   own.setUp(sampleRate, arguments.blockSize);
   applyState(own, arguments.state);
-  own.start(arguments.doublePrecision);
-  runner = BlockRunner::make(own, arguments.blockSize, arguments.doublePrecision);
+  own.start(doublePrecision);
+  runner = BlockRunner::make(own, arguments.blockSize, doublePrecision);
 }
 
 void RightChannel::run(const double* in, double* out, int frames) {

@@ -11,7 +11,8 @@
 class RightChannel {
  public:
   // left: started; outlives it. Throws Failure.
-  RightChannel(const Effect& left, int sampleRate, const Arguments& arguments);
+  RightChannel(const Effect& left, int sampleRate, const Arguments& arguments,
+               bool doublePrecision);
 
   // frames: 0..the block size, after the left channel's effect had its own. Throws Failure where
   // the two are not equally late, so that the channels would come apart.

@@ -16,6 +16,15 @@ struct TailArgument {
   double seconds = 0.0;
 };
 
+// The gain follows from the result's peak, which a pass of its own finds.
+struct PeakAim {
+  double peak = 1.0;      // not to be exceeded; 1 is full scale
+  bool amplifies = true;  // what is softer, until it is reached
+};
+
+// In which the effect processes. Automatic: double where effect and file gain by it.
+enum class Precision { automatic, single, twice };
+
 struct ValidatorArguments {
   int strictness = 5;                 // 1..10
   std::optional<std::uint64_t> seed;  // none: another one in every run
@@ -34,6 +43,8 @@ struct Arguments {
   std::optional<std::string> type;  // the outputs' extension in a folder, without its dot
   std::optional<double> quality;    // of lossy outputs, 0 to 10
   double gain = 1.0;                // factor
+  std::optional<PeakAim> peakAim;  // in the place of `gain`
+  bool dither = false;
   TailArgument tail;
   std::optional<std::string> plot;  // file, or folder
   int jobs = 1;
@@ -48,7 +59,8 @@ struct Arguments {
 
   std::optional<std::string> plugin;
   int blockSize = kDefaultBlockSize;
-  bool doublePrecision = false;
+  Precision precision = Precision::automatic;
+  bool asksDouble() const { return precision == Precision::twice; }
 
   // Questions instead of conversions, and the effect's window.
   bool info = false;

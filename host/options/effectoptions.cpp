@@ -13,7 +13,10 @@ void addEffectOptions(CLI::App& app, EffectWords& words, Arguments& arguments) {
       ->group(effect)
       ->check(CLI::Range(1, Arguments::kLargestBlockSize).description(""))
       ->type_name("N");
-  app.add_flag("--double", arguments.doublePrecision, "Process in double precision")->group(effect);
+  app.add_flag("--double", words.twice,
+               "Process in double precision; default: for 32-bit integers and doubles, if it can")
+      ->group(effect);
+  app.add_flag("--single", words.once, "Process in single precision")->group(effect);
   app.add_flag("--info", arguments.info, "Show everything that the effect says of itself")
       ->group(effect);
   app.add_flag("--list-params", arguments.listParameters, "Show the parameters and their values")
@@ -29,4 +32,8 @@ void addEffectOptions(CLI::App& app, EffectWords& words, Arguments& arguments) {
 
 void takeEffectOptions(const CLI::App& app, const EffectWords& words, Arguments& arguments) {
   arguments.plugin = given(app, "--plugin", words.plugin);
+  if (words.once && words.twice)
+    throw UsageFailure("--single and --double exclude each other: leave one out");
+  if (words.once) arguments.precision = Precision::single;
+  if (words.twice) arguments.precision = Precision::twice;
 }

@@ -9,6 +9,8 @@
 // As they were typed.
 struct EffectWords {
   std::string plugin;
+  bool once = false;   // --single
+  bool twice = false;  // --double
 };
 
 // Both outlive the parsing.

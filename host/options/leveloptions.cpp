@@ -1,15 +1,39 @@
 // The part of the command line about the level of what is written.
 #include "host/options/leveloptions.h"
 
+#include "host/sound/dither.h"
 #include "host/state/values.h"
 
-void addLevelOptions(CLI::App& app, LevelWords& words, Arguments&) {
+void addLevelOptions(CLI::App& app, LevelWords& words, Arguments& arguments) {
   const std::string level = "Level";
-  app.add_option("--gain", words.gain, "Louder or softer after the effect, e.g. -3dB")
+  app.add_option("--gain", words.gain,
+                 "Louder or softer after the effect, e.g. -3dB; auto: as soft as no clipping needs")
       ->group(level)
       ->type_name("DB");
+  app.add_option("--normalize", words.normalize, "Bring the highest peak to this level, e.g. -1dB")
+      ->group(level)
+      ->type_name("DB");
+  app.add_flag("--dither", arguments.dither,
+               "Dither (TPDF) what is rounded to 8, 16 or 24 bits; cancels in the mono fold")
+      ->group(level);
 }
 
 void takeLevelOptions(const CLI::App& app, const LevelWords& words, Arguments& arguments) {
-  if (app.count("--gain") != 0) arguments.gain = parseGain("--gain", words.gain);
+  if (app.count("--normalize") != 0) {
+    if (app.count("--gain") != 0)
+      throw UsageFailure("--gain and --normalize both set the level: leave one out");
+    arguments.peakAim = PeakAim{parseLevel("--normalize", words.normalize), true};
+  }
+  if (app.count("--gain") != 0) {
+    if (words.gain == "auto") {
+      if (arguments.editor) throw UsageFailure("--gain auto is for what is written, not played");
+      arguments.peakAim = PeakAim{1.0, false};
+    } else {
+      arguments.gain = parseGain("--gain", words.gain);
+    }
+  }
+  if (arguments.dither && arguments.format && !isDithered(*arguments.format)) {
+    throw UsageFailure("--dither is for 8, 16 and 24 bits: leave it out with " +
+                       textOf(*arguments.format) + " samples");
+  }
 }

@@ -8,7 +8,7 @@
 
 // As they were typed.
 struct LevelWords {
-  std::string gain;
+  std::string gain, normalize;
 };
 
 // Both outlive the parsing.

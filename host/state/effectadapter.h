@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,13 @@ class EffectAdapter {
 
   virtual std::vector<std::string> presetNames() = 0;  // by number, from 0
   virtual int currentPreset() = 0;
+
+  // The preset that a sound file gets when these arguments, and the user's own defaults, leave it
+  // without a sound; none: it stays as the effect begins. Before the arguments are applied.
+  virtual std::optional<std::string> presetForFiles(const StateArguments&) { return std::nullopt; }
+  // The option for a side signal `factor` times as large as in the present state, below 1 never
+  // larger than that and above 1 never smaller; empty where no option does that.
+  virtual std::string optionForSide(double) { return {}; }
 
   // What the effect itself tells no host of the sample rates that it is made for; may be empty.
   virtual std::string sampleRates() const = 0;

@@ -52,6 +52,13 @@ std::vector<std::string> applyState(Effect& effect, const StateArguments& argume
   return notes;
 }
 
+std::optional<std::string> choosePresetForFile(Effect& effect, const StateArguments& arguments) {
+  const auto adapter = adapterFor(effect);
+  const auto preset = adapter->presetForFiles(arguments);
+  if (preset) adapter->choosePreset(*preset);
+  return preset;
+}
+
 PresetNames presetsOf(Effect& effect) {
   const auto adapter = adapterFor(effect);
   return {adapter->presetNames(), adapter->currentPreset()};

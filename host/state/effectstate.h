@@ -1,6 +1,7 @@
 // Puts an effect into the state that the command line asks for.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,10 @@
 // Failure: files that cannot be read or taken, unknown presets and parameters, options that are not
 // for this effect. Returns notes for the person, one line each.
 std::vector<std::string> applyState(Effect& effect, const StateArguments& arguments);
+
+// Before that, for a sound file: chooses a preset where the arguments leave it without a sound.
+// Returns its name.
+std::optional<std::string> choosePresetForFile(Effect& effect, const StateArguments& arguments);
 
 struct PresetNames {
   std::vector<std::string> names;  // by number

@@ -13,8 +13,9 @@
 
 namespace {
 
-constexpr double kHighestGain = 60.0;  // dB, either way
-constexpr double kLongestTail = 3600;  // s
+constexpr double kHighestGain = 60.0;   // dB, either way
+constexpr double kLowestLevel = -60.0;  // dB
+constexpr double kLongestTail = 3600;   // s
 
 std::string_view trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t");
@@ -141,6 +142,15 @@ double parseGain(std::string_view option, std::string_view text) {
   if (!read || (!read->unit.empty() && read->unit != "db"))
     refuse(option, text, "a gain like -3dB");
   if (std::abs(read->number) > kHighestGain) refuse(option, text, "within -60dB to 60dB");
+  return std::pow(10.0, read->number / 20.0);
+}
+
+double parseLevel(std::string_view option, std::string_view text) {
+  const auto read = readNumber(text);
+  if (!read || (!read->unit.empty() && read->unit != "db" && read->unit != "dbfs"))
+    refuse(option, text, "a level like -1dB");
+  if (!(read->number >= kLowestLevel && read->number <= 0.0))
+    refuse(option, text, "within -60dB to 0dB");
   return std::pow(10.0, read->number / 20.0);
 }
 

@@ -31,5 +31,7 @@ std::optional<float> readGenericValue(std::string_view text);
 
 // Decibels, -60..60, "dB" or nothing after the number; returns the factor. 0 dB is exactly 1.
 double parseGain(std::string_view option, std::string_view text);
+// Decibels of full scale, -60..0, "dB" or nothing after the number; returns the magnitude.
+double parseLevel(std::string_view option, std::string_view text);
 // Seconds, 0..3600: "2", "2s" or "250ms".
 double parseSeconds(std::string_view option, std::string_view text);

@@ -172,11 +172,13 @@ void Effect::checkCanProcess(bool doublePrecision) const {
   if ((effect->flags & effFlagsCanReplacing) == 0 || effect->processReplacing == nullptr) {
     throw Failure(name + ": the effect has no processReplacing");
   }
-  if (!doublePrecision) return;
-  if ((effect->flags & effFlagsCanDoubleReplacing) == 0 ||
-      effect->processDoubleReplacing == nullptr) {
+  if (doublePrecision && !canProcessDouble())
     throw Failure(name + ": the effect cannot process in double precision (leave --double out)");
-  }
+}
+
+bool Effect::canProcessDouble() const {
+  return (effect->flags & effFlagsCanDoubleReplacing) != 0 &&
+         effect->processDoubleReplacing != nullptr;
 }
 
 void Effect::checkTakes(int channels, const std::string& sound) const {

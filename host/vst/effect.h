@@ -59,6 +59,7 @@ class Effect {
   // Throws Failure where the effect cannot process sound so: no replacing operation, no double
   // precision, no input, no output.
   void checkCanProcess(bool doublePrecision) const;
+  bool canProcessDouble() const;
   // Throws Failure where it cannot take a sound of 1 or 2 channels; `sound` is what it is called.
   void checkTakes(int channels, const std::string& sound) const;
 

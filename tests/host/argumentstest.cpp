@@ -38,7 +38,7 @@ TEST(Arguments, HaveUsualDefaults) {
   EXPECT_EQ(arguments.tail.seconds, 0.0);
   EXPECT_EQ(arguments.blockSize, Arguments::kDefaultBlockSize);
   EXPECT_EQ(arguments.jobs, 1);
-  EXPECT_FALSE(arguments.doublePrecision);
+  EXPECT_EQ(arguments.precision, Precision::automatic);
   EXPECT_FALSE(arguments.quiet);
   EXPECT_EQ(arguments.state.preset, std::nullopt);
 }
@@ -66,7 +66,7 @@ TEST(Arguments, TakeEveryOption) {
   EXPECT_EQ(arguments.saveState, "t");
   EXPECT_EQ(arguments.plugin, "P.vst");
   EXPECT_EQ(arguments.blockSize, 64);
-  EXPECT_TRUE(arguments.doublePrecision);
+  EXPECT_EQ(arguments.precision, Precision::twice);
 }
 
 TEST(Arguments, TakeSettingsApartAndNoFileForASetting) {

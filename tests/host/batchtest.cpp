@@ -67,7 +67,8 @@ TEST_F(Batches, GoOnAfterAFileThatFails) {
   const Outcome outcome = convert(files, {"-o", "out", "-j", "2"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.error, HasSubstr("widen: bad.wav: not a sound file"));
-  EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1);
+  const std::string said = butForNarrowing(outcome);
+  EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
   for (const char* file : {"file0.wav", "file1.wav", "file2.wav"}) {
     EXPECT_TRUE(std::filesystem::exists(in("out") / file)) << file;
   }

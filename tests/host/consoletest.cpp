@@ -71,7 +71,7 @@ TEST_F(Consoles, ShowProgressOnATerminalForLongFiles) {
 
 TEST_F(Consoles, ShowNoProgressForShortFilesOrWhenQuietOrWithoutATerminal) {
   writeSound(in("a.wav"), noise(200000, 1, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
-  EXPECT_EQ(onTerminal({"a.wav", "-o", "short.wav"}), "");
+  EXPECT_EQ(onTerminal({"a.wav", "-o", "short.wav", "--process", "off"}), "");
   EXPECT_EQ(
       onTerminal({"a.wav", "-o", "quiet.wav", "-q", "--plugin", plugin("slow"), "--block", "8192"}),
       "");

@@ -120,7 +120,7 @@ TEST_F(Conversions, WidenMonoAsTheSameSignalOnBothSides) {
 
 TEST_F(Conversions, ProcessInDoublePrecision) {
   writeSound(in("in.wav"), noise(4000, 2, 7), SF_FORMAT_WAV | SF_FORMAT_DOUBLE);
-  const Sound single = result({"in.wav", "--preset", "room 3"}, "single.wav");
+  const Sound single = result({"in.wav", "--preset", "room 3", "--single"}, "single.wav");
   const Sound precise = result({"in.wav", "--preset", "room 3", "--double"}, "double.wav");
   double most = 0.0;
   for (std::size_t i = 0; i < single.samples.size(); ++i) {

@@ -45,6 +45,10 @@ class ProgramTest : public FolderTest {
   // and nothing else.
   static void expectRefusal(const Outcome& outcome, int status, const std::string& text);
 
+  // The error stream without the warnings that a result is narrower than its input: of noise that
+  // is another one on each side, every result is.
+  static std::string butForNarrowing(const Outcome& outcome);
+
   // A pipe that brings the file's bytes, from a process of its own.
   int pipeFrom(const std::filesystem::path& file);
 

@@ -161,16 +161,16 @@ TEST_F(Program, SaysWhenItsOutputGoesNowhere) {
        {"--list-presets", "--list-params", "--info", "--help", "--version"}) {
     refuses({question}, 1, text, full);
   }
-  expectRefusal(widen({"in.wav", "-o", "out.wav"}, full), 1, text);
+  expectRefusal(widen({"in.wav", "-o", "out.wav", "--process", "off"}, full), 1, text);
   EXPECT_EQ(readSound(in("out.wav")).frames(), 5000U)
       << "the sound is there, only the report was lost";
   expectRefusal(widen({"in.wav", "in.wav", "missing.wav", "-o", "x"}, full), 2, "for both");
-  EXPECT_EQ(widen({"in.wav", "-o", "quiet.wav", "-q"}, full).error, "")
+  EXPECT_EQ(widen({"in.wav", "-o", "quiet.wav", "-q", "--process", "off"}, full).error, "")
       << "where nothing is said, nothing is lost";
   Surroundings closed;
   closed.standardOutput = "closed";
   refuses({"--list-presets"}, 1, "the standard output cannot be written", closed);
-  expectRefusal(widen({"in.wav", "-o", "closed.wav"}, closed), 1,
+  expectRefusal(widen({"in.wav", "-o", "closed.wav", "--process", "off"}, closed), 1,
                 "the standard output cannot be written");
   EXPECT_EQ(textOf(in("closed.wav")), textOf(in("quiet.wav")))
       << "the report did not get into the file";
