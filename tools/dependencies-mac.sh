@@ -6,9 +6,10 @@ set -euo pipefail
 
 build_packages=(
   cmake ninja pkg-config
-  libsndfile libebur128 cli11 nlohmann-json cairo  # widen; CMake fetches its transform's source: no formula has it
-  lowdown                 # the manual page
-  librsvg                 # the window's pictures
+  # widen; CMake fetches the source of its transform: no formula has it
+  libsndfile libebur128 cli11 nlohmann-json cairo
+  lowdown  # the manual page
+  librsvg  # the window's pictures
 )
 test_packages=(googletest google-benchmark clang-format)
 

@@ -9,7 +9,7 @@ trap 'rm -rf "$work"' EXIT
 cat >"$work/brew" <<'BREW'
 #!/usr/bin/env bash
 formulas=" cmake ninja pkg-config libsndfile libebur128 cli11 nlohmann-json"
-formulas+=" cairo librsvg"
+formulas+=" cairo lowdown librsvg"
 formulas+=" googletest google-benchmark clang-format "
 folder=$(dirname "$0")
 case $1 in
