@@ -29,8 +29,9 @@ int put(std::FILE* stream, const std::string& text) {
 
 }  // namespace
 
-Console::Console(bool beQuiet)
+Console::Console(bool beQuiet, bool wordsAside)
     : quiet(beQuiet),
+      aside(wordsAside),
       progressWanted(!beQuiet && isatty(STDERR_FILENO) != 0),
       start(Clock::now()),
       lastShown(start) {}
@@ -40,7 +41,11 @@ Console::~Console() {
 }
 
 void Console::say(const std::string& text) {
-  if (!quiet) print(text);
+  if (quiet) return;
+  if (!aside) return print(text);
+  const std::lock_guard guard(lock);
+  clearProgress();
+  put(stderr, text);
 }
 
 void Console::print(const std::string& text) {

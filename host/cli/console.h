@@ -10,7 +10,9 @@
 // Any thread. Whole lines only; the progress line gives way to them and comes back.
 class Console {
  public:
-  explicit Console(bool quiet);
+  // wordsAside: results in words go to the standard error stream, for something else has the
+  // standard output.
+  explicit Console(bool quiet, bool wordsAside = false);
   ~Console();
   Console(const Console&) = delete;
   Console& operator=(const Console&) = delete;
@@ -34,6 +36,7 @@ class Console {
   void showProgress(Clock::time_point now);
 
   const bool quiet;
+  const bool aside;
   const bool progressWanted;
   std::mutex lock;
   int printError = 0;  // the system's, of the first text that was lost

@@ -115,3 +115,10 @@ Json presetsJson(Effect& effect) {
   }
   return all;
 }
+
+Json pluginsJson(const std::vector<InstalledPlugin>& plugins) {
+  Json all = Json::array();
+  for (const InstalledPlugin& plugin : plugins)
+    all.push_back({{"name", plugin.name}, {"file", plugin.path.string()}});
+  return all;
+}

@@ -11,11 +11,13 @@
 
 #include "host/base/failure.h"
 #include "host/base/text.h"
+#include "host/cli/filejson.h"
 #include "host/convert/report.h"
 
 namespace {
 
-constexpr std::array kTexts = {&FileOutcome::report, &FileOutcome::warning, &FileOutcome::failure};
+constexpr std::array kTexts = {&FileOutcome::report, &FileOutcome::warning, &FileOutcome::failure,
+                               &FileOutcome::document};
 
 }  // namespace
 
@@ -31,22 +33,30 @@ std::optional<FileOutcome> outcomeBefore(const Arguments& arguments, const Job& 
   return outcome;
 }
 
-FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
-                      const Progress& progress) {
-  if (const auto known = outcomeBefore(arguments, job)) return *known;
+FileOutcome outcomeFor(const std::filesystem::path& input,
+                       const std::function<void(FileOutcome&)>& work) {
   FileOutcome outcome;
   try {
-    const Conversion done = convert(module, arguments, job, progress);
-    outcome.report = reportOf(done, job);
-    outcome.warning = warningsOf(done, job);
+    work(outcome);
   } catch (const Failure& failure) {
     outcome.failure = failure.what();
   } catch (const std::bad_alloc&) {
-    outcome.failure = job.input.string() + ": not enough memory";
+    outcome.failure = input.string() + ": not enough memory";
   } catch (const std::exception& error) {
-    outcome.failure = job.input.string() + ": " + error.what();
+    outcome.failure = input.string() + ": " + error.what();
   }
   return outcome;
+}
+
+FileOutcome outcomeOf(PluginModule& module, const Arguments& arguments, const Job& job,
+                      const Progress& progress) {
+  if (const auto known = outcomeBefore(arguments, job)) return *known;
+  return outcomeFor(job.input, [&](FileOutcome& outcome) {
+    const Conversion done = convert(module, arguments, job, progress);
+    outcome.report = reportOf(done, job);
+    outcome.warning = warningsOf(done, job);
+    if (arguments.json) outcome.document = documentText(conversionJson(done, job, outcome.warning));
+  });
 }
 
 std::string packed(const FileOutcome& outcome) {

@@ -12,19 +12,34 @@ void tellFindings(const Jobs& jobs, Console& console) {
   for (const std::string& failure : jobs.failures) console.warn(failure);
 }
 
-Reporter::Reporter(std::size_t count, Console& display) : outcomes(count), console(display) {}
+Reporter::Reporter(const Jobs& all, const Arguments& arguments, Console& display)
+    : jobs(all),
+      document(arguments.json),
+      answering(arguments.analyse && !arguments.json),
+      outcomes(all.list.size()),
+      console(display) {}
 
 void Reporter::add(std::size_t index, FileOutcome outcome) {
   const std::lock_guard guard(lock);
   if (outcome.failed()) failed = true;
   outcomes[index] = std::move(outcome);
   console.fileDone();
-  for (; next < outcomes.size() && outcomes[next]; ++next) show(*outcomes[next]);
+  for (; next < outcomes.size() && outcomes[next]; ++next) {
+    show(*outcomes[next]);
+    summary.add(jobs.list[next].input, *outcomes[next]);
+  }
 }
 
 void Reporter::show(const FileOutcome& shown) {
-  if (!shown.report.empty()) console.say(shown.report);
+  if (!shown.report.empty()) answering ? console.print(shown.report) : console.say(shown.report);
   std::istringstream warnings(shown.warning);
   for (std::string line; std::getline(warnings, line);) console.warn(line);
   if (!shown.failure.empty()) console.warn(shown.failure);
+}
+
+void Reporter::finish() {
+  const std::lock_guard guard(lock);
+  const std::string line = summary.line();
+  if (!line.empty()) console.say(line);
+  if (document) console.print(summary.document());
 }

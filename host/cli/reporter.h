@@ -8,6 +8,7 @@
 
 #include "host/cli/console.h"
 #include "host/cli/outcome.h"
+#include "host/cli/summary.h"
 #include "host/convert/jobs.h"
 
 // What was found about the inputs before any is converted.
@@ -16,19 +17,27 @@ void tellFindings(const Jobs& jobs, Console& console);
 // Any thread.
 class Reporter {
  public:
-  Reporter(std::size_t count, Console& console);
+  // jobs: outlives it.
+  Reporter(const Jobs& jobs, const Arguments& arguments, Console& console);
 
   // Outcomes come in any order; each is shown when all before it have been.
   void add(std::size_t index, FileOutcome outcome);
+
+  // After the last one: how many were done, and with --json the document.
+  void finish();
 
   bool allDone() const { return !failed; }
 
  private:
   void show(const FileOutcome& outcome);
 
+  const Jobs& jobs;
+  const bool document;   // is wanted
+  const bool answering;  // reports are what was asked for
   std::mutex lock;
   std::vector<std::optional<FileOutcome>> outcomes;
   std::size_t next = 0;
   bool failed = false;
+  Summary summary;
   Console& console;
 };

@@ -11,9 +11,11 @@
 #include "host/base/temporaryfile.h"
 #include "host/base/text.h"
 #include "host/base/wholefile.h"
+#include "host/cli/analyses.h"
 #include "host/cli/batch.h"
 #include "host/cli/console.h"
 #include "host/cli/dryrun.h"
+#include "host/cli/effectjson.h"
 #include "host/cli/isolation.h"
 #include "host/cli/listening.h"
 #include "host/cli/questions.h"
@@ -76,7 +78,11 @@ ExitStatus runValidator(const Arguments& arguments, Console& console) {
   return sound ? ExitStatus::done : ExitStatus::failed;
 }
 
-void listPlugins(Console& console) {
+void listPlugins(const Arguments& arguments, Console& console) {
+  if (arguments.json) {
+    console.print(documentText({{"plugins", pluginsJson(installedPlugins(pluginFolders()))}}));
+    return;
+  }
   for (const InstalledPlugin& plugin : installedPlugins(pluginFolders()))
     console.print(onOneLine(plugin.name) + "  " + onOneLine(plugin.path.string()));
 }
@@ -116,9 +122,11 @@ void ask(const Arguments& arguments, Console& console) {
 ExitStatus act(const Arguments& arguments, Console& console) {
   if (arguments.validator) return runValidator(arguments, console);
   if (arguments.listPlugins) {
-    listPlugins(console);
+    listPlugins(arguments, console);
     return ExitStatus::done;
   }
+  if (arguments.analyse)
+    return analyseAll(arguments, console) ? ExitStatus::done : ExitStatus::failed;
   if (arguments.inputs.empty() || arguments.editor) {
     ask(arguments, console);
     return ExitStatus::done;
@@ -138,7 +146,7 @@ ExitStatus parseAndAct(const std::vector<std::string>& words) {
       plain.checkPrinted();
       return ExitStatus::done;
     }
-    Console console(parsed.arguments->quiet);
+    Console console(parsed.arguments->quiet, parsed.arguments->json);
     const ExitStatus status = act(*parsed.arguments, console);
     console.checkPrinted();
     return status;

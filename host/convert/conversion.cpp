@@ -58,6 +58,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   done.channels = reader.channels();
   done.sampleRate = reader.sampleRate();
   done.type = *fileTypeOf(job.output);
+  done.inputFormat = reader.libFormat();
   const SoundWriterOptions options = writerOptions(reader, arguments, done.type);
   done.format = options.format;
   if (job.plot) checkTarget(*job.plot, arguments.force);
@@ -78,6 +79,13 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   if (job.plot) analysis.emplace(reader.sampleRate(), done.gain);
   FileOutput output(writer, options.format, done.gain);
   if (done.dithered) output.ditherWith(Dither(options.format, job.input.filename().string()));
+  std::optional<FileFigures> figures;
+  if (arguments.json) {
+    done.setting = settingOf(pass.effect());
+    figures.emplace(reader.sampleRate(), done.gain);
+    output.watch(
+        [&](const double* l, const double* r, int frames) { figures->addAfter(l, r, frames); });
+  }
   if (analysis) {
     output.watch(
         [&](const double* l, const double* r, int frames) { analysis->addAfter(l, r, frames); });
@@ -92,6 +100,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   rendering.watchInput([&](const double* l, const double* r, int frames) {
     if (canNarrow) before.add(l, r, frames);
     if (analysis) analysis->addBefore(l, r, frames);
+    if (figures) figures->addBefore(l, r, frames);
   });
   rendering.watchProgress(part);
   done.framesRead = rendering.process();
@@ -101,6 +110,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   done.optionThatFits = adapter->optionForSide(output.sideRoom());
   done.optionAsWide = adapter->optionForSide(done.sideToMidBefore / done.sideToMid);
   pass.effect().stop();
+  if (figures) done.figures = figures->finish();
 
   // The sound takes its name only when the picture is complete as well, and the other way round.
   std::unique_ptr<TemporaryFile> picture;

@@ -55,7 +55,7 @@ std::int64_t Rendering::process() {
   while ((frames = reader.read(left.data(), right.data(), blockSize)) > 0) {
     checkFinite(left.data(), right.data(), frames, read, reader.sampleRate(),
                 sourceName + ": holds");
-    if (input) input(left.data(), right.data(), frames);
+    for (const Frames& watcher : inputWatchers) watcher(left.data(), right.data(), frames);
     processBlock(frames);
     read += frames;
     countProgress(frames);

@@ -34,7 +34,7 @@ class Rendering {
             bool doublePrecision, std::string name, Frames output);
 
   // Gets what comes in, each block before the effect has it.
-  void watchInput(Frames watcher) { input = std::move(watcher); }
+  void watchInput(Frames watcher) { inputWatchers.push_back(std::move(watcher)); }
   // Gets how many frames came in, now and then.
   void watchProgress(std::function<void(std::int64_t)> watcher) { progress = std::move(watcher); }
 
@@ -49,7 +49,7 @@ class Rendering {
   Effect& effect;
   SoundReader& reader;
   std::string sourceName;
-  Frames input;
+  std::vector<Frames> inputWatchers;
   Frames output;
   std::function<void(std::int64_t)> progress;
   std::unique_ptr<BlockRunner> runner;

@@ -5,9 +5,11 @@
 #include <optional>
 #include <string>
 
+#include "host/convert/filefigures.h"
 #include "host/convert/jobs.h"
 #include "host/plot/plot.h"
 #include "host/sound/soundformat.h"
+#include "host/state/effectsetting.h"
 
 // A file's conversion, in numbers.
 struct Conversion {
@@ -33,6 +35,11 @@ struct Conversion {
   std::string preset;                       // as describeCurrentPreset
   std::optional<std::string> chosenPreset;  // its name, where nobody named one
   std::string values;                       // as describeValues
+
+  // With --json.
+  int inputFormat = 0;  // libsndfile's format word
+  std::optional<WrittenFigures> figures;
+  std::optional<EffectSetting> setting;
 };
 
 // The report's lines, and what there is to warn of, a line for each.

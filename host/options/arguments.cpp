@@ -12,6 +12,7 @@
 #include "host/options/batchoptions.h"
 #include "host/options/completion.h"
 #include "host/options/effectoptions.h"
+#include "host/options/figureoptions.h"
 #include "host/options/fileoptions.h"
 #include "host/options/fitting.h"
 #include "host/options/leveloptions.h"
@@ -67,6 +68,7 @@ class Formatter : public CLI::Formatter {
     return "Usage: widen [OPTIONS] IN... -o OUT\n"
            "       widen [OPTIONS] --info | --list-params | --list-presets | --list-plugins\n"
            "       widen [OPTIONS] --editor [IN]\n"
+           "       widen --analyse [--json] IN...\n"
            "       widen --validate [PLUGIN] [--strictness 1..10] [--seed N] [--check NAME]\n";
   }
 };
@@ -90,16 +92,8 @@ bool onlySavesState(const Arguments& arguments) {
   return saves && arguments.inputs.empty() && !arguments.output && !arguments.dryRun;
 }
 
-void checkDocument(const Arguments& arguments) {
-  if (!arguments.json) return;
-  if (arguments.editor || (!arguments.asksOnly() && onlySavesState(arguments))) {
-    throw UsageFailure("--json goes with sound files, --info, --list-params and --list-presets");
-  }
-}
-
 void checkRules(const Arguments& arguments) {
-  if (arguments.validator) return;  // it has rules of its own
-  checkDocument(arguments);
+  if (arguments.validator || arguments.analyse) return;  // they have rules of their own
   if (arguments.asksOnly()) {
     if (arguments.output) throw UsageFailure("nothing is written here: leave -o out");
     if (arguments.editor && arguments.inputs.size() > 1) {
@@ -136,13 +130,12 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   app.add_flag("-q,--quiet", arguments.quiet, "Say nothing but errors and warnings");
   app.add_option("--completion", shell, "Print what makes bash, zsh or fish complete options")
       ->type_name("SHELL");
-  app.add_flag("--json", arguments.json,
-               "Results as one JSON document; words go to the standard error stream");
   app.add_flag("--version", version, "Show the version");
   addLevelOptions(app, level, arguments);
   addBatchOptions(app, batch, arguments);
   addSoundOptions(app, sound, arguments);
   addEffectOptions(app, effect, arguments);
+  addFigureOptions(app, arguments);
   addValidatorOptions(app, validator);
   letTheLastWin(app);
   try {
@@ -164,6 +157,7 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   takeSoundOptions(app, sound, arguments);
   takeEffectOptions(app, effect, arguments);
   takeValidator(app, validator, arguments);
+  checkFigureOptions(app, arguments);
   checkRules(arguments);
   checkFitting(app, arguments);
   return {arguments, {}};

@@ -43,7 +43,7 @@ struct Arguments {
   std::optional<std::string> type;  // the outputs' extension in a folder, without its dot
   std::optional<double> quality;    // of lossy outputs, 0 to 10
   double gain = 1.0;                // factor
-  std::optional<PeakAim> peakAim;  // in the place of `gain`
+  std::optional<PeakAim> peakAim;   // in the place of `gain`
   bool dither = false;
   TailArgument tail;
   std::optional<std::string> plot;  // file, or folder
@@ -69,6 +69,8 @@ struct Arguments {
   bool listPlugins = false;
   bool editor = false;
   bool asksOnly() const { return info || listParameters || listPresets || listPlugins || editor; }
+
+  bool analyse = false;  // the inputs are looked at, no effect is there
 
   std::optional<ValidatorArguments> validator;  // instead of all that
 

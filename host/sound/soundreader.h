@@ -30,6 +30,7 @@ class SoundReader {
     return info.frames == SF_COUNT_MAX ? std::nullopt : std::optional<std::int64_t>(info.frames);
   }
   SampleFormat format() const { return sampleFormatOf(info.format); }
+  int libFormat() const { return info.format; }  // libsndfile's format word
 
   // Fills left and right (the same for mono) with up to `count` frames and returns how many; fewer
   // only at the end. Integer formats are scaled so that full scale is 1, without a rounding error.

@@ -30,7 +30,7 @@ TEST_F(BatchChoices, ConvertAFolderWithAllThatIsInIt) {
   put("takes/day 1/a.wav");
   put("takes/day 1/b.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
   writeText(in("takes/notes.txt"), "loud");
-  const Outcome outcome = widen({"takes", "-o", "out", "-j", "2"});
+  const Outcome outcome = widen({"takes", "-o", "out", "-j", "2", "--process", "off"});
   EXPECT_EQ(outcome.status, 0) << outcome.error;
   EXPECT_EQ(outcome.error, "");
   for (const char* name : {"out/a.wav", "out/day 1/a.wav", "out/day 1/b.flac"})
@@ -59,7 +59,8 @@ TEST_F(BatchChoices, SkipWhatIsAlreadyThere) {
   put("b.wav");
   std::filesystem::create_directory(in("out"));
   writeText(in("out/a.wav"), "precious");
-  const Outcome outcome = widen({"a.wav", "b.wav", "-o", "out", "--skip-existing"});
+  const Outcome outcome =
+      widen({"a.wav", "b.wav", "-o", "out", "--skip-existing", "--process", "off"});
   EXPECT_EQ(outcome.status, 0) << outcome.error;
   EXPECT_EQ(outcome.error, "");
   EXPECT_THAT(outcome.out, testing::StartsWith("a.wav: skipped, out/a.wav is already there\n"));
@@ -85,8 +86,8 @@ TEST_F(BatchChoices, GoOnAfterFilesAndFoldersThatCannotBeDone) {
   put("b.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
   put("z.wav");
   std::filesystem::create_directory(in("empty"));
-  const Outcome outcome =
-      widen({"a.wav", "missing.wav", "b.flac", "empty", "z.wav", "-o", "out", "--format", "float"});
+  const Outcome outcome = widen({"a.wav", "missing.wav", "b.flac", "empty", "z.wav", "-o", "out",
+                                 "--format", "float", "--process", "off"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.error, HasSubstr("missing.wav: no such file"));
   EXPECT_THAT(outcome.error, HasSubstr("out/b.flac: FLAC cannot hold float samples"));

@@ -78,6 +78,15 @@ TEST_F(EffectDocuments, HoldWhatAnEffectDoesNotSayAsNull) {
   EXPECT_EQ(all.at("presets"), Json::array());
 }
 
+TEST_F(EffectDocuments, ListInstalledPlugIns) {
+  std::filesystem::create_directory(in("plugins"));
+  std::filesystem::copy_file(plugin("echo"), in("plugins/echo.so"));
+  Surroundings place;
+  place.environment["VST_PATH"] = in("plugins").string();
+  const Json plugins = Json::parse(widen({"--list-plugins", "--json"}, place).out).at("plugins");
+  EXPECT_EQ(plugins.at(0), Json({{"name", "echo"}, {"file", in("plugins/echo.so").string()}}));
+}
+
 TEST_F(EffectDocuments, AreRefusedWhereNothingIsAsked) {
   for (const std::vector<std::string>& words :
        std::vector<std::vector<std::string>>{{"--save-state", "s"}, {"--editor"}}) {

@@ -118,7 +118,7 @@ TEST_F(Conversions, RefuseARateThatAnEncoderHasNot) {
 TEST_F(Conversions, EncodeAFolderIntoTheTypeThatIsAsked) {
   writeSound(in("a.wav"), noise(100, 2, 1), kFloatWav);
   writeSound(in("b.flac"), noise(100, 2, 2), SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
-  EXPECT_EQ(widen({"a.wav", "b.flac", "-o", "out", "--type", "CAF", "-q"}).error, "");
+  EXPECT_EQ(widen({"a.wav", "b.flac", "-o", "out", "--type", "CAF", "--process", "off"}).error, "");
   EXPECT_EQ(libFormatOf(in("out") / "a.caf"), SF_FORMAT_CAF | SF_FORMAT_FLOAT);
   EXPECT_EQ(libFormatOf(in("out") / "b.caf"), SF_FORMAT_CAF | SF_FORMAT_PCM_16);
 }

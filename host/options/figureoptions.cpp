@@ -1,0 +1,47 @@
+// The part of the command line about figures.
+#include "host/options/figureoptions.h"
+
+#include <set>
+#include <string>
+
+namespace {
+
+// No effect is there that other options could be for, and nothing is written.
+const std::set<std::string> kForAnalysis = {"IN", "--analyse", "--json", "--quiet", "--jobs"};
+
+void checkAnalysis(const CLI::App& app, const Arguments& arguments) {
+  for (const CLI::Option* option : app.get_options()) {
+    const std::string name = option->get_name();
+    if (option->count() != 0 && !kForAnalysis.contains(name))
+      throw UsageFailure("--analyse goes without " + name);
+  }
+  if (arguments.inputs.empty()) throw UsageFailure("no sound file named");
+}
+
+}  // namespace
+
+void addFigureOptions(CLI::App& app, Arguments& arguments) {
+  const std::string figures = "Figures";
+  app.add_flag("--analyse", arguments.analyse,
+               "Show levels, loudness and correlation of IN; write nothing")
+      ->group(figures);
+  app.add_flag("--json", arguments.json,
+               "Results as one JSON document; words go to the standard error stream")
+      ->group(figures);
+}
+
+void checkFigureOptions(const CLI::App& app, const Arguments& arguments) {
+  if (arguments.validator) return;  // it has rules of its own
+  if (arguments.analyse) {
+    checkAnalysis(app, arguments);
+  } else if (arguments.json) {
+    const bool asks = arguments.info || arguments.listParameters || arguments.listPresets ||
+                      arguments.listPlugins;
+    const bool converts = !arguments.asksOnly() && !arguments.inputs.empty();
+    if (arguments.editor || !(asks || converts)) {
+      throw UsageFailure("--json goes with sound files, --info and the lists");
+    }
+    if (converts && arguments.output == "-")
+      throw UsageFailure("--json and -o - both want the standard output");
+  }
+}
