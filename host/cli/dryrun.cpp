@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "host/base/failure.h"
+#include "host/base/standardstreams.h"
 #include "host/base/temporaryfile.h"
 #include "host/base/text.h"
 #include "host/cli/outcome.h"
@@ -38,10 +39,12 @@ std::string planOf(const Arguments& arguments, const Job& job) {
     return known->report;
   }
   std::error_code error;
-  if (!isThere(job.input) || fs::is_regular_file(job.input, error)) SoundReader reader(job.input);
+  const bool isStream = isStandardStream(job.input);  // those are read once
+  if (!isStream && (!isThere(job.input) || fs::is_regular_file(job.input, error)))
+    SoundReader reader(job.input, {arguments.salvage});
   checkTarget(job.output, arguments.force);
   if (job.plot) checkTarget(*job.plot, arguments.force);
-  std::string text = job.input.string() + " -> " + job.output.string();
+  std::string text = shownInput(job.input).string() + " -> " + shownOutput(job.output).string();
   if (isThere(job.output)) text += ", replaced";
   if (job.plot) text += ", picture " + job.plot->string();
   return onOneLine(text);

@@ -14,6 +14,7 @@
 #include "host/base/failure.h"
 #include "host/base/interruption.h"
 #include "host/base/partfile.h"
+#include "host/base/standardstreams.h"
 #include "host/cli/childprocess.h"
 #include "host/cli/outcome.h"
 #include "host/vst/pluginmodule.h"
@@ -81,7 +82,8 @@ void take(const std::vector<std::string>& messages, Running& from, Console& cons
 FileOutcome outcomeOfEnded(const Running& running, const Job& job) {
   if (running.outcome) return *running.outcome;
   FileOutcome outcome;
-  outcome.failure = job.input.string() + ": the effect's process " + running.process->ending();
+  outcome.failure =
+      shownInput(job.input).string() + ": the effect's process " + running.process->ending();
   return outcome;
 }
 
@@ -136,7 +138,7 @@ void convertIsolated(const std::filesystem::path& plugin, const Arguments& argum
                          {}});
     } catch (const Failure& failure) {
       FileOutcome outcome;
-      outcome.failure = job.input.string() + ": " + failure.what();
+      outcome.failure = shownInput(job.input).string() + ": " + failure.what();
       reporter.add(index, std::move(outcome));
     }
   };

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "host/base/failure.h"
+#include "host/base/standardstreams.h"
 #include "host/base/text.h"
 #include "host/cli/filejson.h"
 #include "host/convert/report.h"
@@ -41,9 +42,9 @@ FileOutcome outcomeFor(const std::filesystem::path& input,
   } catch (const Failure& failure) {
     outcome.failure = failure.what();
   } catch (const std::bad_alloc&) {
-    outcome.failure = input.string() + ": not enough memory";
+    outcome.failure = shownInput(input).string() + ": not enough memory";
   } catch (const std::exception& error) {
-    outcome.failure = input.string() + ": " + error.what();
+    outcome.failure = shownInput(input).string() + ": " + error.what();
   }
   return outcome;
 }

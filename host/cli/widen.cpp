@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/base/interruption.h"
+#include "host/base/standardstreams.h"
 #include "host/base/temporaryfile.h"
 #include "host/base/text.h"
 #include "host/base/wholefile.h"
@@ -112,7 +113,11 @@ bool tryAndConvert(const Arguments& arguments, const Jobs& jobs, Console& consol
 
 void ask(const Arguments& arguments, Console& console) {
   std::optional<Loop> loop;
-  if (!arguments.inputs.empty()) loop.emplace(arguments.inputs.front());
+  if (!arguments.inputs.empty()) {
+    loop.emplace(arguments.inputs.front(), arguments.salvage);
+    if (!loop->damage().empty())
+      console.warn(shownInput(arguments.inputs.front()).string() + ": " + loop->damage());
+  }
   PluginModule module(pluginFor(arguments));
   std::optional<OrderlyEnd> end;
   if (arguments.editor) end.emplace();

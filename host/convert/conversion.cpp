@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 
+#include "host/base/standardstreams.h"
 #include "host/convert/fileoutput.h"
 #include "host/convert/level.h"
 #include "host/convert/pass.h"
@@ -53,7 +54,7 @@ double gainFor(PluginModule& module, const Arguments& arguments, SoundReader& re
 
 Conversion convert(PluginModule& module, const Arguments& arguments, const Job& job,
                    const Progress& progress) {
-  SoundReader reader(job.input);
+  SoundReader reader(job.input, {arguments.salvage});
   Conversion done;
   done.channels = reader.channels();
   done.sampleRate = reader.sampleRate();
@@ -64,7 +65,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   if (job.plot) checkTarget(*job.plot, arguments.force);
   SoundWriter writer(job.output, options);
 
-  const std::string name = job.input.string();
+  const std::string name = shownInput(job.input).string();
   const int passes = arguments.peakAim ? 2 : 1;
   const auto part = [&](std::int64_t frames) { progress(frames / passes); };
   done.gain = gainFor(module, arguments, reader, name, options.format, part);
@@ -104,6 +105,7 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   });
   rendering.watchProgress(part);
   done.framesRead = rendering.process();
+  done.damage = reader.damage();
   done.sideToMidBefore = before.sideToMid();
   done.sideToMid = after.sideToMid();
   const auto adapter = adapterFor(pass.effect());

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include "host/base/standardstreams.h"
 #include "host/base/text.h"
 #include "host/measure/imagewidth.h"
 
@@ -33,7 +34,7 @@ std::string clippingWarning(const Conversion& done, const Job& job) {
   if (done.clippedSamples == 0) return {};
   // Rounded away from full scale, so that the advice holds.
   const double advised = std::floor(-20.0 * std::log10(done.peak / done.gain) * 10.0) / 10.0;
-  std::string text = job.output.string() + ": peak " + decibelText(done.peak) +
+  std::string text = shownOutput(job.output).string() + ": peak " + decibelText(done.peak) +
                      " dBFS is beyond full scale, " + std::to_string(done.clippedSamples) +
                      (done.clippedSamples == 1 ? " sample" : " samples") + " clipped";
   if (done.clippedFold > 0.0)
@@ -46,11 +47,19 @@ std::string clippingWarning(const Conversion& done, const Job& job) {
 
 std::string narrowingWarning(const Conversion& done, const Job& job) {
   if (!isNarrower(done.sideToMid, done.sideToMidBefore)) return {};
-  std::string text = job.output.string() + ": is narrower than the input: side to mid ";
+  std::string text =
+      shownOutput(job.output).string() + ": is narrower than the input: side to mid ";
   text += done.sideToMid > 0.0 ? decibelText(done.sideToMid) + " dB" : "nothing (mono)";
   text += ", before " + decibelText(done.sideToMidBefore) + " dB";
   if (!done.optionAsWide.empty()) text += "; as wide is " + advice(done, done.optionAsWide);
   return text;
+}
+
+std::string damageWarning(const Conversion& done, const Job& job) {
+  if (done.damage.empty()) return {};
+  return shownInput(job.input).string() + ": " + done.damage + "; kept " +
+         std::to_string(done.framesRead) + " frames (" +
+         durationText(done.framesRead, done.sampleRate) + ")";
 }
 
 }  // namespace
@@ -59,14 +68,15 @@ std::string reportOf(const Conversion& done, const Job& job) {
   const auto lengthText = [&](std::int64_t frames) {
     return durationText(frames, done.sampleRate);
   };
-  std::string text = onOneLine(job.input.string()) + ": " + channelText(done.channels) + ", " +
-                     std::to_string(done.sampleRate) + " Hz, " + std::to_string(done.framesRead) +
-                     " frames (" + lengthText(done.framesRead) + ")";
+  std::string text = onOneLine(shownInput(job.input).string()) + ": " + channelText(done.channels) +
+                     ", " + std::to_string(done.sampleRate) + " Hz, " +
+                     std::to_string(done.framesRead) + " frames (" + lengthText(done.framesRead) +
+                     ")";
   if (!done.preset.empty()) text += ", " + done.preset;
   if (done.chosenPreset) text += " (chosen since none was named)";
   if (!done.values.empty()) text += ": " + done.values;
-  text += "\n  -> " + onOneLine(job.output.string()) + ": " + textOf(done.format) + " " +
-          textOf(done.type);
+  text += "\n  -> " + onOneLine(shownOutput(job.output).string()) + ": " + textOf(done.format) +
+          " " + textOf(done.type);
   if (done.framesWritten != done.framesRead) {
     text += ", " + std::to_string(done.framesWritten) + " frames (" +
             lengthText(done.framesWritten) + ")";
@@ -81,7 +91,8 @@ std::string reportOf(const Conversion& done, const Job& job) {
 
 std::string warningsOf(const Conversion& done, const Job& job) {
   std::string lines;
-  for (const std::string& text : {clippingWarning(done, job), narrowingWarning(done, job)}) {
+  for (const std::string& text :
+       {damageWarning(done, job), clippingWarning(done, job), narrowingWarning(done, job)}) {
     if (!text.empty()) lines += (lines.empty() ? "" : "\n") + onOneLine(text);
   }
   return lines;
@@ -92,5 +103,5 @@ PlotCaption captionOf(const Conversion& done, const Job& job) {
                         " Hz, " + durationText(done.framesRead, done.sampleRate);
   if (!done.preset.empty()) details += "   |   " + done.preset;
   if (!done.values.empty()) details += "   |   " + done.values;
-  return {job.input.filename().string(), details};
+  return {shownInput(job.input).filename().string(), details};
 }

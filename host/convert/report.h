@@ -23,6 +23,7 @@ struct Conversion {
   double peak = 0.0;  // before clipping, 1 is full scale
   std::int64_t clippedSamples = 0;
   double clippedFold = 0.0;  // largest |(L+R)/2| that was lost by clipping
+  std::string damage;        // of a salvaged input, as SoundReader::damage
   bool dithered = false;
   bool doublePrecision = false;
   // The side against the mid, factors; 0 for a mono input.

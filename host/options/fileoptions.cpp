@@ -19,7 +19,8 @@ double parseQuality(const std::string& text) {
 }  // namespace
 
 void addFileOptions(CLI::App& app, FileWords& words, Arguments& arguments) {
-  app.add_option("IN", arguments.inputs, "Sound files, mono or stereo, and folders of them")
+  app.add_option("IN", arguments.inputs,
+                 "Sound files, mono or stereo, and folders of them; -: standard input")
       ->type_name("");
   app.add_option("-o,--output", words.output, "Output file or folder; the extension tells the type")
       ->type_name("OUT");
@@ -32,6 +33,8 @@ void addFileOptions(CLI::App& app, FileWords& words, Arguments& arguments) {
       ->type_name("FORMAT");
   app.add_option("--quality", words.quality, "Of .ogg, .opus and .mp3: 0 to 10; default: 8")
       ->type_name("N");
+  app.add_flag("--salvage", arguments.salvage,
+               "Keep what can be read of a damaged input, and say how much it is");
   app.add_option("--tail", words.tail,
                  "Let the effect ring out: 2s, 250ms, or auto (until it is silent)")
       ->type_name("TIME");

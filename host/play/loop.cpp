@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "host/base/failure.h"
+#include "host/base/standardstreams.h"
 #include "host/sound/finitesound.h"
 
 namespace {
@@ -12,11 +13,12 @@ constexpr int kPiece = 16384;  // frames read at once
 
 }  // namespace
 
-Loop::Loop(const std::filesystem::path& file) {
-  SoundReader reader(file);
+Loop::Loop(const std::filesystem::path& file, bool salvage) {
+  SoundReader reader(file, {salvage});
   rate = reader.sampleRate();
-  readAll(reader, file);
-  if (left.empty()) throw Failure(file.string() + ": holds no sound (0 frames)");
+  readAll(reader, shownInput(file));
+  found = reader.damage();
+  if (left.empty()) throw Failure(shownInput(file).string() + ": holds no sound (0 frames)");
 }
 
 void Loop::readAll(SoundReader& reader, const std::filesystem::path& file) {

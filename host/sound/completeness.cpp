@@ -14,24 +14,11 @@
 
 namespace {
 
-// What a writer names that cannot go back and does not know the length: the most that a size can be
-// or nearly so, less a header or a part of a block. Four bytes are seen at 2^31 or 2^32, and in
-// AIFF at 0x7F000000.
-bool leftOpen(std::uint64_t size, std::size_t fieldBytes) {
-  if (fieldBytes == 8) return size >= std::uint64_t{1} << 62;
-  constexpr std::uint64_t kNear = 0x10000;
-  constexpr std::array<std::uint64_t, 3> kOpen = {0x7F000000, 0x80000000, 0x100000000};
-  return std::any_of(kOpen.begin(), kOpen.end(), [size](std::uint64_t open) {
-    return size + kNear >= open && size <= open + kNear;
-  });
-}
-
 std::string shortfall(const FileBytes& file, std::int64_t begin, std::uint64_t named,
                       std::size_t fieldBytes) {
   const auto there = static_cast<std::uint64_t>(std::max<std::int64_t>(file.size - begin, 0));
-  if (named <= there || leftOpen(named, fieldBytes)) return {};
-  return "is cut short: its header names " + std::to_string(named) + " bytes of sound, " +
-         std::to_string(there) + " are there";
+  if (isLeftOpen(named, fieldBytes)) return {};
+  return shortfallText(named, there);
 }
 
 std::string shortfallInChunks(const FileBytes& file, ChunkWalk chunks) {
@@ -81,6 +68,23 @@ std::string damageInOgg(const FileBytes& file) {
 }
 
 }  // namespace
+
+// The most that a size can be or nearly so, less a header or a part of a block. Four bytes are seen
+// at 2^31 or 2^32, and in AIFF at 0x7F000000.
+bool isLeftOpen(std::uint64_t size, std::size_t sizeBytes) {
+  if (sizeBytes == 8) return size >= std::uint64_t{1} << 62;
+  constexpr std::uint64_t kNear = 0x10000;
+  constexpr std::array<std::uint64_t, 3> kOpen = {0x7F000000, 0x80000000, 0x100000000};
+  return std::any_of(kOpen.begin(), kOpen.end(), [size](std::uint64_t open) {
+    return size + kNear >= open && size <= open + kNear;
+  });
+}
+
+std::string shortfallText(std::uint64_t named, std::uint64_t there) {
+  if (named <= there) return {};
+  return "is cut short: its header names " + std::to_string(named) + " bytes of sound, " +
+         std::to_string(there) + " are there";
+}
 
 std::string damageOf(int descriptor) {
   const FileBytes file(descriptor);

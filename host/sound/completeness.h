@@ -1,6 +1,8 @@
 // Whether a sound file is whole, as far as the file says itself.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 // The library corrects what a header names by what is there, so that a file that was cut looks like
@@ -13,3 +15,9 @@
 // file's name; nothing where all is well, and where the file does not say: other types, and lengths
 // that a writer into a pipe left open.
 std::string damageOf(int descriptor);
+
+// Whether a size is what a writer names that cannot go back and does not know the length.
+// sizeBytes: of the size itself, in the header.
+bool isLeftOpen(std::uint64_t size, std::size_t sizeBytes);
+// Empty where as many bytes of sound are there as the header names, or more.
+std::string shortfallText(std::uint64_t named, std::uint64_t there);

@@ -5,10 +5,12 @@
 
 #include <system_error>
 
+#include "host/base/standardstreams.h"
 #include "host/sound/soundfilehandle.h"
 
 std::int64_t statedFrames(const std::filesystem::path& file) {
   std::error_code error;
+  if (isStandardStream(file)) return 0;
   if (!std::filesystem::is_regular_file(file, error)) return 0;  // a pipe can be read once
   SF_INFO info{};
   const SoundFileHandle opened(sf_open(file.c_str(), SFM_READ, &info));

@@ -16,12 +16,17 @@
 #include "host/sound/soundformat.h"
 #include "host/sound/storedsamples.h"
 
+struct SoundReaderOptions {
+  bool salvage = false;    // of a damaged file what can be read, in place of a failure
+  bool asItComes = false;  // a WAV from a pipe, which is then read once
+};
+
 // Any thread, one thread a reader. Memory does not grow with the file.
 class SoundReader {
  public:
-  // Throws Failure: no such file, not a sound file, shorter than it says, no frames, more
-  // than two channels.
-  explicit SoundReader(const std::filesystem::path& file);
+  // file: "-" is the standard input. Throws Failure: no such file, not a sound file, shorter than
+  // it says, no frames, more than two channels.
+  explicit SoundReader(const std::filesystem::path& file, const SoundReaderOptions& options = {});
 
   int channels() const { return static_cast<int>(info.channels); }
   int sampleRate() const { return info.samplerate; }  // Hz
@@ -29,6 +34,8 @@ class SoundReader {
   std::optional<std::int64_t> frames() const {
     return info.frames == SF_COUNT_MAX ? std::nullopt : std::optional<std::int64_t>(info.frames);
   }
+  // The same, where it is sure that so many come or reading fails.
+  std::optional<std::int64_t> certainFrames() const;
   SampleFormat format() const { return sampleFormatOf(info.format); }
   int libFormat() const { return info.format; }  // libsndfile's format word
 
@@ -42,19 +49,31 @@ class SoundReader {
   // more.
   void rewind();
 
+  // What is wrong with a salvaged file, once all is read; to be put after its name. Empty: nothing.
+  const std::string& damage() const { return found; }
+
   // Title, artist and the like: libsndfile's string types with their texts.
   const std::vector<std::pair<int, std::string>>& texts() const { return tags; }
 
  private:
   void openFile();
   bool refill();
-  void checkDamage(sf_count_t frames) const;
+  void checkDamage(sf_count_t frames);
+  void tell(const std::string& damage);
+  void tellMissing(std::int64_t reached);
+  bool leapOverDamage();
 
+  SoundReaderOptions options;
   std::filesystem::path path;
   InputFile input;
   SF_INFO info{};
   SoundFileHandle file;
   std::vector<std::pair<int, std::string>> tags;
-  std::int64_t framesRead = 0;
+  std::string found;            // damage
+  bool broken = false;          // the decoder gave up, with frames to come
+  bool over = false;            // nothing more can be read
+  std::int64_t framesRead = 0;  // with silent ones
+  std::int64_t silent = 0;      // frames to hand out in place of damaged ones
+  std::int64_t lost = 0;        // such frames so far
   std::optional<StoredInput> buffer;
 };

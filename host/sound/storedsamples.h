@@ -20,6 +20,7 @@ class StoredInput {
   // info: of the file, of one or two channels. frames: that it takes at a time.
   StoredInput(const SF_INFO& info, std::size_t frames);
 
+  std::size_t room() const { return capacity; }  // frames that it takes at a time
   // Takes the next frames in, when none is left. Returns how many the library gave, which may be
   // negative.
   sf_count_t readFrom(SNDFILE* file);

@@ -23,11 +23,12 @@ using testing::HasSubstr;
 class InputFiles : public ProgramTest {
  protected:
   Outcome widenStandardInput(const std::string& from, std::vector<std::string> words,
-                             const std::string& folderForPipes = "") {
+                             const std::string& folderForPipes = "",
+                             const std::string& name = "/dev/stdin") {
     Surroundings fed;
     fed.standardInput = pipeFrom(in(from));
     if (!folderForPipes.empty()) fed.environment["TMPDIR"] = folderForPipes;
-    words.insert(words.begin(), "/dev/stdin");
+    words.insert(words.begin(), name);
     return widen(words, fed);
   }
 
@@ -68,6 +69,35 @@ TEST_F(InputFiles, ReadStandardInputAsTheFileThatFeedsIt) {
     EXPECT_THAT(outcome.out, HasSubstr("/dev/stdin: stereo, 44100 Hz, 200000 frames")) << name;
     EXPECT_EQ(textOf(in("out.wav")), textOf(in("expected.wav"))) << name;
   }
+}
+
+TEST_F(InputFiles, ReadStandardInputUnderItsShortName) {
+  writeSound(in("a.wav"), noise(kFrames, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  ASSERT_EQ(widen({"a.wav", "-o", "expected.wav", "--plot", "p.png"}).status, 0);
+  const Outcome piped = widenStandardInput("a.wav", {"-o", "out.wav"}, "", "-");
+  EXPECT_EQ(piped.status, 0) << piped.error;
+  EXPECT_THAT(piped.out, HasSubstr("standard input: stereo, 44100 Hz, 200000 frames"));
+  EXPECT_EQ(textOf(in("out.wav")), textOf(in("expected.wav")));
+  Surroundings redirected;
+  redirected.standardInput = open(in("a.wav").c_str(), O_RDONLY);
+  ASSERT_EQ(widen({"-", "-o", "file.wav"}, redirected).status, 0) << "a file, not a pipe";
+  close(redirected.standardInput);
+  EXPECT_EQ(textOf(in("file.wav")), textOf(in("expected.wav")));
+  std::filesystem::rename(in("a.wav"), in("-"));
+  EXPECT_EQ(widen({"./-", "-o", "dash.wav"}).status, 0);
+  EXPECT_EQ(textOf(in("dash.wav")), textOf(in("expected.wav")));
+}
+
+TEST_F(InputFiles, RefuseStandardInputsThatBringNothing) {
+  writeText(in("empty"), "");
+  expectRefusal(widenStandardInput("empty", {"-o", "out.wav"}, "", "-"), 1,
+                "standard input: is empty");
+  Surroundings terminal;
+  terminal.standardInput = posix_openpt(O_RDWR | O_NOCTTY);
+  if (terminal.standardInput < 0) GTEST_SKIP() << "needs a terminal";
+  expectRefusal(widen({"-", "-o", "out.wav"}, terminal), 1, "the standard input is a terminal");
+  close(terminal.standardInput);
+  EXPECT_THAT(names(), ElementsAre("empty"));
 }
 
 TEST_F(InputFiles, ReadNamedPipesAmongFiles) {
