@@ -21,7 +21,7 @@ void FileOutput::take(const double* left, const double* right, int frames) {
       for (double& sample : *channel) sample *= gain;
     }
   }
-  if (integerBits(format) != 0) measureRoom(frames);
+  if (endsAtFullScale(format)) measureRoom(frames);
   if (dither) dither->add(outLeft.data(), outRight.data(), frames);
   writer.write(outLeft.data(), outRight.data(), frames);
   if (watchers.empty()) return;
