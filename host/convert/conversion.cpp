@@ -32,7 +32,7 @@ SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arg
   }
   options.quality = arguments.quality.value_or(SoundWriterOptions::kUsualQuality);
   options.replace = arguments.force;
-  options.texts = reader.texts();
+  options.metadata = reader.metadata();
   return options;
 }
 
@@ -123,5 +123,6 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   done.peak = writer.peak();
   done.clippedSamples = writer.clippedSamples();
   done.clippedFold = writer.clippedFold();
+  done.notKept = writer.notKept();
   return done;
 }

@@ -62,6 +62,13 @@ std::string damageWarning(const Conversion& done, const Job& job) {
          durationText(done.framesRead, done.sampleRate) + ")";
 }
 
+std::string notKeptWarning(const Conversion& done, const Job& job) {
+  std::string text;
+  for (const std::string& name : done.notKept) text += (text.empty() ? "" : ", ") + name;
+  if (text.empty()) return text;
+  return shownOutput(job.output).string() + ": " + textOf(done.type) + " cannot keep " + text;
+}
+
 }  // namespace
 
 std::string reportOf(const Conversion& done, const Job& job) {
@@ -91,8 +98,8 @@ std::string reportOf(const Conversion& done, const Job& job) {
 
 std::string warningsOf(const Conversion& done, const Job& job) {
   std::string lines;
-  for (const std::string& text :
-       {damageWarning(done, job), clippingWarning(done, job), narrowingWarning(done, job)}) {
+  for (const std::string& text : {damageWarning(done, job), clippingWarning(done, job),
+                                  narrowingWarning(done, job), notKeptWarning(done, job)}) {
     if (!text.empty()) lines += (lines.empty() ? "" : "\n") + onOneLine(text);
   }
   return lines;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/convert/filefigures.h"
 #include "host/convert/jobs.h"
@@ -22,8 +23,9 @@ struct Conversion {
   double gain = 1.0;  // factor
   double peak = 0.0;  // before clipping, 1 is full scale
   std::int64_t clippedSamples = 0;
-  double clippedFold = 0.0;  // largest |(L+R)/2| that was lost by clipping
-  std::string damage;        // of a salvaged input, as SoundReader::damage
+  double clippedFold = 0.0;          // largest |(L+R)/2| that was lost by clipping
+  std::vector<std::string> notKept;  // of what the input said beside its sound
+  std::string damage;                // of a salvaged input, as SoundReader::damage
   bool dithered = false;
   bool doublePrecision = false;
   // The side against the mid, factors; 0 for a mono input.

@@ -41,16 +41,6 @@ bool countsFrames(const SF_INFO& info) {
          type != SF_FORMAT_PAF;
 }
 
-std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
-  std::vector<std::pair<int, std::string>> texts;
-  for (const int type : {SF_STR_TITLE, SF_STR_COPYRIGHT, SF_STR_ARTIST, SF_STR_COMMENT, SF_STR_DATE,
-                         SF_STR_ALBUM, SF_STR_LICENSE, SF_STR_TRACKNUMBER, SF_STR_GENRE}) {
-    const char* text = sf_get_string(file, type);
-    if (text != nullptr && *text != 0) texts.emplace_back(type, text);
-  }
-  return texts;
-}
-
 }  // namespace
 
 // A file that is opened by its name may also be of a type that only the name shows.
@@ -71,6 +61,7 @@ void SoundReader::openFile() {
     throw Failure(path.string() + ": not a sound file (" + text + ")");
   }
   if (input.stream() != nullptr && input.stream()->isOpen()) info.frames = SF_COUNT_MAX;
+  data = readMetadata(file.get(), input.descriptor());
 }
 
 SoundReader::SoundReader(const std::filesystem::path& from, const SoundReaderOptions& asked)
@@ -85,7 +76,6 @@ SoundReader::SoundReader(const std::filesystem::path& from, const SoundReaderOpt
   }
   if (info.samplerate < 1) throw Failure(path.string() + ": names no sample rate");
   if (info.frames < 1) throw Failure(path.string() + ": holds no sound (0 frames)");
-  tags = textsOf(file.get());
   buffer.emplace(info, input.stream() != nullptr ? kStreamFrames : kBufferFrames);
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "host/sound/inputfile.h"
+#include "host/sound/metadata.h"
 #include "host/sound/soundfilehandle.h"
 #include "host/sound/soundformat.h"
 #include "host/sound/storedsamples.h"
@@ -52,8 +53,9 @@ class SoundReader {
   // What is wrong with a salvaged file, once all is read; to be put after its name. Empty: nothing.
   const std::string& damage() const { return found; }
 
-  // Title, artist and the like: libsndfile's string types with their texts.
-  const std::vector<std::pair<int, std::string>>& texts() const { return tags; }
+  // What the file says beside its sound.
+  const Metadata& metadata() const { return data; }
+  const std::vector<std::pair<int, std::string>>& texts() const { return data.texts; }
 
  private:
   void openFile();
@@ -68,7 +70,7 @@ class SoundReader {
   InputFile input;
   SF_INFO info{};
   SoundFileHandle file;
-  std::vector<std::pair<int, std::string>> tags;
+  Metadata data;
   std::string found;            // damage
   bool broken = false;          // the decoder gave up, with frames to come
   bool over = false;            // nothing more can be read

@@ -11,6 +11,9 @@
 #include "host/base/failure.h"
 #include "host/base/writeall.h"
 #include "host/sound/blockarithmetic.h"
+#include "host/sound/id3tag.h"
+#include "host/sound/metadataloss.h"
+#include "host/sound/metadatawriting.h"
 #include "host/sound/oggpages.h"
 
 namespace {
@@ -25,6 +28,7 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
       format(options.format),
       temporary(target, options.replace),
       sink{temporary.descriptor()},
+      metadata(options.metadata),
       samples(options.format, kBufferFrames) {
   const std::string rate = refusedRate(fileType, options.sampleRate);
   if (!rate.empty()) fail(rate);
@@ -39,6 +43,12 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
     fail(textOf(options.type) + " cannot hold " + textOf(options.format) + " samples at " +
          std::to_string(options.sampleRate) + " Hz");
   }
+  if (fileType == FileType::mp3) {
+    const std::string tag = id3Tag(metadata.texts);
+    sink.error = writeAll(sink.descriptor, tag.data(), tag.size());
+    if (sink.error != 0) fail("");
+    sink.begin = static_cast<sf_count_t>(tag.size());
+  }
   SF_VIRTUAL_IO io = writingTo();
   file.reset(sf_open_virtual(&io, SFM_WRITE, &info, &sink));
   if (!file) fail(sf_strerror(nullptr));
@@ -49,7 +59,7 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
   if (fileType == FileType::wav && (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_RF64) {
     sf_command(file.get(), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
   }
-  for (const auto& [type, text] : options.texts) sf_set_string(file.get(), type, text.c_str());
+  if (fileType != FileType::mp3) writeMetadata(file.get(), fileType, metadata);
 }
 
 // Vorbis has the scale itself, MP3 turned round, and Opus knows kbit/s only, in the library as one
@@ -73,11 +83,14 @@ void SoundWriter::setQuality(double quality) {
 SF_VIRTUAL_IO SoundWriter::writingTo() {
   SF_VIRTUAL_IO io{};
   io.get_filelen = [](void* to) -> sf_count_t {
+    const Sink& output = *static_cast<Sink*>(to);
     struct stat status {};
-    return fstat(static_cast<Sink*>(to)->descriptor, &status) == 0 ? status.st_size : -1;
+    return fstat(output.descriptor, &status) == 0 ? status.st_size - output.begin : -1;
   };
   io.seek = [](sf_count_t offset, int whence, void* to) -> sf_count_t {
-    return lseek(static_cast<Sink*>(to)->descriptor, offset, whence);
+    const Sink& output = *static_cast<Sink*>(to);
+    const sf_count_t from = whence == SEEK_SET ? output.begin : 0;
+    return lseek(output.descriptor, from + offset, whence) - output.begin;
   };
   io.read = [](void* bytes, sf_count_t count, void* to) -> sf_count_t {
     return read(static_cast<Sink*>(to)->descriptor, bytes, static_cast<std::size_t>(count));
@@ -89,7 +102,8 @@ SF_VIRTUAL_IO SoundWriter::writingTo() {
     return output.error == 0 ? count : 0;
   };
   io.tell = [](void* to) -> sf_count_t {
-    return lseek(static_cast<Sink*>(to)->descriptor, 0, SEEK_CUR);
+    const Sink& output = *static_cast<Sink*>(to);
+    return lseek(output.descriptor, 0, SEEK_CUR) - output.begin;
   };
   return io;
 }
@@ -135,5 +149,23 @@ void SoundWriter::finish() {
     sink.error = numberStreamByContents(sink.descriptor);
   }
   if (error != SF_ERR_NO_ERROR || sink.error != 0) fail(sf_error_number(error));
+  findLost();
   temporary.keep();
+}
+
+// The finished file has the last word, whatever the library said. But the decoder of MP3 writes
+// lines of its own about short files, and its tag is ours.
+void SoundWriter::findLost() {
+  if (metadata.empty()) return;
+  Metadata there;
+  if (fileType == FileType::mp3) {
+    there.texts = metadata.texts;
+  } else {
+    SF_INFO info{};
+    lseek(sink.descriptor, 0, SEEK_SET);
+    SF_VIRTUAL_IO io = writingTo();  // it reads as well
+    const SoundFileHandle back(sf_open_virtual(&io, SFM_READ, &info, &sink));
+    if (back) there = readMetadata(back.get(), sink.descriptor);
+  }
+  lost = ::notKept(metadata, there, fileType);
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "host/base/temporaryfile.h"
+#include "host/sound/metadata.h"
 #include "host/sound/soundfilehandle.h"
 #include "host/sound/soundformat.h"
 #include "host/sound/storedsamples.h"
@@ -25,7 +26,7 @@ struct SoundWriterOptions {
   std::optional<std::int64_t> frames;  // as many as can come, to choose a file type that holds them
   double quality = kUsualQuality;      // of a lossy type, from 0
   bool replace = false;                // an existing file
-  std::vector<std::pair<int, std::string>> texts;  // libsndfile's string types
+  Metadata metadata;                   // of the input
 };
 
 // Any thread, one thread a writer. Without finish() nothing is left behind.
@@ -46,6 +47,8 @@ class SoundWriter {
   // Beyond full scale, in integer formats, and how much of (L+R)/2 was lost with them at most.
   std::int64_t clippedSamples() const { return clipped; }
   double clippedFold() const { return foldLost; }
+  // After finish(), what of the metadata the file could not keep, in words.
+  const std::vector<std::string>& notKept() const { return lost; }
 
  private:
   // Where the library's bytes go. It keeps the errors of its last steps to itself (what an encoder
@@ -53,10 +56,12 @@ class SoundWriter {
   // is remembered here.
   struct Sink {
     int descriptor;
-    int error = 0;  // the system's, of the first write that failed
+    int error = 0;         // the system's, of the first write that failed
+    sf_count_t begin = 0;  // of what the library writes: a tag may be in front
   };
   static SF_VIRTUAL_IO writingTo();
 
+  void findLost();
   void setQuality(double quality);
   void flush();
   void countClipped(const double* left, const double* right, int frames);
@@ -69,6 +74,8 @@ class SoundWriter {
   TemporaryFile temporary;
   Sink sink;
   SoundFileHandle file;
+  Metadata metadata;
+  std::vector<std::string> lost;
   StoredOutput samples;
   std::int64_t written = 0;  // frames
   double highest = 0.0;

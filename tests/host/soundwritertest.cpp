@@ -258,10 +258,10 @@ TEST_F(SoundWriterFiles, WritesTheSameBytesEveryTime) {
 
 TEST_F(SoundWriterFiles, CarriesTheTextsOver) {
   auto titled = options(SampleFormat::pcm16);
-  titled.texts = {{SF_STR_TITLE, "Song"}, {SF_STR_ARTIST, "Somebody"}};
+  titled.metadata.texts = {{SF_STR_TITLE, "Song"}, {SF_STR_ARTIST, "Somebody"}};
   SoundWriter writer(in("a.wav"), titled);
   const double half = 0.5;
   writer.write(&half, &half, 1);
   writer.finish();
-  EXPECT_EQ(SoundReader(in("a.wav")).texts(), titled.texts);
+  EXPECT_EQ(SoundReader(in("a.wav")).texts(), titled.metadata.texts);
 }
