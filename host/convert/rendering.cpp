@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/sound/finitesound.h"
+#include "host/state/effectstate.h"
 
 namespace {
 
@@ -20,6 +21,18 @@ TailPlan planTail(Effect& effect, const TailArgument& asked, int sampleRate) {
   // An effect that knows its tail may name a longer gap.
   const std::int64_t named = std::clamp<std::int64_t>(effect.dispatch(effGetTailSize), 0, longest);
   return {true, longest, std::max(quiet, named)};
+}
+
+// Values are looked up with an effect that is not heard: those that it shows are found by setting
+// them.
+std::optional<Automation> automationOf(const Effect& heard, int sampleRate,
+                                       const Arguments& arguments) {
+  if (!arguments.state.automation) return std::nullopt;
+  HostCallback callback;
+  Effect asked(heard.home(), callback);
+  asked.setUp(sampleRate, arguments.blockSize);
+  applyState(asked, arguments.state);
+  return Automation(readAutomation(asked, *arguments.state.automation), sampleRate);
 }
 
 }  // namespace
@@ -41,6 +54,7 @@ Rendering::Rendering(Effect& startedEffect, SoundReader& source, const Arguments
                        ? std::make_unique<RightChannel>(startedEffect, source.sampleRate(),
                                                         arguments, doublePrecision)
                        : nullptr),
+      automation(automationOf(startedEffect, source.sampleRate(), arguments)),
       stage([this](const double* l, const double* r, int frames) { take(l, r, frames); },
             startedEffect.latency(), planTail(startedEffect, arguments.tail, source.sampleRate())),
       left(static_cast<std::size_t>(arguments.blockSize)),
@@ -69,11 +83,28 @@ std::int64_t Rendering::process() {
   return read;
 }
 
+// Where a parameter changes, the effect gets a block of its own.
 void Rendering::processBlock(int frames) {
-  runner->run(left.data(), right.data(), outLeft.data(), outRight.data(), frames);
-  if (rightChannel) rightChannel->run(right.data(), outRight.data(), frames);
+  if (!automation) return processPart(0, frames);
+  const auto set = [this](int parameter, float value) {
+    effect.setParameter(parameter, value);
+    if (rightChannel) rightChannel->effect().setParameter(parameter, value);
+  };
+  for (int done = 0; done < frames && !stage.complete();) {
+    const int part = automation->advance(processed, frames - done, set);
+    processPart(static_cast<std::size_t>(done), part);
+    processed += part;
+    done += part;
+  }
+}
+
+void Rendering::processPart(std::size_t first, int frames) {
+  double* const partLeft = outLeft.data() + first;
+  double* const partRight = outRight.data() + first;
+  runner->run(left.data() + first, right.data() + first, partLeft, partRight, frames);
+  if (rightChannel) rightChannel->run(right.data() + first, partRight, frames);
   stage.setLatency(effect.latency());  // many effects know it only now
-  stage.accept(outLeft.data(), outRight.data(), frames);
+  stage.accept(partLeft, partRight, frames);
 }
 
 void Rendering::take(const double* l, const double* r, int frames) {

@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "host/convert/automation.h"
 #include "host/convert/rightchannel.h"
 #include "host/options/arguments.h"
 #include "host/sound/outputstage.h"
@@ -43,6 +45,7 @@ class Rendering {
 
  private:
   void processBlock(int frames);
+  void processPart(std::size_t first, int frames);
   void take(const double* left, const double* right, int frames);
   void countProgress(int frames);
 
@@ -54,11 +57,13 @@ class Rendering {
   std::function<void(std::int64_t)> progress;
   std::unique_ptr<BlockRunner> runner;
   std::unique_ptr<RightChannel> rightChannel;  // null where the effect takes both
+  std::optional<Automation> automation;
   OutputStage stage;
   std::vector<double> left;
   std::vector<double> right;
   std::vector<double> outLeft;
   std::vector<double> outRight;
+  std::int64_t processed = 0;  // frames that the effect had
   std::int64_t taken = 0;      // frames for the file
   std::int64_t uncounted = 0;  // frames since the progress was told
 };

@@ -58,6 +58,10 @@ void addSoundOptions(CLI::App& app, SoundWords& words, Arguments&) {
       ->group(sound)
       ->allow_extra_args(false)
       ->type_name("NAME=VALUE");
+  app.add_option("--automate", words.automation,
+                 "Move parameters by lines of seconds, parameter and value")
+      ->group(sound)
+      ->type_name("FILE");
   app.add_option("--state", words.state, "Start from a saved state (the effect's chunk)")
       ->group(sound)
       ->type_name("FILE");
@@ -85,6 +89,7 @@ void takeSoundOptions(const CLI::App& app, const SoundWords& words, Arguments& a
     }
     arguments.state.settings.push_back({setting.substr(0, equals), setting.substr(equals + 1)});
   }
+  arguments.state.automation = given(app, "--automate", words.automation);
   arguments.state.state = given(app, "--state", words.state);
   arguments.state.bank = given(app, "--bank", words.bank);
   arguments.state.preset = given(app, "--preset", words.preset);

@@ -13,7 +13,7 @@
 struct SoundWords {
   std::array<std::string, kParameterCount> values;
   std::vector<std::string> settings;
-  std::string state, bank, preset, saveState, savePreset, saveBank;
+  std::string state, bank, preset, saveState, savePreset, saveBank, automation;
 };
 
 // Both outlive the parsing.

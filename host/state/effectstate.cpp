@@ -2,6 +2,7 @@
 #include "host/state/effectstate.h"
 
 #include "host/base/failure.h"
+#include "host/state/automationfile.h"
 #include "host/state/effectadapter.h"
 #include "host/state/fxpresets.h"
 #include "host/state/namelookup.h"
@@ -17,6 +18,13 @@ int indexOf(Effect& effect, const std::string& parameter) {
   }
   if (names.empty()) throw Failure("--set: " + effect.plugin() + " has no parameters");
   return findParameter(names, parameter);
+}
+
+// An effect that is switched on with a value does not have to move there.
+void setBeginning(Effect& effect, const AutomationLane& lane) {
+  for (const AutomationPoint& point : lane.points) {
+    if (point.seconds == 0.0) effect.setParameter(lane.parameter, point.value);
+  }
 }
 
 // Either kind: the one in the place of the other is told by what it holds.
@@ -48,6 +56,10 @@ std::vector<std::string> applyState(Effect& effect, const StateArguments& argume
     const int index = indexOf(effect, setting.parameter);
     const std::string what = "--set " + setting.parameter;
     effect.setParameter(index, adapter->typedValue(index, what, setting.value));
+  }
+  if (arguments.automation) {
+    for (const AutomationLane& lane : readAutomation(effect, *arguments.automation))
+      setBeginning(effect, lane);
   }
   return notes;
 }

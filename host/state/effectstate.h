@@ -8,9 +8,9 @@
 #include "host/state/statearguments.h"
 #include "host/vst/effect.h"
 
-// In the order state, bank, preset, values, so that each goes on top of the one before. Throws
-// Failure: files that cannot be read or taken, unknown presets and parameters, options that are not
-// for this effect. Returns notes for the person, one line each.
+// In the order state, bank, preset, values, beginning of the automation, so that each goes on top
+// of the one before. Throws Failure: files that cannot be read or taken, unknown presets and
+// parameters, options that are not for this effect. Returns notes for the person, one line each.
 std::vector<std::string> applyState(Effect& effect, const StateArguments& arguments);
 
 // Before that, for a sound file: chooses a preset where the arguments leave it without a sound.

@@ -55,14 +55,15 @@ int findPreset(const std::vector<std::string>& names, const std::string& wanted)
   return number;
 }
 
-int findParameter(const std::vector<std::string>& names, const std::string& wanted) {
-  static const std::string kNone = "--set: there is no parameter";
+int findParameter(const std::vector<std::string>& names, const std::string& wanted,
+                  const std::string& option) {
+  const std::string none = option + "there is no parameter";
   if (const auto named = findName(names, wanted)) return *named;
   const auto typed = readNumber(wanted);
-  if (!typed || !typed->unit.empty()) refuseName(kNone, wanted, names, "--list-params");
+  if (!typed || !typed->unit.empty()) refuseName(none, wanted, names, "--list-params");
   const bool isThere = typed->number >= 0 && typed->number < static_cast<double>(names.size());
   if (!isThere || typed->number != std::floor(typed->number)) {
-    refuseNumber(kNone, wanted, names.size());
+    refuseNumber(none, wanted, names.size());
   }
   return static_cast<int>(typed->number);
 }

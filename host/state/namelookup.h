@@ -9,5 +9,7 @@
 // Throws Failure, suggesting names that come near.
 int findPreset(const std::vector<std::string>& names, const std::string& wanted);
 
-// The same for a parameter of --set. names: at least one. Any notation of a whole number is one.
-int findParameter(const std::vector<std::string>& names, const std::string& wanted);
+// The same for a parameter. names: at least one. Any notation of a whole number is one. option:
+// where it was typed, opens the Failure.
+int findParameter(const std::vector<std::string>& names, const std::string& wanted,
+                  const std::string& option = "--set: ");

@@ -21,4 +21,5 @@ struct StateArguments {
   std::optional<std::string> preset;                         // name, number or .orv
   std::array<std::optional<float>, kParameterCount> values;  // of Trelvan, normalised, by index
   std::vector<ParameterSetting> settings;
+  std::optional<std::string> automation;  // file; what it names for the very beginning
 };

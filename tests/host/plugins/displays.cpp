@@ -1,6 +1,7 @@
 // Shows its parameters in units: a distance of 0 to 48 m to a tenth, a cutoff of 20 to 20,000 Hz
 // that becomes kHz from 1000 on, a list of four waves, a drive of 0 to 200 per cent, a level that
-// falls as the value rises, a number of voices from 1 to 8, and one that shows always the same.
+// falls as the value rises, a number of voices from 1 to 8, one that shows always the same, and two
+// with like names that show nothing.
 #include <cmath>
 #include <cstdio>
 
@@ -13,12 +14,23 @@ class Displays : public TestEffect {
   }
 
  protected:
-  enum Index { kDistance, kCutoff, kWave, kDrive, kLevel, kVoices, kFixed, kCount };
+  enum Index {
+    kDistance,
+    kCutoff,
+    kWave,
+    kDrive,
+    kLevel,
+    kVoices,
+    kFixed,
+    kWet,
+    kWetLevel,
+    kCount
+  };
 
   VstIntPtr dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr, void* ptr, float) override {
-    static constexpr const char* kNames[] = {"Distance", "Cutoff", "Wave", "Drive",
-                                             "Level",    "Voices", "Fixed"};
-    static constexpr const char* kLabels[] = {"m", "Hz", "", "%", "", "", "dB"};
+    static constexpr const char* kNames[] = {"Distance", "Cutoff", "Wave", "Drive",    "Level",
+                                             "Voices",   "Fixed",  "Wet",  "Wet level"};
+    static constexpr const char* kLabels[] = {"m", "Hz", "", "%", "", "", "dB", "", ""};
     switch (opcode) {
       case effGetParamName:
         give(ptr, kNames[index]);
@@ -53,7 +65,7 @@ class Displays : public TestEffect {
     if (index == kFixed) give(text, "3.0");
   }
 
-  float values[kCount] = {0.25F, 0.25F, 0.25F, 0.25F, 0.25F, 0.25F, 0.25F};
+  float values[kCount] = {0.25F, 0.25F, 0.25F, 0.25F, 0.25F, 0.25F, 0.25F, 0.25F, 0.25F};
 };
 
 TEST_EXPORT AEffect* VSTPluginMain(audioMasterCallback callback) {
