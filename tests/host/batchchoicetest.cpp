@@ -16,7 +16,7 @@ class BatchChoices : public ProgramTest {
  protected:
   void put(const std::string& name, int format = SF_FORMAT_WAV | SF_FORMAT_PCM_16) const {
     std::filesystem::create_directories(in(name).parent_path());
-    writeSound(in(name), noise(2000, 2, 1), format);
+    writeSound(in(name), noise(2000, 1, 1), format);
   }
   bool isSound(const std::string& name) const {
     return std::filesystem::exists(in(name)) && readSound(in(name)).frames() == 2000;
