@@ -17,6 +17,7 @@ struct KnownValue {
 const std::vector<KnownValue>& knownValues() {
   static const std::vector<KnownValue> kKnown = {
       {"--format", ValueKind::words, {"pcm16", "pcm24", "pcm32", "float", "double"}},
+      {"--gain", ValueKind::words, {"auto"}},
       {"--tail", ValueKind::words, {"auto"}},
       {"--process", ValueKind::words, {"on", "off"}},
       {"--phase", ValueKind::words, {"on", "off"}},

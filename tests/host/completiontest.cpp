@@ -89,7 +89,8 @@ TEST_F(Completion, ProposesOptionsAndTheirWords) {
               ElementsAre("--list-params", "--list-presets", "--list-plugins"));
   EXPECT_THAT(bashProposes({"--format", "pcm"}), ElementsAre("pcm16", "pcm24", "pcm32"));
   EXPECT_THAT(bashProposes({"--format", "=", "fl"}), ElementsAre("float")) << "--format=fl";
-  EXPECT_THAT(bashProposes({"--gain", ""}), ElementsAre(""));
+  EXPECT_THAT(bashProposes({"--gain", ""}), ElementsAre("auto"));
+  EXPECT_THAT(bashProposes({"--normalize", ""}), ElementsAre(""));
 }
 
 TEST_F(Completion, ProposesOnlyWordsThatTheOptionTakes) {

@@ -40,14 +40,35 @@ TEST_F(Levels, AreLoweredAsFarAsNoSampleIsBeyondFullScale) {
   EXPECT_LE(peakOf(out), 1.0);
 }
 
+// 16 bits reach from -32768 to 32767: at a gain of 2 the highest sample would be a step too high,
+// and be held back alone.
 TEST_F(Levels, ReachTheLastStepOfIntegersAndNoFurther) {
-  for (unsigned seed = 1; seed < 9; ++seed) {
-    writeSound(in("in.wav"), noise(5000, 1, seed), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
-    result({"in.wav", "--preset", "guitar 3", "--gain", "auto"});
-    const auto all = readIntegers(in("out.wav"));
-    const auto [least, most] = std::minmax_element(all.begin(), all.end());
-    EXPECT_TRUE(*most == 32767 * 65536 || *least == -32768 * 65536) << *least << " " << *most;
-    result({"in.wav", "--preset", "guitar 3", "--normalize", "0dB", "--dither"});
+  writeSound(in("in.wav"), Sound{44100, 1, {0.5, 0.375, -0.25}}, kFloatWav);
+  result({"in.wav", "--process", "off", "--format", "pcm16", "--normalize", "0dB"});
+  const auto stepsAt = [&](std::size_t frame) {
+    return readIntegers(in("out.wav"))[2 * frame] >> 16;
+  };
+  EXPECT_EQ(stepsAt(0), 32767);
+  EXPECT_EQ(stepsAt(1), 24575) << "24575.25; at a gain of 2 it would be 24576";
+  writeSound(in("in.wav"), Sound{44100, 1, {0.25, 0.375, -0.5}}, kFloatWav);
+  result({"in.wav", "--process", "off", "--format", "pcm16", "--normalize", "0dB"});
+  EXPECT_EQ(stepsAt(2), -32768);
+  EXPECT_EQ(stepsAt(1), 24576);
+  writeSound(in("in.wav"), Sound{44100, 1, {1.0, 0.75}}, kFloatWav);
+  result({"in.wav", "--process", "off", "--format", "pcm16", "--gain", "auto"});
+  EXPECT_EQ(stepsAt(0), 32767);
+  EXPECT_EQ(stepsAt(1), 24575);
+}
+
+// Else the noise would be cut off at one end, and the mean of what is loudest be below it.
+TEST_F(Levels, LeaveRoomForDither) {
+  constexpr std::size_t kMany = 100000;  // frames
+  for (const double level : {0.5, -0.5}) {
+    writeSound(in("in.wav"), Sound{44100, 1, std::vector<double>(kMany, level)}, kFloatWav);
+    result({"in.wav", "--process", "off", "--format", "pcm16", "--dither", "--normalize", "0dB"});
+    double sum = 0.0;
+    for (const std::int32_t sample : readIntegers(in("out.wav"))) sum += sample / 65536.0;
+    EXPECT_NEAR(sum / (2.0 * kMany), level > 0.0 ? 32766.0 : -32767.0, 0.01);
   }
 }
 
