@@ -22,6 +22,7 @@
 #include "host/cli/questions.h"
 #include "host/convert/jobs.h"
 #include "host/options/arguments.h"
+#include "host/state/effectadapter.h"
 #include "host/state/effectstate.h"
 #include "host/state/statefiles.h"
 #include "host/validate/validation.h"
@@ -64,7 +65,8 @@ void tryState(PluginModule& module, const Arguments& arguments, Loop* loop, Cons
   checkSaving(effect, arguments);
   if (arguments.editor) showAndPlay(effect, callback, loop, arguments, console);
   if (arguments.dryRun) return;
-  if (arguments.saveState) writeWholeFile(*arguments.saveState, effect.chunk(), arguments.force);
+  if (arguments.saveState)
+    writeWholeFile(*arguments.saveState, adapterFor(effect)->stateFile(), arguments.force);
   writeStateFiles(effect, arguments.saved, arguments.force);
 }
 

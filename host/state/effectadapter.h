@@ -17,6 +17,7 @@ class EffectAdapter {
   virtual ~EffectAdapter() = default;
 
   virtual void loadState(const std::string& file) = 0;
+  virtual Effect::Bytes stateFile() = 0;  // that loadState takes, and only with this effect
   // file: where it comes from.
   virtual void takeChunk(const Effect::Bytes& chunk, Effect::ChunkOf what,
                          const std::string& file) = 0;
@@ -38,7 +39,7 @@ class EffectAdapter {
   virtual int currentPreset() = 0;
 
   // The preset that a sound file gets when these arguments, and the user's own defaults, leave it
-  // without a sound; none: it stays as the effect begins. Before the arguments are applied.
+  // without a width; none: it stays as the effect begins. Before the arguments are applied.
   virtual std::optional<std::string> presetForFiles(const StateArguments&) { return std::nullopt; }
   // The option for a side signal `factor` times as large as in the present state, below 1 never
   // larger than that and above 1 never smaller; empty where no option does that.

@@ -13,7 +13,7 @@
 // parameters, options that are not for this effect. Returns notes for the person, one line each.
 std::vector<std::string> applyState(Effect& effect, const StateArguments& arguments);
 
-// Before that, for a sound file: chooses a preset where the arguments leave it without a sound.
+// Before that, for a sound file: chooses a preset where the arguments leave it without a width.
 // Returns its name.
 std::optional<std::string> choosePresetForFile(Effect& effect, const StateArguments& arguments);
 

@@ -5,6 +5,7 @@
 #include "host/state/effectadapter.h"
 #include "host/state/namelookup.h"
 #include "host/state/presetfilenames.h"
+#include "host/state/savedstate.h"
 #include "host/state/values.h"
 
 namespace {
@@ -13,7 +14,12 @@ class GenericAdapter final : public EffectAdapter {
  public:
   explicit GenericAdapter(Effect& adapted) : effect(adapted) {}
 
-  void loadState(const std::string& file) override { effect.setChunk(readWholeFile(file)); }
+  void loadState(const std::string& file) override {
+    const Effect::Bytes bytes = readWholeFile(file);
+    effect.setChunk(chunkOf(bytes, effect, file));
+  }
+
+  Effect::Bytes stateFile() override { return namedState(effect); }
 
   void takeChunk(const Effect::Bytes& chunk, Effect::ChunkOf what, const std::string&) override {
     effect.setChunk(chunk, what);

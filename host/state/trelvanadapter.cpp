@@ -9,6 +9,7 @@
 #include "host/state/effectadapter.h"
 #include "host/state/namelookup.h"
 #include "host/state/presetfilenames.h"
+#include "host/state/savedstate.h"
 #include "host/state/trelvanbank.h"
 #include "host/state/values.h"
 #include "presetsystem/image/presetimage.h"
@@ -37,8 +38,12 @@ class TrelvanAdapter final : public EffectAdapter {
   explicit TrelvanAdapter(Effect& adapted) : effect(adapted) {}
 
   void loadState(const std::string& file) override {
-    takeChunk(readWholeFile(file), Effect::ChunkOf::bank, file);
+    const Effect::Bytes bytes = readWholeFile(file);
+    chunkOf(bytes, effect, file);  // to name another effect whose it is
+    takeChunk(bytes, Effect::ChunkOf::bank, file);
   }
+
+  Effect::Bytes stateFile() override { return effect.chunk(); }  // it tells whose it is
 
   void takeChunk(const Effect::Bytes& chunk, Effect::ChunkOf what,
                  const std::string& file) override {
