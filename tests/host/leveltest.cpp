@@ -78,6 +78,9 @@ TEST_F(Levels, StayWhereTheyFit) {
   writeSound(in("in.wav"), sound, SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   const Outcome outcome = widen({"in.wav", "-o", "out.wav", "--process", "off", "--gain", "auto"});
   EXPECT_EQ(textOf(in("out.wav")), textOf(in("in.wav"))) << "not a bit is changed";
+  writeSound(in("soft.wav"), impulse(100, 1, 5), kFloatWav);
+  EXPECT_EQ(result({"soft.wav", "--process", "off", "--gain", "auto"}).at(5, 0), 0.5)
+      << "and nothing is made louder";
   EXPECT_THAT(outcome.out, Not(HasSubstr("gain")));
 }
 

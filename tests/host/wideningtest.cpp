@@ -159,16 +159,21 @@ TEST_F(Widenings, NameTheLargestWidthThatDoesNotClip) {
 }
 
 TEST_F(Widenings, NameNoWidthWhereNoneHelps) {
-  writeSound(in("in.wav"), Sound{44100, 1, std::vector<double>(1000, 0.75)},
+  writeSound(in("mid.wav"), Sound{44100, 1, std::vector<double>(1000, 0.75)},
              SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  // A mid of 0.25 and a side of 0.625, which come to full scale at 1.6 times that side.
+  Sound wide{44100, 2, {}};
+  for (int frame = 0; frame < 1000; ++frame)
+    wide.samples.insert(wide.samples.end(), {0.875, -0.375});
+  writeSound(in("wide.wav"), wide, SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   const std::vector<std::vector<std::string>> cases = {
-      {"--gain", "6dB"},
-      {"--gain", "6dB", "--process", "off"},
-      {"--gain", "6dB", "--plugin", plugin("echo")}};
+      {"mid.wav", "--preset", "init"},
+      {"wide.wav", "--preset", "1", "--process", "off"},
+      {"wide.wav", "--plugin", plugin("echo")}};
   for (auto words : cases) {
-    words.insert(words.begin(), {"in.wav", "-o", "out.wav", "-f"});
+    words.insert(words.end(), {"-o", "out.wav", "-f", "--gain", "6dB"});
     const std::string warning = widen(words).error;
-    EXPECT_THAT(warning, HasSubstr("clipped")) << words.back();
-    EXPECT_THAT(warning, Not(HasSubstr("--width"))) << words.back();
+    EXPECT_THAT(warning, HasSubstr("clipped")) << words[2];
+    EXPECT_THAT(warning, Not(HasSubstr("--width"))) << words[2];
   }
 }
