@@ -14,9 +14,11 @@ namespace {
 FileOutcome figuresOf(const std::filesystem::path& file, const Arguments& arguments,
                       const Progress& progress) {
   return outcomeFor(file, [&](FileOutcome& outcome) {
-    const Analysis analysis = analyse(file, progress);
+    const Analysis analysis = analyse(file, arguments.salvage, progress);
     outcome.report = reportOf(analysis, file);
-    if (arguments.json) outcome.document = documentText(analysisJson(analysis, file));
+    outcome.warning = damageWarning(analysis, file);
+    if (arguments.json)
+      outcome.document = documentText(analysisJson(analysis, file, outcome.warning));
   });
 }
 
@@ -28,6 +30,7 @@ bool analyseAll(const Arguments& arguments, Console& console) {
   jobs.failures = std::move(found.failures);
   for (FoundInput& input : found.files) jobs.list.emplace_back().input = std::move(input.file);
   tellFindings(jobs, console);
+  expectAll(jobs, console);
   Reporter reporter(jobs, arguments, console);
   workOnAll(jobs.list.size(), arguments.jobs, [&](std::size_t index) {
     const auto progress = [&](std::int64_t frames) { console.advance(frames); };

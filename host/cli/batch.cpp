@@ -1,7 +1,6 @@
 // Converts all files of a run.
 #include "host/cli/batch.h"
 
-#include <cstdint>
 #include <functional>
 
 #include "host/cli/isolation.h"
@@ -9,16 +8,8 @@
 #include "host/cli/outcome.h"
 #include "host/cli/reporter.h"
 #include "host/cli/workers.h"
-#include "host/sound/framecount.h"
 
 namespace {
-
-void expectAll(const Jobs& jobs, Console& console) {
-  if (!console.showsProgress()) return;
-  std::int64_t frames = 0;
-  for (const Job& job : jobs.list) frames += statedFrames(job.input);
-  console.expect(frames, static_cast<int>(jobs.list.size()));
-}
 
 // True if all were done.
 bool convertAndReport(const Arguments& arguments, const Jobs& jobs, Console& console,

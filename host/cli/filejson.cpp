@@ -67,12 +67,13 @@ Json linesOf(const std::string& text) {
 
 }  // namespace
 
-Json analysisJson(const Analysis& analysis, const std::filesystem::path& file) {
+Json analysisJson(const Analysis& analysis, const std::filesystem::path& file,
+                  const std::string& warnings) {
   Json input =
       formatJson(file.string(), fileTypeText(analysis.libFormat), encodingText(analysis.libFormat),
                  analysis.channels, analysis.sampleRate, analysis.figures.levels.frames());
   addFigures(input, analysis.figures);
-  return {{"input", std::move(input)}};
+  return {{"input", std::move(input)}, {"warnings", linesOf(warnings)}};
 }
 
 Json conversionJson(const Conversion& done, const Job& job, const std::string& warnings) {

@@ -8,6 +8,7 @@
 #include "host/convert/analysis.h"
 #include "host/convert/report.h"
 
-Json analysisJson(const Analysis& analysis, const std::filesystem::path& file);
 // warnings: a line for each.
+Json analysisJson(const Analysis& analysis, const std::filesystem::path& file,
+                  const std::string& warnings);
 Json conversionJson(const Conversion& done, const Job& job, const std::string& warnings);

@@ -13,6 +13,8 @@
 
 // What was found about the inputs before any is converted.
 void tellFindings(const Jobs& jobs, Console& console);
+// How much is to come, for the progress.
+void expectAll(const Jobs& jobs, Console& console);
 
 // Any thread.
 class Reporter {
@@ -23,7 +25,8 @@ class Reporter {
   // Outcomes come in any order; each is shown when all before it have been.
   void add(std::size_t index, FileOutcome outcome);
 
-  // After the last one: how many were done, and with --json the document.
+  // After the last one: how many were done, and with --json the document; neither where a signal
+  // ended the run before.
   void finish();
 
   bool allDone() const { return !failed; }

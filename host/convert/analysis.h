@@ -12,10 +12,12 @@ struct Analysis {
   int channels = 0;
   int sampleRate = 0;  // Hz
   Figures figures;
+  std::string damage;  // of a salvaged file, as SoundReader::damage
 };
 
-// Reads it to its end. Throws Failure. Any thread.
-Analysis analyse(const std::filesystem::path& file, const Progress& progress);
+// Reads it to its end. salvage: of a damaged one what can be read. Throws Failure. Any thread.
+Analysis analyse(const std::filesystem::path& file, bool salvage, const Progress& progress);
 
-// In words.
+// In words; the warning is empty where nothing is damaged.
 std::string reportOf(const Analysis& analysis, const std::filesystem::path& file);
+std::string damageWarning(const Analysis& analysis, const std::filesystem::path& file);

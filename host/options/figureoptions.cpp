@@ -7,7 +7,8 @@
 namespace {
 
 // No effect is there that other options could be for, and nothing is written.
-const std::set<std::string> kForAnalysis = {"IN", "--analyse", "--json", "--quiet", "--jobs"};
+const std::set<std::string> kForAnalysis = {"IN",      "--analyse", "--json",
+                                            "--quiet", "--jobs",    "--salvage"};
 
 void checkAnalysis(const CLI::App& app, const Arguments& arguments) {
   for (const CLI::Option* option : app.get_options()) {
@@ -41,6 +42,7 @@ void checkFigureOptions(const CLI::App& app, const Arguments& arguments) {
     if (arguments.editor || !(asks || converts)) {
       throw UsageFailure("--json goes with sound files, --info and the lists");
     }
+    if (arguments.dryRun) throw UsageFailure("--dry-run has no results: leave --json out");
     if (converts && arguments.output == "-")
       throw UsageFailure("--json and -o - both want the standard output");
   }

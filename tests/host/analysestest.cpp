@@ -57,11 +57,9 @@ TEST_F(Analyses, CountAMonoFileOnce) {
             "  mid -6.0 dBFS, side -inf dBFS, correlation 1.00\n");
 }
 
-TEST_F(Analyses, WriteNothingAndNeedNoEffect) {
+TEST_F(Analyses, WriteNothing) {
   const std::vector<std::string> before = names();
-  Surroundings nowhere;
-  nowhere.environment["HOME"] = "/nonexistent";
-  EXPECT_EQ(widen({"--analyse", "sine.flac", "mono.wav", "-j", "2"}, nowhere).status, 0);
+  EXPECT_EQ(widen({"--analyse", "sine.flac", "mono.wav", "-j", "2"}).status, 0);
   EXPECT_EQ(names(), before);
 }
 
@@ -80,6 +78,42 @@ TEST_F(Analyses, GoOnAfterAFileThatCannotBeRead) {
   EXPECT_THAT(outcome.error, HasSubstr("widen: text.wav: not a sound file"));
   EXPECT_THAT(outcome.out, HasSubstr("mono.wav: mono"));
   EXPECT_THAT(outcome.out, HasSubstr("2 files: 1 done, 1 failed\n"));
+}
+
+TEST_F(Analyses, TakeFoldersWithAllTheirSounds) {
+  std::filesystem::create_directories(in("a/b"));
+  std::filesystem::create_directory(in("empty"));
+  std::filesystem::rename(in("mono.wav"), in("a/mono.wav"));
+  std::filesystem::rename(in("sine.flac"), in("a/b/sine.flac"));
+  const Outcome outcome = widen({"--analyse", "a"});
+  EXPECT_EQ(outcome.status, 0) << outcome.error;
+  EXPECT_THAT(outcome.out, HasSubstr("a/mono.wav: mono"));
+  EXPECT_THAT(outcome.out, HasSubstr("a/b/sine.flac: stereo"));
+  const Outcome none = widen({"--analyse", "empty", "--json"});
+  EXPECT_EQ(none.status, 1);
+  const Json errors = Json::parse(none.out).at("errors");
+  ASSERT_EQ(errors.size(), 1U);
+  EXPECT_THAT(errors.at(0).get<std::string>(), HasSubstr("empty"));
+}
+
+TEST_F(Analyses, MeasureWhatCanBeReadOfADamagedFileWhereThatIsAsked) {
+  const std::string whole = textOf(in("mono.wav"));
+  writeText(in("mono.wav"), whole.substr(0, 44 + 2 * 22050));
+  EXPECT_EQ(widen({"--analyse", "mono.wav"}).status, 1);
+  const Outcome outcome = widen({"--analyse", "mono.wav", "--salvage", "--json"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.error, HasSubstr("measured 22050 frames (0:00.500)"));
+  const Json file = Json::parse(outcome.out).at("files").at(0);
+  EXPECT_EQ(file.at("input").at("frames"), 22050);
+  EXPECT_EQ(file.at("warnings").size(), 1U);
+}
+
+TEST_F(Analyses, TakeTheStandardInput) {
+  Surroundings piped;
+  piped.standardInput = pipeFrom(in("mono.wav"));
+  const Outcome outcome = widen({"--analyse", "-"}, piped);
+  EXPECT_THAT(outcome.out, HasSubstr("standard input: mono, 44100 Hz, 44100 frames"))
+      << outcome.error;
 }
 
 TEST_F(Analyses, RefuseASoundThatHoldsWhatIsNoNumber) {

@@ -192,7 +192,10 @@ TEST_F(FileDocuments, SayWhatWasSkipped) {
   writeSound(in("a.wav"), noise(100, 1, 7), kWav16);
   writeText(in("there.wav"), "precious");
   const Json all = document({"a.wav", "-o", "there.wav", "--skip-existing"});
-  EXPECT_EQ(all.at("files").at(0), Json({{"input", {{"file", "a.wav"}}}, {"skipped", true}}));
+  EXPECT_EQ(all.at("files").at(0), Json({{"input", {{"file", "a.wav"}}},
+                                         {"output", {{"file", "there.wav"}}},
+                                         {"skipped", true}}));
+  expectRefusal(widen({"a.wav", "-o", "b.wav", "--dry-run", "--json"}), 2, "leave --json out");
   EXPECT_EQ(all.at("summary"),
             Json({{"files", 1}, {"done", 0}, {"skipped", 1}, {"failed", 0}, {"warned", 0}}));
 }
@@ -218,8 +221,11 @@ TEST_F(FileDocuments, DoNotDependOnBlocksAndThreads) {
   words.insert(words.end(), {"-o", "out", "--force"});
   words.insert(words.end(), wide().begin(), wide().end());
   const Json whole = document(words);
-  for (const std::vector<std::string>& others : std::vector<std::vector<std::string>>{
-           {"--block", "1"}, {"--block", "777", "-j", "3"}, {"--block", "100000"}}) {
+  for (const std::vector<std::string>& others :
+       std::vector<std::vector<std::string>>{{"--block", "1"},
+                                             {"--block", "777", "-j", "3"},
+                                             {"--isolate", "-j", "2"},
+                                             {"--block", "100000"}}) {
     std::vector<std::string> all = words;
     all.insert(all.end(), others.begin(), others.end());
     EXPECT_EQ(document(all), whole);
