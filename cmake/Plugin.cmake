@@ -7,6 +7,8 @@ add_library(trelvan_images STATIC
   presetsystem/image/image.cpp)
 target_link_libraries(trelvan_images PUBLIC trelvan_options)
 
+include(Kernel)
+
 # Compiles without the toolkit's headers. All that it needs of the window is createEditor: who links
 # this without the window brings one of its own.
 add_library(trelvan_effect STATIC
@@ -19,6 +21,8 @@ add_library(trelvan_effect STATIC
   effect/trelvan.cpp
   effect/trelvanparameters.cpp
   effect/trelvanprocess.cpp
+  effect/kernelforms.cpp
+  ${TRELVAN_KERNELS}
   effect/numbertext.cpp
   effect/factorypresets.cpp)
 target_link_libraries(trelvan_effect PUBLIC trelvan_images trelvan_options)

@@ -1,118 +1,106 @@
-// The tiny objects of the frame loop: glides, envelopes and the delay line, held in locals and
-// written back at the end.
+// The kernel's glides: gains and read offset on their way to their targets, a run of frames at
+// once.
 #pragma once
 
-#include <cmath>
-#include <cstdint>
+#include "effect/kernel.h"
+
+// Static, and without the standard library, as all of the kernel's steps (effect/kernelsteps.h).
+namespace kernel {
 
 // Adds and takes away a tiny constant, which turns a denormal into zero. The order of the two
 // operations is the definition of the result.
-inline float flushed(float value) {
+static inline float flushed(float value) {
   return (value + 1e-16F) - 1e-16F;
 }
-inline double flushed(double value) {
+static inline double flushed(double value) {
   return (value + 1e-21) - 1e-21;
 }
 
-// One-pole glide of a parameter toward its target, one step a frame, always in float. Writes its
-// state back when it goes out of scope. Audio thread.
-class Glide {
- public:
-  Glide(float& heldState, float heldTarget, float heldCoefficient)
-      : state(heldState), value(heldState), target(heldTarget), coefficient(heldCoefficient) {}
-  ~Glide() { state = value; }
-  Glide(const Glide&) = delete;
-  Glide& operator=(const Glide&) = delete;
+static inline float magnitude(float value) {
+  return __builtin_fabsf(value);
+}
+static inline double magnitude(double value) {
+  return __builtin_fabs(value);
+}
 
-  float next() {
-    value = flushed(value + (target - value) * coefficient);
-    return value;
-  }
+// One-pole glide of a gain, always in float. The order of operations is the definition.
+struct GainGlide {
+  float target;
+  float coefficient;
 
- private:
-  float& state;
-  float value;
-  const float target;
-  const float coefficient;
+  float step(float value) const { return (target - value) * coefficient; }
+  float next(float value) const { return flushed(value + step(value)); }
 };
 
-// Glide of the read offset, in frames. It may grow by one frame a frame but shrink by half a frame
-// only, and stands still once it is within a hundredth of its target.
-class DelayGlide {
- public:
-  DelayGlide(double& heldState, std::int32_t heldTarget, float heldCoefficient)
-      : state(heldState),
-        value(heldState),
-        target(heldTarget),
-        coefficient(static_cast<double>(heldCoefficient)) {}
-  ~DelayGlide() { state = value; }
-  DelayGlide(const DelayGlide&) = delete;
-  DelayGlide& operator=(const DelayGlide&) = delete;
+// Glide of the read offset. It may grow by one frame a frame but shrink by half a frame only, and
+// stands still once it is within a hundredth of its target.
+struct OffsetGlide {
+  double target;
+  double coefficient;
 
-  double next() {
-    const double distance = target - value;
-    if (std::fabs(distance) > 0.01) {
-      double step = coefficient * distance;
-      if (step < -0.5) step = -0.5;
-      if (step > 1.0) step = 1.0;
-      value += step;
-    } else {
-      value = target;
-    }
-    return value;
+  double step(double value) const { return coefficient * (target - value); }
+  double next(double value) const {
+    double taken = step(value);
+    taken = taken < -0.5 ? -0.5 : taken;
+    taken = taken > 1.0 ? 1.0 : taken;
+    return magnitude(target - value) > 0.01 ? value + taken : target;
   }
-
- private:
-  double& state;
-  double value;
-  const double target;
-  const double coefficient;
 };
 
-// Smoothed level, in double for both precisions.
-class Envelope {
- public:
-  Envelope(double& heldState, double heldCoefficient)
-      : state(heldState), value(heldState), coefficient(heldCoefficient) {}
-  ~Envelope() { state = value; }
-  Envelope(const Envelope&) = delete;
-  Envelope& operator=(const Envelope&) = delete;
+// Whether another frame leaves a glide where it is: beside its target, mostly, where a step is too
+// short to be added.
+template <typename Glide>
+static bool rests(float& value, const Glide& glide) {
+  const float next = glide.next(value);
+  if (next != value) return false;
+  value = next;  // the sign of a zero, too
+  return true;
+}
 
-  void follow(double level) { value = flushed(value + (level - value) * coefficient); }
-
- private:
-  double& state;
-  double value;
-  const double coefficient;
-};
-
-// The ring of past mid samples, floats in both precisions. mask: its length, a power of
-// two, minus one.
-class DelayCursor {
- public:
-  DelayCursor(float* heldLine, std::int32_t heldMask, std::int32_t& heldIndex)
-      : line(heldLine), mask(heldMask), state(heldIndex), index(heldIndex) {}
-  ~DelayCursor() { state = index; }
-  DelayCursor(const DelayCursor&) = delete;
-  DelayCursor& operator=(const DelayCursor&) = delete;
-
-  void write(float mid) {
-    index = (index + 1) & mask;
-    line[index] = mid;
+// Each value of a glide waits for several operations on the one before. So a run is guessed first:
+// its steps get shorter as a geometric series does, and what waits is only the sum. Then every
+// value is compared with what the glide makes of the one before, all of them side by side. A guess
+// that is not right to the bit, about one run in a hundred, is made good frame by frame.
+template <typename Value, typename Glide>
+static void settle(Value& value, const Glide& glide, Value* __restrict run, std::int32_t frames) {
+  int wrong = glide.next(value) != run[0] ? 1 : 0;
+  for (std::int32_t i = 1; i < frames; ++i) wrong |= glide.next(run[i - 1]) != run[i] ? 1 : 0;
+  if (wrong != 0) {
+    Value exact = value;
+    for (std::int32_t i = 0; i < frames; ++i) run[i] = exact = glide.next(exact);
   }
+  value = run[frames - 1];
+}
 
-  // The sample `offset` frames ahead of the newest one, round the ring, with linear interpolation.
-  double read(double offset) const {
-    const auto whole = static_cast<std::int32_t>(offset);
-    const double fraction = offset - whole;
-    const std::int32_t k = (whole + index) & mask;
-    return (1.0 - fraction) * static_cast<double>(line[k]) +
-           fraction * static_cast<double>(line[(k + 1) & mask]);
+// Both gains in one loop, which costs what one of them costs.
+static void glideGains(State& state, const Rates& rates, const Targets& targets,
+                       float* __restrict gains, float* __restrict emphases, std::int32_t frames) {
+  const GainGlide gain{targets.gain, rates.glide};
+  const GainGlide emphasis{targets.emphasis, rates.glide};
+  const float gainStep = gain.step(state.gain);
+  const float emphasisStep = emphasis.step(state.emphasis);
+  float gainNow = state.gain;
+  float emphasisNow = state.emphasis;
+  for (std::int32_t i = 0; i < frames; ++i) {
+    gains[i] = gainNow += gainStep * rates.powers[i];
+    emphases[i] = emphasisNow += emphasisStep * rates.powers[i];
   }
+  settle(state.gain, gain, gains, frames);
+  settle(state.emphasis, emphasis, emphases, frames);
+}
 
- private:
-  float* const line;
-  const std::int32_t mask;
-  std::int32_t& state;
-  std::int32_t index;
-};
+static inline bool gainsRest(State& state, const Rates& rates, const Targets& targets) {
+  return rests(state.gain, GainGlide{targets.gain, rates.glide}) &&
+         rests(state.emphasis, GainGlide{targets.emphasis, rates.glide});
+}
+
+static void glideOffset(State& state, const Rates& rates, const Targets& targets,
+                        double* __restrict offsets, std::int32_t frames) {
+  const OffsetGlide glide{static_cast<double>(targets.offset), static_cast<double>(rates.glide)};
+  const double step = glide.step(state.offset);
+  double offset = state.offset;
+  for (std::int32_t i = 0; i < frames; ++i) offsets[i] = offset += step * rates.finePowers[i];
+  settle(state.offset, glide, offsets, frames);
+}
+
+}  // namespace kernel

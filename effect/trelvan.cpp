@@ -30,7 +30,8 @@ AudioEffect* createEffectInstance(audioMasterCallback audioMaster) {
 }
 
 Trelvan::Trelvan(audioMasterCallback host)
-    : CPresetSystemEffect(host), delayLine(std::make_unique<float[]>(kDelayLength)) {
+    : CPresetSystemEffect(host), delayMemory(std::make_unique<float[]>(kernel::kLineFloats)) {
+  signal.line = delayMemory.get() + 1;
   setNumInputs(2);
   setNumOutputs(2);
   setUniqueID(kUniqueID);
@@ -60,18 +61,35 @@ void Trelvan::resume() {
   CPresetSystemEffect::resume();
   sampleRateInt = truncatedToInt32(getSampleRate());
   sampleRateFloat = static_cast<float>(sampleRateInt);
-  meterCoeff = 1.0 - std::pow(kRemainder, 1.0 / (static_cast<double>(getSampleRate()) * kMeterTime *
-                                                 kSecondsPerMillisecond));
-  const double glideFrames =
-      static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
-  glideCoeff = static_cast<float>(1.0 - std::pow(kRemainder, 1.0 / glideFrames));
+  takeRate();
   getOutputLatency();
   updateBlockSize();
   clearSignal();
   // no glide after a resume
-  delayCurrent = delayTarget();
-  for (VstInt32 index = 0; index < kParameterCount; ++index)
-    smoothed[static_cast<std::size_t>(index)] = derived(index);
+  signal.offset = delayTarget();
+  signal.gain = derived(kWidthIndex);
+  signal.emphasis = derived(kEmphasisIndex);
+}
+
+// Coefficients, and powers of what they leave.
+void Trelvan::takeRate() {
+  const double levelFrames =
+      static_cast<double>(getSampleRate()) * kMeterTime * kSecondsPerMillisecond;
+  const double level = 1.0 - std::pow(kRemainder, 1.0 / levelFrames);
+  const double levelLeft = 1.0 - level;
+  for (int power = 0; power < kernel::Rates::kDecays; ++power)
+    rates.decays[power] = std::pow(levelLeft, 1 << power);
+  for (int place = 0; place < kernel::kChunkFrames; ++place)
+    rates.weights[place] = level * std::pow(levelLeft, kernel::kChunkFrames - 1 - place);
+
+  const double glideFrames =
+      static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
+  rates.glide = static_cast<float>(1.0 - std::pow(kRemainder, 1.0 / glideFrames));
+  const double glideLeft = 1.0 - static_cast<double>(rates.glide);
+  for (int frame = 0; frame < kernel::kGlidingFrames; ++frame) {
+    rates.finePowers[frame] = std::pow(glideLeft, frame);
+    rates.powers[frame] = static_cast<float>(rates.finePowers[frame]);
+  }
 }
 
 // Coefficients and glides stay as they are.
@@ -81,22 +99,21 @@ void Trelvan::suspend() {
   sampleRateFloat = getSampleRate();  // with its fraction, unlike resume
   getOutputLatency();
   updateBlockSize();
-  widthMeter = 0.0F;
+  midOverSide = kSilent;
   clearSignal();
 }
 
 void Trelvan::clearSignal() {
   auxParameter = 0.0F;
-  std::fill_n(delayLine.get(), delayLength, 0.0F);
-  midEnvelope = 0.0;
-  sideEnvelope = 0.0;
-  lastDelayed = 0.0F;
-  writeIndex &= delayMask;
+  std::fill_n(delayMemory.get(), kernel::kLineFloats, 0.0F);
+  signal.midLevel = 0.0;
+  signal.sideLevel = 0.0;
+  signal.lastDelayed = 0.0F;
 }
 
 // Whole frames: at rest the read offset has no fraction.
 std::int32_t Trelvan::delayTarget() const {
-  return truncatedToInt32(static_cast<float>(kDelayLength) -
+  return truncatedToInt32(static_cast<float>(kDelayFrames) -
                           static_cast<float>(sampleRateInt) / derived(kBaseFreqIndex));
 }
 

@@ -6,11 +6,13 @@
 #include <cstdint>
 #include <memory>
 
-#include "effect/glide.h"
+#include "effect/kernelforms.h"
 #include "effect/parameters.h"
 #include "platform/relaxed.h"
 #include "platform/threadcontract.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
+
+static_assert(kernel::kLineFrames == kDelayFrames);
 
 // Parameter indexes and what they mean: effect/parameters.h.
 // resume and suspend reset, one thread processes, none of them beside another; setParameter comes
@@ -60,9 +62,12 @@ class Trelvan : public CPresetSystemEffect {
 
   // For the editor, on the user-interface thread.
   // -0.5 side outweighs .. 0 equal .. +0.5 mid outweighs
-  float getWidthMeter() const { return widthMeter; }
+  float getWidthMeter() const;
   void setEditorOpen(bool open) { editorOpen = open ? 1 : 0; }
   bool isEditorOpen() const { return editorOpen != 0; }
+
+  // For tests and benchmarks: another form of the kernel than the best. Not while processing.
+  void useKernel(const kernel::Form& form) { kernelForm = &form; }
 
   // Nothing here takes a lock; these stay for those who ask.
   void initMutex() {}
@@ -70,23 +75,18 @@ class Trelvan : public CPresetSystemEffect {
   void releaseMutex() {}
 
  private:
-  static constexpr std::int32_t kDelayLength = kDelayFrames;
-
-  template <typename Sample>
-  struct Frames;  // the buffers of one block
-
   template <typename Sample>
   void processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFrames);
-  template <typename Sample>
-  void widen(const Frames<Sample>& block);
-  template <typename Sample>
-  void bypass(const Frames<Sample>& block);
 
-  Glide glide(ParameterIndex index);  // toward the derived value, for one block
+  void takeRate();
   void clearSignal();
-  float derived(VstInt32 index) const;  // what follows from the raw value; index: a parameter's
-  std::int32_t delayTarget() const;     // read offset in frames: length minus one period
-  float meterReading() const;
+  // What follows from the raw value; index: a parameter's.
+  float derived(VstInt32 index) const {
+    return parameterAt(index).derived(raw[static_cast<std::size_t>(index)]);
+  }
+  std::int32_t delayTarget() const;  // read offset in frames: length minus one period
+  kernel::Targets targets() const;
+  void publishLevels();
 
   [[no_unique_address]] ProcessingContract processing;
   Relaxed<std::int32_t> editorOpen{0};
@@ -98,24 +98,16 @@ class Trelvan : public CPresetSystemEffect {
   std::array<Relaxed<float>, kParameterCount> raw;
   Relaxed<float> auxParameter;
 
-  // The glides: where they are, and their one-pole coefficient.
-  std::array<float, kParameterCount> smoothed{};  // by parameter index; a switch does not glide
-  float glideCoeff = 0.0F;
-  double delayCurrent = 0.0;
+  const kernel::Form* kernelForm = *kernel::usableForms();
+  kernel::State signal;
+  kernel::Rates rates;
+  std::unique_ptr<float[]> delayMemory;
   std::int32_t sampleRateInt = 44100;
   float sampleRateFloat = 44100.0F;
 
-  // The signal's memory.
-  std::unique_ptr<float[]> delayLine;
-  std::int32_t writeIndex = 0;  // of the newest frame, always below the length
-  std::int32_t delayLength = kDelayLength;
-  std::int32_t delayMask = kDelayLength - 1;
-  float lastDelayed = 0.0F;
-
-  // The meter: audio thread to editor.
+  // The meter: audio thread to editor, which takes the logarithm. Mid level over side level, as far
+  // as they are heard: infinite without side, 0 without mid.
+  static constexpr double kSilent = -1.0;
+  Relaxed<double> midOverSide{kSilent};
   Relaxed<float> peakValue{0.0F};
-  Relaxed<float> widthMeter{0.0F};
-  double midEnvelope = 0.0;
-  double sideEnvelope = 0.0;
-  double meterCoeff = 0.0;
 };

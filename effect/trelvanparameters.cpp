@@ -18,8 +18,7 @@ void copyText(char* to, VstInt32 index, const char* (*text)(const Parameter&)) {
 
 }  // namespace
 
-// Any thread. The write index needs no wrapping here: the audio thread keeps it below the length at
-// all times.
+// Any thread.
 void Trelvan::setParameter(VstInt32 index, float value) {
   if (isParameter(index)) {
     raw[static_cast<std::size_t>(index)] = value;
@@ -33,10 +32,6 @@ void Trelvan::setParameter(VstInt32 index, float value) {
 float Trelvan::getParameter(VstInt32 index) {
   if (isParameter(index)) return raw[static_cast<std::size_t>(index)];
   return index == kAuxIndex ? auxParameter.load() : 0.0F;
-}
-
-float Trelvan::derived(VstInt32 index) const {
-  return parameterAt(index).derived(raw[static_cast<std::size_t>(index)]);
 }
 
 float Trelvan::getParameterValue(VstInt32 index) {

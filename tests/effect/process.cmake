@@ -6,6 +6,20 @@ trelvan_add_test(processtest effect
   SOURCES trelvanprocesstest.cpp processchannelstest.cpp processautomationtest.cpp
   LIBRARIES trelvan trelvan_reference)
 
+trelvan_add_test(kerneltest effect
+  SOURCES kerneltest.cpp
+  LIBRARIES trelvan_effect trelvan_reference)
+
+if(NOT TRELVAN_SANITIZE)
+  # Sanitizers put symbols of their own into every object.
+  foreach(form IN LISTS TRELVAN_KERNEL_FORMS)
+    add_test(NAME KernelObject.SharesNothing.${form}
+      COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/kernelsymbols.sh ${CMAKE_NM}
+        $<TARGET_OBJECTS:trelvan_kernel_${form}>)
+    set_tests_properties(KernelObject.SharesNothing.${form} PROPERTIES LABELS effect TIMEOUT 20)
+  endforeach()
+endif()
+
 trelvan_add_test(propertiestest effect
   SOURCES propertiestest.cpp impulsetest.cpp glidetest.cpp metertest.cpp
   LIBRARIES trelvan trelvan_reference)

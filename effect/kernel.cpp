@@ -1,0 +1,102 @@
+// The kernel: the order of things in a run of frames. Compiled once for each vector unit, under the
+// name that the build gives it.
+#include "effect/kernel.h"
+
+#include "effect/glide.h"
+#include "effect/kernelforms.h"
+#include "effect/kernelsteps.h"
+
+namespace kernel {
+namespace {
+
+// What a run needs for itself. In front of mids and sides there is room for a chunk of silence, in
+// front of the delayed samples for one that is read.
+template <typename Sample>
+struct Room {
+  Sample silenceBeforeMid[kChunkFrames + kRunFrames];
+  Sample silenceBeforeSide[kChunkFrames + kRunFrames];
+  Sample oneBeforeDelayed[1 + kGlidingFrames];
+  Sample spare[kRunFrames];  // left, where only right comes out
+  float floats[kGlidingFrames];
+  float gains[kGlidingFrames];
+  float emphases[kGlidingFrames];
+  double offsets[kGlidingFrames];
+
+  Sample* mid() { return silenceBeforeMid + kChunkFrames; }
+  Sample* side() { return silenceBeforeSide + kChunkFrames; }
+  Sample* delayed() { return oneBeforeDelayed + 1; }
+};
+
+std::int32_t least(std::int32_t a, std::int32_t b) {
+  return a < b ? a : b;
+}
+
+// The order of operations and the types in here are the definition of the sound: results are the
+// same bits for every division into blocks.
+template <typename Sample>
+void widen(State& state, const Rates& rates, const Targets& targets, const Block<Sample>& block) {
+  Room<Sample> room;
+  Sample* const mid = room.mid();
+  Sample* const side = room.side();
+  Sample* const delayed = room.delayed();
+  delayed[-1] = 0;
+  const float sign = targets.sign;
+  std::int32_t frames = 0;
+  for (std::int32_t done = 0; done < block.frames; done += frames) {
+    const bool steady = gainsRest(state, rates, targets);
+    const bool still = state.offset == targets.offset && clears(targets.offset, kRunFrames);
+    frames = least(block.frames - done, steady && still ? kRunFrames : kGlidingFrames);
+    Sample* const outR = block.outR + done;
+    Sample* const outL = block.outL == block.outR ? room.spare : block.outL + done;
+
+    float* const written = still ? state.line + nextPlace(state) : room.floats;
+    takeMids(block.inL + done, block.inR + done, mid, written, frames);
+    if (still) closeLine(state, frames);
+    if (steady && still) {
+      const Past past = pastOf(state, targets.offset, frames);
+      shapeRun(state, sign, past, Steady{state.emphasis}, Steady{state.gain}, mid, side, outL, outR,
+               frames);
+    } else if (still) {
+      const Past past = pastOf(state, targets.offset, frames);
+      glideGains(state, rates, targets, room.gains, room.emphases, frames);
+      shapeRun(state, sign, past, +room.emphases, +room.gains, mid, side, outL, outR, frames);
+    } else {
+      glideGains(state, rates, targets, room.gains, room.emphases, frames);
+      glideOffset(state, rates, targets, room.offsets, frames);
+      delayMoving(state, room.floats, room.offsets, delayed, frames);
+      shapeRun(state, sign, delayed, +room.emphases, +room.gains, mid, side, outL, outR, frames);
+    }
+    const double left = decay(rates, frames);
+    state.midLevel = flushed(state.midLevel * left + heard(rates, mid, frames));
+    state.sideLevel = flushed(state.sideLevel * left + heard(rates, side, frames));
+  }
+}
+
+template <typename Sample>
+void pass(State& state, const Rates& rates, const Targets& targets, const Block<Sample>& block) {
+  Room<Sample> room;
+  std::int32_t frames = 0;
+  for (std::int32_t done = 0; done < block.frames; done += frames) {
+    const bool steady = gainsRest(state, rates, targets);
+    frames = least(block.frames - done, steady ? kRunFrames : kGlidingFrames);
+    const Sample* const inL = block.inL + done;
+    const Sample* const inR = block.inR + done;
+
+    takeMids(inL, inR, room.mid(), state.line + nextPlace(state), frames);
+    closeLine(state, frames);
+    if (!steady) glideGains(state, rates, targets, room.gains, room.emphases, frames);
+    passRun(inL, inR, block.outL + done, block.outR + done, room.spare, frames);
+    const double left = decay(rates, frames);
+    state.midLevel = flushed(state.midLevel * left + heard(rates, room.mid(), frames));
+    state.sideLevel = flushed(state.sideLevel * left);
+  }
+}
+
+}  // namespace
+
+#define TRELVAN_TEXT_OF(name) #name
+#define TRELVAN_TEXT(name) TRELVAN_TEXT_OF(name)
+const Form TRELVAN_KERNEL = {TRELVAN_TEXT(TRELVAN_KERNEL), widen<float>, widen<double>, pass<float>,
+                             pass<double>};
+
+}  // namespace kernel

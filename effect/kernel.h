@@ -1,0 +1,100 @@
+// The kernel, which works on runs of frames: what it keeps, what it is told, and what it does. It
+// knows nothing of hosts, channels or parameters.
+#pragma once
+
+#include <cstdint>
+
+namespace kernel {
+
+constexpr std::int32_t kLineFrames = 16384;  // of the delay line, a power of two
+constexpr std::int32_t kRunFrames = 256;     // worked on at once, at most
+constexpr std::int32_t kGlidingFrames = 64;  // the same while something glides
+constexpr std::int32_t kChunkFrames = 32;    // that a level takes in at once
+
+// Floats of the line's memory. Its first frames stand once more behind its last one, so that a run
+// is written and read in one piece, and the float in front of it may be read.
+constexpr std::int32_t kLineFloats = 1 + kLineFrames + kRunFrames;
+
+// What follows from the sample rate.
+struct Rates {
+  // Of glides: the part of the way to its target that a frame closes, and what is left of a step's
+  // length 0, 1, 2 .. frames later, for floats and for doubles.
+  float glide = 0.0F;
+  float powers[kGlidingFrames] = {};
+  double finePowers[kGlidingFrames] = {};
+
+  // Of levels: what is left of one after 1, 2, 4 .. 256 frames of silence, and what a frame adds to
+  // it by the end of its chunk, by the frame's place there.
+  static constexpr std::int32_t kDecays = 9;
+  static constexpr std::int32_t kChunkDecay = 5;
+  double decays[kDecays] = {};
+  double weights[kChunkFrames] = {};
+};
+static_assert(1 << (Rates::kDecays - 1) == kRunFrames);
+static_assert(1 << Rates::kChunkDecay == kChunkFrames);
+
+// What lasts from run to run. The audio thread's.
+struct State {
+  // Where the glides are.
+  float gain = 0.0F;  // of the side
+  float emphasis = 0.0F;
+  double offset = 0.0;  // at which the line is read, in frames from the newest one on, round it
+
+  // The signal's memory.
+  float* line = nullptr;     // somebody else's, after its first float
+  std::int32_t newest = 0;   // place of the newest frame in the line
+  float lastDelayed = 0.0F;  // float in both precisions
+
+  // Smoothed levels, for the meter.
+  double midLevel = 0.0;
+  double sideLevel = 0.0;
+};
+
+// Where the glides go, and the side's sign: the same throughout a block.
+struct Targets {
+  float gain;
+  float emphasis;
+  std::int32_t offset;  // whole frames
+  float sign;           // 1 or -1
+};
+
+// Where the channels of one block are; several may be the same buffer. Each frame is read before it
+// is written, left is written before right, so a single output ends up with the right channel.
+template <typename Sample>
+struct Block {
+  const Sample* inL;
+  const Sample* inR;
+  Sample* outL;
+  Sample* outR;
+  std::int32_t frames;
+};
+
+template <typename Sample>
+using Process = void(State&, const Rates&, const Targets&, const Block<Sample>&);
+
+// The kernel as it was compiled for one vector unit. The sound has the same bits in all forms; the
+// levels may differ in their last ones. Audio thread.
+struct Form {
+  const char* name;
+  Process<float>* widenSingle;
+  Process<double>* widenDouble;
+  // The input passes; the gains keep gliding and the line keeps filling, so that switching on is
+  // smooth.
+  Process<float>* passSingle;
+  Process<double>* passDouble;
+
+  void widen(State& s, const Rates& r, const Targets& t, const Block<float>& block) const {
+    widenSingle(s, r, t, block);
+  }
+  void widen(State& s, const Rates& r, const Targets& t, const Block<double>& block) const {
+    widenDouble(s, r, t, block);
+  }
+  void pass(State& s, const Rates& r, const Targets& t, const Block<float>& block) const {
+    passSingle(s, r, t, block);
+  }
+  void pass(State& s, const Rates& r, const Targets& t, const Block<double>& block) const {
+    passDouble(s, r, t, block);
+  }
+};
+
+}  // namespace kernel
