@@ -1,4 +1,4 @@
-// What making an instance, saving it and restoring it take.
+// What making an instance, saving it and restoring it take, and a block of sound beside them.
 #include <benchmark/benchmark.h>
 
 #include <memory>
@@ -6,6 +6,7 @@
 
 #include "effect/trelvan.h"
 #include "tests/support/processhost.h"
+#include "tests/support/testsignals.h"
 
 namespace {
 
@@ -38,6 +39,21 @@ void setChunk(benchmark::State& loop) {
   }
 }
 
+void playBlock(benchmark::State& loop) {
+  Trelvan plugin(processHost);
+  plugin.setPresetNo(14);  // full width
+  plugin.resume();
+  auto sound = makeSignal<float>(Signal::kNoise, 1024);
+  auto out = sound;
+  float* ins[] = {sound.left.data(), sound.right.data()};
+  float* outs[] = {out.left.data(), out.right.data()};
+  for (auto _ : loop) {
+    plugin.processReplacing(ins, outs, 1024);
+    benchmark::ClobberMemory();
+  }
+}
+
+BENCHMARK(playBlock)->Name("instance/a block of 1024");
 BENCHMARK(makeAndEnd)->Name("instance/make and end");
 BENCHMARK(getChunk)->Name("instance/getChunk");
 BENCHMARK(setChunk)->Name("instance/setChunk");

@@ -6,7 +6,7 @@
 #include "bench/ratioreporter.h"
 
 int main(int argc, char** argv) {
-  // Mixed, so that what else the machine does falls on plug-in and reference alike.
+  // Mixed, so that what else the machine does falls on all of them alike.
   // Later arguments win.
   char repetitions[] = "--benchmark_repetitions=5";
   char mixed[] = "--benchmark_enable_random_interleaving=true";

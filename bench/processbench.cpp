@@ -1,91 +1,143 @@
-// Time a frame takes, in the plug-in and in the reference transcription: settled,
-// gliding and bypassed.
-#include <benchmark/benchmark.h>
+// How long a frame takes, in every form of the kernel and in the reference transcription: all in
+// one process, one after the other in short turns, by the thread's own clock, medians.
+#include <ctime>
 
-#include <memory>
-#include <string>
-#include <vector>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
-#include "effect/trelvan.h"
-#include "tests/support/processhost.h"
-#include "tests/support/reference.h"
-#include "tests/support/testsignals.h"
+#include "bench/processcases.h"
 
 namespace {
 
-enum class State { kSettled, kGliding, kBypassed };
+constexpr int kTurns = 101;           // of each that is measured; odd: a median
+constexpr int kFramesATurn = 32768;   // the clock itself costs some hundred ns
+constexpr int kManyInstances = 100;   // from here on one block of each is enough
+constexpr double kNanoseconds = 1e9;  // in a second
 
-constexpr int kBlocks[] = {16, 64, 256, 1024, 4096};  // frames
-constexpr int kMoveEvery = 4096;  // frames at 44100 Hz: a third of the glides' closing time
-
-void process(Trelvan& plugin, float** in, float** out, int frames) {
-  plugin.processReplacing(in, out, frames);
-}
-void process(Trelvan& plugin, double** in, double** out, int frames) {
-  plugin.processDoubleReplacing(in, out, frames);
-}
-void process(Reference& reference, float** in, float** out, int frames) {
-  reference.processReplacing(in, out, frames, true, true);
-}
-void process(Reference& reference, double** in, double** out, int frames) {
-  reference.processDoubleReplacing(in, out, frames, true, true);
+double threadTime() {  // ns
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * kNanoseconds + static_cast<double>(now.tv_nsec);
 }
 
-template <typename Widener>
-void moveParameters(Widener& widener, bool up) {
-  widener.setParameter(0, up ? 0.9F : 0.4F);
-  widener.setParameter(1, up ? 0.3F : 0.1F);
-  widener.setParameter(2, up ? 0.6F : 0.2F);
+std::vector<const kernel::Form*> forms() {
+  std::vector<const kernel::Form*> found;
+  for (const kernel::Form* const* form = kernel::usableForms(); *form != nullptr; ++form)
+    found.push_back(*form);
+  return found;
 }
 
-template <typename Sample, typename Widener>
-void run(benchmark::State& loop, Widener& widener, State state, int frames) {
-  auto in = makeSignal<Sample>(Signal::kNoise, static_cast<std::size_t>(frames));
-  auto out = in;
-  Sample* ins[] = {in.left.data(), in.right.data()};
-  Sample* outs[] = {out.left.data(), out.right.data()};
-  widener.setSampleRate(44100.0F);
-  moveParameters(widener, true);
-  widener.setParameter(3, state == State::kBypassed ? 0.0F : 1.0F);
-  widener.resume();
-  int since = 0;
-  bool up = false;
-  for (int warmed = 0; warmed < 44100; warmed += frames) process(widener, ins, outs, frames);
-  for (auto _ : loop) {
-    if (state == State::kGliding && (since += frames) >= kMoveEvery) {
-      since = 0;
-      moveParameters(widener, up);
-      up = !up;
+double median(std::vector<double>& times) {
+  std::nth_element(times.begin(), times.begin() + kTurns / 2, times.end());
+  return times[kTurns / 2];
+}
+
+int blocksATurn(const Case& what) {
+  return what.instances >= kManyInstances ? 1 : std::max(1, kFramesATurn / what.block);
+}
+
+// A case, in a form of the kernel or, without one, in the reference.
+struct Contestant {
+  Case what;
+  const kernel::Form* form = nullptr;
+};
+
+// ns a frame, of each.
+std::vector<double> measured(const std::vector<Contestant>& contestants) {
+  std::vector<CasePlayer> players;
+  for (const auto& [what, form] : contestants) players.emplace_back(what, form);
+  std::vector<std::vector<double>> times(players.size());
+  for (int turn = 0; turn < kTurns; ++turn) {
+    for (std::size_t i = 0; i < players.size(); ++i) {
+      const Case& what = contestants[i].what;
+      const int blocks = blocksATurn(what);
+      const double before = threadTime();
+      players[i].play(blocks);
+      times[i].push_back((threadTime() - before) / blocks / what.block / what.instances);
     }
-    process(widener, ins, outs, frames);
-    benchmark::ClobberMemory();
+  }
+  std::vector<double> medians;
+  for (auto& of : times) medians.push_back(median(of));
+  return medians;
+}
+
+// The last column says what a case takes of the settled one, in the best form.
+void printCases() {
+  const Case settled = processCases().front();
+  std::printf("| case | block | reference, ns a frame |");
+  for (const kernel::Form* form : forms()) std::printf(" %s, ns | faster |", form->name);
+  std::printf(" of settled |\n|------|------:|------:|");
+  for (std::size_t i = 0; i < forms().size(); ++i) std::printf("------:|------:|");
+  std::printf("------:|\n");
+  for (const Case& what : processCases()) {
+    std::vector<Contestant> contestants = {{what}};
+    for (const kernel::Form* form : forms()) contestants.push_back({what, form});
+    contestants.push_back({settled, forms().front()});
+    const auto times = measured(contestants);
+    std::printf("| %s | %d | %.2f |", what.name.c_str(), what.block, times[0]);
+    for (std::size_t i = 1; i <= forms().size(); ++i)
+      std::printf(" %.3f | %.1f |", times[i], times[0] / times[i]);
+    std::printf(" %.2f |\n", times[1] / times.back());
+    std::fflush(stdout);
   }
 }
 
-template <typename Sample>
-void add(const std::string& name, State state, int frames) {
-  benchmark::RegisterBenchmark((name + "/plugin").c_str(), [state, frames](benchmark::State& loop) {
-    Trelvan plugin(processHost);
-    run<Sample>(loop, plugin, state, frames);
-  });
-  benchmark::RegisterBenchmark((name + "/reference").c_str(),
-                               [state, frames](benchmark::State& loop) {
-                                 const auto reference = std::make_unique<Reference>();
-                                 run<Sample>(loop, *reference, state, frames);
-                               });
+// The slowest factory preset beside the settled case, form by form.
+void printPresets() {
+  for (const kernel::Form* form : forms()) {
+    double slowest = 0.0;
+    for (const Case& what : presetCases()) {
+      const auto times = measured({{what, form}, {processCases().front(), form}});
+      slowest = std::max(slowest, times[0] / times[1]);
+    }
+    std::printf("%s: the slowest factory preset takes %.2f of the settled case\n", form->name,
+                slowest);
+  }
 }
 
-const bool added = [] {
-  constexpr const char* kStates[] = {"settled", "gliding", "bypassed"};
-  for (const State state : {State::kSettled, State::kGliding, State::kBypassed}) {
-    for (const int frames : kBlocks) {
-      const std::string name =
-          std::string(kStates[static_cast<int>(state)]) + '/' + std::to_string(frames);
-      add<float>("process/single/" + name, state, frames);
-      add<double>("process/double/" + name, state, frames);
+void printNothing() {
+  for (const kernel::Form* form : forms()) {
+    const CasePlayer player(processCases().front(), form);
+    std::vector<double> times;
+    constexpr int kCalls = 10000;
+    for (int turn = 0; turn < kTurns; ++turn) {
+      const double before = threadTime();
+      player.playNothing(kCalls);
+      times.push_back((threadTime() - before) / kCalls);
     }
+    std::printf("%s: a call with 0 frames takes %.1f ns\n", form->name, median(times));
   }
-  return true;
-}();
+}
+
+// For a tool that counts instructions: one case in one form, for so many turns.
+int playOne(const char* number, const char* formName, const char* turns) {
+  const auto cases = processCases();
+  const auto index = static_cast<std::size_t>(std::atoi(number));
+  if (index >= cases.size()) return 2;
+  for (const kernel::Form* form : forms()) {
+    if (std::strcmp(form->name, formName) != 0) continue;
+    CasePlayer(cases[index], form).play(blocksATurn(cases[index]) * std::atoi(turns));
+    std::printf("%s|%d|%d\n", cases[index].name.c_str(), cases[index].block,
+                blocksATurn(cases[index]) * cases[index].block * cases[index].instances);
+    return 0;
+  }
+  return 2;
+}
 
 }  // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 4) return playOne(argv[1], argv[2], argv[3]);
+  if (argc == 2 && std::strcmp(argv[1], "forms") == 0) {
+    for (const kernel::Form* form : forms()) std::printf("%s\n", form->name);
+    return 0;
+  }
+  if (argc != 1) return 2;
+  printCases();
+  std::printf("\n");
+  printPresets();
+  printNothing();
+  return 0;
+}

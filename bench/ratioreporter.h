@@ -7,8 +7,7 @@
 #include <string>
 #include <vector>
 
-// Names are paths: process/<precision>/<state>/<block>/<plugin or reference>, and
-// instance/<operation>. Processor time, the median of all repetitions.
+// Names are paths: instance/<operation>. Processor time, the median of all repetitions.
 class RatioReporter : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context& context) override;
@@ -16,7 +15,6 @@ class RatioReporter : public benchmark::BenchmarkReporter {
   void Finalize() override;
 
  private:
-  void printProcessing();
   void printInstances();
   double median(const std::string& name) const;  // ns an iteration; 0 where it did not run
 

@@ -30,6 +30,7 @@ struct GainGlide {
 
   float step(float value) const { return (target - value) * coefficient; }
   float next(float value) const { return flushed(value + step(value)); }
+  bool leads(float from, float to) const { return next(from) == to; }
 };
 
 // Glide of the read offset. It may grow by one frame a frame but shrink by half a frame only, and
@@ -45,6 +46,12 @@ struct OffsetGlide {
     taken = taken > 1.0 ? 1.0 : taken;
     return magnitude(target - value) > 0.01 ? value + taken : target;
   }
+  // Of a step that meets no limit; without a branch, for the loop that calls it.
+  bool leads(double from, double to) const {
+    const double taken = step(from);
+    const bool free = (taken >= -0.5) & (taken <= 1.0) & (magnitude(target - from) > 0.01);
+    return free & (from + taken == to);
+  }
 };
 
 // Whether another frame leaves a glide where it is: beside its target, mostly, where a step is too
@@ -57,14 +64,26 @@ static bool rests(float& value, const Glide& glide) {
   return true;
 }
 
+// As wide as a value, so that the comparisons of a run fit into a vector beside each other.
+template <typename Value>
+struct Word;
+template <>
+struct Word<float> {
+  using Type = std::int32_t;
+};
+template <>
+struct Word<double> {
+  using Type = std::int64_t;
+};
+
 // Each value of a glide waits for several operations on the one before. So a run is guessed first:
 // its steps get shorter as a geometric series does, and what waits is only the sum. Then every
 // value is compared with what the glide makes of the one before, all of them side by side. A guess
 // that is not right to the bit, about one run in a hundred, is made good frame by frame.
 template <typename Value, typename Glide>
 static void settle(Value& value, const Glide& glide, Value* __restrict run, std::int32_t frames) {
-  int wrong = glide.next(value) != run[0] ? 1 : 0;
-  for (std::int32_t i = 1; i < frames; ++i) wrong |= glide.next(run[i - 1]) != run[i] ? 1 : 0;
+  typename Word<Value>::Type wrong = glide.leads(value, run[0]) ? 0 : 1;
+  for (std::int32_t i = 1; i < frames; ++i) wrong |= glide.leads(run[i - 1], run[i]) ? 0 : 1;
   if (wrong != 0) {
     Value exact = value;
     for (std::int32_t i = 0; i < frames; ++i) run[i] = exact = glide.next(exact);

@@ -66,9 +66,8 @@ void widen(State& state, const Rates& rates, const Targets& targets, const Block
       delayMoving(state, room.floats, room.offsets, delayed, frames);
       shapeRun(state, sign, delayed, +room.emphases, +room.gains, mid, side, outL, outR, frames);
     }
-    const double left = decay(rates, frames);
-    state.midLevel = flushed(state.midLevel * left + heard(rates, mid, frames));
-    state.sideLevel = flushed(state.sideLevel * left + heard(rates, side, frames));
+    state.midLevel = flushed(faded(rates, state.midLevel, frames) + heard(rates, mid, frames));
+    state.sideLevel = flushed(faded(rates, state.sideLevel, frames) + heard(rates, side, frames));
   }
 }
 
@@ -86,9 +85,9 @@ void pass(State& state, const Rates& rates, const Targets& targets, const Block<
     closeLine(state, frames);
     if (!steady) glideGains(state, rates, targets, room.gains, room.emphases, frames);
     passRun(inL, inR, block.outL + done, block.outR + done, room.spare, frames);
-    const double left = decay(rates, frames);
-    state.midLevel = flushed(state.midLevel * left + heard(rates, room.mid(), frames));
-    state.sideLevel = flushed(state.sideLevel * left);
+    state.midLevel =
+        flushed(faded(rates, state.midLevel, frames) + heard(rates, room.mid(), frames));
+    state.sideLevel = flushed(faded(rates, state.sideLevel, frames));
   }
 }
 

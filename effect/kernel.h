@@ -7,7 +7,7 @@
 namespace kernel {
 
 constexpr std::int32_t kLineFrames = 16384;  // of the delay line, a power of two
-constexpr std::int32_t kRunFrames = 256;     // worked on at once, at most
+constexpr std::int32_t kRunFrames = 512;     // worked on at once, at most
 constexpr std::int32_t kGlidingFrames = 64;  // the same while something glides
 constexpr std::int32_t kChunkFrames = 32;    // that a level takes in at once
 
@@ -23,15 +23,11 @@ struct Rates {
   float powers[kGlidingFrames] = {};
   double finePowers[kGlidingFrames] = {};
 
-  // Of levels: what is left of one after 1, 2, 4 .. 256 frames of silence, and what a frame adds to
-  // it by the end of its chunk, by the frame's place there.
-  static constexpr std::int32_t kDecays = 9;
-  static constexpr std::int32_t kChunkDecay = 5;
-  double decays[kDecays] = {};
+  // Of levels: what is left of one after 0, 1, 2 .. frames of silence, a chunk at most, and what a
+  // frame adds to one by the end of its chunk, by the frame's place there.
+  double left[kChunkFrames + 1] = {};
   double weights[kChunkFrames] = {};
 };
-static_assert(1 << (Rates::kDecays - 1) == kRunFrames);
-static_assert(1 << Rates::kChunkDecay == kChunkFrames);
 
 // What lasts from run to run. The audio thread's.
 struct State {

@@ -32,9 +32,10 @@ static void closeLine(State& state, std::int32_t frames) {
   float* const line = state.line;
   const std::int32_t first = nextPlace(state);
   const std::int32_t end = first + frames;
-  for (std::int32_t i = kLineFrames; i < end; ++i) line[i - kLineFrames] = line[i];
-  const std::int32_t last = end < kRunFrames ? end : kRunFrames;
-  for (std::int32_t i = first; i < last; ++i) line[i + kLineFrames] = line[i];
+  if (end > kLineFrames)
+    for (std::int32_t i = kLineFrames; i < end; ++i) line[i - kLineFrames] = line[i];
+  else if (first < kRunFrames)
+    for (std::int32_t i = first; i < end && i < kRunFrames; ++i) line[i + kLineFrames] = line[i];
   state.newest = (state.newest + frames) & kLineMask;
 }
 
@@ -136,26 +137,26 @@ static void passRun(const Sample* inL, const Sample* inR, Sample* outL, Sample* 
   copy(inR, outR, frames);
 }
 
-// What is left of a level after so many frames of silence.
-static inline double decay(const Rates& rates, std::int32_t frames) {
-  double left = 1.0;
-  for (std::int32_t power = 0; power < Rates::kDecays; ++power)
-    if ((frames >> power & 1) != 0) left *= rates.decays[power];
-  return left;
+// What is left of a level after a run of silence.
+static inline double faded(const Rates& rates, double level, std::int32_t frames) {
+  for (; frames >= kChunkFrames; frames -= kChunkFrames) level *= rates.left[kChunkFrames];
+  return level * rates.left[frames];
 }
 
-// What a run adds to a level: of each frame what those after it leave. The chunk in front of the
-// run is overwritten: with silence, where the run's first chunk is not full.
+// What a run adds to a level. The chunk in front of it is overwritten: with silence, where the run
+// does not fill its first chunk.
 template <typename Sample>
 static double heard(const Rates& rates, Sample* run, std::int32_t frames) {
   constexpr std::int32_t kLanes = 8;  // sums side by side, which do not wait for one another
-  const std::int32_t silent = -frames & (kChunkFrames - 1);
-  for (std::int32_t i = -silent; i < 0; ++i) run[i] = 0;
-  const double left = rates.decays[Rates::kChunkDecay];
+  const Sample* chunk = run;
+  if (frames % kChunkFrames != 0) {
+    for (std::int32_t i = 0; i < kChunkFrames; ++i) run[i - kChunkFrames] = 0;
+    chunk = run + frames % kChunkFrames - kChunkFrames;
+  }
   double lanes[kLanes];
   for (std::int32_t lane = 0; lane < kLanes; ++lane) lanes[lane] = 0.0;
-  for (const Sample* chunk = run - silent; chunk < run + frames; chunk += kChunkFrames) {
-    for (std::int32_t lane = 0; lane < kLanes; ++lane) lanes[lane] *= left;
+  for (; chunk < run + frames; chunk += kChunkFrames) {
+    for (std::int32_t lane = 0; lane < kLanes; ++lane) lanes[lane] *= rates.left[kChunkFrames];
     for (std::int32_t row = 0; row < kChunkFrames; row += kLanes)
       for (std::int32_t lane = 0; lane < kLanes; ++lane)
         lanes[lane] +=

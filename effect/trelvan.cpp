@@ -77,8 +77,8 @@ void Trelvan::takeRate() {
       static_cast<double>(getSampleRate()) * kMeterTime * kSecondsPerMillisecond;
   const double level = 1.0 - std::pow(kRemainder, 1.0 / levelFrames);
   const double levelLeft = 1.0 - level;
-  for (int power = 0; power < kernel::Rates::kDecays; ++power)
-    rates.decays[power] = std::pow(levelLeft, 1 << power);
+  for (int frames = 0; frames <= kernel::kChunkFrames; ++frames)
+    rates.left[frames] = std::pow(levelLeft, frames);
   for (int place = 0; place < kernel::kChunkFrames; ++place)
     rates.weights[place] = level * std::pow(levelLeft, kernel::kChunkFrames - 1 - place);
 

@@ -112,14 +112,13 @@ class KernelPair {
       rates.powers[frame] = static_cast<float>(left);
       left *= 1.0 - static_cast<double>(rates.glide);
     }
-    left = 1.0 - reference->meterCoeff;
-    for (double& decay : rates.decays) {
-      decay = left;
-      left *= left;
+    left = 1.0;
+    for (int frames = 0; frames <= kernel::kChunkFrames; ++frames) {
+      rates.left[frames] = left;
+      if (frames < kernel::kChunkFrames)
+        rates.weights[kernel::kChunkFrames - 1 - frames] = reference->meterCoeff * left;
+      left *= 1.0 - reference->meterCoeff;
     }
-    left = reference->meterCoeff;
-    for (int place = kernel::kChunkFrames; place-- > 0; left *= 1.0 - reference->meterCoeff)
-      rates.weights[place] = left;
   }
 
   // As after every block: a level that is no number would stay so.

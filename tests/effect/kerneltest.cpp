@@ -145,8 +145,28 @@ TEST_P(Kernel, EqualsTheReferenceInEveryWiring) {
 // while the delay glides from one to the other and through the end.
 TEST_P(Kernel, EqualsTheReferenceAroundTheLinesEnd) {
   Walk walk(3);
-  for (const int offset : {-700, -257, -256, -65, -2,  -1,  0,   1,   2,   30,  31,
-                           62,   63,   64,   126, 127, 128, 254, 255, 256, 300, 16383}) {
+  constexpr int kRun = kernel::kRunFrames;
+  constexpr int kGliding = kernel::kGlidingFrames;
+  for (const int offset : {-kRun - 200,
+                           -kRun - 1,
+                           -kRun,
+                           -kGliding,
+                           -2,
+                           -1,
+                           0,
+                           1,
+                           2,
+                           30,
+                           kGliding - 1,
+                           kGliding,
+                           2 * kGliding - 1,
+                           2 * kGliding,
+                           kRun - 2,
+                           kRun - 1,
+                           kRun,
+                           kRun + 1,
+                           kRun + 40,
+                           16383}) {
     KernelPair pair(*GetParam());
     pair.reference->setParameter(0, 0.9F);
     pair.reference->setParameter(2, 0.3F);
@@ -154,7 +174,7 @@ TEST_P(Kernel, EqualsTheReferenceAroundTheLinesEnd) {
     pair.state.offset = pair.reference->delayCurrent = pair.reference->delayTarget = offset;
     for (const int target : {offset, -40, 40, 16370, 0}) {
       pair.reference->delayTarget = target;
-      for (const int frames : {1, 64, 100, 256, 700, 2000}) {
+      for (const int frames : {1, 64, 100, kRun, 700, 2000}) {
         ASSERT_TRUE(pair.block(buffers<float>(walk, frames), frames, {0, 1, 2, 3}))
             << offset << " to " << target;
         ASSERT_TRUE(pair.block(buffers<double>(walk, frames), frames, {0, 1, 2, 3}))
