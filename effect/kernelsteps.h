@@ -127,13 +127,11 @@ static void copy(const Sample* from, Sample* to, std::int32_t frames) {
 template <typename Sample>
 static void passRun(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR, Sample* spare,
                     std::int32_t frames) {
-  if (outL != outR) {
-    if (outL == inR) {
-      copy(inR, spare, frames);
-      inR = spare;
-    }
-    copy(inL, outL, frames);
+  if (outL == inR) {
+    copy(inR, spare, frames);
+    inR = spare;
   }
+  copy(inL, outL, frames);
   copy(inR, outR, frames);
 }
 
