@@ -9,12 +9,12 @@
 namespace kernel {
 namespace {
 
-// What a run needs for itself. In front of mids and sides there is room for a chunk of silence, in
+// What a run needs for itself. In front of mids and sides there is room for a row of silence, in
 // front of the delayed samples for one that is read.
 template <typename Sample>
 struct Room {
-  Sample silenceBeforeMid[kChunkFrames + kRunFrames];
-  Sample silenceBeforeSide[kChunkFrames + kRunFrames];
+  Sample silenceBeforeMid[kLanes + kRunFrames];
+  Sample silenceBeforeSide[kLanes + kRunFrames];
   Sample oneBeforeDelayed[1 + kGlidingFrames];
   Sample spare[kRunFrames];  // left, where only right comes out
   float floats[kGlidingFrames];
@@ -22,8 +22,8 @@ struct Room {
   float emphases[kGlidingFrames];
   double offsets[kGlidingFrames];
 
-  Sample* mid() { return silenceBeforeMid + kChunkFrames; }
-  Sample* side() { return silenceBeforeSide + kChunkFrames; }
+  Sample* mid() { return silenceBeforeMid + kLanes; }
+  Sample* side() { return silenceBeforeSide + kLanes; }
   Sample* delayed() { return oneBeforeDelayed + 1; }
 };
 

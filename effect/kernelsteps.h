@@ -9,6 +9,8 @@
 namespace kernel {
 
 constexpr std::int32_t kLineMask = kLineFrames - 1;
+constexpr std::int32_t kLanes = 8;  // sums of a level side by side, which do not wait for another
+static_assert(kChunkFrames % kLanes == 0);
 
 // The mids of a run, also as the floats that the line holds.
 template <typename Sample>
@@ -141,24 +143,27 @@ static inline double faded(const Rates& rates, double level, std::int32_t frames
   return level * rates.left[frames];
 }
 
-// What a run adds to a level. The chunk in front of it is overwritten: with silence, where the run
-// does not fill its first chunk.
+template <typename Sample>
+static inline void addWeighted(double (&lanes)[kLanes], const double* weights, const Sample* run,
+                               std::int32_t frames) {
+  for (std::int32_t row = 0; row < frames; row += kLanes)
+    for (std::int32_t lane = 0; lane < kLanes; ++lane)
+      lanes[lane] += weights[row + lane] * static_cast<double>(magnitude(run[row + lane]));
+}
+
+// What a run adds to a level. In front of it there is room for a row of silence, which fills the
+// first row where the run does not.
 template <typename Sample>
 static double heard(const Rates& rates, Sample* run, std::int32_t frames) {
-  constexpr std::int32_t kLanes = 8;  // sums side by side, which do not wait for one another
-  const Sample* chunk = run;
-  if (frames % kChunkFrames != 0) {
-    for (std::int32_t i = 0; i < kChunkFrames; ++i) run[i - kChunkFrames] = 0;
-    chunk = run + frames % kChunkFrames - kChunkFrames;
-  }
+  const std::int32_t part = frames % kChunkFrames;
+  const std::int32_t rows = (part + kLanes - 1) / kLanes * kLanes;
+  for (std::int32_t lane = 0; lane < kLanes; ++lane) run[lane - kLanes] = 0;
   double lanes[kLanes];
   for (std::int32_t lane = 0; lane < kLanes; ++lane) lanes[lane] = 0.0;
-  for (; chunk < run + frames; chunk += kChunkFrames) {
+  addWeighted(lanes, rates.weights + kChunkFrames - rows, run + part - rows, rows);
+  for (const Sample* chunk = run + part; chunk < run + frames; chunk += kChunkFrames) {
     for (std::int32_t lane = 0; lane < kLanes; ++lane) lanes[lane] *= rates.left[kChunkFrames];
-    for (std::int32_t row = 0; row < kChunkFrames; row += kLanes)
-      for (std::int32_t lane = 0; lane < kLanes; ++lane)
-        lanes[lane] +=
-            rates.weights[row + lane] * static_cast<double>(magnitude(chunk[row + lane]));
+    addWeighted(lanes, rates.weights, chunk, kChunkFrames);
   }
   for (std::int32_t half = kLanes / 2; half > 0; half /= 2)
     for (std::int32_t lane = 0; lane < half; ++lane) lanes[lane] += lanes[lane + half];
