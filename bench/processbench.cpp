@@ -1,26 +1,18 @@
 // How long a frame takes, in every form of the kernel and in the reference transcription: all in
 // one process, one after the other in short turns, by the thread's own clock, medians.
-#include <ctime>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 #include "bench/processcases.h"
+#include "bench/threadtime.h"
 
 namespace {
 
-constexpr int kTurns = 101;           // of each that is measured; odd: a median
-constexpr int kFramesATurn = 32768;   // the clock itself costs some hundred ns
-constexpr int kManyInstances = 100;   // from here on one block of each is enough
-constexpr double kNanoseconds = 1e9;  // in a second
-
-double threadTime() {  // ns
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * kNanoseconds + static_cast<double>(now.tv_nsec);
-}
+constexpr int kTurns = 101;          // of each that is measured; odd: a median
+constexpr int kFramesATurn = 32768;  // the clock itself costs some hundred ns
+constexpr int kManyInstances = 100;  // from here on one block of each is enough
 
 std::vector<const kernel::Form*> forms() {
   std::vector<const kernel::Form*> found;
