@@ -1,7 +1,8 @@
 // What the effect puts out, on its way into the file and to those who look at it.
 #include "host/convert/fileoutput.h"
 
-#include "host/sound/blockarithmetic.h"
+#include "host/base/blockarithmetic.h"
+#include "host/sound/heldsamples.h"
 
 FileOutput::FileOutput(SoundWriter& target, SampleFormat targetFormat, double factor)
     : writer(target), format(targetFormat), gain(factor) {}

@@ -17,7 +17,7 @@ class FigureMeter {
 
   // One channel: the same on both sides.
   void add(const double* left, const double* right, int frames) {
-    for (int frame = 0; frame < frames; ++frame) levels.add(left[frame], right[frame]);
+    levels.add(left, right, frames);
     loudness.add(left, right, frames);
   }
 

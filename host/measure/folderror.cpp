@@ -12,13 +12,21 @@ void FoldError::addBefore(const double* left, const double* right, int frames) {
     mids.erase(mids.begin(), mids.begin() + static_cast<std::ptrdiff_t>(nextMid));
     nextMid = 0;
   }
+  const std::size_t first = mids.size();
+  mids.resize(first + static_cast<std::size_t>(frames));
   for (int frame = 0; frame < frames; ++frame)
-    mids.push_back(gain * midOf(left[frame], right[frame]));
+    mids[first + static_cast<std::size_t>(frame)] = gain * midOf(left[frame], right[frame]);
 }
 
 void FoldError::addAfter(const double* left, const double* right, int frames) {
-  for (int frame = 0; frame < frames; ++frame) {
-    const double mid = nextMid < mids.size() ? mids[nextMid++] : 0.0;
-    largestError = std::max(largestError, std::abs(midOf(left[frame], right[frame]) - mid));
-  }
+  const auto waiting =
+      static_cast<int>(std::min(mids.size() - nextMid, static_cast<std::size_t>(frames)));
+  const double* expected = mids.data() + nextMid;
+  double largest = largestError;
+  for (int i = 0; i < waiting; ++i)
+    largest = std::max(largest, std::abs(midOf(left[i], right[i]) - expected[i]));
+  for (int i = waiting; i < frames; ++i)
+    largest = std::max(largest, std::abs(midOf(left[i], right[i])));
+  largestError = largest;
+  nextMid += static_cast<std::size_t>(waiting);
 }

@@ -5,17 +5,21 @@
 
 #include "host/measure/folderror.h"
 #include "host/measure/stereolevels.h"
+#include "host/plot/framesaside.h"
 #include "host/plot/goniometer.h"
 #include "host/plot/spectrum.h"
 
-// One side of the comparison: the signal before, or the signal after.
+// One side of the comparison: the signal before, or the signal after. One thread calls; another one
+// does most of the work meanwhile.
 class StereoImage {
  public:
-  void add(double left, double right);
+  // The result does not depend on the blocks.
+  void add(const double* left, const double* right, int frames);
+  void add(double left, double right) { add(&left, &right, 1); }
 
-  const Goniometer& goniometer() const { return plane; }
-  std::vector<double> midPower() const { return midSpectrum.power(); }  // as Spectrum::power
-  std::vector<double> sidePower() const { return sideSpectrum.power(); }
+  const Goniometer& goniometer() const;
+  std::vector<double> midPower() const;  // as Spectrum::power
+  std::vector<double> sidePower() const;
   const StereoLevels& levels() const { return measured; }
 
  private:
@@ -23,6 +27,12 @@ class StereoImage {
   Spectrum midSpectrum;
   Spectrum sideSpectrum;
   StereoLevels measured;
+  // After what it fills: it ends first.
+  mutable FramesAside aside{[this](const float* mids, const float* sides, int count) {
+    plane.add(mids, sides, count);
+    midSpectrum.add(mids, count);
+    sideSpectrum.add(sides, count);
+  }};
 };
 
 // Before and after, in frames as FoldError takes them.

@@ -3,9 +3,9 @@
 
 #include <cmath>
 
+#include "host/base/blockarithmetic.h"
 #include "host/base/failure.h"
 #include "host/base/text.h"
-#include "host/sound/blockarithmetic.h"
 
 void checkFinite(const double* left, const double* right, int frames, std::int64_t first,
                  int sampleRate, const std::string& what) {

@@ -8,9 +8,9 @@
 #include <cmath>
 #include <cstring>
 
+#include "host/base/blockarithmetic.h"
 #include "host/base/failure.h"
 #include "host/base/writeall.h"
-#include "host/sound/blockarithmetic.h"
 #include "host/sound/id3tag.h"
 #include "host/sound/metadataloss.h"
 #include "host/sound/metadatawriting.h"

@@ -5,7 +5,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "host/sound/blockarithmetic.h"
+#include "host/sound/heldsamples.h"
 
 namespace {
 

@@ -55,6 +55,14 @@ TEST(Goniometer, KeepsPlacesWhenTheRangeDoubles) {
   EXPECT_EQ(goniometer.count(near(0.0), near(3.0)), 1U);
 }
 
+TEST(Goniometer, CountsBeyondSixteenBits) {
+  Goniometer goniometer;
+  for (int i = 0; i < 200000; ++i) goniometer.add(0.5, 0.0);
+  EXPECT_EQ(goniometer.count(Goniometer::kCells * 3 / 4, Goniometer::kCells * 3 / 4), 200000U);
+  goniometer.add(3.0, 3.0);
+  EXPECT_EQ(total(goniometer), 200001U) << "after the range has doubled";
+}
+
 TEST(Goniometer, LeavesOutWhatIsNoNumber) {
   Goniometer goniometer;
   goniometer.add(std::numeric_limits<double>::quiet_NaN(), 1.0);

@@ -40,6 +40,6 @@ TEST(Summary, PutsTheFilesOfADocumentTogether) {
             "[{\"b\":1,\"a\":[2]},"
             "{\"input\":{\"file\":\"b\xEF\xBF\xBD\"},\"error\":\"b: lost\"}]");
   EXPECT_EQ(document.at("summary"),
-            Json({{"files", 2}, {"done", 1}, {"failed", 1}, {"warned", 0}}));
+            Json({{"files", 2}, {"done", 1}, {"skipped", 0}, {"failed", 1}, {"warned", 0}}));
   EXPECT_EQ(document.at("errors"), Json::array({"d: gone"}));
 }

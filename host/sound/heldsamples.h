@@ -1,4 +1,4 @@
-// What is done with whole blocks of samples, several at a time.
+// Blocks of samples as a file holds them.
 #pragma once
 
 #include "host/sound/soundformat.h"
@@ -22,6 +22,3 @@ inline double heldSteps(double sample, double fullScale) {
 
 // Each becomes its heldSample.
 void holdSamples(SampleFormat format, double* samples, int count);
-double largestMagnitude(const double* samples, int count);
-// Whether none is infinite or no number.
-bool allFinite(const double* samples, int count);
