@@ -139,6 +139,7 @@ ExitStatus act(const Arguments& arguments, Console& console) {
     return ExitStatus::done;
   }
   const Jobs jobs = planJobs(arguments);
+  if (arguments.output == "-" && !arguments.dryRun) standardOutputForSound();
   const bool all = wantsIsolation(arguments, jobs) ? tryAndConvertIsolated(arguments, jobs, console)
                                                    : tryAndConvert(arguments, jobs, console);
   return all ? ExitStatus::done : ExitStatus::failed;

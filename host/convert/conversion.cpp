@@ -21,7 +21,7 @@
 namespace {
 
 SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arguments,
-                                 FileType type) {
+                                 FileType type, const std::filesystem::path& output) {
   SoundWriterOptions options;
   options.type = type;
   options.format = arguments.format.value_or(keptFormat(reader.format(), type));
@@ -33,6 +33,11 @@ SoundWriterOptions writerOptions(const SoundReader& reader, const Arguments& arg
   options.quality = arguments.quality.value_or(SoundWriterOptions::kUsualQuality);
   options.replace = arguments.force;
   options.metadata = reader.metadata();
+  if (!isStandardStream(output)) return options;
+  options.stream.emplace();
+  options.stream->descriptor = standardOutputForSound();
+  options.stream->header = !arguments.raw;
+  if (reader.certainFrames() && !arguments.tail.automatic) options.stream->frames = options.frames;
   return options;
 }
 
@@ -54,16 +59,18 @@ double gainFor(PluginModule& module, const Arguments& arguments, SoundReader& re
 
 Conversion convert(PluginModule& module, const Arguments& arguments, const Job& job,
                    const Progress& progress) {
-  SoundReader reader(job.input, {arguments.salvage});
+  const bool streams = isStandardStream(job.output);
+  SoundReader reader(job.input, {arguments.salvage, streams && !arguments.peakAim});
   Conversion done;
   done.channels = reader.channels();
   done.sampleRate = reader.sampleRate();
-  done.type = *fileTypeOf(job.output);
+  done.type = streams ? FileType::wav : *fileTypeOf(job.output);
+  done.raw = arguments.raw;
   done.inputFormat = reader.libFormat();
-  const SoundWriterOptions options = writerOptions(reader, arguments, done.type);
+  const SoundWriterOptions options = writerOptions(reader, arguments, done.type, job.output);
   done.format = options.format;
   if (job.plot) checkTarget(*job.plot, arguments.force);
-  SoundWriter writer(job.output, options);
+  SoundWriter writer(shownOutput(job.output), options);
 
   const std::string name = shownInput(job.input).string();
   const int passes = arguments.peakAim ? 2 : 1;

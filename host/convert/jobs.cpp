@@ -10,6 +10,7 @@
 #include "host/convert/inputsearch.h"
 #include "host/convert/outputnames.h"
 #include "host/convert/overlaps.h"
+#include "host/convert/streamjobs.h"
 #include "host/sound/soundformat.h"
 
 namespace {
@@ -112,6 +113,8 @@ void planPictures(Jobs& jobs, const std::vector<fs::path>& names, const fs::path
 }  // namespace
 
 Jobs planJobs(const Arguments& arguments) {
+  checkStreams(arguments);
+  if (arguments.output == "-") return {{streamJob(arguments)}, {}, {}, {}};
   const bool several = arguments.inputs.size() > 1 || isFolder(arguments.inputs.front());
   const bool besideInputs = !arguments.output;
   const fs::path output = arguments.output.value_or("");

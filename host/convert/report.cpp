@@ -83,7 +83,7 @@ std::string reportOf(const Conversion& done, const Job& job) {
   if (done.chosenPreset) text += " (chosen since none was named)";
   if (!done.values.empty()) text += ": " + done.values;
   text += "\n  -> " + onOneLine(shownOutput(job.output).string()) + ": " + textOf(done.format) +
-          " " + textOf(done.type);
+          " " + (done.raw ? "raw" : textOf(done.type));
   if (done.framesWritten != done.framesRead) {
     text += ", " + std::to_string(done.framesWritten) + " frames (" +
             lengthText(done.framesWritten) + ")";

@@ -19,6 +19,7 @@ struct Conversion {
   std::int64_t framesRead = 0;
   std::int64_t framesWritten = 0;
   FileType type = FileType::wav;
+  bool raw = false;  // the samples alone
   SampleFormat format = SampleFormat::pcm16;
   double gain = 1.0;  // factor
   double peak = 0.0;  // before clipping, 1 is full scale

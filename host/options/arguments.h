@@ -40,6 +40,7 @@ struct Arguments {
   std::optional<std::string> output;  // file, or folder
   bool force = false;                 // existing outputs are replaced
   bool salvage = false;               // damaged inputs count as far as they can be read
+  bool raw = false;                   // on the standard output: samples without a header
   std::optional<SampleFormat> format;
   std::optional<std::string> type;  // the outputs' extension in a folder, without its dot
   std::optional<double> quality;    // of lossy outputs, 0 to 10

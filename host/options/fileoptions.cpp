@@ -22,7 +22,8 @@ void addFileOptions(CLI::App& app, FileWords& words, Arguments& arguments) {
   app.add_option("IN", arguments.inputs,
                  "Sound files, mono or stereo, and folders of them; -: standard input")
       ->type_name("");
-  app.add_option("-o,--output", words.output, "Output file or folder; the extension tells the type")
+  app.add_option("-o,--output", words.output,
+                 "Output file or folder; the extension tells the type; -: standard output")
       ->type_name("OUT");
   app.add_flag("-f,--force", arguments.force, "Replace outputs that are already there");
   app.add_option("--type", words.type,
@@ -33,6 +34,7 @@ void addFileOptions(CLI::App& app, FileWords& words, Arguments& arguments) {
       ->type_name("FORMAT");
   app.add_option("--quality", words.quality, "Of .ogg, .opus and .mp3: 0 to 10; default: 8")
       ->type_name("N");
+  app.add_flag("--raw", arguments.raw, "With -o -: samples without a header");
   app.add_flag("--salvage", arguments.salvage,
                "Keep what can be read of a damaged input, and say how much it is");
   app.add_option("--tail", words.tail,

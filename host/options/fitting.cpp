@@ -15,9 +15,25 @@ const std::set<std::string> kForTheEffect = {
     "--info",      "--json",   "--editor", "--list-params", "--list-presets", "--list-plugins"};
 const std::set<std::string> kForWhatIsPlayed = {"IN", "--gain", "--salvage"};
 
+// Of files that are named, or told apart by their types.
+const std::set<std::string> kForFiles = {"--suffix", "--skip-existing", "--type", "--quality"};
+
+void checkFittingOutput(const CLI::App& app, const Arguments& arguments) {
+  if (arguments.output != "-") {
+    if (arguments.raw) throw UsageFailure("--raw is for the standard output: add -o -");
+    return;
+  }
+  for (const CLI::Option* option : app.get_options()) {
+    const std::string name = option->get_name();
+    if (option->count() != 0 && kForFiles.contains(name))
+      throw UsageFailure("leave " + name + " out: the sound goes to the standard output");
+  }
+}
+
 }  // namespace
 
 void checkFitting(const CLI::App& app, const Arguments& arguments) {
+  checkFittingOutput(app, arguments);
   const bool converts = !arguments.inputs.empty() || arguments.output.has_value();
   if (arguments.validator || (converts && !arguments.asksOnly())) return;
   const bool plays = arguments.editor && !arguments.inputs.empty();

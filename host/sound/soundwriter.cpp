@@ -15,6 +15,7 @@
 #include "host/sound/metadataloss.h"
 #include "host/sound/metadatawriting.h"
 #include "host/sound/oggpages.h"
+#include "host/sound/streamheader.h"
 
 namespace {
 
@@ -26,19 +27,22 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
     : path(target),
       fileType(options.type),
       format(options.format),
-      temporary(target, options.replace),
-      sink{temporary.descriptor()},
+      stream(options.stream),
+      temporary(stream ? nullptr : std::make_unique<TemporaryFile>(target, options.replace)),
+      header(stream && stream->header
+                 ? wavStreamHeader(options.format, options.sampleRate, stream->frames)
+                 : std::string()),
+      sink{stream ? stream->descriptor : temporary->descriptor(), 0, 0, stream.has_value(), 0},
       metadata(options.metadata),
       samples(options.format, kBufferFrames) {
   const std::string rate = refusedRate(fileType, options.sampleRate);
   if (!rate.empty()) fail(rate);
-  const auto libFormat = libFormatFor(options.type, options.format, options.frames);
-  if (!libFormat) fail("too long for " + textOf(fileType));
-  most = mostFrames(*libFormat, options.format);
+  const int wanted = libFormat(options);
+  most = mostFrames(wanted, options.format);
   SF_INFO info{};
   info.samplerate = options.sampleRate;
   info.channels = 2;
-  info.format = *libFormat;
+  info.format = wanted;
   if (sf_format_check(&info) == 0) {
     fail(textOf(options.type) + " cannot hold " + textOf(options.format) + " samples at " +
          std::to_string(options.sampleRate) + " Hz");
@@ -59,7 +63,15 @@ SoundWriter::SoundWriter(const std::filesystem::path& target, const SoundWriterO
   if (fileType == FileType::wav && (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_RF64) {
     sf_command(file.get(), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
   }
-  if (fileType != FileType::mp3) writeMetadata(file.get(), fileType, metadata);
+  if (fileType != FileType::mp3 && !stream) writeMetadata(file.get(), fileType, metadata);
+}
+
+// Into a stream the library writes samples alone, so that it has no header to go back to.
+int SoundWriter::libFormat(const SoundWriterOptions& options) const {
+  const auto wanted = libFormatFor(options.type, options.format, options.frames);
+  if (stream && wanted) return SF_FORMAT_RAW | SF_ENDIAN_LITTLE | (*wanted & SF_FORMAT_SUBMASK);
+  if (!wanted) fail("too long for " + textOf(fileType));
+  return *wanted;
 }
 
 // Vorbis has the scale itself, MP3 turned round, and Opus knows kbit/s only, in the library as one
@@ -84,11 +96,13 @@ SF_VIRTUAL_IO SoundWriter::writingTo() {
   SF_VIRTUAL_IO io{};
   io.get_filelen = [](void* to) -> sf_count_t {
     const Sink& output = *static_cast<Sink*>(to);
+    if (output.isStream) return output.bytes;
     struct stat status {};
     return fstat(output.descriptor, &status) == 0 ? status.st_size - output.begin : -1;
   };
   io.seek = [](sf_count_t offset, int whence, void* to) -> sf_count_t {
     const Sink& output = *static_cast<Sink*>(to);
+    if (output.isStream) return output.bytes;
     const sf_count_t from = whence == SEEK_SET ? output.begin : 0;
     return lseek(output.descriptor, from + offset, whence) - output.begin;
   };
@@ -97,15 +111,20 @@ SF_VIRTUAL_IO SoundWriter::writingTo() {
   };
   io.write = [](const void* bytes, sf_count_t count, void* to) -> sf_count_t {
     Sink& output = *static_cast<Sink*>(to);
-    if (output.error == 0)
-      output.error = writeAll(output.descriptor, bytes, static_cast<std::size_t>(count));
+    output.put(bytes, static_cast<std::size_t>(count));
     return output.error == 0 ? count : 0;
   };
   io.tell = [](void* to) -> sf_count_t {
     const Sink& output = *static_cast<Sink*>(to);
+    if (output.isStream) return output.bytes;
     return lseek(output.descriptor, 0, SEEK_CUR) - output.begin;
   };
   return io;
+}
+
+void SoundWriter::Sink::put(const void* from, std::size_t count) {
+  if (error == 0) error = writeAll(descriptor, from, count);
+  if (isStream) bytes += static_cast<std::int64_t>(count);
 }
 
 void SoundWriter::fail(const std::string& reason) const {
@@ -126,6 +145,7 @@ void SoundWriter::write(const double* left, const double* right, int frames) {
     right += piece;
     rest -= piece;
   }
+  if (stream) flush();
 }
 
 void SoundWriter::countClipped(const double* left, const double* right, int frames) {
@@ -138,11 +158,16 @@ void SoundWriter::countClipped(const double* left, const double* right, int fram
 }
 
 void SoundWriter::flush() {
+  const int error = writeAll(sink.descriptor, header.data(), header.size());
+  if (error != 0) fail(std::strerror(error));
+  header.clear();
   if (!samples.writeTo(file.get())) fail(sf_strerror(file.get()));
 }
 
 void SoundWriter::finish() {
   flush();
+  if (stream && stream->frames && *stream->frames != written)
+    fail("not as long as its header says");
   const int error = sf_close(file.release());
   if (error == SF_ERR_NO_ERROR && sink.error == 0 &&
       (fileType == FileType::vorbis || fileType == FileType::opus)) {
@@ -150,7 +175,7 @@ void SoundWriter::finish() {
   }
   if (error != SF_ERR_NO_ERROR || sink.error != 0) fail(sf_error_number(error));
   findLost();
-  temporary.keep();
+  if (temporary) temporary->keep();
 }
 
 // The finished file has the last word, whatever the library said. But the decoder of MP3 writes
@@ -160,7 +185,7 @@ void SoundWriter::findLost() {
   Metadata there;
   if (fileType == FileType::mp3) {
     there.texts = metadata.texts;
-  } else {
+  } else if (!stream) {
     SF_INFO info{};
     lseek(sink.descriptor, 0, SEEK_SET);
     SF_VIRTUAL_IO io = writingTo();  // it reads as well

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -15,6 +16,13 @@
 #include "host/sound/soundfilehandle.h"
 #include "host/sound/soundformat.h"
 #include "host/sound/storedsamples.h"
+
+// Where the sound goes in place of a file: in order, each block at once.
+struct SoundStream {
+  int descriptor = -1;                 // stays the caller's
+  bool header = true;                  // of a WAV; else the samples alone
+  std::optional<std::int64_t> frames;  // that will be written, where that is sure
+};
 
 struct SoundWriterOptions {
   static constexpr double kBestQuality = 10.0;
@@ -27,9 +35,11 @@ struct SoundWriterOptions {
   double quality = kUsualQuality;      // of a lossy type, from 0
   bool replace = false;                // an existing file
   Metadata metadata;                   // of the input
+  std::optional<SoundStream> stream;   // the target is its name then, for messages
 };
 
-// Any thread, one thread a writer. Without finish() nothing is left behind.
+// Any thread, one thread a writer. Without finish() nothing is left behind but what went into a
+// stream.
 class SoundWriter {
  public:
   // Throws Failure: the target is there, cannot be written, or cannot hold the format,
@@ -58,8 +68,13 @@ class SoundWriter {
     int descriptor;
     int error = 0;         // the system's, of the first write that failed
     sf_count_t begin = 0;  // of what the library writes: a tag may be in front
+    bool isStream = false;
+    std::int64_t bytes = 0;  // written into a stream
+
+    void put(const void* from, std::size_t count);
   };
   static SF_VIRTUAL_IO writingTo();
+  int libFormat(const SoundWriterOptions& options) const;
 
   void findLost();
   void setQuality(double quality);
@@ -71,7 +86,9 @@ class SoundWriter {
   FileType fileType;
   SampleFormat format;
   std::int64_t most = 0;  // frames that the type holds
-  TemporaryFile temporary;
+  std::optional<SoundStream> stream;
+  std::unique_ptr<TemporaryFile> temporary;  // null: a stream
+  std::string header;                        // still to be written into the stream
   Sink sink;
   SoundFileHandle file;
   Metadata metadata;

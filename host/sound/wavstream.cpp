@@ -40,7 +40,9 @@ bool isPlain(std::string_view format) {
 
 }  // namespace
 
-WavStream::WavStream(int descriptor) : pipe(descriptor), wav(parse()) {}
+WavStream::WavStream(int descriptor) : pipe(descriptor) {
+  wav = parse();
+}
 
 bool WavStream::have(std::size_t bytes) {
   while (header.size() < bytes) {
@@ -108,7 +110,17 @@ SNDFILE* WavStream::open(SF_INFO& info) {
   };
   io.write = [](const void*, sf_count_t, void*) -> sf_count_t { return 0; };
   io.tell = [](void* from) -> sf_count_t { return static_cast<WavStream*>(from)->position; };
-  return sf_open_virtual(&io, SFM_READ, &info, this);
+  opening = true;
+  SNDFILE* file = sf_open_virtual(&io, SFM_READ, &info, this);
+  opening = false;
+  return file;
+}
+
+// The library looks at the first samples and steps back, before it reads them for good.
+void WavStream::keep(const char* bytes, std::int64_t count) {
+  header.append(bytes, static_cast<std::size_t>(count));
+  soundBytes -= count;
+  early += count;
 }
 
 std::int64_t WavStream::readSome(char* to, std::int64_t count) {
@@ -126,8 +138,12 @@ std::int64_t WavStream::readSome(char* to, std::int64_t count) {
     if (got == 0) break;
     if (got < 0 && errno != EINTR) error = errno;
     if (got < 0) continue;
+    if (opening) {
+      keep(to + done, got);
+    } else {
+      received += got;
+    }
     done += got;
-    received += got;
     position += got;
   }
   return done;
@@ -136,6 +152,6 @@ std::int64_t WavStream::readSome(char* to, std::int64_t count) {
 std::string WavStream::damage() const {
   if (error != 0) return std::string("cannot be read (") + std::strerror(error) + ")";
   if (left) return {};
-  return shortfallText(static_cast<std::uint64_t>(soundBytes),
-                       static_cast<std::uint64_t>(received));
+  return shortfallText(static_cast<std::uint64_t>(soundBytes + early),
+                       static_cast<std::uint64_t>(received + early));
 }

@@ -29,15 +29,18 @@ class WavStream {
   bool have(std::size_t bytes);
   bool parse();
   void nameOpenLength(std::size_t afterDataHead);
+  void keep(const char* bytes, std::int64_t count);
   std::int64_t readSome(char* to, std::int64_t count);
   std::int64_t length() const { return static_cast<std::int64_t>(header.size()) + soundBytes; }
 
   int pipe;
   std::string header;
   bool wav = false;
-  bool left = false;            // open
-  std::int64_t soundBytes = 0;  // that the header names
-  std::int64_t received = 0;    // bytes of sound
+  bool left = false;  // open
+  bool opening = false;
+  std::int64_t early = 0;       // bytes of sound that are kept with the header
+  std::int64_t soundBytes = 0;  // after those, as the header names them
+  std::int64_t received = 0;    // bytes of them
   std::int64_t position = 0;    // byte where the library is
   int error = 0;                // the system's
 };
