@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "host/base/interruption.h"
 #include "host/cli/isolation.h"
 #include "host/cli/madefolders.h"
 #include "host/cli/outcome.h"
@@ -19,6 +20,7 @@ bool convertAndReport(const Arguments& arguments, const Jobs& jobs, Console& con
   expectAll(jobs, console);
   Reporter reporter(jobs, arguments, console);
   convertThem(reporter);
+  if (OrderlyEnd::isAsked()) return false;  // nobody waits for a sum
   reporter.finish();
   return reporter.allDone() && jobs.failures.empty();
 }

@@ -146,7 +146,7 @@ void convertIsolated(const std::filesystem::path& plugin, const Arguments& argum
   std::size_t next = 0;
   while (next < jobs.list.size() || !running.empty()) {
     while (next < jobs.list.size() && running.size() < most) start(next++);
-    waitForAny(processesOf(running));
+    if (!running.empty()) waitForAny(processesOf(running));
     if (OrderlyEnd::isAsked()) return endAll(jobs, running);
     std::erase_if(running, [&](Running& one) {
       std::vector<std::string> messages;

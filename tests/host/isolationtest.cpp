@@ -152,7 +152,7 @@ TEST_F(Isolation, LeavesNothingOfAnInterruptedRun) {
     kill(process, number);
     const Outcome outcome = waitForProgram(process, folder);
     EXPECT_EQ(outcome.status, -number) << "it ends as the signal says";
-    EXPECT_EQ(outcome.error, "");
+    EXPECT_EQ(outcome.out + outcome.error, "");
     EXPECT_THAT(names(), ElementsAre("a.wav", "b.wav", "c.wav", "d.wav"));
   }
 }
