@@ -86,14 +86,20 @@ TEST(ChildProcess, EndsWhenItsMessagesGoNowhere) {
   const auto talk = [](const Send& send) {
     while (true) send("still here");
   };
+  const auto hang = [&](const Send&) {
+    close(ends[1]);
+    sleep(10);  // s
+  };
+  const auto begin = std::chrono::steady_clock::now();
   if (fork() == 0) {
     ChildProcess first(talk, {});
-    ChildProcess second(talk, {&first});  // must not keep the first one's pipe open
+    ChildProcess second(hang, {&first});  // must not keep the first one's pipe open
     raise(SIGKILL);
   }
   close(ends[1]);
   char byte = 0;
-  EXPECT_EQ(read(ends[0], &byte, 1), 0);
+  EXPECT_EQ(read(ends[0], &byte, 1), 0) << "nobody holds the pipe any more";
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
   close(ends[0]);
   while (waitpid(-1, nullptr, 0) > 0) {
   }

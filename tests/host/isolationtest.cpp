@@ -124,6 +124,7 @@ TEST_F(Isolation, IsTheDefaultForSeveralFilesAndForeignEffects) {
   isolated.emplace_back("--isolate");
   expectRefusal(widen(isolated), 1, "b.wav: the effect's process crashed (Segmentation fault)");
   EXPECT_EQ(all({"--plugin", plugin("brittle"), "--no-isolate"}).status, -SIGSEGV);
+  EXPECT_EQ(all({"--plugin", plugin("brittle")}).status, 1);
 }
 
 TEST_F(Isolation, SaysOnceWhatIsWrongWithTheEffectOrItsState) {
@@ -145,7 +146,7 @@ TEST_F(Isolation, LeavesNothingOfAnInterruptedRun) {
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
     std::filesystem::remove(started);
     const int process = startProgram(
-        folder, {"a.wav", "c.wav", "-o", "out", "-j", "2", "--plugin", plugin("waits")},
+        folder, {"a.wav", "c.wav", "-o", "out", "-j", "2", "--json", "--plugin", plugin("waits")},
         {{{"WIDEN_TEST_FILE", started.string()}}});
     for (int i = 0; i < 1000 && !std::filesystem::exists(started); ++i) usleep(10000);
     EXPECT_TRUE(std::filesystem::exists(in("out")));
