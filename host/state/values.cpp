@@ -5,7 +5,8 @@
 #include <array>
 #include <cctype>
 #include <cmath>
-#include <cstdlib>
+#include <locale>
+#include <sstream>
 
 #include "effect/parameters.h"
 #include "host/base/failure.h"
@@ -67,10 +68,11 @@ std::optional<NumberWithUnit> readNumber(std::string_view text) {
     if (end < text.size() && (text[end] == '-' || text[end] == '+')) ++end;
     if (digits() == 0) end = mantissa;  // a unit that begins with an e
   }
-  // The program never leaves the "C" locale before its arguments are read, so the point
-  // is the separator.
-  const double number = std::strtod(std::string(text.substr(0, end)).c_str(), nullptr);
-  if (!std::isfinite(number)) return std::nullopt;
+  // An effect may have set a locale in which the separator is a comma.
+  std::istringstream digitsAlone{std::string(text.substr(0, end))};
+  digitsAlone.imbue(std::locale::classic());
+  double number = 0.0;
+  if (!(digitsAlone >> number) || !std::isfinite(number)) return std::nullopt;
   return NumberWithUnit{number, lowerCase(trimmed(text.substr(end)))};
 }
 

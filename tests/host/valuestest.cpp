@@ -4,9 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <string>
 
 #include "host/base/failure.h"
+#include "host/validate/means/decimalcomma.h"
+#include "tests/support/temporaryfolder.h"
 
 namespace {
 
@@ -38,6 +41,16 @@ TEST(Values, ReadANumberAndTheLettersAfterIt) {
   EXPECT_EQ(readNumber("5.")->number, 5.0);
   EXPECT_EQ(readNumber("1e3Hz")->number, 1000.0);
   EXPECT_EQ(readNumber("2elephants")->unit, "elephants");
+}
+
+// As an effect may set it, once it is loaded.
+TEST(Values, HaveAPointWhereTheLocaleHasAComma) {
+  const TemporaryFolder home;
+  setenv("HOME", home.path.c_str(), 1);
+  const DecimalComma comma;
+  if (!comma.works()) GTEST_SKIP() << "there is no such locale";
+  EXPECT_EQ(readNumber("2.5 kHz")->number, 2.5);
+  EXPECT_EQ(readNumber("2.5 kHz")->unit, "khz");
 }
 
 TEST(Values, ReadNoNumberWhereThereIsNone) {
