@@ -44,7 +44,8 @@ std::string notes() {
   --base-freq          )" +
          frequencyNotes() +
          R"(  --process, --phase   on or off; a number is the raw value, 0 to 1, on from 0.5.
-  They come on top of --state, --bank and --preset, which are applied in this order.
+  They come on top of --state, --bank and --preset, which are applied in this order. A sound file
+  gets a preset that widens where nothing sets the width.
 
 Outputs
   One input: OUT is the file, or a folder that is there (or ends in "/"). Several inputs, or a folder with all that is

@@ -7,7 +7,7 @@
 void addLevelOptions(CLI::App& app, LevelWords& words, Arguments& arguments) {
   const std::string level = "Level";
   app.add_option("--gain", words.gain,
-                 "Louder or softer after the effect, e.g. -3dB; auto: as soft as no clipping needs")
+                 "Gain after the effect, e.g. -3dB; auto: softer until nothing clips")
       ->group(level)
       ->type_name("DB");
   app.add_option("--normalize", words.normalize, "Bring the highest peak to this level, e.g. -1dB")
