@@ -16,8 +16,9 @@
 
 namespace {
 
-// A delay too short for an echo, a low end that stays in the middle, and the side 6 dB below the
-// mid: it suits a drum, a voice and a whole mix alike, and raises peaks by 4 dB at most.
+// Of the presets for whole mixes the one that does least harm to any sound: a delay of 2.6 ms, too
+// short to be heard as an echo of a drum, and the side 6 dB below the mid, which raises peaks by
+// 4 dB at most.
 constexpr const char* kPresetForFiles = "mix 2";
 
 constexpr double kWidthSteps = 1000.0;   // of a typed width: tenths of a per cent
