@@ -12,14 +12,18 @@
 namespace {
 
 int takenOver() {
+  const int alone = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  if (alone < 0 || dup2(STDERR_FILENO, STDOUT_FILENO) < 0)
+    throw cannotWrite("standard output", std::strerror(errno));
+  return alone;
+}
+
+int takenOverForSound() {
   if (isatty(STDOUT_FILENO) != 0) {
     throw UsageFailure(
         "the standard output is a terminal: send the sound into a pipe, or name a file");
   }
-  const int sound = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-  if (sound < 0 || dup2(STDERR_FILENO, STDOUT_FILENO) < 0)
-    throw cannotWrite("standard output", std::strerror(errno));
-  return sound;
+  return takenOver();
 }
 
 }  // namespace
@@ -33,6 +37,11 @@ std::filesystem::path shownOutput(const std::filesystem::path& named) {
 }
 
 int standardOutputForSound() {
-  static const int sound = takenOver();
+  static const int sound = takenOverForSound();
   return sound;
+}
+
+int standardOutputForDocument() {
+  static const int document = takenOver();
+  return document;
 }

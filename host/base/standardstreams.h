@@ -14,3 +14,5 @@ std::filesystem::path shownOutput(const std::filesystem::path& named);
 // this program or by an effect, goes to the standard error stream. Called first before an effect is
 // loaded and a thread begun. Throws Failure: a terminal, or there is none.
 int standardOutputForSound();
+// The same for a document. Throws Failure. A terminal may show it.
+int standardOutputForDocument();

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "host/base/failure.h"
+#include "host/base/standardstreams.h"
 #include "host/base/text.h"
 
 namespace {
@@ -19,6 +20,7 @@ constexpr int kBarWidth = 30;  // characters
 
 // Returns 0, or the system's error.
 int put(std::FILE* stream, const std::string& text) {
+  if (stream == nullptr) return EBADF;  // nobody could open it
   errno = 0;
   std::fwrite(text.data(), 1, text.size(), stream);
   if (text.empty() || text.back() != '\n') std::fputc('\n', stream);
@@ -32,12 +34,14 @@ int put(std::FILE* stream, const std::string& text) {
 Console::Console(bool beQuiet, bool wordsAside)
     : quiet(beQuiet),
       aside(wordsAside),
+      results(aside ? fdopen(standardOutputForDocument(), "w") : stdout),
       progressWanted(!beQuiet && isatty(STDERR_FILENO) != 0),
       start(Clock::now()),
       lastShown(start) {}
 
 Console::~Console() {
   clearProgress();
+  if (results != nullptr && results != stdout) std::fclose(results);
 }
 
 void Console::say(const std::string& text) {
@@ -51,7 +55,7 @@ void Console::say(const std::string& text) {
 void Console::print(const std::string& text) {
   const std::lock_guard guard(lock);
   clearProgress();
-  const int error = put(stdout, text);
+  const int error = put(results, text);
   if (printError == 0) printError = error;
 }
 

@@ -4,14 +4,15 @@
 
 #include <chrono>
 #include <cstdint>
+#include <cstdio>
 #include <mutex>
 #include <string>
 
 // Any thread. Whole lines only; the progress line gives way to them and comes back.
 class Console {
  public:
-  // wordsAside: results in words go to the standard error stream, for something else has the
-  // standard output.
+  // wordsAside: results in words go to the standard error stream, since a document has the standard
+  // output; what an effect prints goes there too. Throws Failure.
   explicit Console(bool quiet, bool wordsAside = false);
   ~Console();
   Console(const Console&) = delete;
@@ -37,6 +38,7 @@ class Console {
 
   const bool quiet;
   const bool aside;
+  std::FILE* const results;  // the standard output
   const bool progressWanted;
   std::mutex lock;
   int printError = 0;  // the system's, of the first text that was lost

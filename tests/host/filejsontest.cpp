@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tests/host/program.h"
+#include "tests/host/documentfixture.h"
 #include "tests/host/sounds.h"
 
 namespace {
@@ -62,20 +62,9 @@ double foldErrorOf(const Sound& before, const Sound& after, double gain) {
   return largest;
 }
 
-class FileDocuments : public ProgramTest {
+class FileDocuments : public DocumentTest {
  protected:
   static constexpr double kExact = 0.0006;  // the document has three decimals
-
-  // The standard output is one document and nothing else.
-  Json document(std::vector<std::string> words, int status = 0) {
-    words.emplace_back("--json");
-    const Outcome outcome = widen(words);
-    EXPECT_EQ(outcome.status, status) << outcome.error;
-    said = outcome.error;
-    Json parsed = Json::parse(outcome.out, nullptr, false);
-    EXPECT_FALSE(parsed.is_discarded()) << outcome.out;
-    return parsed;
-  }
 
   static void expectFigures(const Json& file, const Sound& sound) {
     const Expected expected = expectedOf(sound);
@@ -85,13 +74,6 @@ class FileDocuments : public ProgramTest {
     EXPECT_NEAR(file.at("correlation"), expected.correlation, kExact);
     EXPECT_EQ(file.at("frames"), sound.frames());
   }
-
-  static const std::vector<std::string>& wide() {
-    static const std::vector<std::string> kOptions = {"--width", "80%", "--base-freq", "200Hz"};
-    return kOptions;
-  }
-
-  std::string said;  // on the error stream
 };
 
 }  // namespace
@@ -178,70 +160,6 @@ TEST_F(FileDocuments, TellHowTheEffectWasSet) {
       Json({{"index", 2}, {"name", "emphasis"}, {"value", 0.3}, {"text", "30.0"}, {"unit", "%"}}));
 }
 
-TEST_F(FileDocuments, HaveTheStandardOutputForThemselves) {
-  writeSound(in("a.wav"), noise(100, 1, 5), kWav16);
-  writeSound(in("b.wav"), noise(100, 1, 6), kWav16);
-  document({"a.wav", "b.wav", "-o", "out"});
-  EXPECT_THAT(said, HasSubstr("a.wav: mono, 44100 Hz, 100 frames"));
-  EXPECT_THAT(said, HasSubstr("2 files: 2 done\n"));
-  document({"a.wav", "b.wav", "-o", "quiet", "-q"});
-  EXPECT_EQ(said, "");
-}
-
-TEST_F(FileDocuments, SayWhatWasSkipped) {
-  writeSound(in("a.wav"), noise(100, 1, 7), kWav16);
-  writeText(in("there.wav"), "precious");
-  const Json all = document({"a.wav", "-o", "there.wav", "--skip-existing"});
-  EXPECT_EQ(all.at("files").at(0), Json({{"input", {{"file", "a.wav"}}},
-                                         {"output", {{"file", "there.wav"}}},
-                                         {"skipped", true}}));
-  expectRefusal(widen({"a.wav", "-o", "b.wav", "--dry-run", "--json"}), 2, "leave --json out");
-  EXPECT_EQ(all.at("summary"),
-            Json({{"files", 1}, {"done", 0}, {"skipped", 1}, {"failed", 0}, {"warned", 0}}));
-}
-
-TEST_F(FileDocuments, HoldWhatFailedWithItsReason) {
-  writeSound(in("a.wav"), noise(100, 1, 7), kWav16);
-  const Json all = document({"missing.wav", "a.wav", "-o", "out"}, 1);
-  ASSERT_EQ(all.at("files").size(), 2U);
-  EXPECT_EQ(all.at("files").at(0),
-            Json({{"input", {{"file", "missing.wav"}}}, {"error", "missing.wav: no such file"}}));
-  EXPECT_EQ(all.at("files").at(1).at("input").at("file"), "a.wav");
-  EXPECT_EQ(all.at("summary"),
-            Json({{"files", 2}, {"done", 1}, {"skipped", 0}, {"failed", 1}, {"warned", 0}}));
-  EXPECT_THAT(said, HasSubstr("widen: missing.wav: no such file\n"));
-}
-
-TEST_F(FileDocuments, DoNotDependOnBlocksAndThreads) {
-  std::vector<std::string> words;
-  for (const char* name : {"a.wav", "b.wav", "c.wav"}) {
-    writeSound(in(name), noise(40000, 2, static_cast<unsigned>(name[0])), kWav16);
-    words.emplace_back(name);
-  }
-  words.insert(words.end(), {"-o", "out", "--force"});
-  words.insert(words.end(), wide().begin(), wide().end());
-  const Json whole = document(words);
-  for (const std::vector<std::string>& others :
-       std::vector<std::vector<std::string>>{{"--block", "1"},
-                                             {"--block", "777", "-j", "3"},
-                                             {"--isolate", "-j", "2"},
-                                             {"--block", "100000"}}) {
-    std::vector<std::string> all = words;
-    all.insert(all.end(), others.begin(), others.end());
-    EXPECT_EQ(document(all), whole);
-  }
-}
-
-TEST_F(FileDocuments, LeaveTheSoundAsItIs) {
-  writeSound(in("in.wav"), noise(20000, 2, 8), kWav16);
-  std::vector<std::string> words = {"in.wav", "-o", "plain.wav"};
-  words.insert(words.end(), wide().begin(), wide().end());
-  EXPECT_EQ(widen(words).status, 0);
-  words[2] = "told.wav";
-  document(words);
-  EXPECT_EQ(textOf(in("told.wav")), textOf(in("plain.wav")));
-}
-
 TEST_F(FileDocuments, MatchThePicturesLevelsWhenBothAreAsked) {
   writeSound(in("in.wav"), noise(20000, 2, 9), kWav16);
   const Json alone = document({"in.wav", "-o", "a.wav", "--width", "50%"}).at("files").at(0);
@@ -250,18 +168,4 @@ TEST_F(FileDocuments, MatchThePicturesLevelsWhenBothAreAsked) {
   EXPECT_EQ(both.at("picture"), "b.png");
   EXPECT_FALSE(alone.contains("picture"));
   EXPECT_EQ(both.at("fold_error_dbfs"), alone.at("fold_error_dbfs"));
-}
-
-TEST_F(FileDocuments, AreSaidToBeLostWhereTheyAre) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "needs the device that is always full";
-  writeSound(in("in.wav"), noise(100, 1, 10), kWav16);
-  Surroundings full;
-  full.standardOutput = "/dev/full";
-  expectRefusal(widen({"in.wav", "-o", "out.wav", "--json", "-q"}, full), 1,
-                "the standard output cannot be written");
-}
-
-TEST_F(FileDocuments, ShareTheStandardOutputWithNoSound) {
-  writeSound(in("in.wav"), noise(100, 1, 11), kWav16);
-  expectRefusal(widen({"in.wav", "-o", "-", "--json"}), 2, "both want the standard output");
 }
