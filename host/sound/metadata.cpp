@@ -10,6 +10,7 @@
 
 #include "host/sound/cuechunks.h"
 #include "host/sound/tagnames.h"
+#include "platform/validtext.h"
 
 namespace {
 
@@ -20,11 +21,27 @@ constexpr std::array<int, 10> kTextTypes = {
     SF_STR_TITLE, SF_STR_COPYRIGHT, SF_STR_ARTIST,      SF_STR_COMMENT, SF_STR_DATE,
     SF_STR_ALBUM, SF_STR_LICENSE,   SF_STR_TRACKNUMBER, SF_STR_GENRE,   SF_STR_SOFTWARE};
 
+// Older programs wrote the texts of WAV and AIFF in Latin-1; all other types want UTF-8.
+std::string utf8Of(const std::string& text) {
+  if (validText(text) == text) return text;
+  std::string wide;
+  for (const char letter : text) {
+    const auto byte = static_cast<unsigned char>(letter);
+    if (byte < 0x80) {
+      wide += letter;
+    } else {
+      wide += static_cast<char>(0xC0 | byte >> 6);
+      wide += static_cast<char>(0x80 | (byte & 0x3F));
+    }
+  }
+  return wide;
+}
+
 std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
   std::vector<std::pair<int, std::string>> texts;
   for (const int type : kTextTypes) {
     const char* text = sf_get_string(file, type);
-    if (text != nullptr && *text != 0) texts.emplace_back(type, text);
+    if (text != nullptr && *text != 0) texts.emplace_back(type, utf8Of(text));
   }
   return texts;
 }
@@ -68,11 +85,14 @@ std::optional<SF_INSTRUMENT> instrumentOf(SNDFILE* file) {
 void readChunks(const FileBytes& file, ChunkWalk& walk, Metadata& data) {
   data.family = walk.family();
   std::vector<char> buffer;
+  std::size_t room = kMostHeaderBytes;  // no output has more
   while (const auto chunk = walk.next()) {
     if (data.chunks.size() == kMostChunks) return;
     if (describesSamples(walk.family(), chunk->id)) continue;
-    KeptChunk kept{chunk->id, {}, chunk->size <= kMostHeaderBytes};
-    if (kept.whole) {
+    const bool isBroadcast = chunk->id == "bext";  // the library has it
+    KeptChunk kept{chunk->id, {}, chunk->size <= room};
+    if (kept.whole && !isBroadcast) {
+      room -= static_cast<std::size_t>(chunk->size);
       const std::string_view bytes =
           file.at(chunk->begin, static_cast<std::size_t>(chunk->size), buffer);
       if (bytes.size() != chunk->size) return;  // cut short

@@ -181,7 +181,7 @@ void SoundWriter::finish() {
 // The finished file has the last word, whatever the library said. But the decoder of MP3 writes
 // lines of its own about short files, and its tag is ours.
 void SoundWriter::findLost() {
-  if (metadata.empty()) return;
+  if (metadata.empty() || FileBytes(sink.descriptor).size == 0) return;
   Metadata there;
   if (fileType == FileType::mp3) {
     there.texts = metadata.texts;

@@ -178,6 +178,20 @@ TEST_F(MetadataFiles, SayInOneLineWhatTheTypeCannotKeep) {
       "widen: out.aiff: AIFF cannot keep broadcast data, chunk acid, text IENG, chunk iXML\n");
 }
 
+TEST_F(MetadataFiles, TakeOldTextsForLatin1) {
+  const std::string info = "INFOINAM" + little(4, 4) + "S\xFC\xDF" + '\0';
+  for (const char* output : {"out.flac", "out.mp3", "out.ogg"}) {
+    EXPECT_EQ(said("in.wav", wavWith({{"LIST", info}}), output), "");
+    SF_INFO about{};
+    SNDFILE* file = sf_open(in(output).c_str(), SFM_READ, &about);
+    ASSERT_NE(file, nullptr);
+    EXPECT_STREQ(sf_get_string(file, SF_STR_TITLE), "S\xC3\xBC\xC3\x9F") << output;
+    sf_close(file);
+  }
+  EXPECT_EQ(said("in.wav", wavWith({{"LIST", info}}), "out.wav"), "");
+  EXPECT_EQ(chunk("out.wav", "LIST", "INFO"), info) << "as it was";
+}
+
 // A header that outgrows the library's memory would come out damaged.
 TEST_F(MetadataFiles, LeaveOutAndSayWhatIsTooLongForAHeader) {
   const std::string longText = "ICMT" + little(60000, 4) + std::string(60000, 'c');
