@@ -17,6 +17,9 @@ struct KnownValue {
 const std::vector<KnownValue>& knownValues() {
   static const std::vector<KnownValue> kKnown = {
       {"--format", ValueKind::words, {"pcm16", "pcm24", "pcm32", "float", "double"}},
+      {"--type",
+       ValueKind::words,
+       {"wav", "aiff", "flac", "caf", "w64", "rf64", "ogg", "opus", "mp3"}},
       {"--gain", ValueKind::words, {"auto"}},
       {"--tail", ValueKind::words, {"auto"}},
       {"--process", ValueKind::words, {"on", "off"}},

@@ -89,6 +89,7 @@ TEST_F(Completion, ProposesOptionsAndTheirWords) {
               ElementsAre("--list-params", "--list-presets", "--list-plugins"));
   EXPECT_THAT(bashProposes({"--format", "pcm"}), ElementsAre("pcm16", "pcm24", "pcm32"));
   EXPECT_THAT(bashProposes({"--format", "=", "fl"}), ElementsAre("float")) << "--format=fl";
+  EXPECT_THAT(bashProposes({"--type", "o"}), ElementsAre("ogg", "opus"));
   EXPECT_THAT(bashProposes({"--gain", ""}), ElementsAre("auto"));
   EXPECT_THAT(bashProposes({"--normalize", ""}), ElementsAre(""));
 }
@@ -96,6 +97,8 @@ TEST_F(Completion, ProposesOptionsAndTheirWords) {
 TEST_F(Completion, ProposesOnlyWordsThatTheOptionTakes) {
   for (const char* format : {"pcm16", "pcm24", "pcm32", "float", "double"})
     EXPECT_THAT(widen({"--format", format}).error, HasSubstr("no sound file named")) << format;
+  for (const char* type : {"wav", "aiff", "flac", "caf", "w64", "rf64", "ogg", "opus", "mp3"})
+    EXPECT_THAT(widen({"--type", type}).error, HasSubstr("no sound file named")) << type;
 }
 
 TEST_F(Completion, ProposesPresetsByNameWithBlanks) {
