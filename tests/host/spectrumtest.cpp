@@ -35,7 +35,8 @@ TEST(Spectrum, ShowsASineOnABinWithTheSquareOfItsAmplitude) {
 // By Parseval's theorem: a window's powers sum up to eight times the energy that it sees, divided
 // by its size.
 TEST(Spectrum, WeighsAClickAnywhereInAShortSignalBetweenOnceAndTwice) {
-  for (const int frames : {100, Spectrum::kSize / 2, Spectrum::kSize, 3 * Spectrum::kSize + 5}) {
+  constexpr int kHalf = Spectrum::kSize / 2;
+  for (const int frames : {100, kHalf, 2 * kHalf, 3 * kHalf + 100, 4 * kHalf - 1, 6 * kHalf + 5}) {
     std::vector<double> totals;
     for (const int place : {0, frames / 4, frames / 2, frames - 1}) {
       Spectrum spectrum;
