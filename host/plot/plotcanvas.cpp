@@ -6,6 +6,7 @@
 
 #include "host/base/failure.h"
 #include "host/base/writeall.h"
+#include "host/plot/plotface.h"
 #include "platform/validtext.h"
 
 namespace {
@@ -104,8 +105,7 @@ void PlotCanvas::under(const std::vector<PlotPoint>& points, double floor,
 }
 
 void PlotCanvas::select(const PlotText& look) {
-  cairo_select_font_face(context.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL,
-                         look.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+  selectPlotFace(context.get(), look.bold);
   cairo_set_font_size(context.get(), look.size);
 }
 

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sndfile.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -10,6 +11,8 @@
 #include "host/base/failure.h"
 #include "host/plot/plotcanvas.h"
 #include "tests/host/foldertest.h"
+#include "tests/host/program.h"
+#include "tests/host/sounds.h"
 
 namespace {
 
@@ -66,6 +69,20 @@ TEST_F(Plots, ManageWithSilenceAndWithNothing) {
   EXPECT_EQ(sizeOfPng(draw(silent, "silent.wav")).first, 1600);
   EXPECT_EQ(sizeOfPng(draw(StereoAnalysis(30), "nothing.wav")).first, 1600)
       << "and with a rate below all axes";
+}
+
+// On a system without any face as well: the picture brings its own.
+TEST_F(Plots, HaveTheSameFaceOnEverySystem) {
+  writeSound(in("a.wav"), noise(5000, 2, 1), SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  writeText(in("fonts.conf"), "<?xml version=\"1.0\"?><fontconfig></fontconfig>\n");
+  const std::vector<std::string> words = {"-q",     "-f",    "a.wav",   "-o", "b.wav",
+                                          "--plot", "b.png", "--width", "0.5"};
+  ASSERT_EQ(runProgram(folder, words).status, 0);
+  const std::string picture = textOf(in("b.png"));
+  ASSERT_EQ(runProgram(folder, words, {{{"FONTCONFIG_FILE", in("fonts.conf").string()}}}).status,
+            0);
+  EXPECT_EQ(sizeOfPng(picture).first, 1600);
+  EXPECT_TRUE(textOf(in("b.png")) == picture);
 }
 
 TEST_F(Plots, ShowTextsThatAreNotText) {
