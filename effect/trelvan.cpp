@@ -76,19 +76,20 @@ void Trelvan::takeRate() {
   const double levelFrames =
       static_cast<double>(getSampleRate()) * kMeterTime * kSecondsPerMillisecond;
   const double level = 1.0 - std::pow(kRemainder, 1.0 / levelFrames);
-  const double levelLeft = 1.0 - level;
-  for (int frames = 0; frames <= kernel::kChunkFrames; ++frames)
-    rates.left[frames] = std::pow(levelLeft, frames);
+  rates.left[0] = 1.0;
+  for (int frames = 1; frames <= kernel::kChunkFrames; ++frames)
+    rates.left[frames] = rates.left[frames - 1] * (1.0 - level);
   for (int place = 0; place < kernel::kChunkFrames; ++place)
-    rates.weights[place] = level * std::pow(levelLeft, kernel::kChunkFrames - 1 - place);
+    rates.weights[place] = level * rates.left[kernel::kChunkFrames - 1 - place];
 
   const double glideFrames =
       static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
   rates.glide = static_cast<float>(1.0 - std::pow(kRemainder, 1.0 / glideFrames));
-  const double glideLeft = 1.0 - static_cast<double>(rates.glide);
+  double power = 1.0;
   for (int frame = 0; frame < kernel::kGlidingFrames; ++frame) {
-    rates.finePowers[frame] = std::pow(glideLeft, frame);
-    rates.powers[frame] = static_cast<float>(rates.finePowers[frame]);
+    rates.finePowers[frame] = power;
+    rates.powers[frame] = static_cast<float>(power);
+    power *= 1.0 - static_cast<double>(rates.glide);
   }
 }
 
