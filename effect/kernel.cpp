@@ -39,7 +39,6 @@ void widen(State& state, const Rates& rates, const Targets& targets, const Block
   Sample* const mid = room.mid();
   Sample* const side = room.side();
   Sample* const delayed = room.delayed();
-  delayed[-1] = 0;
   const float sign = targets.sign;
   std::int32_t frames = 0;
   for (std::int32_t done = 0; done < block.frames; done += frames) {
@@ -64,6 +63,7 @@ void widen(State& state, const Rates& rates, const Targets& targets, const Block
       glideGains(state, rates, targets, room.gains, room.emphases, frames);
       glideOffset(state, rates, targets, room.offsets, frames);
       delayMoving(state, room.floats, room.offsets, delayed, frames);
+      delayed[-1] = static_cast<Sample>(state.lastDelayed);
       shapeRun(state, sign, delayed, +room.emphases, +room.gains, mid, side, outL, outR, frames);
     }
     state.midLevel = flushed(faded(rates, state.midLevel, frames) + heard(rates, mid, frames));

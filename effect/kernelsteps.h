@@ -105,8 +105,8 @@ static inline void shapeFrame(Sample delayed, float previous, float emphasis, fl
   outR = mid - shaped;
 }
 
-// The same of a run. delayed[-1] is read, but the first frame, whose tap is of the run before, is
-// done again.
+// The same of a run. The first frame's tap is of the run before, and so is delayed[-1], unless the
+// delay has jumped: then that frame is done again.
 template <typename Sample, typename Delayed, typename Values>
 static void shapeRun(State& state, float sign, Delayed delayed, Values emphases, Values gains,
                      const Sample* mid, Sample* __restrict side, Sample* __restrict outL,
@@ -114,8 +114,9 @@ static void shapeRun(State& state, float sign, Delayed delayed, Values emphases,
   for (std::int32_t i = 0; i < frames; ++i)
     shapeFrame(static_cast<Sample>(delayed[i]), static_cast<float>(delayed[i - 1]), emphases[i],
                sign * gains[i], mid[i], side[i], outL[i], outR[i]);
-  shapeFrame(static_cast<Sample>(delayed[0]), state.lastDelayed, emphases[0], sign * gains[0],
-             mid[0], side[0], outL[0], outR[0]);
+  if (static_cast<float>(delayed[-1]) != state.lastDelayed)
+    shapeFrame(static_cast<Sample>(delayed[0]), state.lastDelayed, emphases[0], sign * gains[0],
+               mid[0], side[0], outL[0], outR[0]);
   state.lastDelayed = static_cast<float>(delayed[frames - 1]);
 }
 
