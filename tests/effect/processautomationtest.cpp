@@ -45,6 +45,14 @@ constexpr Layout kWalkLayouts[] = {
     {"mono arrangement, one output", 0, 1, 2, 2, true, true, 1},
 };
 
+// One form of the kernel after the other, from seed to seed.
+void takeForm(Trelvan& plugin, std::uint32_t seed) {
+  const kernel::Form* const* forms = kernel::usableForms();
+  std::uint32_t count = 0;
+  while (forms[count] != nullptr) ++count;
+  plugin.useKernel(*forms[seed % count]);
+}
+
 template <typename Sample>
 class ProcessAutomation : public testing::Test {};
 TYPED_TEST_SUITE(ProcessAutomation, Precisions, PrecisionNames);
@@ -57,6 +65,7 @@ TYPED_TEST(ProcessAutomation, EqualsTheReferenceBlockByBlock) {
   for (std::uint32_t seed = 1; seed <= 10; ++seed) {
     Walk walk(seed);
     ProcessPair pair;
+    takeForm(pair.plugin, seed);
     pair.setSampleRate(walk.rate());
     pair.resume();
     for (int step = 0; step < 500; ++step) {
@@ -74,6 +83,7 @@ TEST(ProcessHostLife, EqualsTheReferenceThroughout) {
   for (std::uint32_t seed = 100; seed < 116; ++seed) {
     Walk walk(seed);
     ProcessPair pair;
+    takeForm(pair.plugin, seed / 4);  // each kind of signal in each form
     const Signal kind = kKinds[seed % std::size(kKinds)];
     const auto singles = makeSignal<float>(kind, 2500, seed);
     const auto doubles = makeSignal<double>(kind, 2500, seed);
