@@ -115,9 +115,11 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   done.damage = reader.damage();
   done.sideToMidBefore = before.sideToMid();
   done.sideToMid = after.sideToMid();
-  const auto adapter = adapterFor(pass.effect());
-  done.optionThatFits = adapter->optionForSide(output.sideRoom());
-  done.optionAsWide = adapter->optionForSide(done.sideToMidBefore / done.sideToMid);
+  if (!arguments.state.automation) {  // which has the last word on a width
+    const auto adapter = adapterFor(pass.effect());
+    done.optionThatFits = adapter->optionForSide(output.sideRoom());
+    done.optionAsWide = adapter->optionForSide(done.sideToMidBefore / done.sideToMid);
+  }
   pass.effect().stop();
   if (figures) done.figures = figures->finish();
 

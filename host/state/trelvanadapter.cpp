@@ -6,6 +6,7 @@
 #include "host/base/failure.h"
 #include "host/base/text.h"
 #include "host/base/wholefile.h"
+#include "host/state/automationfile.h"
 #include "host/state/effectadapter.h"
 #include "host/state/namelookup.h"
 #include "host/state/presetfilenames.h"
@@ -24,14 +25,18 @@ constexpr const char* kPresetForFiles = "mix 2";
 constexpr double kWidthSteps = 1000.0;   // of a typed width: tenths of a per cent
 constexpr double kWidthRounding = 1e-6;  // what single precision makes of a width, with room
 
-bool setsTheWidth(const StateArguments& arguments) {
+bool setsTheWidth(Effect& effect, const StateArguments& arguments) {
   if (arguments.state || arguments.bank || arguments.preset || arguments.values[kWidthIndex])
     return true;
   std::vector<std::string> names;
   for (const Parameter& parameter : kParameters) names.emplace_back(parameter.name);
-  return std::any_of(arguments.settings.begin(), arguments.settings.end(), [&](const auto& set) {
-    return findParameter(names, set.parameter) == kWidthIndex;
-  });
+  for (const ParameterSetting& setting : arguments.settings) {
+    if (findParameter(names, setting.parameter) == kWidthIndex) return true;
+  }
+  if (!arguments.automation) return false;
+  const auto lanes = readAutomation(effect, *arguments.automation);
+  return std::any_of(lanes.begin(), lanes.end(),
+                     [](const AutomationLane& lane) { return lane.parameter == kWidthIndex; });
 }
 
 class TrelvanAdapter final : public EffectAdapter {
@@ -88,7 +93,8 @@ class TrelvanAdapter final : public EffectAdapter {
   // Trelvan begins with a width of 0, which folds to mono: a host shows its window to a person, a
   // file has nobody.
   std::optional<std::string> presetForFiles(const StateArguments& arguments) override {
-    if (setsTheWidth(arguments) || effect.parameter(kWidthIndex) > 0.0F) return std::nullopt;
+    if (setsTheWidth(effect, arguments) || effect.parameter(kWidthIndex) > 0.0F)
+      return std::nullopt;
     const auto names = presetNames();  // a bank of the user's own may hold others
     const bool isThere = std::find(names.begin(), names.end(), kPresetForFiles) != names.end();
     return isThere ? std::optional<std::string>(kPresetForFiles) : std::nullopt;

@@ -58,8 +58,10 @@ TEST_F(Widenings, TakeAPresetThatWidensWhereNothingIsSaid) {
 
 TEST_F(Widenings, ComeOnTopOfThePresetThatWasChosen) {
   writeSound(in("in.wav"), noise(5000, 1, 2), kFloatWav);
-  for (const auto& [option, value] : {std::pair("--base-freq", "300Hz"), std::pair("--phase", "on"),
-                                      std::pair("--set", "emphasis=0.5")}) {
+  for (const auto& [option, value] :
+       {std::pair("--base-freq", "300Hz"), std::pair("--phase", "on"),
+        std::pair("--set", "emphasis=0.5"), std::pair("--automate", "moves")}) {
+    writeText(in("moves"), "0 emphasis 50%\n");
     EXPECT_EQ(result({"in.wav", option, value}).samples,
               result({"in.wav", "--preset", "mix 2", option, value}, "named.wav").samples)
         << option;
@@ -72,6 +74,8 @@ TEST_F(Widenings, LeaveTheFirstPresetWhereTheWidthIsSet) {
   EXPECT_EQ(result({"in.wav", "--width", "40%"}).samples, expected.samples);
   EXPECT_EQ(result({"in.wav", "--set", "Width=40%"}).samples, expected.samples);
   EXPECT_EQ(result({"in.wav", "--set", "0=0.4"}).samples, expected.samples);
+  writeText(in("moves"), "0 width 40%\n");
+  EXPECT_EQ(result({"in.wav", "--automate", "moves"}).samples, expected.samples);
   const Sound mono = result({"in.wav", "--preset", "init"});
   for (std::size_t frame = 0; frame < mono.frames(); ++frame)
     ASSERT_EQ(mono.at(frame, 0), mono.at(frame, 1)) << "what is named is taken";
@@ -159,6 +163,7 @@ TEST_F(Widenings, NameTheLargestWidthThatDoesNotClip) {
 }
 
 TEST_F(Widenings, NameNoWidthWhereNoneHelps) {
+  writeText(in("moves"), "0 width 90%\n");
   writeSound(in("mid.wav"), Sound{44100, 1, std::vector<double>(1000, 0.75)},
              SF_FORMAT_WAV | SF_FORMAT_PCM_16);
   // A mid of 0.25 and a side of 0.625, which come to full scale at 1.6 times that side.
@@ -169,6 +174,7 @@ TEST_F(Widenings, NameNoWidthWhereNoneHelps) {
   const std::vector<std::vector<std::string>> cases = {
       {"mid.wav", "--preset", "init"},
       {"wide.wav", "--preset", "1", "--process", "off"},
+      {"wide.wav", "--preset", "1", "--automate", "moves"},
       {"wide.wav", "--plugin", plugin("echo")}};
   for (auto words : cases) {
     words.insert(words.end(), {"-o", "out.wav", "-f", "--gain", "6dB"});
