@@ -9,7 +9,7 @@ if [ "$(uname -s)" = Darwin ]; then exec tools/dependencies-mac.sh "$@"; fi
 build_packages=(
   g++ cmake ninja-build pkg-config
   # widen
-  libsndfile1-dev libcli11-dev libkissfft-dev libasound2-dev libebur128-dev nlohmann-json3-dev
+  libsndfile1-dev libcli11-dev libasound2-dev libebur128-dev nlohmann-json3-dev
   # the toolkit
   libx11-dev libxcb1-dev libxcb-cursor-dev libxcb-keysyms1-dev
   libxcb-util-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev

@@ -1,37 +1,16 @@
 #!/usr/bin/env python3
 """configuretest.py SOURCE BUILD TOOLKIT [OPTION...]: CMake's branch for a Mac, configured and
-generated here as a whole, with widen and its tests: with the toolkit's own CMakeLists.txt and the
-transform that is fetched where no package has it.
+generated here as a whole, with widen and its tests: with the toolkit's own CMakeLists.txt.
 
-One small file is compiled. The libraries that CMake finds are this machine's; nothing is linked
-with them.
+The libraries that CMake finds are this machine's; nothing is linked with them.
 """
 import glob
 import json
 import os
 import shlex
 import shutil
-import stat
 import subprocess
 import sys
-
-# Stands in for the transform's sources, which are fetched from upstream: the names that widen
-# uses, and a warning.
-TRANSFORM = {
-    "kiss_fft.h": "#pragma once\n#ifndef kiss_fft_scalar\n#error no type\n#endif\n"
-                  "typedef struct { kiss_fft_scalar r, i; } kiss_fft_cpx;\n",
-    "kiss_fftr.h": '#pragma once\n#include "kiss_fft.h"\n#include <stddef.h>\n#include <stdlib.h>\n'
-                   "typedef struct state* kiss_fftr_cfg;\n"
-                   "#ifdef __cplusplus\nextern \"C\" {\n#endif\n"
-                   "kiss_fftr_cfg kiss_fftr_alloc(int, int, void*, size_t*);\n"
-                   "void kiss_fftr(kiss_fftr_cfg, const kiss_fft_scalar*, kiss_fft_cpx*);\n"
-                   "#ifdef __cplusplus\n}\n#endif\n#define kiss_fftr_free free\n",
-    "kiss_fft.c": '#include "kiss_fft.h"\nstatic int unused(int x) { x; return 0; }\n',
-    "kiss_fftr.c": '#include "kiss_fftr.h"\n',
-    "CMakeLists.txt": 'message(FATAL_ERROR "the transform\'s own build is not wanted")\n',
-}
-# This machine's pkg-config, but for what Homebrew has not.
-PKG_CONFIG = '#!/bin/sh\ncase "$*" in *kissfft*) exit 1 ;; esac\nexec pkg-config "$@"\n'
 
 failures = []
 
@@ -51,27 +30,14 @@ def run(*command):
                  + f" ... ends with {done.returncode}")
 
 
-def write(folder, name, text):
-    os.makedirs(folder, exist_ok=True)
-    with open(os.path.join(folder, name), "w", encoding="utf-8") as file:
-        file.write(text)
-    return os.path.join(folder, name)
-
-
 def configure(source, build, toolkit, options):
     shutil.rmtree(build, ignore_errors=True)
-    transform = os.path.join(build, "transform")
-    for name, text in TRANSFORM.items():
-        write(transform, name, text)
-    pkg_config = write(build, "pkg-config", PKG_CONFIG)
-    os.chmod(pkg_config, stat.S_IRWXU)
     run("cmake", "-S", source, "-B", build, "-G", "Ninja",
         "--toolchain", os.path.join(source, "tests/mac/macho/toolchain.cmake"),
         "-DCMAKE_HOST_APPLE=1",  # the toolkit's list of sources follows it
         "-DCMAKE_HAVE_LIBC_PTHREAD=1",  # so it is on a Mac, and here nothing is linked to find out
-        "-DTRELVAN_CODESIGN=" + shutil.which("true"), "-DPKG_CONFIG_EXECUTABLE=" + pkg_config,
-        # Both are fetched on a Mac.
-        "-DFETCHCONTENT_SOURCE_DIR_KISSFFT=" + transform,
+        "-DTRELVAN_CODESIGN=" + shutil.which("true"),
+        # It is fetched on a Mac.
         "-DFETCHCONTENT_SOURCE_DIR_VSTGUI=" + toolkit,
         "-DTRELVAN_TOOLKIT_SOURCE=" + os.path.join(build, "none"),
         "-DCMAKE_BUILD_TYPE=Release", "-DTRELVAN_TESTS=ON", "-DTRELVAN_BENCHMARKS=OFF", *options)
@@ -106,18 +72,8 @@ def main():
     for option in ("-std=c++20", "-fno-objc-arc", "-fvisibility=hidden"):
         expect(all(option in words for words in ours), f"all of ours with {option}")
 
-    spectrum = os.path.join(source, "host/plot/spectrum.cpp")
-    transform = os.path.join(build, "transform")
-    for path in (spectrum, os.path.join(transform, "kiss_fft.c"),
-                 os.path.join(transform, "kiss_fftr.c")):
-        words = sources.get(path, [])
-        name = os.path.basename(path)
-        expect(words.count("-arch") == 1, f"{name} is compiled for the machine's own processor")
-        expect("-Dkiss_fft_scalar=float" in words, f"{name} has the transform in single precision")
-    expect(f"-isystem {transform} " in " ".join(sources[spectrum]),
-           "spectrum.cpp finds the transform's header")
-    run(*sources[os.path.join(transform, "kiss_fft.c")], "-fsyntax-only", "-Werror")
-    print("ok    a warning in the transform is none of ours")
+    words = sources.get(os.path.join(source, "host/plot/spectrum.cpp"), [])
+    expect(words.count("-arch") == 1, "widen is compiled for the machine's own processor")
     print(f"{len(failures)} wrong")
     return 1 if failures else 0
 
