@@ -1,11 +1,13 @@
 // Which files a run reads and writes.
 #include "host/convert/jobs.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <system_error>
 #include <utility>
 
+#include "host/base/standardstreams.h"
 #include "host/base/text.h"
 #include "host/convert/inputsearch.h"
 #include "host/convert/outputnames.h"
@@ -122,6 +124,10 @@ Jobs planJobs(const Arguments& arguments) {
   if (intoFolder && !besideInputs) checkIsNoFile(output, fileTypeOf(output).has_value());
   if (arguments.suffix && !intoFolder)
     throw UsageFailure("--suffix: " + output.string() + " is a whole name; name a folder");
+
+  const auto& inputs = arguments.inputs;
+  if (besideInputs && std::any_of(inputs.begin(), inputs.end(), isStandardStream))
+    throw UsageFailure("the standard input lies in no folder: add -o OUT");
 
   FoundInputs found = findInputs(arguments.inputs, output);
   const OutputNaming naming{arguments.suffix.value_or(""), arguments.type};

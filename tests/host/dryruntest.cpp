@@ -59,6 +59,12 @@ TEST_F(DryRuns, FindWhatTheRunWouldFailAt) {
                 "b.wav: is already there");
 }
 
+TEST_F(DryRuns, KnowWhatIsSalvaged) {
+  std::filesystem::resize_file(in("a.wav"), 10000);
+  expectRefusal(tried({"a.wav", "-o", "out.wav"}), 1, "a.wav: ");
+  EXPECT_EQ(tried({"a.wav", "-o", "out.wav", "--salvage"}).status, 0);
+}
+
 TEST_F(DryRuns, SaveNoState) {
   EXPECT_EQ(tried({"a.wav", "-o", "out.wav", "--save-state", "s"}).status, 0);
 }

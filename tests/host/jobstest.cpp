@@ -234,6 +234,13 @@ TEST_F(JobPlans, PutOutputsBesideTheirInputsWhereOnlyASuffixIsNamed) {
   EXPECT_THAT(jobs.foldersToBeMade, IsEmpty());
 }
 
+TEST_F(JobPlans, KnowNoPlaceBesideTheStandardInput) {
+  Arguments beside;
+  beside.inputs = {"-"};
+  beside.suffix = "-wide";
+  EXPECT_THAT(refusalOf(beside, ExitStatus::wrongUsage), HasSubstr("lies in no folder"));
+}
+
 TEST_F(JobPlans, LeaveOutWhatAnEarlierRunHasMadeBesideItsInput) {
   for (const char* file : {"a.wav", "a-wide.wav", "b-wide.wav"}) writeText(in(file), "");
   Arguments beside = arguments({"a.wav", "a-wide.wav", "b-wide.wav"}, "");
