@@ -128,7 +128,8 @@ TEST_F(DitheredFiles, KeepWhatIsSofterThanAStep) {
   for (std::size_t i = 0; i < kMany; ++i)
     sound.samples[i] = 0.4 * std::sin(0.05 * static_cast<double>(i));
   const std::pair<const char*, double> formats[] = {{"pcm16", 32768.0}, {"pcm24", 8388608.0}};
-  for (const auto& [format, steps] : formats) {
+  for (const auto& [format, stepsToFullScale] : formats) {
+    const double steps = stepsToFullScale;  // for the lambda
     Sound soft = sound;
     for (double& sample : soft.samples) sample /= steps;
     writeSound(in("in.wav"), soft, kFloatWav);
