@@ -125,10 +125,6 @@ Jobs planJobs(const Arguments& arguments) {
   if (arguments.suffix && !intoFolder)
     throw UsageFailure("--suffix: " + output.string() + " is a whole name; name a folder");
 
-  const auto& inputs = arguments.inputs;
-  if (besideInputs && std::any_of(inputs.begin(), inputs.end(), isStandardStream))
-    throw UsageFailure("the standard input lies in no folder: add -o OUT");
-
   FoundInputs found = findInputs(arguments.inputs, output);
   const OutputNaming naming{arguments.suffix.value_or(""), arguments.type};
   const std::vector<fs::path> names = outputNames(found.files, naming);

@@ -238,7 +238,7 @@ TEST_F(JobPlans, KnowNoPlaceBesideTheStandardInput) {
   Arguments beside;
   beside.inputs = {"-"};
   beside.suffix = "-wide";
-  EXPECT_THAT(refusalOf(beside, ExitStatus::wrongUsage), HasSubstr("lies in no folder"));
+  EXPECT_THAT(refusalOf(beside, ExitStatus::wrongUsage), HasSubstr("has no name"));
 }
 
 TEST_F(JobPlans, LeaveOutWhatAnEarlierRunHasMadeBesideItsInput) {
