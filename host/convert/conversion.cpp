@@ -1,17 +1,12 @@
 // Takes one sound file through an effect.
 #include "host/convert/conversion.h"
 
-#include <memory>
-#include <optional>
-
 #include "host/base/standardstreams.h"
 #include "host/convert/fileoutput.h"
 #include "host/convert/level.h"
+#include "host/convert/onlookers.h"
 #include "host/convert/pass.h"
 #include "host/convert/rendering.h"
-#include "host/measure/imagewidth.h"
-#include "host/plot/plot.h"
-#include "host/plot/stereoanalysis.h"
 #include "host/sound/dither.h"
 #include "host/sound/soundreader.h"
 #include "host/sound/soundwriter.h"
@@ -55,6 +50,30 @@ double gainFor(PluginModule& module, const Arguments& arguments, SoundReader& re
   return gainFor(*arguments.peakAim, peaks, format, arguments.dither);
 }
 
+void tellHowItIsSet(Pass& pass, const Arguments& arguments, Conversion& done) {
+  done.doublePrecision = pass.isDouble();
+  done.chosenPreset = pass.chosenPreset();
+  done.preset = describeCurrentPreset(pass.effect());
+  done.values = describeValues(pass.effect());
+  if (arguments.json) done.setting = settingOf(pass.effect());
+}
+
+// What would have been better; where parameters move, an option has not the last word on the width.
+void tellAdvice(Effect& effect, const Arguments& arguments, double sideRoom, Conversion& done) {
+  if (arguments.state.automation) return;
+  const auto adapter = adapterFor(effect);
+  done.optionThatFits = adapter->optionForSide(sideRoom);
+  done.optionAsWide = adapter->optionForSide(done.sideToMidBefore / done.sideToMid);
+}
+
+void tellWhatWasWritten(const SoundWriter& writer, Conversion& done) {
+  done.framesWritten = writer.framesWritten();
+  done.peak = writer.peak();
+  done.clippedSamples = writer.clippedSamples();
+  done.clippedFold = writer.clippedFold();
+  done.notKept = writer.notKept();
+}
+
 }  // namespace
 
 Conversion convert(PluginModule& module, const Arguments& arguments, const Job& job,
@@ -79,59 +98,28 @@ Conversion convert(PluginModule& module, const Arguments& arguments, const Job& 
   done.dithered = arguments.dither && isDithered(options.format);
 
   Pass pass(module, reader, arguments, name, options.format);
-  done.doublePrecision = pass.isDouble();
-  done.chosenPreset = pass.chosenPreset();
-  done.preset = describeCurrentPreset(pass.effect());
-  done.values = describeValues(pass.effect());
-  std::optional<StereoAnalysis> analysis;
-  if (job.plot) analysis.emplace(reader.sampleRate(), done.gain);
+  tellHowItIsSet(pass, arguments, done);
+  Onlookers onlookers(arguments, job, reader.channels(), reader.sampleRate(), done.gain);
   FileOutput output(writer, options.format, done.gain);
   if (done.dithered) output.ditherWith(Dither(options.format, job.input.filename().string()));
-  std::optional<FileFigures> figures;
-  if (arguments.json) {
-    done.setting = settingOf(pass.effect());
-    figures.emplace(reader.sampleRate(), done.gain);
-    output.watch(
-        [&](const double* l, const double* r, int frames) { figures->addAfter(l, r, frames); });
-  }
-  if (analysis) {
-    output.watch(
-        [&](const double* l, const double* r, int frames) { analysis->addAfter(l, r, frames); });
-  }
-  const bool canNarrow = reader.channels() > 1;  // mono cannot
-  ImageWidth before;
-  ImageWidth after;
+  onlookers.watch(output);
   Rendering rendering = pass.start([&](const double* l, const double* r, int frames) {
-    if (canNarrow) after.add(l, r, frames);
+    onlookers.seeOutput(l, r, frames);
     output.take(l, r, frames);
   });
-  rendering.watchInput([&](const double* l, const double* r, int frames) {
-    if (canNarrow) before.add(l, r, frames);
-    if (analysis) analysis->addBefore(l, r, frames);
-    if (figures) figures->addBefore(l, r, frames);
-  });
+  rendering.watchInput(
+      [&](const double* l, const double* r, int frames) { onlookers.seeInput(l, r, frames); });
   rendering.watchProgress(part);
   done.framesRead = rendering.process();
   done.damage = reader.damage();
-  done.sideToMidBefore = before.sideToMid();
-  done.sideToMid = after.sideToMid();
-  if (!arguments.state.automation) {  // which has the last word on a width
-    const auto adapter = adapterFor(pass.effect());
-    done.optionThatFits = adapter->optionForSide(output.sideRoom());
-    done.optionAsWide = adapter->optionForSide(done.sideToMidBefore / done.sideToMid);
-  }
+  onlookers.tell(done);
+  tellAdvice(pass.effect(), arguments, output.sideRoom(), done);
   pass.effect().stop();
-  if (figures) done.figures = figures->finish();
 
   // The sound takes its name only when the picture is complete as well, and the other way round.
-  std::unique_ptr<TemporaryFile> picture;
-  if (analysis) picture = drawPlot(*analysis, captionOf(done, job), *job.plot, arguments.force);
+  const auto picture = onlookers.draw(done, job, arguments.force);
   writer.finish();
   if (picture) picture->keep();
-  done.framesWritten = writer.framesWritten();
-  done.peak = writer.peak();
-  done.clippedSamples = writer.clippedSamples();
-  done.clippedFold = writer.clippedFold();
-  done.notKept = writer.notKept();
+  tellWhatWasWritten(writer, done);
   return done;
 }

@@ -7,7 +7,6 @@
 #include <system_error>
 #include <utility>
 
-#include "host/base/standardstreams.h"
 #include "host/base/text.h"
 #include "host/convert/inputsearch.h"
 #include "host/convert/outputnames.h"
