@@ -9,15 +9,7 @@
 
 #include "tests/host/program.h"
 #include "tests/host/sounds.h"
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define WIDEN_SANITIZED
-#endif
-#endif
-#ifdef __SANITIZE_ADDRESS__
-#define WIDEN_SANITIZED
-#endif
+#include "tests/support/sanitized.h"
 
 namespace {
 
@@ -89,7 +81,7 @@ TEST_F(Interruptions, KeepAnExistingFileAsItWas) {
 }
 
 TEST_F(Interruptions, CleanUpAfterACrash) {
-#ifdef WIDEN_SANITIZED
+#ifdef TRELVAN_SANITIZED
   GTEST_SKIP() << "the sanitizer handles crashes itself";
 #endif
   const Outcome outcome = widen({"a.wav", "-o", "out.wav", "--plugin", plugin("crashes")});
@@ -101,7 +93,7 @@ TEST_F(Interruptions, CleanUpAfterACrash) {
 
 // In threads too, of which each has a stack of its own.
 TEST_F(Interruptions, CleanUpAfterACrashOfEveryKind) {
-#ifdef WIDEN_SANITIZED
+#ifdef TRELVAN_SANITIZED
   GTEST_SKIP() << "the sanitizer handles crashes itself";
 #endif
   for (const auto& [how, signalNumber] : {std::pair{"overflow", SIGSEGV}, {"abort", SIGABRT}}) {

@@ -12,15 +12,7 @@
 
 #include "tests/host/program.h"
 #include "tests/host/sounds.h"
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define WIDEN_SANITIZED
-#endif
-#endif
-#ifdef __SANITIZE_ADDRESS__
-#define WIDEN_SANITIZED
-#endif
+#include "tests/support/sanitized.h"
 
 namespace {
 
@@ -89,7 +81,7 @@ TEST_F(Isolation, GivesTrelvansResultsToTheBit) {
 }
 
 TEST_F(Isolation, MakesOneFilesCrashOneFailedFile) {
-#ifdef WIDEN_SANITIZED
+#ifdef TRELVAN_SANITIZED
   GTEST_SKIP() << "the sanitizer handles crashes itself";
 #endif
   const std::pair<const char*, const char*> kinds[] = {
@@ -115,7 +107,7 @@ TEST_F(Isolation, MakesOneFilesCrashOneFailedFile) {
 }
 
 TEST_F(Isolation, IsTheDefaultForSeveralFilesAndForeignEffects) {
-#ifdef WIDEN_SANITIZED
+#ifdef TRELVAN_SANITIZED
   GTEST_SKIP() << "the sanitizer handles crashes itself";
 #endif
   const std::vector<std::string> words = {"b.wav", "-o", "out.wav", "--plugin", plugin("brittle")};
