@@ -6,6 +6,7 @@
 
 #include "host/sound/metadatawriting.h"
 #include "host/sound/rifflist.h"
+#include "host/sound/tagnames.h"
 
 namespace {
 
@@ -95,13 +96,18 @@ bool isThere(const KeptChunk& chunk, const std::vector<KeptChunk>& written) {
 void addUntold(const KeptChunk& chunk, const Metadata& input, std::vector<std::string>& lost) {
   static constexpr std::string_view kTexts =
       "INFOINAM INFOIART INFOICOP INFOICMT INFOICRD INFOIGNR INFOIPRD INFOITRK INFOISFT adtllabl";
-  static constexpr std::string_view kNames = "NAME AUTH (c)  ANNO APPL info";
+  static constexpr std::string_view kNames = "NAME AUTH (c)  ANNO APPL";
   if (chunk.id == "LIST") {
     for (const std::string& name : namesInList(chunk.bytes)) {
       if (kTexts.find(name) != std::string_view::npos) continue;
       const bool isText = name.starts_with("INFO");
       lost.push_back((isText ? "text " : "chunk ") + name.substr(4));
     }
+    return;
+  }
+  if (chunk.id == "info") {
+    const std::vector<std::string> names = unknownTexts(chunk.bytes);
+    lost.insert(lost.end(), names.begin(), names.end());
     return;
   }
   const bool told =

@@ -1,4 +1,4 @@
-// What tags a file without chunks has that the library does not show.
+// What tags a file has that the library does not show.
 #include "host/sound/tagnames.h"
 
 #include <algorithm>
@@ -144,4 +144,26 @@ std::vector<std::string> unknownTags(const FileBytes& file) {
   if (magic == "OggS") return oggTags(file);
   if (magic.starts_with("ID3")) return id3Tags(file);
   return {};
+}
+
+// How many there are, then a key and a text in turn, each with a zero at its end. The library knows
+// the keys in small letters alone.
+std::vector<std::string> unknownTexts(std::string_view infoChunk) {
+  static constexpr std::string_view kKnown =
+      " title copyright software encoder artist comment comments date album license tracknumber "
+      "genre ";
+  constexpr std::size_t kCount = 4;  // bytes
+  std::vector<std::string> names;
+  infoChunk.remove_prefix(std::min(kCount, infoChunk.size()));
+  const auto next = [&] {
+    const std::string word(infoChunk.substr(0, infoChunk.find('\0')));
+    infoChunk.remove_prefix(std::min(word.size() + 1, infoChunk.size()));
+    return word;
+  };
+  while (!infoChunk.empty()) {
+    const std::string key = next();
+    const bool isText = !next().empty() && !key.empty();
+    if (isText && kKnown.find(" " + key + " ") == std::string_view::npos) add(names, "text " + key);
+  }
+  return names;
 }
