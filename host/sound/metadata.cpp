@@ -46,6 +46,18 @@ std::vector<std::pair<int, std::string>> textsOf(SNDFILE* file) {
   return texts;
 }
 
+// The library puts a point for every byte of it that is no plain letter.
+void takeCopyright(const std::vector<KeptChunk>& chunks,
+                   std::vector<std::pair<int, std::string>>& texts) {
+  for (const KeptChunk& chunk : chunks) {
+    const std::string text = chunk.bytes.substr(0, chunk.bytes.find('\0'));
+    if (chunk.id != "(c) " || text.empty()) continue;
+    for (auto& [type, shown] : texts) {
+      if (type == SF_STR_COPYRIGHT) shown = utf8Of(text);
+    }
+  }
+}
+
 std::string broadcastOf(SNDFILE* file) {
   using Info = SF_BROADCAST_INFO_VAR(16384);  // the most that the library keeps
   const auto info = std::make_unique<Info>();
@@ -118,7 +130,10 @@ Metadata readMetadata(SNDFILE* file, int descriptor) {
   const FileBytes bytes(descriptor);
   if (auto walk = ChunkWalk::into(bytes)) {
     readChunks(bytes, *walk, data);
-    if (data.family == ChunkFamily::form) data.cues = cuesAmongMarkers(data.chunks);
+    if (data.family == ChunkFamily::form) {
+      data.cues = cuesAmongMarkers(data.chunks);
+      takeCopyright(data.chunks, data.texts);
+    }
     if (data.family == ChunkFamily::riff) takeKeyRange(data.chunks, data.instrument);
   } else {
     data.others = unknownTags(bytes);

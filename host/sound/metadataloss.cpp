@@ -92,11 +92,18 @@ bool isThere(const KeptChunk& chunk, const std::vector<KeptChunk>& written) {
   });
 }
 
+// Of those with its name.
+bool isLast(const KeptChunk& chunk, const std::vector<KeptChunk>& all) {
+  const auto last = std::find_if(all.rbegin(), all.rend(),
+                                 [&](const KeptChunk& other) { return other.id == chunk.id; });
+  return last != all.rend() && &*last == &chunk;
+}
+
 // Of another kind of file, only what the library knows of a chunk can have been written anew.
 void addUntold(const KeptChunk& chunk, const Metadata& input, std::vector<std::string>& lost) {
   static constexpr std::string_view kTexts =
       "INFOINAM INFOIART INFOICOP INFOICMT INFOICRD INFOIGNR INFOIPRD INFOITRK INFOISFT adtllabl";
-  static constexpr std::string_view kNames = "NAME AUTH (c)  ANNO APPL";
+  static constexpr std::string_view kNames = "NAME AUTH (c) ";
   if (chunk.id == "LIST") {
     for (const std::string& name : namesInList(chunk.bytes)) {
       if (kTexts.find(name) != std::string_view::npos) continue;
@@ -114,6 +121,9 @@ void addUntold(const KeptChunk& chunk, const Metadata& input, std::vector<std::s
       (chunk.id == "bext" && !input.broadcast.empty()) ||
       ((chunk.id == "cue " || chunk.id == "MARK") && !input.cues.empty()) ||
       ((chunk.id == "smpl" || chunk.id == "inst" || chunk.id == "INST") && input.instrument) ||
+      // anybody's data; of a program that signs so it is the program's name
+      (chunk.id == "APPL" && chunk.bytes.starts_with("m3ga")) ||
+      (chunk.id == "ANNO" && isLast(chunk, input.chunks)) ||  // of several the library returns that
       kNames.find(chunk.id) != std::string_view::npos;
   if (!told) lost.push_back(nameOf(chunk));
 }
@@ -127,7 +137,8 @@ std::vector<std::string> notKept(const Metadata& input, const Metadata& written,
   const bool alike = input.family && input.family == chunksOf(type);
   if (alike) {
     for (const KeptChunk& chunk : input.chunks) {
-      if (chunk.id != "bext" && !isThere(chunk, written.chunks)) lost.push_back(nameOf(chunk));
+      const bool isApart = chunk.id == "bext" || chunk.id == "(c) ";  // told above
+      if (!isApart && !isThere(chunk, written.chunks)) lost.push_back(nameOf(chunk));
     }
   } else {
     addCues(input, written, lost);

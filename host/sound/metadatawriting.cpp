@@ -12,6 +12,10 @@
 
 namespace {
 
+// The one text chunk of AIFF that readers show with the zeros that make it a multiple of four; as a
+// text it gets none.
+constexpr const char* kCopyright = "(c) ";
+
 // What is left of a header that the library writes wholly.
 class Room {
  public:
@@ -49,7 +53,7 @@ bool setChunk(SNDFILE* file, const KeptChunk& chunk, Room& room) {
 }
 
 bool holdsTexts(const KeptChunk& chunk) {
-  static constexpr const char* kForm = "NAME AUTH (c)  ANNO";
+  static constexpr const char* kForm = "NAME AUTH ANNO";
   return (chunk.id == "LIST" && chunk.bytes.starts_with("INFO")) || chunk.id == "info" ||
          std::strstr(kForm, chunk.id.c_str()) != nullptr;
 }
@@ -73,10 +77,10 @@ void setBroadcast(SNDFILE* file, const std::string& bytes, Room& room) {
   sf_command(file, SFC_SET_BROADCAST_INFO, info.get(), static_cast<int>(size));
 }
 
-void setTexts(SNDFILE* file, const std::vector<std::pair<int, std::string>>& texts, Room* room) {
-  for (const auto& [type, text] : texts) {
-    if (room == nullptr || room->take(text.size())) sf_set_string(file, type, text.c_str());
-  }
+// room: null where the type has no limit.
+void setText(SNDFILE* file, const std::pair<int, std::string>& text, Room* room) {
+  if (room == nullptr || room->take(text.second.size()))
+    sf_set_string(file, text.first, text.second.c_str());
 }
 
 void setCues(SNDFILE* file, std::vector<SF_CUE_POINT> cues, Room& room) {
@@ -103,7 +107,7 @@ void setInstrument(SNDFILE* file, SF_INSTRUMENT instrument, Room& room) {
 bool setChunks(SNDFILE* file, const std::vector<KeptChunk>& chunks, Room& room) {
   bool hasTexts = false;
   for (const KeptChunk& chunk : chunks) {
-    if (chunk.id == "bext") continue;  // it changes
+    if (chunk.id == "bext" || chunk.id == kCopyright) continue;  // written apart
     if (setChunk(file, chunk, room) && holdsTexts(chunk)) hasTexts = true;
   }
   return hasTexts;
@@ -121,13 +125,16 @@ std::optional<ChunkFamily> chunksOf(FileType type) {
 void writeMetadata(SNDFILE* file, FileType type, const Metadata& data) {
   const auto family = chunksOf(type);
   if (!family) {
-    setTexts(file, data.texts, nullptr);
+    for (const auto& text : data.texts) setText(file, text, nullptr);
     return;
   }
   Room room;
   const bool alike = data.family == family;
   const bool hasTexts = alike && setChunks(file, data.chunks, room);
-  if (!hasTexts) setTexts(file, data.texts, &room);
+  for (const auto& text : data.texts) {
+    const bool isApart = family == ChunkFamily::form && text.first == SF_STR_COPYRIGHT;
+    if (!hasTexts || isApart) setText(file, text, &room);
+  }
   if (!alike && family == ChunkFamily::riff) {
     setCues(file, data.cues, room);
     if (data.instrument) setInstrument(file, *data.instrument, room);

@@ -178,26 +178,6 @@ TEST_F(MetadataFiles, SayInOneLineWhatTheTypeCannotKeep) {
       "widen: out.aiff: AIFF cannot keep broadcast data, chunk acid, text IENG, chunk iXML\n");
 }
 
-// Some programs have keys of their own there.
-TEST_F(MetadataFiles, SayWhichTextsOfACafOnlyACafKeeps) {
-  std::string texts = big(5, 4);
-  for (const char* word :
-       {"title", "Lied", "composer", "Someone", "track number", "3", "BPM", "90", "empty", ""})
-    texts += word + std::string(1, '\0');
-  std::string rate = "\x40\xE7\x70";  // 48000 as a double
-  rate.resize(8);
-  const auto chunk = [](const std::string& id, const std::string& bytes) {
-    return id + big(bytes.size(), 8) + bytes;
-  };
-  const std::string file =
-      std::string("caff\0\1\0\0", 8) +
-      chunk("desc", rate + "lpcm" + big(0, 4) + big(4, 4) + big(1, 4) + big(2, 4) + big(16, 4)) +
-      chunk("info", texts) + chunk("data", std::string(4 + 4000, '\1'));
-  EXPECT_EQ(said("in.caf", file, "out.wav"),
-            "widen: out.wav: WAV cannot keep text composer, text track number, text BPM\n");
-  EXPECT_EQ(said("in.caf", file, "out.caf"), "");
-}
-
 TEST_F(MetadataFiles, TakeOldTextsForLatin1) {
   const std::string info = "INFOINAM" + little(4, 4) + "S\xFC\xDF" + '\0';
   for (const char* output : {"out.flac", "out.mp3", "out.ogg"}) {
