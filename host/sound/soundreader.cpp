@@ -75,7 +75,7 @@ SoundReader::SoundReader(const std::filesystem::path& from, const SoundReaderOpt
                   " channels; only mono and stereo can be widened");
   }
   if (info.samplerate < 1) throw Failure(path.string() + ": names no sample rate");
-  if (info.frames < 1) throw Failure(path.string() + ": holds no sound (0 frames)");
+  if (info.frames < 1) failWithoutSound();
   buffer.emplace(info, input.stream() != nullptr ? kStreamFrames : kBufferFrames);
 }
 
@@ -150,6 +150,10 @@ bool SoundReader::leapOverDamage() {
   return false;
 }
 
+void SoundReader::failWithoutSound() const {
+  throw Failure(path.string() + ": holds no sound (0 frames)");
+}
+
 bool SoundReader::refill() {
   if (over) return false;
   if (broken) return leapOverDamage();
@@ -168,7 +172,10 @@ int SoundReader::read(double* left, double* right, int count) {
     std::fill_n(right + done, piece, 0.0);
     silent -= piece;
     if (piece == 0) piece = buffer->take(left + done, right + done, wanted);
-    if (piece == 0 && !refill()) break;
+    if (piece == 0 && !refill()) {
+      if (framesRead == 0) failWithoutSound();
+      break;
+    }
     done += piece;
   }
   return done;

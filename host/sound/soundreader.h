@@ -64,6 +64,7 @@ class SoundReader {
   void tell(const std::string& damage);
   void tellMissing(std::int64_t reached);
   bool leapOverDamage();
+  [[noreturn]] void failWithoutSound() const;
 
   SoundReaderOptions options;
   std::filesystem::path path;

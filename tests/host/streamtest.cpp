@@ -153,6 +153,18 @@ TEST_F(Streams, SayWhenTheInputWasCut) {
   EXPECT_TRUE(kept.out.substr(44) == textOf(in("in.wav")).substr(44, 2400));
 }
 
+// What a writer leaves that failed after its header.
+TEST_F(Streams, RefuseAnInputWithoutSoundAsAFileIs) {
+  const std::string header = textOf(in("in.wav")).substr(0, 44);
+  const std::string open = withOpenSizes(header, "\xFF\xFF\xFF\xFF");
+  for (const auto& [bytes, option] :
+       {std::pair(open, "-q"), std::pair(open, "--salvage"), std::pair(header, "--salvage")}) {
+    const Outcome outcome = through(bytes, {"--preset", "3", option});
+    expectRefusal(outcome, 1, "standard input: holds no sound (0 frames)");
+    EXPECT_EQ(outcome.out, "");
+  }
+}
+
 TEST_F(Streams, RefuseWhatDoesNotGoWithThem) {
   writeSound(in("b.wav"), noise(10, 2, 1), kWav16);
   const auto before = names();
