@@ -66,7 +66,8 @@ std::string notKeptWarning(const Conversion& done, const Job& job) {
   std::string text;
   for (const std::string& name : done.notKept) text += (text.empty() ? "" : ", ") + name;
   if (text.empty()) return text;
-  return shownOutput(job.output).string() + ": " + textOf(done.type) + " cannot keep " + text;
+  const std::string holder = isStandardStream(job.output) ? "a stream" : textOf(done.type);
+  return shownOutput(job.output).string() + ": " + holder + " cannot keep " + text;
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "host/sound/metadatawriting.h"
 #include "host/sound/rifflist.h"
 #include "host/sound/tagnames.h"
 
@@ -130,11 +129,12 @@ void addUntold(const KeptChunk& chunk, const Metadata& input, std::vector<std::s
 
 }  // namespace
 
-std::vector<std::string> notKept(const Metadata& input, const Metadata& written, FileType type) {
+std::vector<std::string> notKept(const Metadata& input, const Metadata& written,
+                                 std::optional<ChunkFamily> output) {
   std::vector<std::string> lost;
   addTexts(input, written, lost);
   if (!input.broadcast.empty() && written.broadcast.empty()) lost.emplace_back("broadcast data");
-  const bool alike = input.family && input.family == chunksOf(type);
+  const bool alike = input.family && input.family == output;
   if (alike) {
     for (const KeptChunk& chunk : input.chunks) {
       const bool isApart = chunk.id == "bext" || chunk.id == "(c) ";  // told above

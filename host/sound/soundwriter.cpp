@@ -181,7 +181,8 @@ void SoundWriter::finish() {
 // The finished file has the last word, whatever the library said. But the decoder of MP3 writes
 // lines of its own about short files, and its tag is ours.
 void SoundWriter::findLost() {
-  if (metadata.empty() || FileBytes(sink.descriptor).size == 0) return;
+  if (metadata.empty()) return;
+  if (!stream && FileBytes(sink.descriptor).size == 0) return;
   Metadata there;
   if (fileType == FileType::mp3) {
     there.texts = metadata.texts;
@@ -192,5 +193,5 @@ void SoundWriter::findLost() {
     const SoundFileHandle back(sf_open_virtual(&io, SFM_READ, &info, &sink));
     if (back) there = readMetadata(back.get(), sink.descriptor);
   }
-  lost = ::notKept(metadata, there, fileType);
+  lost = ::notKept(metadata, there, stream ? std::nullopt : chunksOf(fileType));
 }

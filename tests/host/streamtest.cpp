@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "host/sound/streamheader.h"
+#include "tests/host/chunkfiles.h"
 #include "tests/host/program.h"
 #include "tests/host/sounds.h"
 
@@ -162,6 +163,22 @@ TEST_F(Streams, RefuseAnInputWithoutSoundAsAFileIs) {
     const Outcome outcome = through(bytes, {"--preset", "3", option});
     expectRefusal(outcome, 1, "standard input: holds no sound (0 frames)");
     EXPECT_EQ(outcome.out, "");
+  }
+}
+
+// Into a file and into what is none; which program made the input is no loss.
+TEST_F(Streams, NameWhatDoesNotGoWithTheSound) {
+  const std::string made = "INFOISFT" + little(4, 4) + "Some";
+  const std::string titled = made + "INAM" + little(4, 4) + "Lied";
+  for (const auto& [list, lost] :
+       {std::pair(titled, "widen: standard output: a stream cannot keep title, chunk iXML\n"),
+        std::pair(made, "widen: standard output: a stream cannot keep chunk iXML\n")}) {
+    writeText(in("told.wav"), wavWith({{"LIST", list}}, {{"iXML", "<a/>"}}));
+    const std::vector<std::string> words = {"told.wav", "-o", "-", "--process", "off", "-q"};
+    EXPECT_EQ(widen(words).error, lost);
+    Surroundings nowhere;
+    nowhere.standardOutput = "/dev/null";
+    EXPECT_EQ(widen(words, nowhere).error, lost);
   }
 }
 
