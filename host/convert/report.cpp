@@ -8,6 +8,7 @@
 #include "host/base/standardstreams.h"
 #include "host/base/text.h"
 #include "host/measure/imagewidth.h"
+#include "host/state/values.h"
 
 namespace {
 
@@ -39,7 +40,8 @@ std::string clippingWarning(const Conversion& done, const Job& job) {
                      (done.clippedSamples == 1 ? " sample" : " samples") + " clipped";
   if (done.clippedFold > 0.0)
     text += "; clipping breaks the mono fold by " + decibelText(done.clippedFold) + " dBFS";
-  std::vector<std::string> ways = {"--gain " + formatted("%.1fdB", advised)};
+  std::vector<std::string> ways = {
+      advised < -kHighestGain ? "--gain auto" : "--gain " + formatted("%.1fdB", advised)};
   if (!done.optionThatFits.empty()) ways.push_back(advice(done, done.optionThatFits));
   if (canHold(done.type, SampleFormat::float32)) ways.emplace_back("--format float");
   return text + "; use " + listOf(ways);

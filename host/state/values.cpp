@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr double kHighestGain = 60.0;   // dB, either way
 constexpr double kLowestLevel = -60.0;  // dB
 constexpr double kLongestTail = 3600;   // s
 

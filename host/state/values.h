@@ -29,6 +29,7 @@ float parseTrelvanValue(int index, std::string_view option, std::string_view tex
 // none of them.
 std::optional<float> readGenericValue(std::string_view text);
 
+constexpr double kHighestGain = 60.0;  // dB, either way
 // Decibels, -60..60, "dB" or nothing after the number; returns the factor. 0 dB is exactly 1.
 double parseGain(std::string_view option, std::string_view text);
 // Decibels of full scale, -60..0, "dB" or nothing after the number; returns the magnitude.

@@ -162,6 +162,19 @@ TEST_F(Widenings, NameTheLargestWidthThatDoesNotClip) {
   }
 }
 
+// Floating-point sound in the scale of integers is 90 dB above full scale.
+TEST_F(Widenings, AdviseNoGainThatIsRefused) {
+  Sound loud = noise(1000, 2, 9);
+  for (double& sample : loud.samples) sample *= 32768.0;
+  writeSound(in("in.wav"), loud, kFloatWav);
+  const std::vector<std::string> clips = {"in.wav",   "-o", "out.wav",  "-f",
+                                          "--preset", "1",  "--format", "pcm16"};
+  EXPECT_THAT(widen(clips).error, HasSubstr("; use --gain auto or --format float\n"));
+  std::vector<std::string> advised = clips;
+  advised.insert(advised.end(), {"--gain", "auto"});
+  EXPECT_THAT(widen(advised).error, Not(HasSubstr("clipped")));
+}
+
 TEST_F(Widenings, NameNoWidthWhereNoneHelps) {
   writeText(in("moves"), "0 width 90%\n");
   writeSound(in("mid.wav"), Sound{44100, 1, std::vector<double>(1000, 0.75)},
