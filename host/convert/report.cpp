@@ -49,10 +49,14 @@ std::string clippingWarning(const Conversion& done, const Job& job) {
 
 std::string narrowingWarning(const Conversion& done, const Job& job) {
   if (!isNarrower(done.sideToMid, done.sideToMidBefore)) return {};
-  std::string text =
-      shownOutput(job.output).string() + ": is narrower than the input: side to mid ";
+  const std::string start = shownOutput(job.output).string() + ": ";
+  if (std::isinf(done.sideToMidBefore) && done.peak == 0.0)
+    return start + "is silent: left and right of the input are opposite, so that it has no mid";
+  std::string text = start + "is narrower than the input: side to mid ";
   text += done.sideToMid > 0.0 ? decibelText(done.sideToMid) + " dB" : "nothing (mono)";
-  text += ", before " + decibelText(done.sideToMidBefore) + " dB";
+  text += ", before ";
+  text += std::isinf(done.sideToMidBefore) ? "a side without a mid"
+                                           : decibelText(done.sideToMidBefore) + " dB";
   if (!done.optionAsWide.empty()) text += "; as wide is " + advice(done, done.optionAsWide);
   return text;
 }

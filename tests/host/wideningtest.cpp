@@ -162,6 +162,18 @@ TEST_F(Widenings, NameTheLargestWidthThatDoesNotClip) {
   }
 }
 
+// The effect makes its side out of the mid: of opposite channels nothing is left.
+TEST_F(Widenings, SayThatASoundWithoutAMidIsLost) {
+  Sound opposite{44100, 2, {}};
+  for (const double sample : noise(1000, 1, 10).samples)
+    opposite.samples.insert(opposite.samples.end(), {sample, -sample});
+  writeSound(in("in.wav"), opposite, kFloatWav);
+  EXPECT_EQ(
+      widen({"in.wav", "-o", "out.wav"}).error,
+      "widen: out.wav: is silent: left and right of the input are opposite, so that it has no "
+      "mid\n");
+}
+
 // Floating-point sound in the scale of integers is 90 dB above full scale.
 TEST_F(Widenings, AdviseNoGainThatIsRefused) {
   Sound loud = noise(1000, 2, 9);
