@@ -61,6 +61,8 @@ void SoundReader::openFile() {
     throw Failure(path.string() + ": not a sound file (" + text + ")");
   }
   if (input.stream() != nullptr && input.stream()->isOpen()) info.frames = SF_COUNT_MAX;
+  if (input.stream() != nullptr && input.stream()->isRenamed())
+    info.format = (info.format & ~SF_FORMAT_TYPEMASK) | SF_FORMAT_WAV;
   data = readMetadata(file.get(), input.descriptor());
 }
 

@@ -88,6 +88,7 @@ bool WavStream::parse() {
 // As the library reads on for ever: in the successor of WAV, whose sizes have 64 bits.
 void WavStream::nameOpenLength(std::size_t afterDataHead) {
   constexpr std::size_t kForm = 12, kDataHead = 8;
+  renamed = header.starts_with("RIFF");
   std::string chunks = header.substr(kForm, afterDataHead - kDataHead - kForm);
   const auto old = chunks.find("ds64");
   if (old == 0) chunks.erase(0, 8 + littleEndian(std::string_view(chunks).substr(4, 4)));

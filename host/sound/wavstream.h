@@ -22,6 +22,8 @@ class WavStream {
 
   // The writer did not know how much would come.
   bool isOpen() const { return left; }
+  // The library has it as RF64, which the pipe does not.
+  bool isRenamed() const { return renamed; }
   // After the last sample: what is wrong, to be put after the file's name. Empty: nothing.
   std::string damage() const;
 
@@ -37,6 +39,7 @@ class WavStream {
   std::string header;
   bool wav = false;
   bool left = false;  // open
+  bool renamed = false;
   bool opening = false;
   std::int64_t early = 0;       // bytes of sound that are kept with the header
   std::int64_t soundBytes = 0;  // after those, as the header names them

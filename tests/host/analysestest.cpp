@@ -116,6 +116,20 @@ TEST_F(Analyses, TakeTheStandardInput) {
       << outcome.error;
 }
 
+// 0xFFFFFFFF bytes: what a writer into a pipe names.
+TEST_F(Analyses, CallAWavOfUnknownLengthAWav) {
+  std::string bytes = textOf(in("mono.wav"));
+  bytes.replace(40, 4, "\xFF\xFF\xFF\xFF");
+  writeText(in("open.wav"), bytes);
+  Surroundings piped;
+  piped.standardInput = pipeFrom(in("open.wav"));
+  const Json open = Json::parse(widen({"--analyse", "--json", "-"}, piped).out);
+  const Json whole = Json::parse(widen({"--analyse", "--json", "mono.wav"}).out);
+  Json expected = whole.at("files").at(0).at("input");
+  expected["file"] = "-";
+  EXPECT_EQ(open.at("files").at(0).at("input"), expected);
+}
+
 TEST_F(Analyses, RefuseASoundThatHoldsWhatIsNoNumber) {
   Sound sound = noise(100, 1, 1);
   sound.samples[50] = std::nan("");
