@@ -16,6 +16,9 @@
 // that a writer into a pipe left open.
 std::string damageOf(int descriptor);
 
+// Whether it is an MP3 whose first frame, which holds no sound then, names how many follow.
+bool namesMp3Frames(int descriptor);
+
 // Whether a size is what a writer names that cannot go back and does not know the length.
 // sizeBytes: of the size itself, in the header.
 bool isLeftOpen(std::uint64_t size, std::size_t sizeBytes);

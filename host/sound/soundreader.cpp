@@ -33,8 +33,12 @@ const std::filesystem::path& existing(const std::filesystem::path& file) {
   return file;
 }
 
-// Whether the named number of frames is to be there: MP3 has an estimate, and of two old types the
-// library itself loses the last frames.
+// Frames by which an MP3 may be shorter than it says: programs count its silent first frame or the
+// decoder's delay in or out, two blocks at most.
+constexpr std::int64_t kMp3Slack = 2304;
+
+// Whether exactly the named number of frames is to be there: MP3 has an estimate, and of two old
+// types the library itself loses the last frames.
 bool countsFrames(const SF_INFO& info) {
   const int type = info.format & SF_FORMAT_TYPEMASK;
   return info.frames != SF_COUNT_MAX && type != SF_FORMAT_MPEG && type != SF_FORMAT_SDS &&
@@ -78,7 +82,13 @@ SoundReader::SoundReader(const std::filesystem::path& from, const SoundReaderOpt
   }
   if (info.samplerate < 1) throw Failure(path.string() + ": names no sample rate");
   if (info.frames < 1) failWithoutSound();
+  namedInMp3 = input.stream() == nullptr && (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG &&
+               info.frames != SF_COUNT_MAX && namesMp3Frames(input.descriptor());
   buffer.emplace(info, input.stream() != nullptr ? kStreamFrames : kBufferFrames);
+}
+
+bool SoundReader::namesFrames() const {
+  return countsFrames(info) || namedInMp3;
 }
 
 std::optional<std::int64_t> SoundReader::certainFrames() const {
@@ -114,8 +124,8 @@ void SoundReader::checkDamage(sf_count_t frames) {
   const bool ended = frames < static_cast<sf_count_t>(buffer->room());
   const std::string cut = ended && input.stream() != nullptr ? input.stream()->damage() : "";
   if (!cut.empty()) return tell(cut);
-  const bool endsKnown = countsFrames(info);
-  const bool whole = endsKnown ? reached >= info.frames : !failed;
+  const std::int64_t slack = namedInMp3 ? kMp3Slack : 0;
+  const bool whole = namesFrames() ? reached + slack >= info.frames : !failed;
   if (whole && lost > 0) return tellMissing(reached);
   if (whole || !(failed || ended)) return;
   broken = options.salvage && (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC;
@@ -125,7 +135,7 @@ void SoundReader::checkDamage(sf_count_t frames) {
 
 void SoundReader::tellMissing(std::int64_t reached) {
   std::string text = "is damaged: only " + std::to_string(reached - lost);
-  if (countsFrames(info)) text += " of " + std::to_string(info.frames);
+  if (namesFrames()) text += " of " + std::to_string(info.frames);
   text += " frames can be read";
   if (lost > 0) text += "; " + std::to_string(lost) + " within are silent";
   if (sf_error(file.get()) != SF_ERR_NO_ERROR)

@@ -59,6 +59,7 @@ class SoundReader {
 
  private:
   void openFile();
+  bool namesFrames() const;
   bool refill();
   void checkDamage(sf_count_t frames);
   void tell(const std::string& damage);
@@ -73,6 +74,7 @@ class SoundReader {
   SoundFileHandle file;
   Metadata data;
   std::string found;            // damage
+  bool namedInMp3 = false;      // the number of frames, nearly
   bool broken = false;          // the decoder gave up, with frames to come
   bool over = false;            // nothing more can be read
   std::int64_t framesRead = 0;  // with silent ones

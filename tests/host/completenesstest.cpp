@@ -117,6 +117,25 @@ TEST_F(Completeness, TakesAnMp3ThatNamesNoLength) {
   EXPECT_GE(reading("a.mp3").frames, 400000);
 }
 
+// The library takes a damaged frame's place for the end, without an error.
+TEST_F(Completeness, RefusesAnMp3ThatNamesMoreFramesThanCanBeRead) {
+  constexpr std::size_t kLong = 200000;  // frames
+  const std::string whole = bytesOf(SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, 2, kLong);
+  if (whole.empty()) GTEST_SKIP() << "a library without MP3";
+  const std::string tag = "ID3\4" + std::string(5, '\0') + '\x40' + std::string(64, '\0');
+  for (const std::string& front : {std::string(), tag}) {
+    writeText(in("a"), front + whole);
+    EXPECT_EQ(reading("a").failure, "");
+    EXPECT_EQ(reading("a").frames, static_cast<std::int64_t>(kLong));
+    std::string damaged = whole;
+    damaged.replace(whole.size() / 3, 2000, std::string(2000, '\x55'));
+    for (const std::string& bytes : {whole.substr(0, whole.size() / 2), damaged}) {
+      writeText(in("a"), front + bytes);
+      EXPECT_THAT(reading("a").failure, testing::HasSubstr(" of 200000 frames can be read"));
+    }
+  }
+}
+
 TEST_F(Completeness, TakesAnOddSoundWithAndWithoutItsPadding) {
   // Header of 44 bytes, 101 samples of 8 bits, a byte of padding.
   const Sound sound = noise(101, 1, 2);
