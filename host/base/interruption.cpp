@@ -90,6 +90,7 @@ void installInterruption() {
     installUnlessTaken(number);
   }
   std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGCHLD, SIG_DFL);  // inherited as ignored, the system would forget how they end
 }
 
 ExitWatch::ExitWatch() {

@@ -3,7 +3,8 @@
 
 // Installs the handlers, once, from main: SIGINT, SIGTERM, SIGHUP, SIGPIPE and crashes remove the
 // registered files and then end the program as the signal would. A file-size limit becomes an error
-// of the writing call instead.
+// of the writing call instead. Processes that are started can be waited for, whatever the caller
+// of the program had set.
 void installInterruption();
 
 // While one lives, an exit() in this process is an effect's doing: it removes the registered files,

@@ -106,6 +106,16 @@ TEST_F(Isolation, MakesOneFilesCrashOneFailedFile) {
   }
 }
 
+TEST_F(Isolation, EndsWhereItsCallerWaitsForNoProcess) {
+  signal(SIGCHLD, SIG_IGN);  // which a program inherits
+  const int process =
+      startProgram(folder, {"a.wav", "c.wav", "-o", "out", "-q", "--plugin", plugin("echo")});
+  signal(SIGCHLD, SIG_DFL);
+  const Outcome outcome = waitForProgram(process, folder);
+  EXPECT_EQ(outcome.status, 0) << outcome.error;
+  EXPECT_THAT(results(), ElementsAre("a.wav", "c.wav"));
+}
+
 TEST_F(Isolation, IsTheDefaultForSeveralFilesAndForeignEffects) {
 #ifdef TRELVAN_SANITIZED
   GTEST_SKIP() << "the sanitizer handles crashes itself";
