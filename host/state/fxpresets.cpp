@@ -99,6 +99,9 @@ void loadFxBank(Effect& effect, EffectAdapter& adapter, const std::string& file)
     give(effect, adapter, read.programs[number], file);
   }
   if (places != 0) effect.selectProgram(read.current);
+  // Some effects forget what was changed when a program is selected.
+  if (!read.programs.empty())
+    give(effect, adapter, read.programs[static_cast<std::size_t>(read.current)], file);
 }
 
 std::vector<unsigned char> fxPresetOf(Effect& effect) {

@@ -144,6 +144,17 @@ TEST_F(FxPresets, AreSavedWithoutAChangeOfWhatIsHeard) {
   EXPECT_EQ(read.programs.at(2).values[0], 0.125F);
 }
 
+TEST_F(FxPresets, OfABankAreHeardAsTheyWereSaved) {
+  Live live(plugin("programs"));
+  live.effect.selectProgram(1);
+  live.effect.setParameter(0, 0.3125F);
+  save(live, "", "b.fxb");
+  Live other(plugin("programs"));
+  applyState(other.effect, bank("b.fxb"));
+  EXPECT_EQ(other.effect.dispatch(effGetProgram), 1);
+  EXPECT_EQ(other.effect.parameter(0), 0.3125F) << "not what it forgot it for";
+}
+
 TEST_F(FxPresets, AreRefusedWhereTheyCannotBeTaken) {
   Live live(plugin("bank"));
   Live other(plugin("programs"));
