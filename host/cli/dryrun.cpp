@@ -33,7 +33,19 @@ void checkFolders(const std::vector<fs::path>& folders) {
   }
 }
 
-std::string planOf(const Arguments& arguments, const Job& job) {
+// Into a folder that is there, or that the run makes.
+void checkCanBePut(const fs::path& target, const Arguments& arguments, const Jobs& jobs) {
+  if (isStandardStream(target)) return;
+  checkTarget(target, arguments.force);
+  const fs::path folder = target.parent_path();
+  const auto& made = jobs.foldersToBeMade;
+  if (folder.empty() || isThere(folder) ||
+      std::find(made.begin(), made.end(), folder) != made.end())
+    return;
+  throw cannotWrite(target, "there is no folder " + folder.string());
+}
+
+std::string planOf(const Arguments& arguments, const Jobs& jobs, const Job& job) {
   if (const auto known = outcomeBefore(arguments, job)) {
     if (known->failed()) throw Failure(known->failure);
     return known->report;
@@ -42,8 +54,8 @@ std::string planOf(const Arguments& arguments, const Job& job) {
   const bool isStream = isStandardStream(job.input);  // those are read once
   if (!isStream && (!isThere(job.input) || fs::is_regular_file(job.input, error)))
     SoundReader reader(job.input, {arguments.salvage});
-  checkTarget(job.output, arguments.force);
-  if (job.plot) checkTarget(*job.plot, arguments.force);
+  checkCanBePut(job.output, arguments, jobs);
+  if (job.plot) checkCanBePut(*job.plot, arguments, jobs);
   std::string text = shownInput(job.input).string() + " -> " + shownOutput(job.output).string();
   if (isThere(job.output)) text += ", replaced";
   if (job.plot) text += ", picture " + job.plot->string();
@@ -58,7 +70,7 @@ bool tellWhatWouldBeDone(const Arguments& arguments, const Jobs& jobs, Console& 
   tellFindings(jobs, console);
   for (const Job& job : jobs.list) {
     try {
-      console.say(planOf(arguments, job));
+      console.say(planOf(arguments, jobs, job));
     } catch (const Failure& failure) {
       console.warn(failure.what());
       all = false;

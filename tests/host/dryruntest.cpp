@@ -54,6 +54,9 @@ TEST_F(DryRuns, FindWhatTheRunWouldFailAt) {
   expectRefusal(tried({"bad.wav", "-o", "out.wav"}), 1, "bad.wav: not a sound file");
   expectRefusal(tried({"missing.wav", "-o", "out.wav"}), 1, "missing.wav: no such file");
   expectRefusal(tried({"a.wav", "b.wav", "-o", "no/such"}), 1, "no/such: cannot be made");
+  expectRefusal(tried({"a.wav", "-o", "no/out.wav"}), 1, "there is no folder no");
+  expectRefusal(tried({"a.wav", "-o", "out.wav", "--plot", "no/a.png"}), 1,
+                "there is no folder no");
   expectRefusal(tried({"a.wav", "-o", "out.wav", "--preset", "nonsense"}), 1, "no preset");
   expectRefusal(tried({"a.wav", "-o", "out.wav", "--save-state", "b.wav"}), 1,
                 "b.wav: is already there");
