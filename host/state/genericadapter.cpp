@@ -44,16 +44,18 @@ class GenericAdapter final : public EffectAdapter {
                   " is not Trelvan: its parameters are set with --set NAME=VALUE");
   }
 
-  // A number is the raw value. Per cent are those that the effect shows, where it shows any, and
-  // else of its range. What is left is understood by the effect, or shown by it for some value.
+  // A number is the raw value. Per cent, on and off are what the effect shows as such, where it
+  // does, and else of its range and its ends. What is left is understood by the effect, or shown by
+  // it for some value.
   float typedValue(int index, const std::string& what, const std::string& typed) override {
     const auto fraction = readGenericValue(typed);
-    const bool isShare = fraction && typed.find('%') != std::string::npos;
-    if (fraction && (!isShare || showsFor(effect, index, *fraction, typed))) return *fraction;
+    const bool isWord = fraction && !readNumber(typed);
+    const bool isRaw = fraction && !isWord && typed.find('%') == std::string::npos;
+    if (fraction && (isRaw || showsFor(effect, index, *fraction, typed))) return *fraction;
     const auto understood = valueInItsWords(index, typed);
     if (understood && showsFor(effect, index, *understood, typed)) return *understood;
     if (const auto shown = findDisplayed(effect, index, typed)) return *shown;
-    if (understood) return *understood;
+    if (understood && !isWord) return *understood;
     if (fraction) return *fraction;
     throw Failure(what + ": \"" + typed +
                   "\" is not 0 to 1, 0% to 100%, on or off, and the effect does not understand or "

@@ -16,7 +16,7 @@ using testing::HasSubstr;
 class DisplayedValues : public testing::Test {
  protected:
   // In the plug-in's order.
-  enum Index { kDistance, kCutoff, kWave, kDrive, kLevel, kVoices, kFixed };
+  enum Index { kDistance, kCutoff, kWave, kDrive, kLevel, kVoices, kFixed, kWet, kWetLevel, kMode };
 
   DisplayedValues() : module(WIDEN_TEST_PLUGINS "/displays.so"), effect(module, callback) {}
 
@@ -61,6 +61,14 @@ TEST_F(DisplayedValues, AtAnEndAreTheEnd) {
 TEST_F(DisplayedValues, OfAListAreInTheMiddleOfTheirPlace) {
   EXPECT_NEAR(set("Wave", kWave, "triangle"), 1.5F / 3.999F, 1e-4F);
   EXPECT_NEAR(set("Wave", kWave, "Saw up"), 2.5F / 3.999F, 1e-4F);
+}
+
+TEST_F(DisplayedValues, OfASwitchAreTheEffectsOwnWhereItShowsThem) {
+  EXPECT_NEAR(set("Mode", kMode, "on"), 1.5F / 2.999F, 1e-4F) << "at 1 it shows Off";
+  EXPECT_EQ(set("Mode", kMode, "Off"), 1.0F);
+  EXPECT_EQ(set("Mode", kMode, "1"), 1.0F) << "a number is the raw value";
+  EXPECT_EQ(set("Wet", kWet, "on"), 1.0F) << "it shows neither";
+  EXPECT_EQ(set("Wet", kWet, "off"), 0.0F);
 }
 
 TEST_F(DisplayedValues, AreComparedInOneUnit) {
