@@ -16,8 +16,9 @@ namespace fs = std::filesystem;
 // A file that does not exist yet counts by its place.
 fs::path identity(const fs::path& path) {
   std::error_code error;
-  const fs::path canonical = fs::weakly_canonical(path, error);
-  return error ? fs::absolute(path, error).lexically_normal() : canonical;
+  const fs::path whole = fs::absolute(path, error);  // "a" is "./a", there or not
+  const fs::path canonical = fs::weakly_canonical(whole, error);
+  return error ? whole.lexically_normal() : canonical;
 }
 
 // Each is looked up once, however many targets there are.

@@ -182,6 +182,10 @@ TEST_F(Program, RefusesToDestroyItsInput) {
   refuses({"in.wav", "-o", ".", "--force"}, 2, "is an input");
 }
 
+TEST_F(Program, RefusesAnInputThatIsNamedInTwoWays) {
+  refuses({"in.wav", "./in.wav", "--suffix", "-wide", "-f"}, 2, "would be written for both");
+}
+
 TEST_F(Program, ReplacesAnOutputOnlyByForce) {
   writeText(in("out.wav"), "precious");
   refuses({"in.wav", "-o", "out.wav"}, 1, "out.wav: is already there (--force replaces it)");
