@@ -21,6 +21,7 @@
 #include "host/cli/listening.h"
 #include "host/cli/questions.h"
 #include "host/convert/jobs.h"
+#include "host/convert/overlaps.h"
 #include "host/options/arguments.h"
 #include "host/state/effectadapter.h"
 #include "host/state/effectstate.h"
@@ -114,6 +115,9 @@ bool tryAndConvert(const Arguments& arguments, const Jobs& jobs, Console& consol
 }
 
 void ask(const Arguments& arguments, Console& console) {
+  std::vector<Job> played;
+  for (const std::string& input : arguments.inputs) played.push_back({input, {}, {}, {}});
+  checkNothingIsDestroyed(played, arguments);
   std::optional<Loop> loop;
   if (!arguments.inputs.empty()) {
     loop.emplace(arguments.inputs.front(), arguments.salvage);

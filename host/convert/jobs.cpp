@@ -115,7 +115,11 @@ void planPictures(Jobs& jobs, const std::vector<fs::path>& names, const fs::path
 
 Jobs planJobs(const Arguments& arguments) {
   checkStreams(arguments);
-  if (arguments.output == "-") return {{streamJob(arguments)}, {}, {}, {}};
+  if (arguments.output == "-") {
+    Jobs stream{{streamJob(arguments)}, {}, {}, {}};
+    checkNothingIsDestroyed(stream.list, arguments);
+    return stream;
+  }
   const bool several = arguments.inputs.size() > 1 || isFolder(arguments.inputs.front());
   const bool besideInputs = !arguments.output;
   const fs::path output = arguments.output.value_or("");
@@ -136,7 +140,7 @@ Jobs planJobs(const Arguments& arguments) {
 
   if (arguments.suffix) leaveResultsOut(jobs);
   checkTypes(jobs, arguments, several);
-  checkNothingIsDestroyed(jobs.list);
+  checkNothingIsDestroyed(jobs.list, arguments);
   MissingFolders missing;
   if (intoFolder && !besideInputs) {
     for (const Job& job : jobs.list) missing.noteAbove(job.output, output);

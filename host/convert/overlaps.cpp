@@ -9,6 +9,8 @@
 #include <system_error>
 #include <utility>
 
+#include "host/base/standardstreams.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -45,21 +47,25 @@ class Inputs {
 
 }  // namespace
 
-void checkNothingIsDestroyed(const std::vector<Job>& jobs) {
+void checkNothingIsDestroyed(const std::vector<Job>& jobs, const Arguments& arguments) {
   const Inputs inputs(jobs);
-  std::map<fs::path, fs::path> writers;  // identity of a target, and the input that it is for
-  const auto claim = [&](const fs::path& target, const fs::path& input) {
+  std::map<fs::path, std::string> writers;  // identity of a target, and what it is for
+  const auto claim = [&](const fs::path& target, const std::string& purpose) {
+    if (target.empty() || isStandardStream(target)) return;
     const fs::path place = identity(target);
     if (inputs.contain(target, place))
       throw UsageFailure(target.string() + ": is an input; name another output");
-    const auto [other, first] = writers.emplace(place, input);
+    const auto [other, first] = writers.emplace(place, purpose);
     if (!first) {
-      throw UsageFailure(target.string() + ": would be written for both " + other->second.string() +
-                         " and " + input.string());
+      throw UsageFailure(target.string() + ": would be written for both " + other->second +
+                         " and " + purpose);
     }
   };
   for (const Job& job : jobs) {
-    claim(job.output, job.input);
-    if (job.plot) claim(*job.plot, job.input);
+    claim(job.output, job.input.string());
+    if (job.plot) claim(*job.plot, job.input.string());
   }
+  if (arguments.saveState) claim(*arguments.saveState, "--save-state");
+  if (arguments.saved.preset) claim(*arguments.saved.preset, "--save-preset");
+  if (arguments.saved.bank) claim(*arguments.saved.bank, "--save-bank");
 }

@@ -4,7 +4,8 @@
 #include <vector>
 
 #include "host/convert/jobs.h"
+#include "host/options/arguments.h"
 
-// Throws UsageFailure where an output or a picture is an input, under whatever name, and where two
-// of them are one.
-void checkNothingIsDestroyed(const std::vector<Job>& jobs);
+// Throws UsageFailure where an output, a picture or a file of the effect's state is an input, under
+// whatever name, and where two of them are one. A job without an output is only read.
+void checkNothingIsDestroyed(const std::vector<Job>& jobs, const Arguments& arguments);

@@ -186,6 +186,18 @@ TEST_F(Program, RefusesAnInputThatIsNamedInTwoWays) {
   refuses({"in.wav", "./in.wav", "--suffix", "-wide", "-f"}, 2, "would be written for both");
 }
 
+TEST_F(Program, RefusesToWriteAStateOverASoundOrAnother) {
+  const std::string before = textOf(in("in.wav"));
+  refuses({"in.wav", "-o", "out.wav", "--save-state", "in.wav", "-f"}, 2, "in.wav: is an input");
+  refuses({"in.wav", "-o", "-", "--save-state", "in.wav", "-f"}, 2, "in.wav: is an input");
+  refuses({"in.wav", "--editor", "--save-state", "./in.wav", "-f"}, 2, "in.wav: is an input");
+  EXPECT_EQ(textOf(in("in.wav")), before);
+  refuses({"in.wav", "-o", "out.wav", "--save-state", "out.wav", "-f"}, 2,
+          "out.wav: would be written for both in.wav and --save-state");
+  refuses({"--save-state", "all.orb", "--save-bank", "./all.orb", "-f"}, 2,
+          "./all.orb: would be written for both --save-state and --save-bank");
+}
+
 TEST_F(Program, ReplacesAnOutputOnlyByForce) {
   writeText(in("out.wav"), "precious");
   refuses({"in.wav", "-o", "out.wav"}, 1, "out.wav: is already there (--force replaces it)");
