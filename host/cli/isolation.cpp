@@ -125,9 +125,13 @@ void doIsolated(const std::string& what, const std::function<void()>& work) {
 void convertIsolated(const std::filesystem::path& plugin, const Arguments& arguments,
                      const Jobs& jobs, std::size_t most, Console& console, Reporter& reporter) {
   std::vector<Running> running;
+  // False: not now.
   const auto start = [&](std::size_t index) {
     const Job& job = jobs.list[index];
-    if (const auto known = outcomeBefore(arguments, job)) return reporter.add(index, *known);
+    if (const auto known = outcomeBefore(arguments, job)) {
+      reporter.add(index, *known);
+      return true;
+    }
     try {
       running.push_back({index,
                          std::make_unique<ChildProcess>(
@@ -137,15 +141,17 @@ void convertIsolated(const std::filesystem::path& plugin, const Arguments& argum
                              processesOf(running)),
                          {}});
     } catch (const Failure& failure) {
+      if (!running.empty()) return false;  // there will be room when one of them has ended
       FileOutcome outcome;
       outcome.failure = shownInput(job.input).string() + ": " + failure.what();
       reporter.add(index, std::move(outcome));
     }
+    return true;
   };
   std::vector<std::size_t> crashed;
   std::size_t next = 0;
   while (next < jobs.list.size() || !running.empty()) {
-    while (next < jobs.list.size() && running.size() < most) start(next++);
+    while (next < jobs.list.size() && running.size() < most && start(next)) ++next;
     if (!running.empty()) waitForAny(processesOf(running));
     if (OrderlyEnd::isAsked()) return endAll(jobs, running);
     std::erase_if(running, [&](Running& one) {

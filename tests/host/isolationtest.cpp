@@ -116,6 +116,19 @@ TEST_F(Isolation, EndsWhereItsCallerWaitsForNoProcess) {
   EXPECT_THAT(results(), ElementsAre("a.wav", "c.wav"));
 }
 
+TEST_F(Isolation, WaitsForRoomWhereTheSystemTakesNoMoreProcesses) {
+  Surroundings narrow;
+  narrow.openFilesLimit = 20;
+  std::vector<std::string> words = {"-o", "out", "-q", "-j", "30", "--plugin", plugin("echo")};
+  for (int file = 0; file < 30; ++file) {
+    words.push_back(std::to_string(file) + ".wav");
+    std::filesystem::create_symlink("a.wav", in(words.back()));
+  }
+  const Outcome outcome = widen(words, narrow);
+  EXPECT_EQ(outcome.status, 0) << outcome.error;
+  EXPECT_EQ(results().size(), 30U);
+}
+
 TEST_F(Isolation, IsTheDefaultForSeveralFilesAndForeignEffects) {
 #ifdef TRELVAN_SANITIZED
   GTEST_SKIP() << "the sanitizer handles crashes itself";

@@ -19,6 +19,15 @@ std::string contentOf(const std::filesystem::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+// value: 0 for none.
+template <typename Resource>
+void limit(Resource resource, long value) {
+  if (value == 0) return;
+  const auto most = static_cast<rlim_t>(value);
+  const rlimit both{most, most};
+  setrlimit(resource, &both);
+}
+
 }  // namespace
 
 int startProgram(const std::filesystem::path& folder, const std::vector<std::string>& words,
@@ -48,11 +57,8 @@ int startProgram(const std::filesystem::path& folder, const std::vector<std::str
     if (dup2(open(surroundings.standardOutput.c_str(), O_WRONLY), STDOUT_FILENO) < 0) _exit(104);
   }
   for (const auto& [name, value] : surroundings.environment) setenv(name.c_str(), value.c_str(), 1);
-  if (surroundings.fileSizeLimit != 0) {
-    const auto limit = static_cast<rlim_t>(surroundings.fileSizeLimit);
-    const rlimit both{limit, limit};
-    setrlimit(RLIMIT_FSIZE, &both);
-  }
+  limit(RLIMIT_FSIZE, surroundings.fileSizeLimit);
+  limit(RLIMIT_NOFILE, surroundings.openFilesLimit);
   setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" WIDEN_LEAKS, 1);
   alarm(kLongest);
   execv(WIDEN_PROGRAM, pointers.data());

@@ -19,6 +19,7 @@ struct Outcome {
 struct Surroundings {
   std::map<std::string, std::string> environment = {};  // on top of the test's own
   long fileSizeLimit = 0;           // bytes that the program may write into one file; 0: any
+  long openFilesLimit = 0;          // descriptors; 0: any
   int standardInput = -1;           // descriptor; -1: the test's own
   std::string standardOutput = "";  // file; empty: as below; "closed": none
 };
