@@ -58,9 +58,19 @@ class FolderSearch {
   void take(const fs::path& path, const fs::path& below) {
     std::error_code error;
     if (!isFolder(path)) {
-      if (isNamedLikeSound(path)) found.files.push_back({path, below});
+      if (isNamedLikeSound(path)) takeFile(path, below);
     } else if (!fs::is_symlink(path, error) && !isOutputs(path)) {
       search(path, below / path.filename());
+    }
+  }
+
+  // A pipe that nobody named may never bring anything.
+  void takeFile(const fs::path& path, const fs::path& below) {
+    std::error_code error;
+    if (fs::is_other(path, error)) {
+      found.failures.push_back(path.string() + ": is no regular file");
+    } else {
+      found.files.push_back({path, below});
     }
   }
 

@@ -74,6 +74,15 @@ TEST_F(InputSearch, FollowsLinksToFilesButNotToFolders) {
   EXPECT_THAT(found({"takes/round"}).size(), 3U) << "one that is named is followed";
 }
 
+TEST_F(InputSearch, TellsOfPipesInAFolderInsteadOfWaitingForThem) {
+  put("takes/a.wav");
+  ASSERT_EQ(mkfifo(in("takes/b.wav").c_str(), 0600), 0);
+  ASSERT_EQ(mkfifo(in("c.wav").c_str(), 0600), 0);
+  EXPECT_THAT(found({"takes", "c.wav"}), ElementsAre("takes/a.wav takes", "c.wav "))
+      << "one that is named is wanted";
+  EXPECT_THAT(result.failures, ElementsAre(in("takes/b.wav").string() + ": is no regular file"));
+}
+
 TEST_F(InputSearch, DoesNotSearchWhereTheResultsGo) {
   for (const char* file : {"takes/a.wav", "takes/wide/a.wav"}) put(file);
   EXPECT_THAT(found({"takes"}, in("takes/wide")), ElementsAre("takes/a.wav "));
