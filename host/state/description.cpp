@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/base/text.h"
+#include "host/state/displayedvalue.h"
 #include "host/state/effectadapter.h"
 #include "host/state/effectstate.h"
 #include "host/state/parameterfacts.h"
@@ -12,10 +13,6 @@
 namespace {
 
 constexpr int kMostValues = 8;  // parameters in one line
-
-std::string withUnit(const std::string& display, const std::string& label) {
-  return label.empty() ? display : display + " " + label;
-}
 
 std::string propertiesText(const ParameterFacts& facts) {
   std::string text = facts.automatable ? "automatable" : "";
@@ -45,7 +42,7 @@ std::string describeParameters(Effect& effect) {
   for (int index = 0; index < effect.parameterCount(); ++index) {
     all.push_back(factsOfParameter(effect, index));
     names.push_back(all.back().name);
-    values.push_back(withUnit(all.back().display, all.back().label));
+    values.push_back(shownText(effect, index));
   }
   if (all.empty()) return "no parameters\n";
   const int nameWidth = static_cast<int>(longest(names));
@@ -77,7 +74,7 @@ std::string describeValues(Effect& effect) {
   std::string text;
   for (int index = 0; index < std::min(effect.parameterCount(), kMostValues); ++index) {
     text += (index == 0 ? "" : ", ") + effect.text(effGetParamName, index) + " " +
-            withUnit(effect.text(effGetParamDisplay, index), effect.text(effGetParamLabel, index));
+            shownText(effect, index);
   }
   if (effect.parameterCount() > kMostValues) text += ", ...";
   return text;

@@ -81,6 +81,13 @@ TEST_F(Descriptions, SummariseValuesAndPreset) {
   EXPECT_EQ(describeCurrentPreset(trelvan.effect), "preset 0 \"init\"");
 }
 
+// "displays" gives its level's unit with the value and once more by itself.
+TEST_F(Descriptions, SayAUnitOnce) {
+  Live live(pluginFile("displays"));
+  EXPECT_THAT(describeParameters(live.effect), HasSubstr("  -15.000 dB\n"));
+  EXPECT_THAT(describeValues(live.effect), HasSubstr("Level -15.000 dB, "));
+}
+
 TEST_F(Descriptions, ManageWithEffectsThatSayNothing) {
   Live quiet(pluginFile("echo"));
   EXPECT_THAT(describeEffect(quiet.effect), HasSubstr("nothing that was asked"));

@@ -31,7 +31,7 @@ class Displays : public TestEffect {
   VstIntPtr dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr, void* ptr, float) override {
     static constexpr const char* kNames[] = {"Distance", "Cutoff", "Wave", "Drive",     "Level",
                                              "Voices",   "Fixed",  "Wet",  "Wet level", "Mode"};
-    static constexpr const char* kLabels[] = {"m", "Hz", "", "%", "", "", "dB", "", "", ""};
+    static constexpr const char* kLabels[] = {"m", "Hz", "", "%", "dB", "", "dB", "", "", ""};
     switch (opcode) {
       case effGetParamName:
         give(ptr, kNames[index]);
