@@ -47,10 +47,19 @@ void requireRules(const Arguments& arguments) {
         &arguments.state.state, &arguments.state.bank, &arguments.state.preset}) {
     require(!*named || !(*named)->empty(), "what is named has a name");
   }
-  const bool hasSound = !arguments.inputs.empty() && arguments.output;
-  const bool hasNone = arguments.inputs.empty() && !arguments.output;
-  require(arguments.asksOnly() ? hasNone : hasSound || (hasNone && arguments.saveState),
-          "there is something to do, and one thing only");
+  if (arguments.validator) return;  // it takes a plug-in, and nothing else
+  const bool hasInput = !arguments.inputs.empty();
+  const bool hasOutput = arguments.output || arguments.suffix;
+  const bool saves = arguments.saveState || arguments.saved.any();
+  if (arguments.analyse) {
+    require(hasInput && !hasOutput, "files that are looked at are not written");
+  } else if (arguments.asksOnly()) {
+    const std::size_t most = arguments.editor ? 1 : 0;
+    require(arguments.inputs.size() <= most && !arguments.output, "a question goes without files");
+  } else {
+    require(hasInput ? hasOutput : saves && !arguments.output,
+            "there is something to do, and one thing only");
+  }
 }
 
 void requireSoundOutcome(const std::vector<std::string>& words) {

@@ -9,7 +9,8 @@
 // Numbers as they stand in a file: little-endian, or big-endian.
 inline std::string little(std::uint64_t number, int bytes) {
   std::string text;
-  for (int byte = 0; byte < bytes; ++byte) text += static_cast<char>(number >> 8 * byte & 0xFF);
+  for (int byte = 0; byte < bytes; ++byte, number /= 0x100)
+    text += static_cast<char>(number % 0x100);
   return text;
 }
 inline std::string big(std::uint64_t number, int bytes) {
