@@ -12,7 +12,7 @@
 namespace {
 
 double rounded(double number) {
-  return std::round(number * 1000.0) / 1000.0;
+  return std::round(number * 1000.0) / 1000.0 + 0.0;  // never "-0.0"
 }
 
 Json formatJson(const std::string& file, const std::string& type, const std::string& encoding,

@@ -1,6 +1,7 @@
 // The figures of a sound file that is only looked at.
 #include "host/convert/analysis.h"
 
+#include <cmath>
 #include <numbers>
 #include <vector>
 
@@ -56,7 +57,8 @@ std::string reportOf(const Analysis& analysis, const std::filesystem::path& file
          encodingText(analysis.libFormat) + " " + fileTypeText(analysis.libFormat) + "\n  peak " +
          decibelText(levels.peak()) + " dBFS" + loudnessText(analysis.figures.loudness) +
          "\n  mid " + sineLevel(levels.mid()) + ", side " + sineLevel(levels.side()) +
-         ", correlation " + formatted("%.2f", levels.correlation());
+         ", correlation " +
+         formatted("%.2f", std::round(levels.correlation() * 100.0) / 100.0 + 0.0);
 }
 
 std::string damageWarning(const Analysis& analysis, const std::filesystem::path& file) {

@@ -116,6 +116,16 @@ TEST_F(Analyses, TakeTheStandardInput) {
       << outcome.error;
 }
 
+// One frame of 4001 more has opposite channels: fewer places show none of that, nor a sign.
+TEST_F(Analyses, ShowNoSignWhereNothingIsLeftOfANumber) {
+  Sound sound{44100, 2, {}};
+  for (int frame = 0; frame < 4001; ++frame)
+    sound.samples.insert(sound.samples.end(), {0.5, frame % 2 == 0 ? -0.5 : 0.5});
+  writeSound(in("near.wav"), sound, SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+  EXPECT_THAT(widen({"--analyse", "near.wav"}).out, HasSubstr(", correlation 0.00\n"));
+  EXPECT_THAT(widen({"--analyse", "--json", "near.wav"}).out, HasSubstr("\"correlation\": 0.0"));
+}
+
 // 0xFFFFFFFF bytes: what a writer into a pipe names.
 TEST_F(Analyses, CallAWavOfUnknownLengthAWav) {
   std::string bytes = textOf(in("mono.wav"));
