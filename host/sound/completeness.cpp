@@ -101,13 +101,9 @@ bool namesMp3Frames(int descriptor) {
   constexpr std::size_t kFrameHead = 44;  // with what stands in front of the mark, and its flags
   const FileBytes file(descriptor);
   std::vector<char> buffer;
-  std::int64_t begin = 0;
   const std::string tag(file.at(0, kTagHead, buffer));
-  if (tag.starts_with("ID3")) {
-    for (const char byte : tag.substr(6))
-      begin = begin << 7 | (static_cast<unsigned char>(byte) & 0x7F);
-    begin += kTagHead;
-  }
+  const std::int64_t begin =
+      tag.starts_with("ID3") ? static_cast<std::int64_t>(kTagHead + sevenBitsIn(tag.substr(6))) : 0;
   const std::string_view frame = file.at(begin, kFrameHead, buffer);
   if (frame.empty() || numberIn(frame.substr(0, 2), true) < 0xFFE0) return false;
   const auto mark = std::min(frame.find("Xing"), frame.find("Info"));

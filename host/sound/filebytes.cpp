@@ -24,3 +24,9 @@ std::uint64_t numberIn(std::string_view bytes, bool bigEndian) {
   }
   return value;
 }
+
+std::size_t sevenBitsIn(std::string_view bytes) {
+  std::size_t value = 0;
+  for (const char byte : bytes) value = value << 7 | (static_cast<unsigned char>(byte) & 0x7FU);
+  return value;
+}

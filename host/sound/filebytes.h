@@ -18,3 +18,5 @@ struct FileBytes {
 };
 
 std::uint64_t numberIn(std::string_view bytes, bool bigEndian);
+// The same of an ID3 tag's sizes, which have seven bits a byte.
+std::size_t sevenBitsIn(std::string_view bytes);

@@ -104,12 +104,6 @@ std::vector<std::string> oggTags(const FileBytes& file) {
   return names;
 }
 
-std::size_t sevenBits(std::string_view bytes) {
-  std::size_t value = 0;
-  for (const char byte : bytes) value = value << 7 | (static_cast<unsigned char>(byte) & 0x7FU);
-  return value;
-}
-
 // Version 2.3 and 2.4; 2.2 has shorter names, which few files still have.
 std::vector<std::string> id3Tags(const FileBytes& file) {
   static constexpr std::string_view kKnown =
@@ -119,13 +113,13 @@ std::vector<std::string> id3Tags(const FileBytes& file) {
   const std::string head(file.at(0, 10, buffer));
   if (head.empty()) return names;
   const bool newer = head[3] >= 4;  // frames' sizes have seven bits a byte
-  const auto end = 10 + static_cast<std::int64_t>(sevenBits(head.substr(6, 4)));
+  const auto end = 10 + static_cast<std::int64_t>(sevenBitsIn(head.substr(6, 4)));
   for (std::int64_t at = 10; at + 10 <= end;) {
     const std::string frame(file.at(at, 10, buffer));
     if (frame.empty() || std::isupper(static_cast<unsigned char>(frame[0])) == 0) break;
     const std::string id = frame.substr(0, 4);
     const std::string_view size = std::string_view(frame).substr(4, 4);
-    at += 10 + static_cast<std::int64_t>(newer ? sevenBits(size) : numberIn(size, true));
+    at += 10 + static_cast<std::int64_t>(newer ? sevenBitsIn(size) : numberIn(size, true));
     if (id == "APIC") {
       add(names, "picture");
     } else if (kKnown.find(" " + id + " ") == std::string_view::npos) {
