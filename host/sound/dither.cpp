@@ -18,8 +18,9 @@ std::uint64_t hashOf(std::string_view text) {
   return hash;
 }
 
-double dithered(double sample, double noise) {
-  return std::clamp(sample + noise, std::min(sample, -1.0), std::max(sample, 1.0));
+// What of the noise the sample has room for; highest: that the format holds.
+double fitting(double noise, double sample, double highest) {
+  return std::clamp(noise, std::min(-1.0 - sample, 0.0), std::max(highest - sample, 0.0));
 }
 
 }  // namespace
@@ -46,8 +47,10 @@ double Dither::triangular() {
 
 void Dither::add(double* left, double* right, int frames) {
   for (int frame = 0; frame < frames; ++frame) {
-    const double noise = step * triangular();
-    left[frame] = dithered(left[frame], noise);
-    right[frame] = dithered(right[frame], -noise);
+    const double highest = 1.0 - step;
+    const double room = fitting(step * triangular(), left[frame], highest);
+    const double noise = -fitting(-room, right[frame], highest);  // the same in both
+    left[frame] += noise;
+    right[frame] -= noise;
   }
 }

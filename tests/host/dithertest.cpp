@@ -101,6 +101,24 @@ TEST(Dithers, CancelInTheFoldWhichStaysAsNearAsByRoundingAlone) {
   }
 }
 
+// Where one side has no room for the noise, the other does without it too.
+TEST(Dithers, CancelInTheFoldAtFullScaleToo) {
+  const double highest = 1.0 - kStep;
+  for (const auto& [l, r] :
+       {std::pair(highest, 0.1 + kStep / 3.0), std::pair(0.1, highest - kStep / 3.0),
+        std::pair(-1.0, 0.1), std::pair(0.1, -1.0 + kStep / 3.0)}) {
+    Dither dither(SampleFormat::pcm16, "a");
+    for (std::size_t frame = 0; frame < 1000; ++frame) {
+      double left = l;
+      double right = r;
+      dither.add(&left, &right, 1);
+      const double fold =
+          (heldSample(SampleFormat::pcm16, left) + heldSample(SampleFormat::pcm16, right)) / 2.0;
+      ASSERT_LE(std::abs(fold - (l + r) / 2.0), kStep / 2.0 * (1.0 + 1e-9)) << l << ' ' << r;
+    }
+  }
+}
+
 TEST(Dithers, BringNoSampleBeyondFullScale) {
   for (const double level : {1.0, -1.0, 1.0 - kStep / 2.0, 1.25, -1.25}) {
     std::vector<double> left(1000, level);
