@@ -108,9 +108,15 @@ static void glideGains(State& state, const Rates& rates, const Targets& targets,
   settle(state.emphasis, emphasis, emphases, frames);
 }
 
+// Through copies of its own: what was just written one by one and is read as a pair is waited for.
 static inline bool gainsRest(State& state, const Rates& rates, const Targets& targets) {
-  return rests(state.gain, GainGlide{targets.gain, rates.glide}) &&
-         rests(state.emphasis, GainGlide{targets.emphasis, rates.glide});
+  float gain = state.gain;
+  float emphasis = state.emphasis;
+  const bool rest = rests(gain, GainGlide{targets.gain, rates.glide}) &&
+                    rests(emphasis, GainGlide{targets.emphasis, rates.glide});
+  state.gain = gain;
+  state.emphasis = emphasis;
+  return rest;
 }
 
 static void glideOffset(State& state, const Rates& rates, const Targets& targets,

@@ -9,12 +9,11 @@
 namespace kernel {
 namespace {
 
-// What a run needs for itself. In front of mids and sides there is room for a row of silence, in
-// front of the delayed samples for one that is read.
+// What a run needs for itself. In front of the delayed samples there is room for one that is read.
 template <typename Sample>
 struct Room {
-  Sample silenceBeforeMid[kLanes + kRunFrames];
-  Sample silenceBeforeSide[kLanes + kRunFrames];
+  Sample mid[kRunFrames];
+  Sample side[kRunFrames];
   Sample oneBeforeDelayed[1 + kGlidingFrames];
   Sample spare[kRunFrames];  // left, where only right comes out
   float floats[kGlidingFrames];
@@ -22,8 +21,6 @@ struct Room {
   float emphases[kGlidingFrames];
   double offsets[kGlidingFrames];
 
-  Sample* mid() { return silenceBeforeMid + kLanes; }
-  Sample* side() { return silenceBeforeSide + kLanes; }
   Sample* delayed() { return oneBeforeDelayed + 1; }
 };
 
@@ -36,8 +33,7 @@ std::int32_t least(std::int32_t a, std::int32_t b) {
 template <typename Sample>
 void widen(State& state, const Rates& rates, const Targets& targets, const Block<Sample>& block) {
   Room<Sample> room;
-  Sample* const mid = room.mid();
-  Sample* const side = room.side();
+  Sample* const side = room.side;
   Sample* const delayed = room.delayed();
   const float sign = targets.sign;
   std::int32_t frames = 0;
@@ -49,7 +45,8 @@ void widen(State& state, const Rates& rates, const Targets& targets, const Block
     Sample* const outL = block.outL == block.outR ? room.spare : block.outL + done;
 
     float* const written = still ? state.line + nextPlace(state) : room.floats;
-    takeMids(block.inL + done, block.inR + done, mid, written, frames);
+    const Sample* const mid =
+        takeMids(block.inL + done, block.inR + done, room.mid, written, frames);
     if (still) closeLine(state, frames);
     if (steady && still) {
       const Past past = pastOf(state, targets.offset, frames);
@@ -66,8 +63,8 @@ void widen(State& state, const Rates& rates, const Targets& targets, const Block
       delayed[-1] = static_cast<Sample>(state.lastDelayed);
       shapeRun(state, sign, delayed, +room.emphases, +room.gains, mid, side, outL, outR, frames);
     }
-    state.midLevel = flushed(faded(rates, state.midLevel, frames) + heard(rates, mid, frames));
-    state.sideLevel = flushed(faded(rates, state.sideLevel, frames) + heard(rates, side, frames));
+    state.midLevel = heard(rates, state.midLevel, mid, frames);
+    state.sideLevel = heard(rates, state.sideLevel, side, frames);
   }
 }
 
@@ -81,12 +78,11 @@ void pass(State& state, const Rates& rates, const Targets& targets, const Block<
     const Sample* const inL = block.inL + done;
     const Sample* const inR = block.inR + done;
 
-    takeMids(inL, inR, room.mid(), state.line + nextPlace(state), frames);
+    const Sample* const mid = takeMids(inL, inR, room.mid, state.line + nextPlace(state), frames);
     closeLine(state, frames);
     if (!steady) glideGains(state, rates, targets, room.gains, room.emphases, frames);
     passRun(inL, inR, block.outL + done, block.outR + done, room.spare, frames);
-    state.midLevel =
-        flushed(faded(rates, state.midLevel, frames) + heard(rates, room.mid(), frames));
+    state.midLevel = heard(rates, state.midLevel, mid, frames);
     state.sideLevel = flushed(faded(rates, state.sideLevel, frames));
   }
 }

@@ -9,11 +9,18 @@ namespace kernel {
 constexpr std::int32_t kLineFrames = 16384;  // of the delay line, a power of two
 constexpr std::int32_t kRunFrames = 512;     // worked on at once, at most
 constexpr std::int32_t kGlidingFrames = 64;  // the same while something glides
-constexpr std::int32_t kChunkFrames = 32;    // that a level takes in at once
+constexpr std::int32_t kFadeFrames = 64;     // that a level fades by at once, at most
+constexpr std::int32_t kMostLanes = 16;      // sums of which a level is made, side by side
 
-// Floats of the line's memory. Its first frames stand once more behind its last one, so that a run
-// is written and read in one piece, and the float in front of it may be read.
-constexpr std::int32_t kLineFloats = 1 + kLineFrames + kRunFrames;
+// The line's memory. Its first frames stand once more behind its last one, so that a run is written
+// and read in one piece, and the float in front of it may be read. Frame 1, the first that is ever
+// written, begins a cache line: blocks of usual lengths then go on at the beginning of one, and no
+// vector that is written lies in two.
+struct alignas(64) LineMemory {
+  static constexpr std::int32_t kBefore = 15;  // floats: with frame 0, those of one cache line
+  float floats[kBefore + kLineFrames + kRunFrames] = {};
+  float* line() { return floats + kBefore; }
+};
 
 // What follows from the sample rate.
 struct Rates {
@@ -23,10 +30,10 @@ struct Rates {
   float powers[kGlidingFrames] = {};
   double finePowers[kGlidingFrames] = {};
 
-  // Of levels: what is left of one after 0, 1, 2 .. frames of silence, a chunk at most, and what a
-  // frame adds to one by the end of its chunk, by the frame's place there.
-  double left[kChunkFrames + 1] = {};
-  double weights[kChunkFrames] = {};
+  // Of levels: what is left of one after 0, 1, 2 .. frames of silence, and what each of the last
+  // frames adds to one.
+  double left[kFadeFrames + 1] = {};
+  double weights[kMostLanes] = {};
 };
 
 // What lasts from run to run. The audio thread's.
@@ -37,7 +44,7 @@ struct State {
   double offset = 0.0;  // at which the line is read, in frames from the newest one on, round it
 
   // The signal's memory.
-  float* line = nullptr;     // somebody else's, after its first float
+  float* line = nullptr;     // somebody else's memory
   std::int32_t newest = 0;   // place of the newest frame in the line
   float lastDelayed = 0.0F;  // float in both precisions
 

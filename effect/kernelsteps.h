@@ -9,18 +9,26 @@
 namespace kernel {
 
 constexpr std::int32_t kLineMask = kLineFrames - 1;
-constexpr std::int32_t kLanes = 8;  // sums of a level side by side, which do not wait for another
-static_assert(kChunkFrames % kLanes == 0);
 
-// The mids of a run, also as the floats that the line holds.
 template <typename Sample>
-static void takeMids(const Sample* inL, const Sample* inR, Sample* __restrict mid,
-                     float* __restrict floats, std::int32_t frames) {
+static inline Sample midOf(Sample left, Sample right) {
+  return flushed((left + right) * static_cast<Sample>(0.5));
+}
+
+// The mids of a run, and the floats that the line holds of them: in single precision the same ones,
+// so they are written once. Returns where the mids are; room: for those of double precision.
+static inline const float* takeMids(const float* inL, const float* inR, float*,
+                                    float* __restrict floats, std::int32_t frames) {
+  for (std::int32_t i = 0; i < frames; ++i) floats[i] = midOf(inL[i], inR[i]);
+  return floats;
+}
+static inline const double* takeMids(const double* inL, const double* inR, double* __restrict room,
+                                     float* __restrict floats, std::int32_t frames) {
   for (std::int32_t i = 0; i < frames; ++i) {
-    const Sample half = flushed((inL[i] + inR[i]) * static_cast<Sample>(0.5));
-    mid[i] = half;
-    floats[i] = static_cast<float>(half);
+    room[i] = midOf(inL[i], inR[i]);
+    floats[i] = static_cast<float>(room[i]);
   }
+  return room;
 }
 
 // Of the frame after the newest one, in the line.
@@ -140,35 +148,50 @@ static void passRun(const Sample* inL, const Sample* inR, Sample* outL, Sample* 
 
 // What is left of a level after a run of silence.
 static inline double faded(const Rates& rates, double level, std::int32_t frames) {
-  for (; frames >= kChunkFrames; frames -= kChunkFrames) level *= rates.left[kChunkFrames];
+  for (; frames >= kFadeFrames; frames -= kFadeFrames) level *= rates.left[kFadeFrames];
   return level * rates.left[frames];
 }
 
+// As many sums side by side as the registers hold together with what is made of the samples, which
+// takes more of them where singles become doubles.
+constexpr bool kWideRegisters = __BIGGEST_ALIGNMENT__ > 16;  // bytes
 template <typename Sample>
-static inline void addWeighted(double (&lanes)[kLanes], const double* weights, const Sample* run,
-                               std::int32_t frames) {
-  for (std::int32_t row = 0; row < frames; row += kLanes)
-    for (std::int32_t lane = 0; lane < kLanes; ++lane)
-      lanes[lane] += weights[row + lane] * static_cast<double>(magnitude(run[row + lane]));
+constexpr std::int32_t kLanes = kWideRegisters || sizeof(Sample) > 4 ? 16 : 8;
+static_assert(kLanes<double> <= kMostLanes);
+
+// The sums of a run of whole rows, each of every so many'th frame, so that none waits for another.
+// Not inlined: compilers make vectors of sums that all go to memory, and hardly of others.
+template <typename Sample>
+[[gnu::noinline]] static void fillLanes(double* __restrict lanes, double left, const Sample* run,
+                                        std::int32_t frames) {
+  constexpr std::int32_t kRow = kLanes<Sample>;
+  for (std::int32_t lane = 0; lane < kRow; ++lane) lanes[lane] = 0.0;
+  for (const Sample* row = run; row < run + frames; row += kRow)
+    for (std::int32_t lane = 0; lane < kRow; ++lane)
+      lanes[lane] = lanes[lane] * left + static_cast<double>(magnitude(row[lane]));
 }
 
-// What a run adds to a level. In front of it there is room for a row of silence, which fills the
-// first row where the run does not.
+// A level after a run. First come the frames that do not make a row. Not inlined: it would take
+// registers from the loops of the sound.
 template <typename Sample>
-static double heard(const Rates& rates, Sample* run, std::int32_t frames) {
-  const std::int32_t part = frames % kChunkFrames;
-  const std::int32_t rows = (part + kLanes - 1) / kLanes * kLanes;
-  for (std::int32_t lane = 0; lane < kLanes; ++lane) run[lane - kLanes] = 0;
-  double lanes[kLanes];
-  for (std::int32_t lane = 0; lane < kLanes; ++lane) lanes[lane] = 0.0;
-  addWeighted(lanes, rates.weights + kChunkFrames - rows, run + part - rows, rows);
-  for (const Sample* chunk = run + part; chunk < run + frames; chunk += kChunkFrames) {
-    for (std::int32_t lane = 0; lane < kLanes; ++lane) lanes[lane] *= rates.left[kChunkFrames];
-    addWeighted(lanes, rates.weights, chunk, kChunkFrames);
+[[gnu::noinline]] static double heard(const Rates& rates, double level, const Sample* run,
+                                      std::int32_t frames) {
+  constexpr std::int32_t kRow = kLanes<Sample>;
+  const double* const weights = rates.weights + kMostLanes - kRow;
+  level = faded(rates, level, frames);
+  const std::int32_t odd = frames % kRow;
+  if (odd > 0) {
+    double sum = 0.0;
+    for (std::int32_t i = 0; i < odd; ++i)
+      sum += weights[kRow - odd + i] * static_cast<double>(magnitude(run[i]));
+    level += faded(rates, sum, frames - odd);
   }
-  for (std::int32_t half = kLanes / 2; half > 0; half /= 2)
-    for (std::int32_t lane = 0; lane < half; ++lane) lanes[lane] += lanes[lane + half];
-  return lanes[0];
+  double lanes[kRow];
+  fillLanes(lanes, rates.left[kRow], run + odd, frames - odd);
+  double sums[4] = {};
+  for (std::int32_t row = 0; row < kRow; row += 4)
+    for (std::int32_t i = 0; i < 4; ++i) sums[i] += lanes[row + i] * weights[row + i];
+  return flushed(level + ((sums[0] + sums[2]) + (sums[1] + sums[3])));
 }
 
 }  // namespace kernel

@@ -30,8 +30,8 @@ AudioEffect* createEffectInstance(audioMasterCallback audioMaster) {
 }
 
 Trelvan::Trelvan(audioMasterCallback host)
-    : CPresetSystemEffect(host), delayMemory(std::make_unique<float[]>(kernel::kLineFloats)) {
-  signal.line = delayMemory.get() + 1;
+    : CPresetSystemEffect(host), delayMemory(std::make_unique<kernel::LineMemory>()) {
+  signal.line = delayMemory->line();
   setNumInputs(2);
   setNumOutputs(2);
   setUniqueID(kUniqueID);
@@ -77,10 +77,10 @@ void Trelvan::takeRate() {
       static_cast<double>(getSampleRate()) * kMeterTime * kSecondsPerMillisecond;
   const double level = 1.0 - std::pow(kRemainder, 1.0 / levelFrames);
   rates.left[0] = 1.0;
-  for (int frames = 1; frames <= kernel::kChunkFrames; ++frames)
+  for (int frames = 1; frames <= kernel::kFadeFrames; ++frames)
     rates.left[frames] = rates.left[frames - 1] * (1.0 - level);
-  for (int place = 0; place < kernel::kChunkFrames; ++place)
-    rates.weights[place] = level * rates.left[kernel::kChunkFrames - 1 - place];
+  for (int place = 0; place < kernel::kMostLanes; ++place)
+    rates.weights[place] = level * rates.left[kernel::kMostLanes - 1 - place];
 
   const double glideFrames =
       static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
@@ -106,7 +106,7 @@ void Trelvan::suspend() {
 
 void Trelvan::clearSignal() {
   auxParameter = 0.0F;
-  std::fill_n(delayMemory.get(), kernel::kLineFloats, 0.0F);
+  std::fill(std::begin(delayMemory->floats), std::end(delayMemory->floats), 0.0F);
   signal.midLevel = 0.0;
   signal.sideLevel = 0.0;
   signal.lastDelayed = 0.0F;

@@ -101,7 +101,7 @@ class Trelvan : public CPresetSystemEffect {
   const kernel::Form* kernelForm = *kernel::usableForms();
   kernel::State signal;
   kernel::Rates rates;
-  std::unique_ptr<float[]> delayMemory;
+  std::unique_ptr<kernel::LineMemory> delayMemory;
   std::int32_t sampleRateInt = 44100;
   float sampleRateFloat = 44100.0F;
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -25,8 +26,8 @@ class KernelPair {
   explicit KernelPair(const kernel::Form& tested)
       : form(tested),
         reference(std::make_unique<Reference>()),
-        memory(std::make_unique<float[]>(kernel::kLineFloats)) {
-    state.line = memory.get() + 1;
+        memory(std::make_unique<kernel::LineMemory>()) {
+    state.line = memory->line();
   }
 
   // The reference's, and the kernel's after it. hz: in force at once.
@@ -99,7 +100,7 @@ class KernelPair {
 
  private:
   void clear() {
-    std::memset(memory.get(), 0, sizeof(float) * kernel::kLineFloats);
+    std::fill(std::begin(memory->floats), std::end(memory->floats), 0.0F);
     state.midLevel = state.sideLevel = 0.0;
     state.lastDelayed = 0.0F;
   }
@@ -113,10 +114,10 @@ class KernelPair {
       left *= 1.0 - static_cast<double>(rates.glide);
     }
     left = 1.0;
-    for (int frames = 0; frames <= kernel::kChunkFrames; ++frames) {
+    for (int frames = 0; frames <= kernel::kFadeFrames; ++frames) {
       rates.left[frames] = left;
-      if (frames < kernel::kChunkFrames)
-        rates.weights[kernel::kChunkFrames - 1 - frames] = reference->meterCoeff * left;
+      if (frames < kernel::kMostLanes)
+        rates.weights[kernel::kMostLanes - 1 - frames] = reference->meterCoeff * left;
       left *= 1.0 - reference->meterCoeff;
     }
   }
@@ -155,5 +156,5 @@ class KernelPair {
     reference->processDoubleReplacing(in, out, frames, true, true);
   }
 
-  std::unique_ptr<float[]> memory;
+  std::unique_ptr<kernel::LineMemory> memory;
 };
