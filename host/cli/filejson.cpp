@@ -2,7 +2,6 @@
 #include "host/cli/filejson.h"
 
 #include <cmath>
-#include <numbers>
 #include <sstream>
 #include <string>
 
@@ -26,18 +25,13 @@ Json formatJson(const std::string& file, const std::string& type, const std::str
           {"seconds", std::round(static_cast<double>(frames) / sampleRate * 1e6) / 1e6}};
 }
 
-// 0 dBFS is a sine at full scale, for a level as in the picture: 3 dB above its root mean square.
-Json sineLevel(double rms) {
-  return decibelsOf(rms * std::numbers::sqrt2);
-}
-
 void addFigures(Json& to, const Figures& figures) {
   const Loudness::Result& loudness = figures.loudness;
   to["peak_dbfs"] = decibelsOf(figures.levels.peak());
   to["true_peak_dbtp"] = decibelsOf(loudness.truePeak.value_or(0.0));
   to["loudness_lufs"] = loudness.integrated ? Json(rounded(*loudness.integrated)) : Json(nullptr);
-  to["mid_dbfs"] = sineLevel(figures.levels.mid());
-  to["side_dbfs"] = sineLevel(figures.levels.side());
+  to["mid_dbfs"] = decibelsOf(sineOf(figures.levels.mid()));
+  to["side_dbfs"] = decibelsOf(sineOf(figures.levels.side()));
   to["correlation"] = rounded(figures.levels.correlation());
 }
 

@@ -2,7 +2,6 @@
 #include "host/convert/analysis.h"
 
 #include <cmath>
-#include <numbers>
 #include <vector>
 
 #include "host/base/standardstreams.h"
@@ -15,9 +14,8 @@ namespace {
 
 constexpr int kBlockFrames = 16384;
 
-// 0 dBFS is a sine at full scale, as in the picture.
 std::string sineLevel(double rms) {
-  return decibelText(rms * std::numbers::sqrt2) + " dBFS";
+  return decibelText(sineOf(rms)) + " dBFS";
 }
 
 std::string loudnessText(const Loudness::Result& loudness) {

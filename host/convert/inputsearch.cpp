@@ -2,25 +2,20 @@
 #include "host/convert/inputsearch.h"
 
 #include <algorithm>
-#include <array>
-#include <string_view>
 #include <system_error>
 
 #include "host/base/text.h"
+#include "host/sound/soundformat.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-// What sound files of the types that the library reads are called; raw samples are not among them,
-// since nothing tells what they are.
-constexpr auto kExtensions = std::to_array<std::string_view>(
-    {".wav", ".wave", ".bwf", ".rf64", ".w64", ".aif", ".aiff", ".aifc", ".flac", ".ogg", ".oga",
-     ".opus", ".mp3", ".caf", ".au", ".snd"});
-
 bool isNamedLikeSound(const fs::path& file) {
   const std::string extension = lowerCase(file.extension().string());
-  return std::find(kExtensions.begin(), kExtensions.end(), extension) != kExtensions.end();
+  const auto& known = soundExtensions();
+  return !extension.empty() &&
+         std::find(known.begin(), known.end(), extension.substr(1)) != known.end();
 }
 
 bool isHidden(const fs::path& path) {

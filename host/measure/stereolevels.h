@@ -2,6 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <numbers>
+
+// The amplitude of a sine of this level. Levels are told by it: 0 dBFS is a sine at full scale, 3
+// dB above its root mean square.
+constexpr double sineOf(double rms) {
+  return rms * std::numbers::sqrt2;
+}
 
 // Any thread, one thread an object. A level is the root of the mean square over the whole signal.
 class StereoLevels {

@@ -1,6 +1,8 @@
 // The script for bash.
 #include "host/options/completion.h"
 
+#include "host/sound/soundformat.h"
+
 namespace {
 
 // COMP_WORDS has "=" as a word of its own. A name with blanks is typed quoted or with backslashes,

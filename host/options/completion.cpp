@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "host/base/failure.h"
+#include "host/sound/soundformat.h"
 
 namespace {
 
@@ -50,13 +51,6 @@ void setKind(const CLI::Option& option, CompletedOption& completed) {
 }
 
 }  // namespace
-
-const std::vector<std::string>& soundExtensions() {
-  static const std::vector<std::string> kExtensions = {"wav",  "wave", "aif", "aiff", "aifc",
-                                                       "flac", "caf",  "w64", "rf64", "ogg",
-                                                       "oga",  "opus", "mp3", "au"};
-  return kExtensions;
-}
 
 std::vector<CompletedOption> completedOptions(const CLI::App& app) {
   std::vector<CompletedOption> options;

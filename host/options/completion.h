@@ -25,9 +25,6 @@ struct CompletedOption {
 
 // In the order of the help.
 std::vector<CompletedOption> completedOptions(const CLI::App& app);
-// Extensions of what widen reads.
-const std::vector<std::string>& soundExtensions();
-
 // shell: "bash", "zsh" or "fish". Throws UsageFailure.
 std::string completionFor(const std::string& shell, const CLI::App& app);
 // What it chooses from.

@@ -1,6 +1,8 @@
 // The script for fish.
 #include "host/options/completion.h"
 
+#include "host/sound/soundformat.h"
+
 namespace {
 
 std::string quoted(const std::string& text) {

@@ -1,6 +1,8 @@
 // The script for zsh.
 #include "host/options/completion.h"
 
+#include "host/sound/soundformat.h"
+
 namespace {
 
 constexpr const char* kPresets = R"zsh(

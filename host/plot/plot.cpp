@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <mutex>
-#include <numbers>
 #include <string>
 #include <vector>
 
@@ -44,11 +43,6 @@ std::string level(double magnitude) {
   return magnitude > 0.0 ? decibelText(magnitude) + " dBFS" : "silence";
 }
 
-// 0 dBFS is a sine at full scale, for a level as in the spectra: 3 dB above its root mean square.
-std::string sineLevel(double rms) {
-  return level(rms * std::numbers::sqrt2);
-}
-
 std::string sideToMid(const StereoLevels& levels) {
   if (levels.mid() == 0.0 || levels.side() == 0.0) return "\u2013";
   return decibelText(levels.side() / levels.mid()) + " dB";
@@ -66,8 +60,8 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
   };
   static constexpr Row kRows[] = {
       {"peak", [](const StereoLevels& levels) { return level(levels.peak()); }},
-      {"mid", [](const StereoLevels& levels) { return sineLevel(levels.mid()); }},
-      {"side", [](const StereoLevels& levels) { return sineLevel(levels.side()); }},
+      {"mid", [](const StereoLevels& levels) { return level(sineOf(levels.mid())); }},
+      {"side", [](const StereoLevels& levels) { return level(sineOf(levels.side())); }},
       {"side to mid", sideToMid},
       {"correlation",
        [](const StereoLevels& levels) { return formatted("%.2f", levels.correlation()); }},

@@ -132,6 +132,13 @@ std::optional<FileType> fileTypeNamed(std::string_view name) {
   return std::nullopt;
 }
 
+const std::vector<std::string>& soundExtensions() {
+  static const std::vector<std::string> kExtensions = {
+      "wav",  "wave", "bwf", "rf64", "w64", "aif", "aiff", "aifc",
+      "flac", "ogg",  "oga", "opus", "mp3", "caf", "au",   "snd"};
+  return kExtensions;
+}
+
 std::string writtenExtensions() {
   std::vector<std::string> words;
   for (const TypeRow& row : kTypes) {

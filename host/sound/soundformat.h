@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // lossy: what an encoder makes of floating-point samples; the only one in such file types.
 enum class SampleFormat { pcm8, pcm16, pcm24, pcm32, float32, float64, lossy };
@@ -30,6 +31,9 @@ double heldSample(SampleFormat format, double sample);
 std::optional<FileType> fileTypeOf(const std::filesystem::path& file);
 // By an extension without its dot: "wav", "ogg".
 std::optional<FileType> fileTypeNamed(std::string_view name);
+// What sound files of the types that the library reads are called, without the dot, in lower case;
+// raw samples are not among them, since nothing tells what they are.
+const std::vector<std::string>& soundExtensions();
 std::string writtenExtensions();  // ".wav, .aif and .flac", all of them
 bool isLossy(FileType type);
 bool canHold(FileType type, SampleFormat format);
