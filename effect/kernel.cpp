@@ -28,6 +28,18 @@ std::int32_t least(std::int32_t a, std::int32_t b) {
   return a < b ? a : b;
 }
 
+// Asks for the places of the line that the first run writes and reads: with many instances in turn
+// they are far away, and come all at once only if they are asked for all at once.
+void fetchLine(const State& state, std::int32_t offset, std::int32_t frames) {
+  constexpr std::int32_t kFloatsOfCacheLine = 16;
+  const float* const written = state.line + nextPlace(state);
+  const float* const read = state.line + ((offset + nextPlace(state)) & kLineMask);
+  for (std::int32_t i = 0; i < least(frames, kRunFrames); i += kFloatsOfCacheLine) {
+    __builtin_prefetch(written + i, 1);
+    __builtin_prefetch(read + i, 0);
+  }
+}
+
 // The order of operations and the types in here are the definition of the sound: results are the
 // same bits for every division into blocks.
 template <typename Sample>
@@ -36,6 +48,7 @@ void widen(State& state, const Rates& rates, const Targets& targets, const Block
   Sample* const side = room.side;
   Sample* const delayed = room.delayed();
   const float sign = targets.sign;
+  fetchLine(state, targets.offset, block.frames);
   std::int32_t frames = 0;
   for (std::int32_t done = 0; done < block.frames; done += frames) {
     const bool steady = gainsRest(state, rates, targets);
