@@ -108,7 +108,8 @@ static void glideGains(State& state, const Rates& rates, const Targets& targets,
   settle(state.emphasis, emphasis, emphases, frames);
 }
 
-// Through copies of its own: what was just written one by one and is read as a pair is waited for.
+// In copies, which are stored at the end: compilers read both gains as one vector later, and that
+// waits where they have just been stored one by one.
 static inline bool gainsRest(State& state, const Rates& rates, const Targets& targets) {
   float gain = state.gain;
   float emphasis = state.emphasis;

@@ -21,6 +21,7 @@ struct alignas(64) LineMemory {
   float floats[kBefore + kLineFrames + kRunFrames] = {};
   float* line() { return floats + kBefore; }
 };
+static_assert((LineMemory::kBefore + 1) * sizeof(float) % alignof(LineMemory) == 0);
 
 // What follows from the sample rate.
 struct Rates {
@@ -44,7 +45,7 @@ struct State {
   double offset = 0.0;  // at which the line is read, in frames from the newest one on, round it
 
   // The signal's memory.
-  float* line = nullptr;     // somebody else's memory
+  float* line = nullptr;     // of somebody else's LineMemory
   std::int32_t newest = 0;   // place of the newest frame in the line
   float lastDelayed = 0.0F;  // float in both precisions
 

@@ -159,8 +159,8 @@ template <typename Sample>
 constexpr std::int32_t kLanes = kWideRegisters || sizeof(Sample) > 4 ? 16 : 8;
 static_assert(kLanes<double> <= kMostLanes);
 
-// The sums of a run of whole rows, each of every so many'th frame, so that none waits for another.
-// Not inlined: compilers make vectors of sums that all go to memory, and hardly of others.
+// The sums of a run of whole rows, one for each place in a row, so that none waits for another. Not
+// inlined: compilers make vectors of sums that all go to memory, and hardly of others.
 template <typename Sample>
 [[gnu::noinline]] static void fillLanes(double* __restrict lanes, double left, const Sample* run,
                                         std::int32_t frames) {

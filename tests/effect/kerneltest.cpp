@@ -201,6 +201,29 @@ TEST_P(Kernel, EqualsTheReferenceUntilAGlideRests) {
   }
 }
 
+// A level that only faded would come to the denormal numbers, and each block would take longer.
+TEST_P(Kernel, EndsTheFadingOfLevelsFarAboveTheDenormalNumbers) {
+  constexpr double kLeast = 1e-38;  // beside the flush constant, 1e-21, a double holds no less
+  const auto ended = [](double level) { return level == 0.0 || level > kLeast; };
+  const auto noise = makeSignal<float>(Signal::kNoise, 512);
+  const std::array<std::vector<float>, 4> sound{noise.left, noise.right, noise.left, noise.right};
+  std::array<std::vector<float>, 4> silence;
+  silence.fill(std::vector<float>(512, 0.0F));
+  for (const float process : {1.0F, 0.0F}) {
+    KernelPair pair(*GetParam());
+    pair.reference->setParameter(0, 0.8F);
+    pair.resume(8000.0F);
+    ASSERT_TRUE(pair.block(sound, 512, {0, 1, 2, 3}));
+    EXPECT_GT(pair.state.midLevel, 0.0);
+    EXPECT_GT(pair.state.sideLevel, 0.0);
+    pair.reference->setParameter(3, process);
+    for (int block = 0; block < 400; ++block)  // 25.6 s, in which a level falls by 1e-51
+      ASSERT_TRUE(pair.block(silence, 512, {0, 1, 2, 3})) << process << ", block " << block;
+    EXPECT_TRUE(ended(pair.state.midLevel)) << process;
+    EXPECT_TRUE(ended(pair.state.sideLevel)) << process;
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Forms, Kernel, testing::ValuesIn(forms()), nameOfForm);
 
 }  // namespace
