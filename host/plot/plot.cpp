@@ -83,7 +83,7 @@ void drawFigures(PlotCanvas& canvas, const StereoAnalysis& analysis) {
   const bool exact = analysis.foldError() == 0.0;
   canvas.text(exact ? "none" : decibelText(analysis.foldError()) + " dBFS", {left, y + 52},
               {kTitleSize + 6, kMid, 0.0, 0.0, true});
-  canvas.text("largest |(L + R)/2 after \u2212 mid before|", {left, y + 84},
+  canvas.text("largest |(L + R)/2 after \u2212 gain \u00d7 mid before|", {left, y + 84},
               {kTextSize - 1, kMuted});
 }
 
