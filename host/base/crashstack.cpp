@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t kBytes = 64 * 1024;  // several times what a handler's frame takes
+constexpr std::size_t kBytes = 1 << 16;  // several times what a handler's frame takes
 
 class CrashStack {
  public:

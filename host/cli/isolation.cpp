@@ -34,6 +34,7 @@ struct Running {
 
 std::vector<const ChildProcess*> processesOf(const std::vector<Running>& running) {
   std::vector<const ChildProcess*> processes;
+  processes.reserve(running.size());
   for (const Running& one : running) processes.push_back(one.process.get());
   return processes;
 }
@@ -67,6 +68,7 @@ void removeLeftOf(const Jobs& jobs, const std::vector<std::size_t>& unfinished) 
 
 void endAll(const Jobs& jobs, std::vector<Running>& running) {
   std::vector<std::size_t> unfinished;
+  unfinished.reserve(running.size());
   for (const Running& one : running) unfinished.push_back(one.index);
   running.clear();
   removeLeftOf(jobs, unfinished);

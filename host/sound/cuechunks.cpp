@@ -9,6 +9,11 @@ namespace {
 
 constexpr std::int32_t kData = 'd' | 'a' << 8 | 't' << 16 | 'a' << 24;
 
+int signedByte(char byte) {
+  const int value = static_cast<unsigned char>(byte);
+  return value < 0x80 ? value : value - 0x100;
+}
+
 // Numbers of a chunk, most significant byte first or last.
 std::string bytesOf(std::uint64_t number, int count, bool bigEndian) {
   std::string bytes;
@@ -102,7 +107,7 @@ void takeKeyRange(const std::vector<KeptChunk>& chunks, std::optional<SF_INSTRUM
     // loops have a note of their own, to which this is the same
     if (instrument->loop_count == 0) instrument->basenote = chunk.bytes[0];
     instrument->detune = chunk.bytes[1];
-    instrument->gain = static_cast<signed char>(chunk.bytes[2]);
+    instrument->gain = signedByte(chunk.bytes[2]);
     instrument->key_lo = chunk.bytes[3];
     instrument->key_hi = chunk.bytes[4];
     instrument->velocity_lo = chunk.bytes[5];

@@ -141,6 +141,7 @@ const std::vector<std::string>& soundExtensions() {
 
 std::string writtenExtensions() {
   std::vector<std::string> words;
+  words.reserve(kTypes.size());
   for (const TypeRow& row : kTypes) {
     words.emplace_back(row.extensions.substr(1, row.extensions.find(' ', 1) - 1));
   }
@@ -163,6 +164,7 @@ std::string refusedRate(FileType type, int sampleRate) {
   const std::vector<int> rates = ratesOf(type);
   if (rates.empty() || std::find(rates.begin(), rates.end(), sampleRate) != rates.end()) return {};
   std::vector<std::string> words;
+  words.reserve(rates.size());
   for (const int rate : rates) words.push_back(std::to_string(rate));
   return textOf(type) + " takes " + listed(words) + " Hz, not " + std::to_string(sampleRate);
 }

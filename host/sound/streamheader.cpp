@@ -21,7 +21,8 @@ std::string chunk(const char* id, const std::string& contents) {
 std::string wavStreamHeader(SampleFormat format, int sampleRate,
                             std::optional<std::int64_t> frames) {
   constexpr std::uint64_t kInteger = 1, kFloating = 3;  // formats
-  const auto frameBytes = static_cast<std::uint64_t>(kChannels * bytesPerSample(format));
+  const auto frameBytes =
+      std::uint64_t{kChannels} * static_cast<std::uint64_t>(bytesPerSample(format));
   const bool floating = integerBits(format) == 0;
   std::string chunks = "WAVE";
   chunks += chunk("fmt ", number(floating ? kFloating : kInteger, 2) + number(kChannels, 2) +

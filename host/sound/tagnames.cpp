@@ -150,7 +150,7 @@ std::vector<std::string> unknownTexts(std::string_view infoChunk) {
   std::vector<std::string> names;
   infoChunk.remove_prefix(std::min(kCount, infoChunk.size()));
   const auto next = [&] {
-    const std::string word(infoChunk.substr(0, infoChunk.find('\0')));
+    std::string word(infoChunk.substr(0, infoChunk.find('\0')));
     infoChunk.remove_prefix(std::min(word.size() + 1, infoChunk.size()));
     return word;
   };

@@ -66,7 +66,7 @@ std::vector<std::string> applyState(Effect& effect, const StateArguments& argume
 
 std::optional<std::string> choosePresetForFile(Effect& effect, const StateArguments& arguments) {
   const auto adapter = adapterFor(effect);
-  const auto preset = adapter->presetForFiles(arguments);
+  auto preset = adapter->presetForFiles(arguments);
   if (preset) adapter->choosePreset(*preset);
   return preset;
 }

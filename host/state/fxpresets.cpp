@@ -45,6 +45,7 @@ void give(Effect& effect, EffectAdapter& adapter, const FxProgram& program,
 
 std::vector<float> valuesOf(const Effect& effect) {
   std::vector<float> values;
+  values.reserve(static_cast<std::size_t>(effect.parameterCount()));
   for (int index = 0; index < effect.parameterCount(); ++index)
     values.push_back(effect.parameter(index));
   return values;

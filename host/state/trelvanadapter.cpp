@@ -29,6 +29,7 @@ bool setsTheWidth(Effect& effect, const StateArguments& arguments) {
   if (arguments.state || arguments.bank || arguments.preset || arguments.values[kWidthIndex])
     return true;
   std::vector<std::string> names;
+  names.reserve(kParameters.size());
   for (const Parameter& parameter : kParameters) names.emplace_back(parameter.name);
   for (const ParameterSetting& setting : arguments.settings) {
     if (findParameter(names, setting.parameter) == kWidthIndex) return true;
