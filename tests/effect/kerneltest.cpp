@@ -4,8 +4,8 @@
 
 #include <cstdlib>
 #include <limits>
-#include <random>
 
+#include "tests/effect/chance.h"
 #include "tests/effect/kernelpair.h"
 #include "tests/support/testsignals.h"
 
@@ -30,12 +30,9 @@ int walkFrames() {
   return asked != nullptr ? std::atoi(asked) : 1'000'000;
 }
 
-class Walk {
+class Walk : public Chance {
  public:
-  explicit Walk(std::uint32_t seed) : bits(seed) {}
-
-  int below(int end) { return static_cast<int>(bits() % static_cast<std::uint32_t>(end)); }
-  bool oneIn(int n) { return below(n) == 0; }
+  using Chance::Chance;
 
   // Both ends and the switches' threshold often, everything between them, values so small that
   // the gains glide through the flush constant, seldom what no host should send.
@@ -71,9 +68,6 @@ class Walk {
     if (oneIn(2)) return {0, 1, 2, 3};
     return {below(4), below(4), below(4), below(4)};
   }
-
- private:
-  std::mt19937 bits;
 };
 
 template <typename Sample>

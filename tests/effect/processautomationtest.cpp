@@ -1,18 +1,14 @@
 // Long random walks of a host over one instance, against the reference, bit by bit.
 #include <gtest/gtest.h>
 
-#include <random>
-
+#include "tests/effect/chance.h"
 #include "tests/effect/processpair.h"
 
 namespace {
 
-class Walk {
+class Walk : public Chance {
  public:
-  explicit Walk(std::uint32_t seed) : bits(seed) {}
-
-  int below(int end) { return static_cast<int>(bits() % static_cast<std::uint32_t>(end)); }
-  bool oneIn(int n) { return below(n) == 0; }
+  using Chance::Chance;
 
   // Both ends and the switches' threshold often, everything between them, seldom what no host
   // should send.
@@ -32,9 +28,6 @@ class Walk {
                                 48000.0F, 96000.0F, 192000.0F, 384000.0F};
     return kRates[below(static_cast<int>(std::size(kRates)))];
   }
-
- private:
-  std::mt19937 bits;
 };
 
 constexpr Layout kWalkLayouts[] = {
