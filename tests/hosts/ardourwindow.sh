@@ -18,7 +18,7 @@ start_ardour() {
   env GTK_PATH="/etc/ardour$version:$library" LD_LIBRARY_PATH="$library" \
     ARDOUR_DATA_PATH="/usr/share/ardour$version" \
     ARDOUR_CONFIG_PATH="/etc/ardour$version" ARDOUR_DLL_PATH="$work/ardour" \
-    timeout -k 5 120 "$program" --no-splash "$song/mix.ardour" >"$work/gui.log" 2>&1 &
+    timeout -k 5 600 "$program" --no-splash "$song/mix.ardour" >"$work/gui.log" 2>&1 &
   ardour_process=$!
   started+=("$ardour_process")
   wait_for 60 find_window && mouse_away && sleep 1 && find_window ||

@@ -47,7 +47,7 @@ start_audacity() {
   rm -rf "$temporary"
   mkdir -p "$temporary"
   sed -i "s/^mod-script-pipe=[0-9]$/mod-script-pipe=$1/" "$settings/audacity.cfg"
-  timeout -k 5 180 audacity >"$work/audacity.log" 2>&1 &
+  timeout -k 5 600 audacity >"$work/audacity.log" 2>&1 &
   audacity_process=$!
   started+=($audacity_process)
 }

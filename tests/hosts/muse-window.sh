@@ -24,7 +24,7 @@ XML
 # MusE with JACK, which it does not start, and with no plug-ins but VST 2. Its tip of
 # the day is closed.
 start_muse() {
-  timeout -k 5 120 muse -j -J -R -S -I -2 -p "$song" >"$work/muse.log" 2>&1 &
+  timeout -k 5 600 muse -j -J -R -S -I -2 -p "$song" >"$work/muse.log" 2>&1 &
   muse_process=$!
   started+=("$muse_process")
   wait_for 60 find_window || { tail -n 5 "$work/muse.log"; all_windows | grep '"'; return 1; }
