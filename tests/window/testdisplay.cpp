@@ -45,6 +45,7 @@ class Colours {
 
   std::vector<std::uint32_t> of(xcb_get_image_reply_t* image, int width, int height) const {
     std::vector<std::uint32_t> pixels;
+    pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     const std::size_t bits = static_cast<std::size_t>(width) * pixelBytes * 8;
     const std::size_t lineBytes = (bits + lineBits - 1) / lineBits * lineBits / 8;
     const std::uint8_t* line = xcb_get_image_data(image);

@@ -53,7 +53,7 @@ class WindowHost {
   void idle(int times = 1);  // effEditIdle
   void settle();             // idles until the window's picture stays as it is
   // false: the time is up
-  bool idleUntil(const std::function<bool()>& condition, int milliseconds = 3000);
+  bool idleUntil(const std::function<bool()>& condition, int milliseconds = 20000);
   void idleFor(int milliseconds, int interval = 16);
 
   // Each one idles once, so that the editor has had the event.
