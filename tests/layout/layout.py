@@ -12,6 +12,8 @@ INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*["<]([^">]+)[">]')
 SYSTEM = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b(?:"
                     r"__APPLE__|__MACH__|__?linux(?:__)?|__gnu_linux__|__unix__|"
                     r"_?WIN(?:32|64)|MAC|LINUX|WINDOWS|TARGET_OS_\w+)\b")
+TESTED = re.compile(r"\b(?:TEST(?:_F|_P)?|(?:EXPECT|ASSERT)_\w+)\(|\btesting::")
+GOOGLETEST = re.compile(r"^#include <g(?:test|mock)/", re.M)
 TOOLKIT = re.compile(r"^(?:vstgui\.h|lib/|vstgui/)")
 
 
@@ -67,8 +69,8 @@ class Tree:
                 yield number, target
 
     def violations(self):
+        self.includes = {path: list(found) for path, found in self.includes.items()}
         for path, text in self.texts.items():
-            self.includes[path] = list(self.includes[path])
             found = [(1, what) for what in self._whole(path, text)] + list(self._lines(path, text))
             yield from (f"{path}:{number}: {what}" for number, what in sorted(found))
         yield from self._cycles()
@@ -85,6 +87,20 @@ class Tree:
         if ("VSTGUI::" in text and "namespace VSTGUI {" not in text
                 and not any(map(TOOLKIT.match, named))):
             yield "names the toolkit and includes nothing of it"
+        # The compiler would not see it: what is precompiled is there without an include.
+        if TESTED.search(text) and not any(GOOGLETEST.search(self.texts[file])
+                                           for file in self._reached(path)):
+            yield "names GoogleTest and includes nothing of it"
+
+    def _reached(self, path):
+        """The file and all of this tree that it includes, by whatever way."""
+        reached, left = set(), [path]
+        while left:
+            file = left.pop()
+            if file in self.texts and file not in reached:
+                reached.add(file)
+                left += [target for _, target in self.includes[file]]
+        return reached
 
     def _lines(self, path, text):
         room = self.room(path)

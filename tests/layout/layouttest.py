@@ -89,6 +89,14 @@ class Checker(unittest.TestCase):
                                        "VSTGUI::CView* view;\n"},
                    "house/low/b.cpp:1: names the toolkit and includes nothing of it")
 
+    def test_sees_googletest_used_without_being_included(self):
+        self.check({"tests/a.cpp": "// A file.\nTEST(A, B) {}\n",
+                    "tests/b.cpp": "// A file.\n#include \"tests/b.h\"\nEXPECT_TRUE(true);\n",
+                    "tests/b.h": "// A file.\n#include \"tests/c.h\"\n",
+                    "tests/c.h": "// A file.\n#include <gmock/gmock.h>\n",
+                    "tests/d.cpp": "// A file.\n#include <gtest/gtest.h>\nASSERT_TRUE(true);\n"},
+                   "tests/a.cpp:1: names GoogleTest and includes nothing of it")
+
     def test_sees_conditions_on_the_system_outside_its_folders(self):
         for line in ("#ifdef __APPLE__", "#if defined(__linux__) && 1", "  #  elif TARGET_OS_OSX",
                      "#ifndef _WIN32"):
