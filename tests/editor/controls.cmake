@@ -13,6 +13,7 @@ trelvan_add_test(controlstest editor
     cvumeter1test.cpp
     doubleclicktest.cpp
     editedtexttest.cpp
+    embeddedpicturestest.cpp
     fitnametest.cpp
     messagepaneltest.cpp
     handledragtest.cpp
