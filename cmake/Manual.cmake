@@ -1,11 +1,13 @@
 # trelvan_add_manual(<target> <pdf>): a target that makes the user manual from docs/manual and the
-# window's pictures.
-include(Artwork)  # trelvan_find_font, TRELVAN_PICTURES
-cmake_path(SET manual NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../docs/manual)
-set(TRELVAN_MANUAL_SOURCES ${manual} CACHE INTERNAL "Sources of the manual")
+# photographs of docs/pictures: the PDF, and the same as one page of the web below share/ in the
+# build folder as it stands in an installation.
+include(Artwork)  # trelvan_find_font
+cmake_path(SET docs NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../docs)
+set(TRELVAN_MANUAL_SOURCES ${docs}/manual CACHE INTERNAL "Sources of the manual")
 
 function(trelvan_add_manual target pdf)
   find_program(TRELVAN_RST2PDF rst2pdf DOC "Makes the manual")
+  find_program(TRELVAN_RST2HTML NAMES rst2html5 rst2html5.py DOC "Makes the manual's page")
   find_program(TRELVAN_RSVG_CONVERT rsvg-convert DOC "Renders SVG files")
   find_package(Python3 COMPONENTS Interpreter)
   if(NOT TRELVAN_RST2PDF OR NOT TRELVAN_RSVG_CONVERT OR NOT Python3_FOUND)
@@ -16,36 +18,65 @@ function(trelvan_add_manual target pdf)
   cmake_path(GET TRELVAN_FONT PARENT_PATH fonts)
   cmake_path(GET pdf PARENT_PATH folder)
 
+  set(sources ${TRELVAN_MANUAL_SOURCES})
   set(work ${CMAKE_CURRENT_BINARY_DIR}/${target})
-  set(artwork ${TRELVAN_RESOURCE_SOURCES}/artwork)
-  list(TRANSFORM TRELVAN_PICTURES REPLACE "(.+)" "${artwork}/bmp\\1.svg" OUTPUT_VARIABLE pictures)
+  set(window ${PROJECT_SOURCE_DIR}/tests/window/pictures/at-work@2x.png)
+  # 4: about 300 dots an inch at the size at which the page shows it; a photograph has fewer.
   set(figures)
   set(render)
-  foreach(figure IN ITEMS window flow comb)
-    list(APPEND figures ${work}/${figure}.png)
-    # 4: about 300 dots an inch at the size at which the page shows it
-    list(APPEND render COMMAND
-      ${TRELVAN_RSVG_CONVERT} --zoom 4 --output ${work}/${figure}.png ${work}/${figure}.svg)
+  foreach(drawing IN ITEMS window@2.5 flow@4 comb@4)
+    string(REGEX MATCH "^(.+)@(.+)$" whole ${drawing})
+    set(figure ${work}/${CMAKE_MATCH_1})
+    list(APPEND figures ${figure}.png)
+    list(APPEND render COMMAND ${TRELVAN_RSVG_CONVERT}
+      --zoom ${CMAKE_MATCH_2} --output ${figure}.png ${figure}.svg)
   endforeach()
   add_custom_command(
     OUTPUT ${figures}
-    COMMAND Python3::Interpreter ${TRELVAN_MANUAL_SOURCES}/figures.py ${artwork} ${work}
+    COMMAND Python3::Interpreter ${sources}/figures.py ${window} ${work}
     ${render}
-    DEPENDS ${TRELVAN_MANUAL_SOURCES}/figures.py ${pictures}
+    DEPENDS ${sources}/figures.py ${window}
     COMMENT "Drawing the manual's figures"
+    VERBATIM)
+
+  set(beside ${sources}/manual.rst ${sources}/style.css)
+  foreach(picture IN ITEMS ardour audacity bass guitar)
+    list(APPEND beside ${PROJECT_SOURCE_DIR}/docs/pictures/${picture}.png)
+  endforeach()
+  set(text ${work}/manual.rst)
+  set(environment ${CMAKE_COMMAND} -E env DOCUTILSCONFIG=${sources}/docutils.conf)
+  add_custom_command(
+    OUTPUT ${text}
+    COMMAND ${CMAKE_COMMAND} -E copy ${beside} ${work}
+    COMMAND ${CMAKE_COMMAND} -E touch ${text}
+    DEPENDS ${beside}
     VERBATIM)
   add_custom_command(
     OUTPUT ${pdf}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
-    # Beside its figures.
-    COMMAND ${CMAKE_COMMAND} -E copy ${TRELVAN_MANUAL_SOURCES}/manual.rst ${work}/manual.rst
-    COMMAND ${CMAKE_COMMAND} -E env DOCUTILSCONFIG=${TRELVAN_MANUAL_SOURCES}/docutils.conf
+    COMMAND ${environment} PYTHONPATH=${sources} PYTHONDONTWRITEBYTECODE=1
       ${TRELVAN_RST2PDF} --quiet --config=${work}/none --compressed --date-invariant
-      --stylesheets=${TRELVAN_MANUAL_SOURCES}/style.yaml --font-path=${fonts} --output=${pdf}
-      ${work}/manual.rst
-    DEPENDS ${TRELVAN_MANUAL_SOURCES}/manual.rst ${TRELVAN_MANUAL_SOURCES}/style.yaml
-      ${TRELVAN_MANUAL_SOURCES}/docutils.conf ${figures}
+      --extension-module=outline --footer=Trelvan\ Operation\ Manual\ -\ \#\#\#Page\#\#\#
+      --stylesheets=${sources}/style.yaml --font-path=${fonts} --output=${pdf} ${text}
+    DEPENDS ${text} ${sources}/style.yaml ${sources}/outline.py ${sources}/docutils.conf ${figures}
     COMMENT "Setting the manual"
     VERBATIM)
   add_custom_target(${target} ALL DEPENDS ${pdf})
+  if(NOT TRELVAN_RST2HTML)
+    message(STATUS "No page of the manual: docutils' rst2html5 is missing")
+    return()
+  endif()
+  set(page_folder ${PROJECT_BINARY_DIR}/share/doc/trelvan)
+  set(page "${page_folder}/Trelvan Operation Manual.html")
+  add_custom_command(
+    OUTPUT ${page}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${page_folder}
+    COMMAND ${environment} ${TRELVAN_RST2HTML} --image-loading=embed --embed-stylesheet
+      --stylesheet-path=minimal.css,style.css ${text} ${page}
+    DEPENDS ${text} ${sources}/docutils.conf ${figures}
+    WORKING_DIRECTORY ${work}
+    COMMENT "Writing the manual's page"
+    VERBATIM)
+  add_custom_target(${target}_page ALL DEPENDS ${page})
+  add_dependencies(${target}_page ${target})  # which makes the figures
 endfunction()

@@ -15,7 +15,7 @@ build_packages=(
   libxcb-util-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
   libcairo2-dev libpango1.0-dev libfontconfig-dev libfreetype-dev libglib2.0-dev
   # artwork, the displays' font, the manual and the manual page
-  librsvg2-bin fonts-liberation2 python3 rst2pdf lowdown
+  librsvg2-bin fonts-liberation2 python3 rst2pdf python3-docutils lowdown
   # the demonstration's recording
   sonic-pi-samples
 )

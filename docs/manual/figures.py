@@ -1,17 +1,17 @@
 #!/usr/bin/env python3
-"""Writes the manual's figures as SVG: figures.py <artwork folder> <output folder>.
+"""Writes the manual's figures as SVG: figures.py <photograph of the window> <output folder>.
 
-window.svg shows the window put together from its pictures, with numbers; flow.svg the signal's way;
-comb.svg the levels of the two channels and of their sum over frequency. Needs nothing but Python.
+window.svg is the photograph with numbers; flow.svg shows the signal's way; comb.svg the levels of
+the two channels and of their sum over frequency. Needs nothing but Python.
 """
 
+import base64
 import math
-import re
 import sys
 from pathlib import Path
 
-BLUE, STEEL, PALE = "#2d2d78", "#4f6677", "#9fb2c0"
-INK, GLOW, WARM = "#27282d", "#a2dde3", "#d9772b"
+BLUE, STEEL = "#2d2d78", "#4f6677"
+INK, WARM = "#27282d", "#d9772b"
 FONT = 'font-family="Liberation Sans, Arial, sans-serif"'
 
 
@@ -38,62 +38,6 @@ def line(points, colour=STEEL, width=1.0, extra=""):
     )
 
 
-class Window:
-    """The pictures at their places, in the window's own pixels.
-
-    `image` chooses one of the stacked images.
-    """
-
-    def __init__(self, artwork):
-        self.artwork = artwork
-        self.body = ""
-
-    def place(self, number, left, top, images=1, image=0, width=None):
-        source = (self.artwork / f"bmp{number:05d}.svg").read_text(encoding="ascii")
-        whole_width, height = map(int, re.search(r'width="(\d+)" height="(\d+)"', source).groups())
-        width, height = width or whole_width, height // images
-        inner = re.sub(r"^<svg[^>]*>|</svg>\s*$", "", source)
-        # What artwork/larger.css does: the free captions for those that are fitted to pixels.
-        inner = re.sub(r'<path class="at-1x"[^>]*>\n', "", inner)
-        inner = inner.replace('class="at-larger" display="none"', 'class="at-larger"')
-        # Names are unique in one file.
-        inner = re.sub(r'(id="|url\(#)', rf"\g<1>p{number}-{len(self.body)}-", inner)
-        self.body += (
-            f'<svg x="{left:g}" y="{top:g}" width="{width:g}" height="{height}" '
-            f'viewBox="0 {height * image} {width:g} {height}">\n{inner}</svg>\n'
-        )
-
-    def value(self, top, caption, shown):
-        baseline = top + 12.5
-        self.body += text(42, baseline, caption, anchor="end", colour="#000")
-        self.body += text(258, baseline, shown, anchor="start", colour="#000")
-
-
-def window(artwork):
-    """The whole window with the preset "techno space 1"."""
-    shown = Window(artwork)
-    shown.place(128, 0, 0)
-    shown.value(24, "S", "M")
-    lit = 70  # of 182
-    shown.place(136, 60, 25)
-    shown.place(135, 60, 25, width=lit)
-    rows = ((51, "depth", "75%", 0.75), (83, "freq", "81Hz", 0.25), (115, "emph", "25%", 0.25))
-    for top, caption, words, share in rows:
-        shown.value(top + 3, caption, words)
-        shown.place(134, 63 + round((1 - share) * 160), top)
-    shown.place(137, 90, 151, 2, 1)
-    shown.place(138, 170, 151, 2, 0)
-    shown.body += text(146, 232.8, "techno space 1", colour="#000")
-    shown.place(19997, 219, 221, 5)
-    for number, left, top in (
-        (19993, 71, 229), (19994, 8, 229), (19990, 26, 231),
-        (19998, 71, 214), (19999, 8, 214), (19899, 22, 216),
-        (19991, 279, 214), (19995, 254, 214), (19992, 279, 229), (19996, 254, 229), (989, 262, 187),
-    ):
-        shown.place(number, left, top, 3)
-    return shown.body
-
-
 # Number, the control's place in the window, the side on which its number stands and the place
 # along that side.
 MARKS = (
@@ -106,12 +50,15 @@ MARKS = (
 )
 
 
-def labelled_window(artwork):
-    scale, left, top = 1.6, 50, 10
-    right, bottom = left + 302 * scale, top + 251 * scale
-    body = f'<g transform="translate({left} {top}) scale({scale})">\n{window(artwork)}</g>\n'
-    body += (
-        f'<rect x="{left}" y="{top}" width="{302 * scale}" height="{251 * scale}" '
+def labelled_window(photograph):
+    scale, left, top = 1.6, 50, 10  # of the window's own pixels
+    width, height = 302 * scale, 251 * scale
+    right, bottom = left + width, top + height
+    bytes_in_text = base64.b64encode(photograph.read_bytes()).decode("ascii")
+    body = (
+        f'<image x="{left}" y="{top}" width="{width:g}" height="{height:g}" '
+        f'href="data:image/png;base64,{bytes_in_text}"/>\n'
+        f'<rect x="{left}" y="{top}" width="{width:g}" height="{height:g}" '
         f'fill="none" stroke="{STEEL}"/>\n'
     )
     for number, x, y, side, along in MARKS:
@@ -214,9 +161,9 @@ def comb():
 
 
 def main():
-    artwork, output = Path(sys.argv[1]), Path(sys.argv[2])
+    window, output = labelled_window(Path(sys.argv[1])), Path(sys.argv[2])
     output.mkdir(parents=True, exist_ok=True)
-    for name, drawing in (("window", labelled_window(artwork)), ("flow", flow()), ("comb", comb())):
+    for name, drawing in (("window", window), ("flow", flow()), ("comb", comb())):
         (output / f"{name}.svg").write_text(drawing, encoding="utf-8")
 
 

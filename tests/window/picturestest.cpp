@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr int kMixPreset = 3;  // "mix 3": all three sliders somewhere else
+constexpr int kMixPreset = 3;   // "mix 3": all three sliders somewhere else
+constexpr int kRoomPreset = 4;  // "room 1": the one that documents show
 
 // A state of the window: how it is reached, what part of it is kept, where text stands in it, and
 // the screen's scale. Areas are those at a scale of 1.
@@ -182,6 +183,17 @@ std::vector<State> states() {
                    {}});
   }
   addLarger(all);
+  // That of README and manual.
+  all.push_back({"at-work@2x",
+                 [](WindowHost& host) {
+                   host.click(places::kMenu);
+                   host.click(places::listEntry(kRoomPreset));
+                   host.play(0.5F, 0.5F, 88200);
+                 },
+                 whole,
+                 displays(),
+                 {},
+                 2});
   return all;
 }
 
