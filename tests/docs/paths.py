@@ -11,6 +11,8 @@ import re
 FENCE = re.compile(r"^```.*?^```$", re.M | re.S)
 SPAN = re.compile(r"`([^`]+)`")
 LINK = re.compile(r"\]\(([^)#:]+)(?:#[^)]*)?\)")
+PLACE = re.compile(r"\]\(([^)#:]*)#([^)]*)\)")  # a heading of another document, or of the same one
+HEADING = re.compile(r"^#+ +(.*?) *$", re.M)
 FILE = re.compile(r"^[\w-][\w.-]*\.(?:cpp|h|mm|py|sh|cmake|txt|md|rst|svg|dict|json)$")
 PATH = re.compile(r"^(?:\./)?\w[\w.*+-]*/[\w.*+/-]*$")
 
@@ -45,3 +47,21 @@ def missing(root, document):
     folder = (root / document).parent
     return ([word for word in named if not is_there(root, word)] +
             [target for target in targets if not (folder / target).exists()])
+
+
+def anchors_of(text):
+    """What a link may name after its #: the headings, as pages of the web have them."""
+    for heading in HEADING.findall(FENCE.sub("", text)):
+        plain = re.sub(r"\[([^]]*)\]\([^)]*\)", r"\1", heading).replace("`", "").lower()
+        yield re.sub(r"[^\w -]", "", plain).replace(" ", "-")
+
+
+def dead_links(root, document):
+    """Links to files that are not there, and to headings that these have not."""
+    text = (root / document).read_text()
+    folder = (root / document).parent
+    yield from (name for name in dict.fromkeys(LINK.findall(text)) if not (folder / name).exists())
+    for name, anchor in dict.fromkeys(PLACE.findall(text)):
+        target = folder / name if name else root / document
+        if target.exists() and anchor not in anchors_of(target.read_text()):
+            yield f"{name}#{anchor}"

@@ -4,7 +4,7 @@ import sys
 import tempfile
 import unittest
 
-from paths import missing, words_of
+from paths import dead_links, missing, words_of
 
 ROOT = pathlib.Path(sys.argv.pop())
 DOCUMENTS = ("CONTRIBUTING.md", "FEATURES.md", "README.md", "docs/benchmarks.md", "docs/formats.md",
@@ -16,6 +16,13 @@ class Documents(unittest.TestCase):
         for document in DOCUMENTS:
             with self.subTest(document):
                 self.assertEqual(missing(ROOT, document), [])
+
+    def test_have_links_that_lead_somewhere(self):
+        documents = [*ROOT.glob("*.md"), *ROOT.glob("docs/**/*.md"), *ROOT.glob("resources/*.md")]
+        self.assertGreater(len(documents), 10)
+        for document in documents:
+            with self.subTest(document):
+                self.assertEqual(list(dead_links(ROOT, document.relative_to(ROOT))), [])
 
     def test_are_read(self):  # a document without a word names nothing that is missing either
         for document, word in (("docs/where.md", "plugin/vst24.h"),
@@ -47,6 +54,16 @@ class Checker(unittest.TestCase):
     def test_sees_it_in_a_command_and_in_a_link(self):
         self.check("`ctest house/x.sh -V`\n```\nhouse/y.sh\n```\n[the other](gone.md#a-part)\n",
                    "house/y.sh", "house/x.sh", "gone.md")
+
+    def test_follows_links_to_headings(self):
+        with tempfile.TemporaryDirectory() as folder:
+            root = pathlib.Path(folder)
+            (root / "a.md").write_text("# A house, `low` & high\n```\n# not this\n```\n## Its door\n"
+                                       "[x](#its-door) [y](#not-this) [z](b.md#roof)\n"
+                                       "[u](b.md#floor) [v](c.md#roof) [w](https://orv.example#x)\n")
+            (root / "b.md").write_text("[x](a.md#a-house-low--high)\n### Roof\n")
+            self.assertEqual(list(dead_links(root, "a.md")), ["c.md", "#not-this", "b.md#floor"])
+            self.assertEqual(list(dead_links(root, "b.md")), [])
 
     def test_leaves_out_what_is_not_the_trees(self):
         self.check("`build/release/x.so`, `~/.vst/a`, `/usr/lib/vst`, `std::vector`, `$HOME/x`, "
