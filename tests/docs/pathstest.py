@@ -7,8 +7,9 @@ import unittest
 from paths import dead_links, missing, words_of
 
 ROOT = pathlib.Path(sys.argv.pop())
-DOCUMENTS = ("CONTRIBUTING.md", "FEATURES.md", "README.md", "docs/benchmarks.md", "docs/formats.md",
-             "docs/fuzzing.md", "docs/macos.md", "docs/where.md")
+DOCUMENTS = ("CONTRIBUTING.md", "FEATURES.md", "README.md", "docs/architecture.md",
+             "docs/benchmarks.md", "docs/formats.md", "docs/fuzzing.md", "docs/macos.md",
+             "docs/where.md")
 
 
 class Documents(unittest.TestCase):
