@@ -36,6 +36,16 @@ check "a user preset is applied" \
 check "it renders as the rule says, glide and all, bit by bit" \
   sound same "$work/preset.wav" "$work/rule-preset.wav"
 
+# The track's own rate is told after the effect was switched on with 44.1 kHz.
+late="$work/late.wav"
+sound make "$late" 48000 $seconds 2
+sound raw "$late" | "$work/reference" $rate $init 0.75,0.25,0.3,1,1 |
+  sound wav 48000 "$work/rule-late.wav"
+check "it is applied to a track of 48 kHz" \
+  render "$late" 2 "$work/preset-late.wav" 'OrvTrelvan: Use_Preset="User Preset:p1"'
+check "there its delays have as many frames as at 44.1 kHz, bit by bit" \
+  sound same "$work/preset-late.wav" "$work/rule-late.wav"
+
 # A mono track stays mono: the effect's right input is silent, and its right output is thrown away.
 mono="$work/mono.wav"
 sound make "$mono" $rate $seconds 1
