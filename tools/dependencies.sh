@@ -14,6 +14,8 @@ build_packages=(
   libx11-dev libxcb1-dev libxcb-cursor-dev libxcb-keysyms1-dev
   libxcb-util-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
   libcairo2-dev libpango1.0-dev libfontconfig-dev libfreetype-dev libglib2.0-dev
+  # the effect as LV2
+  lv2-dev
   # artwork, the displays' font, the manual and the manual page
   librsvg2-bin fonts-liberation2 python3 rst2pdf python3-docutils lowdown
   # the demonstration's recording
@@ -29,6 +31,8 @@ test_packages=(
   xvfb libxcb-xtest0-dev libxcb-damage0-dev libxcb-xfixes0-dev libxcb-res0-dev
   # the desktop portal, on a bus of the tests' own
   dbus-daemon
+  # the LV2 bundle: its hosts' library, and what validates it
+  lilv-utils sordi
   # the macOS sources: Mach-O bundle
   lld-LLVM libc++-LLVM-dev musl-dev
   # the macOS sources: run on GNUstep

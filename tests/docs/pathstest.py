@@ -8,8 +8,8 @@ from paths import dead_links, missing, words_of
 
 ROOT = pathlib.Path(sys.argv.pop())
 DOCUMENTS = ("CONTRIBUTING.md", "FEATURES.md", "README.md", "docs/architecture.md",
-             "docs/benchmarks.md", "docs/formats.md", "docs/fuzzing.md", "docs/macos.md",
-             "docs/where.md")
+             "docs/benchmarks.md", "docs/formats.md", "docs/fuzzing.md", "docs/lv2.md",
+             "docs/macos.md", "docs/where.md")
 
 
 class Documents(unittest.TestCase):
