@@ -1,5 +1,6 @@
-# The effect as LV2: trelvan.lv2/<architecture>-linux/trelvan.so with Resources/ and the Turtle files
-# beside that folder. It is for Linux: hosts on a Mac have other interfaces, and the window is X11's.
+# The effect as LV2: trelvan.lv2/<architecture>-linux/trelvan.so with Resources/ and the Turtle
+# files beside that folder. It is for Linux: hosts on a Mac have other interfaces, and the window is
+# X11's.
 pkg_check_modules(LV2 REQUIRED IMPORTED_TARGET lv2)
 
 add_library(trelvan_hosted STATIC formats/record/hostedeffect.cpp)
@@ -9,8 +10,11 @@ target_link_libraries(trelvan_hosted PUBLIC trelvan_options PRIVATE trelvan_effe
 add_library(trelvan_lv2 OBJECT
   formats/lv2/lv2descriptor.cpp
   formats/lv2/lv2effect.cpp
-  formats/lv2/lv2state.cpp)
-target_link_libraries(trelvan_lv2 PUBLIC trelvan_hosted PkgConfig::LV2)
+  formats/lv2/lv2state.cpp
+  formats/lv2/lv2uidescriptor.cpp
+  formats/lv2/lv2window.cpp
+  formats/lv2/linux/newchildwindow.cpp)
+target_link_libraries(trelvan_lv2 PUBLIC trelvan_hosted PkgConfig::LV2 PRIVATE PkgConfig::WINDOW)
 
 set(TRELVAN_LV2_BUNDLE ${PROJECT_BINARY_DIR}/trelvan.lv2)
 set(lv2_folder ${CMAKE_SYSTEM_PROCESSOR}-linux)
@@ -36,7 +40,7 @@ add_custom_command(
   OUTPUT ${lv2_files}
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${lv2_preferences}
   COMMAND ${CMAKE_COMMAND} -E env XDG_CONFIG_HOME=${lv2_preferences}
-    $<TARGET_FILE:lv2turtle> ${TRELVAN_LV2_BUNDLE} ${lv2_folder}/trelvan.so
+    $<TARGET_FILE:lv2turtle> ${TRELVAN_LV2_BUNDLE} ${lv2_folder}/trelvan.so --window
   DEPENDS lv2turtle
   COMMENT "Describing the LV2 plug-ins"
   VERBATIM)

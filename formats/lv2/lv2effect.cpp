@@ -108,8 +108,8 @@ void Lv2Effect::detach() {
 }
 
 bool Lv2Effect::windowHears(int index) const {
-  return window != nullptr && index >= 0 && static_cast<std::size_t>(index) < controls.size() &&
-         restoring.load() != std::this_thread::get_id();
+  return restoring.load() != std::this_thread::get_id() && window != nullptr && index >= 0 &&
+         static_cast<std::size_t>(index) < controls.size();
 }
 
 void Lv2Effect::parameterEdited(int index, float value) {
