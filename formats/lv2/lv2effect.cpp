@@ -32,6 +32,7 @@ Lv2Effect::~Lv2Effect() {
 void Lv2Effect::connect(std::uint32_t port, void* place) {
   if (port < shape.firstControl()) {
     audio[port] = static_cast<float*>(place);
+    wired = std::count(audio, audio + shape.firstControl(), nullptr) == 0;
   } else if (port - shape.firstControl() < controls.size()) {
     controls[port - shape.firstControl()].port = static_cast<const float*>(place);
   }
@@ -49,7 +50,7 @@ void Lv2Effect::deactivate() {
 void Lv2Effect::run(std::uint32_t frames) {
   if (!effect->isStarted()) return silence(frames);
   takeControls();
-  if (isWired()) {
+  if (wired) {
     process(frames);
   } else {
     silence(frames);
@@ -60,23 +61,17 @@ void Lv2Effect::run(std::uint32_t frames) {
 // there.
 void Lv2Effect::takeControls() {
   bool changed = false;
-  for (std::size_t i = 0; i < controls.size(); ++i) {
-    Control& control = controls[i];
-    if (control.port == nullptr || control.held) continue;
-    const float value = std::clamp(*control.port, 0.0F, 1.0F);
-    if (std::isnan(value) || value == control.seen) continue;
-    control.seen = value;
-    const int index = static_cast<int>(i);
+  for (Control& control : controls) {
+    if (control.port == nullptr || *control.port == control.seen || control.held) continue;
+    control.seen = *control.port;
+    const float value = std::clamp(control.seen, 0.0F, 1.0F);
+    if (std::isnan(value)) continue;
+    const int index = static_cast<int>(&control - controls.data());
     changed = changed || effect->parameter(index) != value;
     effect->setParameter(index, value);
   }
   if (portsAreNew && changed) effect->startAgain();
   portsAreNew = false;
-}
-
-bool Lv2Effect::isWired() const {
-  return std::all_of(audio, audio + shape.firstControl(),
-                     [](const float* port) { return port != nullptr; });
 }
 
 void Lv2Effect::process(std::uint32_t frames) {

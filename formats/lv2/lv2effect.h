@@ -70,7 +70,6 @@ class Lv2Effect final : private HostedEffectListener {
 
   Lv2Effect(const Lv2Shape& itsShape, const LV2_URID_Map* map);
   void takeControls();
-  bool isWired() const;
   bool windowHears(int index) const;
   void process(std::uint32_t frames);
   void silence(std::uint32_t frames) const;
@@ -83,6 +82,7 @@ class Lv2Effect final : private HostedEffectListener {
   Lv2Shape shape;
   std::unique_ptr<HostedEffect> effect;
   float* audio[2 + Lv2Shape::kOutputs] = {};  // as the ports stand
+  bool wired = false;                         // all of them are connected
   std::vector<Control> controls;
   bool portsAreNew = true;  // no run since activate or restore
   std::atomic<bool> outdated{false};

@@ -52,6 +52,7 @@ HostedEffect::~HostedEffect() {
 // pins are connected.
 VstIntPtr HostedEffect::answer(AEffect* effect, VstInt32 opcode, VstInt32 index,
                                VstIntPtr /*value*/, void* /*ptr*/, float opt) {
+  if (opcode == audioMasterPinConnected) return 0;  // twice a block
   if (opcode == audioMasterVersion) return kVstVersion;
   if (effect == nullptr || effect->resvd1 == 0) return 0;
   return reinterpret_cast<HostedEffect*>(effect->resvd1)->hear(opcode, index, opt);
