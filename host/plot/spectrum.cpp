@@ -50,7 +50,8 @@ void Spectrum::add(const float* samples, int count) {
 }
 
 void Spectrum::analyse(const float* frames, std::size_t begin, std::size_t end, Sums& into) const {
-  const auto four = std::make_unique_for_overwrite<FourTransforms::Pair[]>(kWindow / 2);
+  // make_unique would clear it, and its sister that does not is younger than some compilers.
+  const std::unique_ptr<FourTransforms::Pair[]> four(new FourTransforms::Pair[kWindow / 2]);
   const auto windowed = [&](std::size_t i) {
     return Four{frames[i], frames[i + kHop], frames[i + 2 * kHop], frames[i + 3 * kHop]} *
            window[i];

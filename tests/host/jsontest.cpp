@@ -17,6 +17,9 @@ TEST(JsonDocuments, ShowASingleAsItIsTyped) {
   EXPECT_EQ(numberOf(0.1F).dump(), "0.1");
   EXPECT_EQ(numberOf(1.0F).dump(), "1.0");
   EXPECT_EQ(numberOf(0.0F).dump(), "0.0");
+  EXPECT_EQ(numberOf(0.333333343F).dump(), "0.33333334") << "the next ones end with 1 and 7";
+  EXPECT_EQ(numberOf(0x1p-149F).dump(), "1e-45");
+  EXPECT_EQ(numberOf(16777215.0F).dump(), "16777215.0");
 }
 
 TEST(JsonDocuments, HaveNoNumberThatIsNone) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "host/base/failure.h"
+#include "host/vst/pluginplaces.h"
 #include "tests/host/foldertest.h"
 
 namespace {
@@ -48,14 +49,16 @@ TEST_F(PluginPaths, AreAbsoluteSoThatTheLoaderDoesNotSearch) {
 }
 
 TEST_F(PluginPaths, LookIntoABundle) {
-  const fs::path inside = makeBundle("My.vst", {"My.so", "helper.so", "notes.txt"});
-  EXPECT_EQ(pluginBinary(in("My.vst")), inside / "My.so");
-  EXPECT_EQ(pluginBinary(in("My.vst").string() + "/"), inside / "My.so");
+  const std::string mine = "My" + binarySuffix();
+  const fs::path inside = makeBundle("My.vst", {mine, "helper" + binarySuffix(), "notes.txt"});
+  EXPECT_EQ(pluginBinary(in("My.vst")), inside / mine);
+  EXPECT_EQ(pluginBinary(in("My.vst").string() + "/"), inside / mine);
 }
 
 TEST_F(PluginPaths, TakeTheOnlyBinaryOfABundleThatIsNamedOtherwise) {
-  const fs::path inside = makeBundle("My.vst", {"other.so", "notes.txt"});
-  EXPECT_EQ(pluginBinary(in("My.vst")), inside / "other.so");
+  const std::string other = "other" + binarySuffix();
+  const fs::path inside = makeBundle("My.vst", {other, "notes.txt"});
+  EXPECT_EQ(pluginBinary(in("My.vst")), inside / other);
 }
 
 TEST_F(PluginPaths, SayWhatIsWrongWithABundle) {
@@ -64,7 +67,7 @@ TEST_F(PluginPaths, SayWhatIsWrongWithABundle) {
   EXPECT_THAT(refusalOf("Foreign.vst"), HasSubstr("not a plug-in for this system"));
   makeBundle("Empty.vst", {"notes.txt"});
   EXPECT_THAT(refusalOf("Empty.vst"), HasSubstr("no plug-in binary"));
-  makeBundle("Many.vst", {"a.so", "b.so"});
+  makeBundle("Many.vst", {"a" + binarySuffix(), "b" + binarySuffix()});
   EXPECT_THAT(refusalOf("Many.vst"), HasSubstr("several binaries"));
 }
 
@@ -73,7 +76,8 @@ TEST_F(PluginPaths, LookBesideTheProgramFirst) {
   EXPECT_EQ(places.front(), "/opt/tree/build/release/Trelvan.vst");
   EXPECT_THAT(places, Contains(fs::path("/opt/tree/build/Trelvan.vst")));
   EXPECT_THAT(places, Contains(fs::path("/opt/tree/build/release/Trelvan.vst")));
-  EXPECT_THAT(places, Contains(fs::path("/usr/lib/vst/Trelvan.vst"))) << "where hosts look";
+  for (const fs::path& hosts : commonPluginFolders())
+    EXPECT_THAT(places, Contains(hosts / "Trelvan.vst")) << "where hosts look";
 }
 
 TEST_F(PluginPaths, KnowAnInstallationAndATree) {

@@ -6,25 +6,32 @@
 
 #include "host/base/failure.h"
 #include "host/vst/pluginplaces.h"
-#include "tests/host/program.h"
+#include "tests/host/foldertest.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
-class PluginSearch : public ProgramTest {
+class PluginSearch : public FolderTest {
  protected:
   void makeBundle(const std::string& bundle) const {
     const fs::path inside = in(bundle) / "Contents" / WIDEN_ARCHITECTURE_FOLDER;
     fs::create_directories(inside);
-    writeText(inside / (fs::path(bundle).stem().string() + ".so"), "");
+    writeText(inside / (fs::path(bundle).stem().string() + binarySuffix()), "");
   }
-  void makeBinary(const std::string& binary) const {
-    fs::create_directories(in(binary).parent_path());
-    writeText(in(binary), "");
+  void makeFile(const std::string& name) const {
+    fs::create_directories(in(name).parent_path());
+    writeText(in(name), "");
+  }
+  // A binary beside others; where they have no ending, plug-ins are bundles.
+  void makePlugin(const std::string& name) const {
+    if (binarySuffix().empty()) {
+      makeBundle(name + ".vst");
+    } else {
+      makeFile(name + binarySuffix());
+    }
   }
 
   std::vector<std::string> namesIn(const std::vector<std::string>& folders) const {
@@ -49,21 +56,21 @@ std::string refusalOf(const std::string& name, const std::vector<InstalledPlugin
 
 TEST_F(PluginSearch, ListsBundlesAndBinariesFolderByFolder) {
   makeBundle("b/Wide.vst");
-  makeBinary("b/echo.so");
-  makeBinary("a/zoom.so");
-  makeBinary("a/readme.txt");
+  makePlugin("b/echo");
+  makePlugin("a/zoom");
+  makeFile("a/readme.txt");
   EXPECT_THAT(namesIn({"b", "a", "missing"}), ElementsAre("Wide", "echo", "zoom"));
 }
 
 TEST_F(PluginSearch, LooksIntoFoldersOfAMakerButNotIntoBundles) {
-  makeBinary("a/maker/series/deep.so");
+  makePlugin("a/maker/series/deep");
   makeBundle("a/Wide.vst");
-  makeBinary("a/Wide.vst/Contents/helpers/helper.so");
+  makePlugin("a/Wide.vst/Contents/helpers/helper");
   EXPECT_THAT(namesIn({"a"}), ElementsAre("Wide", "deep"));
 }
 
 TEST_F(PluginSearch, EndsWhereALinkLeadsRound) {
-  makeBinary("a/one.so");
+  makePlugin("a/one");
   fs::create_directory_symlink(in("a"), in("a/round"));
   const auto found = namesIn({"a"});
   EXPECT_EQ(found.front(), "one");
@@ -82,19 +89,4 @@ TEST_F(PluginSearch, SuggestsNamesThatComeNear) {
   const std::vector<InstalledPlugin> installed = {{"reverb", "/r.so"}, {"delay", "/d.so"}};
   EXPECT_THAT(refusalOf("reverv", installed), HasSubstr("did you mean \"reverb\""));
   EXPECT_THAT(refusalOf("xyzzy", installed), HasSubstr("--list-plugins"));
-}
-
-TEST_F(PluginSearch, GoesThroughVstPathBeforeTheUsualFolders) {
-  if (binarySuffix().empty()) GTEST_SKIP() << "plug-ins are bundles here, the tests' are binaries";
-  const Surroundings path{{{"VST_PATH", in("none").string() + ":" + WIDEN_TEST_PLUGINS}}};
-  const Outcome outcome = widen({"--plugin", "ECHO", "--info"}, path);
-  EXPECT_EQ(outcome.status, 0) << outcome.error;
-  EXPECT_THAT(outcome.out, HasSubstr(plugin("echo")));
-  expectRefusal(widen({"--plugin", "ecko", "--info"}, path), 1, "did you mean \"echo\"");
-  EXPECT_THAT(widen({"--list-plugins"}, path).out, HasSubstr("echo  " + plugin("echo") + "\n"));
-}
-
-TEST_F(PluginSearch, TakesAPathForAPath) {
-  const Surroundings path{{{"VST_PATH", WIDEN_TEST_PLUGINS}}};
-  expectRefusal(widen({"--plugin", "./echo", "--info"}, path), 1, "./echo: no such plug-in");
 }

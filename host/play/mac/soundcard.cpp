@@ -1,4 +1,4 @@
-// Silence: nothing is played here yet, since there is no window to play to.
+// Silence: nothing is played here yet; the file goes round, and the meter moves.
 #include "host/play/soundcard.h"
 
 struct SoundCard::System {};

@@ -1,5 +1,7 @@
-// A plain X11 window for an effect's own.
-#include "host/vst/linux/plainwindow.h"
+// A plain X11 window for an effect's own, on a connection of its own.
+#include "host/vst/plainwindow.h"
+
+#include <xcb/xcb.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -29,31 +31,54 @@ std::string latin1(const std::string& utf8) {
   return text;
 }
 
+struct Disconnect {
+  void operator()(xcb_connection_t* open) const { xcb_disconnect(open); }
+};
+
 }  // namespace
 
+struct PlainWindow::System {
+  xcb_atom_t atom(const char* name);
+  void setText(xcb_atom_t property, xcb_atom_t type, const std::string& text);
+  void setNames(const std::string& title);
+  void setSizeHints(int width, int height);
+
+  std::unique_ptr<xcb_connection_t, Disconnect> connection{xcb_connect(nullptr, nullptr)};
+  xcb_window_t window = XCB_WINDOW_NONE;
+  xcb_atom_t closing = XCB_ATOM_NONE;
+};
+
 PlainWindow::PlainWindow(int width, int height, const std::string& title)
-    : connection(xcb_connect(nullptr, nullptr)) {
-  if (xcb_connection_has_error(connection.get()) != 0) {
+    : system(std::make_unique<System>()) {
+  xcb_connection_t* connection = system->connection.get();
+  if (xcb_connection_has_error(connection) != 0) {
     throw Failure("no display to show the window on (is DISPLAY set?)");
   }
-  const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data;
-  window = xcb_generate_id(connection.get());
+  const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+  const xcb_window_t window = xcb_generate_id(connection);
+  system->window = window;
   const std::uint32_t background = screen->black_pixel;
-  xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window, screen->root, 0, 0,
+  xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, screen->root, 0, 0,
                     static_cast<std::uint16_t>(width), static_cast<std::uint16_t>(height), 0,
                     XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, XCB_CW_BACK_PIXEL,
                     &background);
-  setNames(title);
-  setSizeHints(width, height);
-  const xcb_atom_t protocols = atom("WM_PROTOCOLS");
-  closing = atom("WM_DELETE_WINDOW");
-  xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, protocols, XCB_ATOM_ATOM, 32,
-                      1, &closing);
-  xcb_map_window(connection.get(), window);
-  xcb_flush(connection.get());
+  system->setNames(title);
+  system->setSizeHints(width, height);
+  const xcb_atom_t protocols = system->atom("WM_PROTOCOLS");
+  system->closing = system->atom("WM_DELETE_WINDOW");
+  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, protocols, XCB_ATOM_ATOM, 32, 1,
+                      &system->closing);
+  xcb_map_window(connection, window);
+  xcb_flush(connection);
 }
 
-xcb_atom_t PlainWindow::atom(const char* name) {
+PlainWindow::~PlainWindow() = default;
+
+void* PlainWindow::handle() const {
+  return reinterpret_cast<void*>(static_cast<std::uintptr_t>(system->window));
+}
+
+xcb_atom_t PlainWindow::System::atom(const char* name) {
   const auto length = static_cast<std::uint16_t>(std::strlen(name));
   xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
       connection.get(), xcb_intern_atom(connection.get(), 0, length, name), nullptr);
@@ -62,12 +87,12 @@ xcb_atom_t PlainWindow::atom(const char* name) {
   return found;
 }
 
-void PlainWindow::setText(xcb_atom_t property, xcb_atom_t type, const std::string& text) {
+void PlainWindow::System::setText(xcb_atom_t property, xcb_atom_t type, const std::string& text) {
   xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, property, type, 8,
                       static_cast<std::uint32_t>(text.size()), text.data());
 }
 
-void PlainWindow::setNames(const std::string& title) {
+void PlainWindow::System::setNames(const std::string& title) {
   const std::string name = validText(title);
   const xcb_atom_t utf8 = atom("UTF8_STRING");
   setText(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, latin1(name));
@@ -78,7 +103,7 @@ void PlainWindow::setNames(const std::string& title) {
 }
 
 // Tells the window manager that the effect's window has one size only.
-void PlainWindow::setSizeHints(int width, int height) {
+void PlainWindow::System::setSizeHints(int width, int height) {
   constexpr std::uint32_t kMinimumAndMaximum = (1U << 4) | (1U << 5);  // flags of WM_NORMAL_HINTS
   const auto w = static_cast<std::uint32_t>(width);
   const auto h = static_cast<std::uint32_t>(height);
@@ -88,22 +113,23 @@ void PlainWindow::setSizeHints(int width, int height) {
 }
 
 void PlainWindow::resize(int width, int height) {
-  setSizeHints(width, height);
+  system->setSizeHints(width, height);
   const std::uint32_t size[] = {static_cast<std::uint32_t>(width),
                                 static_cast<std::uint32_t>(height)};
-  xcb_configure_window(connection.get(), window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
-                       size);
-  xcb_flush(connection.get());
+  xcb_configure_window(system->connection.get(), system->window,
+                       XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
+  xcb_flush(system->connection.get());
 }
 
 bool PlainWindow::wanted() {
-  while (xcb_generic_event_t* event = xcb_poll_for_event(connection.get())) {
+  while (xcb_generic_event_t* event = xcb_poll_for_event(system->connection.get())) {
     // the high bit: sent by a client
     const bool message = (event->response_type & 0x7F) == XCB_CLIENT_MESSAGE;
     const bool close =
-        message && reinterpret_cast<xcb_client_message_event_t*>(event)->data.data32[0] == closing;
+        message &&
+        reinterpret_cast<xcb_client_message_event_t*>(event)->data.data32[0] == system->closing;
     std::free(event);
     if (close) return false;
   }
-  return xcb_connection_has_error(connection.get()) == 0;
+  return xcb_connection_has_error(system->connection.get()) == 0;
 }

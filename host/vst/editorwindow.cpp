@@ -1,4 +1,4 @@
-// The effect's window in an X11 window.
+// The effect's window in a plain one.
 #include "host/vst/editorwindow.h"
 
 #include <chrono>
@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "host/base/failure.h"
-#include "host/vst/linux/plainwindow.h"
+#include "host/vst/plainwindow.h"
 
 namespace {
 
