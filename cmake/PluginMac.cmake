@@ -25,8 +25,13 @@ target_sources(trelvan PRIVATE
   platform/mac/xplatalert.mm
   platform/mac/xplatmutex.mm)
 target_compile_options(trelvan PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-objc-arc>)
+# Format and version are part of the Objective-C classes' names.
+string(REPLACE . _ class_suffix "vst24_${PROJECT_VERSION}")
+target_compile_definitions(trelvan PRIVATE
+  $<$<COMPILE_LANGUAGE:OBJCXX>:TRELVAN_CLASS_SUFFIX="${class_suffix}">)
 target_link_libraries(trelvan
-  PUBLIC "-framework Cocoa" "-framework Carbon" "-framework CoreFoundation")
+  PUBLIC "-framework Cocoa" "-framework Carbon" "-framework CoreFoundation"
+  "-framework CoreGraphics")
 # The toolkit makes errors of its warnings, and a newer system's headers bring new ones.
 target_compile_options(vstgui PRIVATE -Wno-error)
 

@@ -7,10 +7,12 @@
 #include <utility>
 
 #include "platform/mac/manualreferences.h"
+#include "platform/mac/runtimename.h"
 #include "platform/xplatalert.h"
 
 // Apart from its owner: the alert runs an event loop of its own, in which a host may do anything,
 // end the owner included. One that is up stays until the user dismisses it.
+TRELVAN_RUNTIME_NAME("Orv_Tlvn_Alert")
 @interface Orv_Tlvn_Alert : NSObject {
   NSTimer* timer;     // retained, until it is up
   std::string* text;  // owned

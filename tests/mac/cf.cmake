@@ -65,3 +65,18 @@ mac_test(macbitmapstest
   LIBRARIES trelvan_toolkit)
 target_compile_definitions(macbitmapstest PRIVATE MAC_RESOURCES="${TRELVAN_RESOURCES}/")
 add_dependencies(macbitmapstest Trelvan)
+
+# What widen has for macOS alone and that runs here, with the tests of what it is used by.
+mac_test(macwidentest
+  SOURCES
+    cf/executablepathmactest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/host/pluginpathtest.cpp
+    ${PROJECT_SOURCE_DIR}/tests/host/pluginsearchtest.cpp
+    ${PROJECT_SOURCE_DIR}/host/base/nearnames.cpp
+    ${PROJECT_SOURCE_DIR}/host/base/text.cpp
+    ${PROJECT_SOURCE_DIR}/host/vst/pluginpath.cpp
+    ${PROJECT_SOURCE_DIR}/host/vst/pluginsearch.cpp
+    ${PROJECT_SOURCE_DIR}/host/vst/mac/executablepath.cpp
+    ${PROJECT_SOURCE_DIR}/host/vst/mac/pluginplaces.cpp
+  LIBRARIES mac_doubles)
+target_compile_definitions(macwidentest PRIVATE WIDEN_ARCHITECTURE_FOLDER="MacOS")

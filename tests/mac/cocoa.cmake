@@ -18,6 +18,7 @@ add_executable(maccocoatest
   cocoa/alerttest.mm
   cocoa/xplatalerttest.mm
   cocoa/idletimertest.mm
+  cocoa/plainwindowtest.mm
   cocoa/textentrymactest.mm
   cocoa/textentrywindowtest.mm
   ${PROJECT_SOURCE_DIR}/platform/mac/alert.mm
@@ -25,11 +26,13 @@ add_executable(maccocoatest
   ${PROJECT_SOURCE_DIR}/platform/mac/xplatmutex.mm
   ${PROJECT_SOURCE_DIR}/editor/base/mac/idletimer.mm
   ${PROJECT_SOURCE_DIR}/editor/controls/mac/textentry.mm
-  ${PROJECT_SOURCE_DIR}/editor/controls/mac/textentrywindow.mm)
+  ${PROJECT_SOURCE_DIR}/editor/controls/mac/textentrywindow.mm
+  ${PROJECT_SOURCE_DIR}/host/vst/mac/plainwindow.mm)
 target_include_directories(maccocoatest PRIVATE cocoa ${PROJECT_SOURCE_DIR}/tests/window)
 # The library brings the label and the editor's base; its own text entry and lock stay out, as
 # ours come first.
 target_link_libraries(maccocoatest PRIVATE trelvan GNUstep::Gui windowhost GTest::gtest)
+target_compile_definitions(maccocoatest PRIVATE TRELVAN_CLASS_SUFFIX="test")
 target_compile_options(maccocoatest PRIVATE
   # Some warnings are g++'s.
   "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:-Wno-unknown-warning-option -Wobjc-method-access>"
@@ -39,16 +42,17 @@ target_compile_options(maccocoatest PRIVATE
 set_source_files_properties(cocoa/cocoatest.mm PROPERTIES COMPILE_OPTIONS -UNDEBUG)
 # To exchange a method, its function is cast to IMP; newer compilers warn of that, and
 # -Wextra turns it on.
-set_source_files_properties(cocoa/textentrywindowtest.mm
+set_source_files_properties(
+  cocoa/textentrywindowtest.mm cocoa/xplatalerttest.mm cocoa/xplatmutextest.mm
   PROPERTIES COMPILE_OPTIONS -Wno-cast-function-type-mismatch)
 
 # One test a suite, but for the alerts: here the second one of a process gets no keys.
 # RESOURCE_LOCK: what they do takes its time, and more of it while others do the same.
 foreach(filter
-    XplatMutexMac.* IdleTimerMac.* TextEntryOnMac.*
+    XplatMutexMac.* IdleTimerMac.* TextEntryOnMac.* PlainWindowMac.*
     AlertOnMac.IsStartedAndAskedFor AlertOnMac.IsNotShownWhenItIsCancelledBefore
     AlertOnMac.MayLoseItsOwnerWhileItIsUp
-    XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape
+    XplatAlertMac.IsAWarning XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape
     XplatAlertMac.IsDismissedByAClickOnOk
     XplatAlertMac.ShowsBytesAbove127AsRomanCharacters XplatAlertMac.TakesNoMessage)
   string(REPLACE ".*" "" name ${filter})

@@ -7,6 +7,7 @@ The libraries that CMake finds are this machine's; nothing is linked with them.
 import glob
 import json
 import os
+import re
 import shlex
 import shutil
 import subprocess
@@ -54,6 +55,15 @@ def objective(sources, folder):
             if path.startswith(folder + os.sep) and path.endswith(".mm")]
 
 
+# What may differ among the toolkit's own definitions and ours: no header asks for it, but for
+# those of the parts that are not used.
+THEIRS_ALONE = {"VSTGUI_ENABLE_XML_PARSER=0", "VSTGUI_USE_SYSTEM_EXPAT"}
+
+
+def definitions(words):
+    return {word[2:] for word in words if word.startswith("-DVSTGUI")} - THEIRS_ALONE
+
+
 def main():
     source, build, toolkit = sys.argv[1:4]
     configure(source, build, toolkit, sys.argv[4:])
@@ -72,8 +82,17 @@ def main():
     for option in ("-std=c++20", "-fno-objc-arc", "-fvisibility=hidden"):
         expect(all(option in words for words in ours), f"all of ours with {option}")
 
+    window = sources[os.path.join(source, "editor/window/adeditor.cpp")]
+    for words in theirs[:1]:
+        expect(definitions(words) == definitions(window) and definitions(words),
+               f"the toolkit's classes are laid out alike there and here: {definitions(window)}")
+    identifier = next((word for word in ours[0] if "TRELVAN_CLASS_SUFFIX" in word), "")
+    expect(re.search(r"_\d+_\d+_\d+", identifier), f"classes' names have a version: {identifier}")
+
     words = sources.get(os.path.join(source, "host/plot/spectrum.cpp"), [])
     expect(words.count("-arch") == 1, "widen is compiled for the machine's own processor")
+    window = sources.get(os.path.join(source, "host/vst/mac/plainwindow.mm"), [])
+    expect("-fno-objc-arc" in window, "so is its window, with its references counted by itself")
     print(f"{len(failures)} wrong")
     return 1 if failures else 0
 

@@ -44,6 +44,14 @@ def window(what, old, new):
     return Mutant(what, "editor/base/mac/framewindow.cpp", old, new, "toolkit")
 
 
+def shown(what, old, new):
+    return Mutant(what, "host/vst/mac/plainwindow.mm", old, new, "cocoa", "PlainWindowMac.*")
+
+
+def executable(what, old, new):
+    return Mutant(what, "host/vst/mac/executablepath.cpp", old, new, "widen")
+
+
 def macho(what, old, new, file="editor/controls/mac/textentry.mm"):
     return Mutant(what, file, old, new, "macho")
 
@@ -123,6 +131,15 @@ MUTANTS = [
     entry("the window is opaque", "setOpaque:NO", "setOpaque:YES"),
     entry("the window's level is not set",
           "  [self setLevel:CGWindowLevelForKey(kCGStatusWindowLevelKey)];\n", ""),
+    entry("it is shown before it has its level",
+          "  [self setLevel:CGWindowLevelForKey(kCGStatusWindowLevelKey)];\n",
+          "  [self makeKeyAndOrderFront:nil];\n"
+          "  [self setLevel:CGWindowLevelForKey(kCGStatusWindowLevelKey)];\n"),
+    entry("it does not show over full screens",
+          "  [self setCollectionBehavior:NSWindowCollectionBehaviorFullScreenAuxiliary];\n", ""),
+    entry("any window's resigning ends it", "object:self];", "object:nil];"),
+    entry("the field is not the first responder",
+          "  [self setInitialFirstResponder:textField];\n", ""),
     # ---- timer ----
     timer("the timer runs on", "    [timer invalidate];\n", ""),
     timer("a late tick reaches the editor", "    [listener setListenerEditor:nullptr];", "    //"),
@@ -143,7 +160,9 @@ MUTANTS = [
          "  [lock tryLock]; (void)deadline;"),
     lock("unlocking does nothing", "[static_cast<NSRecursiveLock*>(mutex) unlock];",
          "(void)mutex;"),
+    lock("it waits ten times as long", "/ 1000.0", "/ 100.0"),
     # ---- alert ----
+    alert("another style", "NSAlertStyleWarning", "static_cast<NSAlertStyle>(2)", "IsAWarning"),
     alert("no message", "[alert setMessageText:textOf(message)];", "(void)textOf(message);",
           "ShowsTheMessageAndOneButton"),
     alert("a second button", "  [alert setInformativeText",
@@ -195,7 +214,26 @@ MUTANTS = [
            "!resources.empty() &&", "false &&", "path"),
     Mutant("the folder's slash is lost", "platform/paths.h", "path.substr(0, path.rfind('/') + 1)",
            "path.substr(0, path.rfind('/'))", "path"),
+    Mutant("a link to the module is not followed", "platform/mac/modulefile.cpp",
+           "if (realpath(info.dli_fname, path) == nullptr) path[0] = 0;",
+           "__builtin_strcpy(path, info.dli_fname);", "path"),
+    # ---- widen ----
+    executable("a link to the program is not followed",
+               "std::filesystem::canonical(path.c_str(), ignored)",
+               "std::filesystem::path(path.c_str())"),
+    executable("a long path is not asked for", "  _NSGetExecutablePath(nullptr, &size);",
+               "  size = 1024;"),
+    Mutant("binaries have an ending", "host/vst/mac/pluginplaces.cpp", "  return {};",
+           "  return \".so\";", "widen"),
+    shown("the user's closing takes the window away", "  return NO;", "  return YES;"),
+    shown("the user's closing is not heard", "  isClosing = YES;\n", ""),
+    shown("the title bar moves", "now.origin.y + now.size.height - next.size.height",
+          "now.origin.y"),
+    shown("the effect gets no events", "[application sendEvent:event];", "(void)event;"),
+    shown("widen's window is leaked", "    [window release];\n", ""),
     # ---- the toolkit's frame and selector ----
+    Mutant("the list never opens", "editor/controls/mac/presetpopup.cpp", "  menu->popup();",
+           "  (void)menu;", "toolkit"),
     window("closing does not wait for the event's end",
            "if (!closing->doAfterEventProcessing([closing] { closing->close(); })) closing->close();",
            "closing->close();"),
@@ -236,4 +274,26 @@ MUTANTS = [
           "cmake/PluginMac.cmake"),
     macho("one picture has no second size", "MAKE_DIRECTORY ${TRELVAN_RESOURCES})",
           "WRITE ${TRELVAN_RESOURCES}/bmp00001.png x)", "cmake/PluginMac.cmake"),
+    macho("the preferences' identifier is not Info.plist's", "com.orv.trelvan", "com.orv.trelvann",
+          "presetsystem/bar/storedpresets.cpp"),
+    macho("classes of all versions have one name", 'name "_" TRELVAN_CLASS_SUFFIX', "name",
+          "platform/mac/runtimename.h"),
+    macho("Cocoa is not linked", '"-framework Cocoa" ', "", "cmake/PluginMac.cmake"),
+    macho("Carbon is not linked", '"-framework Carbon" ', "", "cmake/PluginMac.cmake"),
+    macho("widen calls what Linux alone has", "#include <cmath>\n", "#include <cmath>\n"
+          "#include <unistd.h>\nint process(int* ends) { return pipe2(ends, 0); }\n",
+          "host/base/text.cpp"),
+    macho("widen calls what its oldest system has not", "#include <cmath>\n",
+          "#include <charconv>\n#include <cmath>\nchar* process(char* to, double value) {\n"
+          "  return std::to_chars(to, to + 9, value).ptr;\n}\n", "host/base/text.cpp"),
+    # ---- the build ----
+    Mutant("the bundle is never signed", "cmake/PluginMac.cmake",
+           "    COMMAND ${TRELVAN_CODESIGN} --force --sign - --timestamp=none ${TRELVAN_BUNDLE})",
+           "    COMMAND ${CMAKE_COMMAND} -E true)", "sign"),
+    Mutant("something is written into it afterwards", "cmake/PluginMac.cmake",
+           "--timestamp=none ${TRELVAN_BUNDLE})",
+           "--timestamp=none ${TRELVAN_BUNDLE}\n"
+           "    COMMAND ${CMAKE_COMMAND} -E touch ${TRELVAN_RESOURCES}/late)", "sign"),
+    Mutant("the toolkit's classes are laid out otherwise here", "cmake/Toolkit.cmake",
+           "VSTGUI_OPENGL_SUPPORT=1", "VSTGUI_OPENGL_SUPPORT=0", "configure"),
 ]

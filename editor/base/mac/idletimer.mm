@@ -7,9 +7,11 @@
 
 #include "editor/base/aeffguieditor.h"
 #include "platform/mac/manualreferences.h"
+#include "platform/mac/runtimename.h"
 
 // The timer's target, apart from its owner: a timer retains its target, and the owner has to be
 // able to go before it.
+TRELVAN_RUNTIME_NAME("Orv_Tlvn_TimerListener")
 @interface Orv_Tlvn_TimerListener : NSObject {
   AEffGUIEditor* editor;  // not owned
 }
@@ -17,6 +19,7 @@
 - (void)timerProc:(NSTimer*)timer;
 @end
 
+TRELVAN_RUNTIME_NAME("Orv_Tlvn_Timer")
 @interface Orv_Tlvn_Timer : NSObject {
   AEffGUIEditor* editor;             // not owned
   int32_t interval;                  // milliseconds

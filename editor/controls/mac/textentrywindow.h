@@ -3,11 +3,14 @@
 
 #import <Cocoa/Cocoa.h>
 
+#include "platform/mac/runtimename.h"
+
 class TextEntryOwner;
 @class OrvMCMyTextField;
 
 // Borderless and transparent over the whole main screen, so that a click anywhere comes here. It
 // ends once, by itself, and tells its label; closing releases it. Main thread.
+TRELVAN_RUNTIME_NAME("OrvMCSystemBoxWindow")
 @interface OrvMCSystemBoxWindow : NSWindow <NSTextFieldDelegate> {
   OrvMCMyTextField* textField;    // owned; nil once the entry has ended
   TextEntryOwner* vstPointer;     // not owned; null once the entry has ended
@@ -27,5 +30,6 @@ class TextEntryOwner;
 @end
 
 // Turns shortcuts into a click outside.
+TRELVAN_RUNTIME_NAME("OrvMCMyTextField")
 @interface OrvMCMyTextField : NSTextField
 @end

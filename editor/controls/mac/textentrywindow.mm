@@ -80,8 +80,10 @@ NSString* cocoaText(const std::string& text) {
   [self setOpaque:NO];
   [self setIgnoresMouseEvents:NO];
   [self setInitialFirstResponder:textField];
-  [self makeKeyAndOrderFront:nil];
+  // Before it is shown: over a host in full screen it would come up in another space otherwise.
   [self setLevel:CGWindowLevelForKey(kCGStatusWindowLevelKey)];
+  [self setCollectionBehavior:NSWindowCollectionBehaviorFullScreenAuxiliary];
+  [self makeKeyAndOrderFront:nil];
   [self setReleasedWhenClosed:YES];
   // Twice on purpose; one removeObserver: takes both away.
   for (int i = 0; i < 2; ++i) {

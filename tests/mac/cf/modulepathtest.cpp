@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <string>
 
+#include "tests/support/temporaryfolder.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -41,6 +43,18 @@ TEST(ModulePathMac, EachBundleFindsItself) {
     EXPECT_EQ(found.resources, (bundle / "Contents/Resources/").string());
     EXPECT_EQ(found.leaked, 0);
   }
+}
+
+// A folder of plug-ins may hold links to bundles that lie elsewhere, with their resources.
+TEST(ModulePathMac, ABundleBehindALinkIsFoundWhereItLies) {
+  const TemporaryFolder folder;
+  const fs::path bundle = fs::path(folder.path) / "Real.vst";
+  fs::create_directories(bundle / "Contents/MacOS");
+  fs::copy_file(fs::path(MAC_BUNDLES) / "One.vst/Contents/MacOS/One",
+                bundle / "Contents/MacOS/Real");
+  fs::create_directory_symlink(bundle, fs::path(folder.path) / "Linked.vst");
+  const Probe found = probe(fs::path(folder.path) / "Linked.vst/Contents/MacOS/Real");
+  EXPECT_EQ(found.folder, (bundle / "Contents/MacOS/").string());
 }
 
 }  // namespace

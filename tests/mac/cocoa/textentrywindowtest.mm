@@ -25,6 +25,19 @@ NSRect frameOfOtherHeight(id, SEL) { return NSMakeRect(0, 0, 1024, screenHeight)
 int confirmations = 0;
 void countConfirmation(id, SEL, id) { ++confirmations; }
 
+// What the window was like when it was shown, and the real message. GNUstep's windows forget their
+// behaviour.
+NSInteger levelWhenShown = 0;
+NSUInteger behavior = 0;
+NSUInteger behaviorWhenShown = 0;
+void (*reallyShow)(id, SEL, id) = nullptr;
+void noteBehavior(id, SEL, NSWindowCollectionBehavior wanted) { behavior = wanted; }
+void noteAndShow(id self, SEL command, id sender) {
+  levelWhenShown = [static_cast<NSWindow*>(self) level];
+  behaviorWhenShown = behavior;
+  reallyShow(self, command, sender);
+}
+
 // ---- where and how it shows ----
 
 TEST_F(TextEntryOnMac, CoversTheFirstScreen) {
@@ -38,6 +51,29 @@ TEST_F(TextEntryOnMac, CoversTheFirstScreen) {
   EXPECT_EQ([window() level], CGWindowLevelForKey(kCGStatusWindowLevelKey));
   EXPECT_TRUE([window() isReleasedWhenClosed]);
   label->endEntry(false);
+}
+
+// In another order the system shows it in the space that is under a host in full screen.
+TEST_F(TextEntryOnMac, HasItsLevelAndItsPlaceBesideFullScreensBeforeItIsShown) {
+  Method show = class_getInstanceMethod([NSWindow class], @selector(makeKeyAndOrderFront:));
+  reallyShow = reinterpret_cast<void (*)(id, SEL, id)>(
+      method_setImplementation(show, reinterpret_cast<IMP>(noteAndShow)));
+  Method set = class_getInstanceMethod([NSWindow class], @selector(setCollectionBehavior:));
+  const IMP reallySet = method_setImplementation(set, reinterpret_cast<IMP>(noteBehavior));
+  TextEntry entry;
+  const bool opened = entry.open(label, kPlace);
+  method_setImplementation(set, reallySet);
+  method_setImplementation(show, reinterpret_cast<IMP>(reallyShow));
+  ASSERT_TRUE(opened);
+  EXPECT_EQ(levelWhenShown, CGWindowLevelForKey(kCGStatusWindowLevelKey));
+  EXPECT_EQ(behaviorWhenShown,
+            static_cast<NSUInteger>(NSWindowCollectionBehaviorFullScreenAuxiliary));
+}
+
+TEST_F(TextEntryOnMac, GivesTheKeyboardToItsField) {
+  TextEntry entry;
+  ASSERT_TRUE(entry.open(label, kPlace));
+  EXPECT_EQ([window() initialFirstResponder], field());
 }
 
 TEST_F(TextEntryOnMac, LiesOverTheLabel) {
@@ -213,6 +249,9 @@ TEST_F(TextEntryOnMac, ListensForResigningTwiceAndNotAnyMoreWhenItHasEnded) {
   [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification
                                                       object:running];
   EXPECT_EQ(confirmations, 2);
+  [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification
+                                                      object:NSApp];
+  EXPECT_EQ(confirmations, 2) << "another window's resigning is not its own";
   label->endEntry(false);
   confirmations = 0;
   [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidResignMainNotification

@@ -1,6 +1,8 @@
 // The alert, on GNUstep, dismissed by real keys and a real click.
 #include "platform/xplatalert.h"
 
+#import <objc/runtime.h>
+
 #include <chrono>
 #include <cstdint>
 #include <memory>
@@ -69,6 +71,24 @@ class XplatAlertMac : public CocoaTest {
 
   TestDisplay display;
 };
+
+// What the alert is like in the place of being run.
+NSAlertStyle styleWhenRun = NSInformationalAlertStyle;
+NSInteger noteStyle(id self, SEL) {
+  styleWhenRun = [static_cast<NSAlert*>(self) alertStyle];
+  return 0;
+}
+
+TEST_F(XplatAlertMac, IsAWarning) {
+  for (const NSAlertStyle before : {NSInformationalAlertStyle, NSCriticalAlertStyle}) {
+    styleWhenRun = before;
+    Method run = class_getInstanceMethod([NSAlert class], @selector(runModal));
+    const IMP real = method_setImplementation(run, reinterpret_cast<IMP>(noteStyle));
+    XPlatDisplayAlert("text");
+    method_setImplementation(run, real);
+    EXPECT_EQ(styleWhenRun, NSWarningAlertStyle);
+  }
+}
 
 TEST_F(XplatAlertMac, ShowsTheMessageAndOneButton) {
   bool message = false;

@@ -1,6 +1,8 @@
 // The recursive lock, on GNUstep.
 #include "platform/xplatmutex.h"
 
+#import <objc/runtime.h>
+
 #include <atomic>
 #include <chrono>
 #include <limits>
@@ -12,6 +14,13 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
+
+// What a lock was given in the place of waiting.
+double secondsToWait = 0;
+BOOL noteDeadline(id, SEL, NSDate* deadline) {
+  secondsToWait = [deadline timeIntervalSinceNow];
+  return YES;
+}
 
 class XplatMutexMac : public CocoaTest {
  protected:
@@ -61,6 +70,16 @@ TEST_F(XplatMutexMac, GoesOnWhenTheTimeIsUp) {
   XPlatUnlockMutex(mutex);
   EXPECT_GE(waited, milliseconds(145));
   EXPECT_LT(waited, milliseconds(5000));
+}
+
+// Long enough that no pause of this process makes a difference.
+TEST_F(XplatMutexMac, TakesItsTimeInMilliseconds) {
+  Method lock = class_getInstanceMethod([NSRecursiveLock class], @selector(lockBeforeDate:));
+  const IMP real = method_setImplementation(lock, reinterpret_cast<IMP>(noteDeadline));
+  XPlatLockMutex(mutex, 10000000);
+  method_setImplementation(lock, real);
+  EXPECT_LE(secondsToWait, 10000);
+  EXPECT_GT(secondsToWait, 9000);
 }
 
 TEST_F(XplatMutexMac, WaitsForTheLockWithTheLongestTimeouts) {

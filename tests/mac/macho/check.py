@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""check.py BUILD LLVM: looks at what the Mach-O build made: the bundle, its exports, and what it
-and the libraries import."""
+"""check.py BUILD LLVM: looks at what the Mach-O build made: the bundle, its exports and names, and
+what it, the libraries and widen's sources import."""
 import os
+import platform
 import plistlib
 import subprocess
 import sys
@@ -81,8 +82,45 @@ def check_module(module):
         expect(exports == {EXPORT}, f"{processor}: exports {sorted(exports)}")
 
 
-def check_imports(what, processor, undefined):
-    allowed = imports.sections()
+def check_frameworks(module, processor):
+    """What the module takes of a framework, it links that framework for: nothing else of the build
+    links them, and a symbol that no library of the link has is looked up when the module runs."""
+    out = tool("llvm-nm", f"--arch={processor}", "-m", "--undefined-only", module)
+    open_ = {line.split()[2] for line in out.splitlines() if "dynamically looked up" in line}
+    apples = [section for section in imports.sections() if section.apple]
+    missing = {symbol for symbol in open_ if any(section.allows(symbol) for section in apples)}
+    expect(not missing, f"{processor}: links what it takes from Apple's libraries {sorted(missing)}")
+
+
+def check_identity(build):
+    """The names by which the system keeps things of the plug-in's."""
+    with open(os.path.join(build, BUNDLE, "Info.plist"), "rb") as file:
+        info = plistlib.load(file)
+    with open(os.path.join(build, BUNDLE, "MacOS/Trelvan"), "rb") as file:
+        code = file.read()
+    identifier = info["CFBundleIdentifier"]
+    expect(b"\0" + identifier.encode() + b"\0" in code,
+           f"the preferences' identifier is Info.plist's: {identifier}")
+    suffix = "_vst24_" + info["CFBundleVersion"].replace(".", "_")
+    names = {symbol.removeprefix("_OBJC_CLASS_$_")
+             for symbol in symbols(os.path.join(build, "libtrelvan.a"), "arm64", "--defined-only")
+             if symbol.startswith("_OBJC_CLASS_$_")}
+    expect(len(names) >= 5 and all(name.endswith(suffix) for name in names),
+           f"every Objective-C class has format and version in its name: {sorted(names)}")
+
+
+def check_widen(build):
+    """What widen's sources ask of the system and its libraries; it is not linked here."""
+    library = os.path.join(build, "host/libwiden_host.a")
+    processor = platform.machine()  # it is built for the machine's own
+    defined = symbols(library, processor, "--defined-only")
+    defined |= symbols(os.path.join(build, "libtrelvan_images.a"), processor, "--defined-only")
+    undefined = symbols(library, processor, "--undefined-only")
+    check_imports("widen", processor, undefined - defined - {"___dso_handle"}, "allowedwiden.txt")
+
+
+def check_imports(what, processor, undefined, names="allowed.txt"):
+    allowed = imports.sections(names)
     rest = set(undefined)
     for section in allowed:
         found = {symbol for symbol in rest if section.allows(symbol)}
@@ -97,7 +135,10 @@ def main():
     module = os.path.join(build, BUNDLE, "MacOS/Trelvan")
     check_bundle(build)
     check_module(module)
+    check_identity(build)
+    check_widen(build)
     for processor in PROCESSORS:
+        check_frameworks(module, processor)
         check_imports("module", processor, symbols(module, processor, "--undefined-only"))
         # Our objects too, as the module leaves out what nothing in it asks for.
         ours = [os.path.join(build, name)

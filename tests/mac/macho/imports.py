@@ -1,4 +1,5 @@
-"""The list of symbols that the module may import (allowed.txt), by library."""
+"""The lists of symbols that the module (allowed.txt) and widen (allowedwiden.txt) may import, by
+library."""
 import fnmatch
 import os
 
@@ -32,9 +33,9 @@ class Section:
         return any(fnmatch.fnmatchcase(symbol, name) for name in self.names())
 
 
-def sections():
+def sections(name="allowed.txt"):
     result = []
-    with open(os.path.join(FOLDER, "allowed.txt"), encoding="utf-8") as lines:
+    with open(os.path.join(FOLDER, name), encoding="utf-8") as lines:
         for line in lines:
             words = line.split("#")[0].split()
             if not words:

@@ -19,17 +19,17 @@ foreach(language C CXX OBJCXX)
     "${MACHO_libtool-darwin} -static -o <TARGET> <OBJECTS>")
 endforeach()
 
-# Frameworks and libraries that hold the allowed symbols and nothing else. The C and C++ libraries'
-# and the toolkit's Cocoa backend are left open here; the check of imports looks at them.
+# Frameworks and libraries that hold the allowed symbols and nothing else. The compiler links the C
+# and the Objective-C library by itself; frameworks are those that the product asks for. What that
+# leaves open here, the C++ library and the toolkit's Cocoa backend, the check of imports looks at.
 execute_process(
   COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/stubs.py ${CMAKE_BINARY_DIR}/stubs
   COMMAND_ERROR_IS_FATAL ANY)
-file(GLOB macho_stubs ${CMAKE_BINARY_DIR}/stubs/*.tbd)
-list(JOIN macho_stubs " " macho_stubs)
 string(JOIN " " CMAKE_MODULE_LINKER_FLAGS
   -B${CMAKE_BINARY_DIR}/bin -fuse-ld=${MACHO_LD} -mlinker-version=705 -nodefaultlibs -nostdlib++
-  -Wno-unused-command-line-argument -F${CMAKE_BINARY_DIR}/stubs -Wl,-undefined,dynamic_lookup
-  ${macho_stubs})
+  -Wno-unused-command-line-argument -F${CMAKE_BINARY_DIR}/stubs
+  -Wl,-syslibroot,${CMAKE_BINARY_DIR}/stubs -Wl,-undefined,dynamic_lookup
+  ${CMAKE_BINARY_DIR}/stubs/libSystem.tbd ${CMAKE_BINARY_DIR}/stubs/libobjc.tbd)
 
 # The toolkit without its Cocoa backend, which needs Apple's headers: its folder with a
 # CMakeLists.txt of ours in it.
@@ -45,9 +45,16 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/toolkit.cmake
   ${macho_toolkit}/vstgui/CMakeLists.txt COPYONLY)
 set(TRELVAN_TOOLKIT_SOURCE ${macho_toolkit} CACHE PATH "" FORCE)
 
-# What widen has for macOS alone; the rest of it needs libraries that are not here for that system.
-add_library(macho_widen OBJECT
-  host/vst/mac/editorwindow.cpp host/vst/mac/executablepath.cpp host/vst/mac/pluginplaces.cpp)
-target_include_directories(macho_widen PRIVATE ${PROJECT_SOURCE_DIR})
-target_compile_features(macho_widen PRIVATE cxx_std_20)
-target_compile_options(macho_widen PRIVATE -Wall -Wextra -Werror -mmacosx-version-min=10.15)
+# The headers of widen's libraries are Debian's, and lie among the C library's of this system, which
+# must not be seen.
+set(macho_headers ${CMAKE_BINARY_DIR}/headers)
+file(MAKE_DIRECTORY ${macho_headers})
+foreach(header sndfile.h ebur128.h CLI nlohmann)
+  file(CREATE_LINK /usr/include/${header} ${macho_headers}/${header} SYMBOLIC)
+endforeach()
+file(GLOB macho_system_headers /usr/include/*-linux-gnu)
+enable_language(OBJCXX)  # which sets the list
+foreach(language CXX OBJCXX)
+  list(APPEND CMAKE_${language}_IMPLICIT_INCLUDE_DIRECTORIES /usr/include ${macho_system_headers})
+endforeach()
+string(APPEND CMAKE_CXX_FLAGS " -isystem ${macho_headers}")

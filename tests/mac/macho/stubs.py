@@ -2,16 +2,22 @@
 """stubs.py FOLDER: writes text-based libraries that export exactly the allowed symbols of
 Apple's."""
 import os
+import shutil
 import sys
 
 import imports
 
 TARGETS = "[ x86_64-macos, arm64-macos ]"
+FRAMEWORKS = "/System/Library/Frameworks"
+IN_COCOA = ("AppKit", "Foundation")  # what Cocoa is an umbrella for
 
 
-def text(path, symbols, classes):
-    lines = ["--- !tapi-tbd", "tbd-version: 4", f"targets: {TARGETS}", f"install-name: {path}",
-             "exports:", f"  - targets: {TARGETS}"]
+def text(path, symbols=(), classes=(), reexported=()):
+    lines = ["--- !tapi-tbd", "tbd-version: 4", f"targets: {TARGETS}", f"install-name: {path}"]
+    if reexported:
+        lines += ["reexported-libraries:", f"  - targets: {TARGETS}",
+                  "    libraries: [ " + ", ".join(f"'{name}'" for name in reexported) + " ]"]
+    lines += ["exports:", f"  - targets: {TARGETS}"]
     if symbols:
         lines.append("    symbols: [ " + ", ".join(f"'{name}'" for name in symbols) + " ]")
     if classes:
@@ -27,14 +33,23 @@ def write(path, content):
 
 def main():
     folder = sys.argv[1]
+    shutil.rmtree(folder, ignore_errors=True)
+    parts = []
     for section in imports.sections():
-        if section.apple:
-            name = os.path.basename(section.path).split(".")[0]
-            write(f"{folder}/{name}.tbd", text(section.path, section.symbols, section.classes))
-    # What is asked for by name; the symbols are in the files above.
-    for name in ("Cocoa", "Carbon", "CoreFoundation"):
-        path = f"/System/Library/Frameworks/{name}.framework/Versions/A/{name}"
-        write(f"{folder}/{name}.framework/{name}.tbd", text(path, [f"_stub_{name}"], []))
+        if not section.apple:
+            continue
+        name = os.path.basename(section.path).split(".")[0]
+        content = text(section.path, section.symbols, section.classes)
+        if not section.path.startswith(FRAMEWORKS):
+            write(f"{folder}/{name}.tbd", content)
+        elif name in IN_COCOA:
+            # Where it is looked for as a part, and nowhere else.
+            parts.append(section.path)
+            write(folder + section.path + ".tbd", content)
+        else:
+            write(f"{folder}/{name}.framework/{name}.tbd", content)
+    write(f"{folder}/Cocoa.framework/Cocoa.tbd",
+          text(f"{FRAMEWORKS}/Cocoa.framework/Versions/A/Cocoa", ["_stub_Cocoa"], (), parts))
 
 
 main()

@@ -5,6 +5,7 @@
 #include <mach-o/dyld.h>
 
 #include <cstdint>
+#include <cstring>
 
 extern "C" const char __dso_handle;  // one an image here too, though not at the header's address
 
@@ -13,6 +14,7 @@ namespace {
 // never ended: with a destructor the name below would be taken
 auto& shown = *new std::vector<dylddouble::Image>;
 bool process = true;
+auto& executable = *new std::string;
 
 int visit(dl_phdr_info* info, std::size_t, void* data) {
   auto& images = *static_cast<std::vector<dylddouble::Image>*>(data);
@@ -47,6 +49,10 @@ void showProcess() {
   process = true;
 }
 
+void showExecutable(const std::string& path) {
+  executable = path;
+}
+
 const void* ownHeader() {
   return &__dso_handle;
 }
@@ -63,4 +69,15 @@ const mach_header* _dyld_get_image_header(uint32_t index) {
 
 const char* _dyld_get_image_name(uint32_t index) {
   return images().at(index).name;
+}
+
+// As Apple's: the size that is too small is put right.
+int _NSGetExecutablePath(char* buffer, uint32_t* size) {
+  const auto needed = static_cast<uint32_t>(executable.size() + 1);
+  if (*size < needed) {
+    *size = needed;
+    return -1;
+  }
+  std::memcpy(buffer, executable.c_str(), needed);
+  return 0;
 }

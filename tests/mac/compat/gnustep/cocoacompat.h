@@ -6,6 +6,12 @@
 
 #define NSAlertStyleWarning NSWarningAlertStyle
 #define NSEventModifierFlagCommand NSCommandKeyMask
+#define NSEventMaskAny NSAnyEventMask
+
+// For programs without a bundle, which are others here in no way. The test does nothing in it.
+@interface NSApplication (ActivationPolicy)
+- (BOOL)setActivationPolicy:(NSInteger)policy;
+@end
 
 typedef int32_t CGWindowLevel;
 typedef int32_t CGWindowLevelKey;

@@ -67,6 +67,7 @@ enum : NSStringEncoding {
 @end
 @interface NSDate : NSObject
 + (instancetype)dateWithTimeIntervalSinceNow:(NSTimeInterval)s;
+@property(class, readonly, copy) NSDate* distantPast;
 @end
 @interface NSAutoreleasePool : NSObject
 - (void)drain;
@@ -175,9 +176,21 @@ enum NSTextAlignment : NSInteger {
 @property(copy) NSDictionary* selectedTextAttributes;
 @end
 typedef NSUInteger NSWindowStyleMask;
-enum : NSWindowStyleMask { NSWindowStyleMaskBorderless = 0 };
+enum : NSWindowStyleMask {
+  NSWindowStyleMaskBorderless = 0,
+  NSWindowStyleMaskTitled = 1 << 0,
+  NSWindowStyleMaskClosable = 1 << 1,
+  NSWindowStyleMaskMiniaturizable = 1 << 2
+};
+enum NSWindowCollectionBehavior : NSUInteger {
+  NSWindowCollectionBehaviorFullScreenAuxiliary = 1 << 8
+};
 enum NSBackingStoreType : NSUInteger { NSBackingStoreBuffered = 2 };
 typedef NSInteger NSWindowLevel;
+@protocol NSWindowDelegate <NSObject>
+@optional
+- (BOOL)windowShouldClose:(NSWindow*)sender;
+@end
 @interface NSWindow : NSResponder
 - (instancetype)initWithContentRect:(NSRect)r
                           styleMask:(NSWindowStyleMask)m
@@ -190,11 +203,33 @@ typedef NSInteger NSWindowLevel;
 @property BOOL ignoresMouseEvents;
 @property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property NSWindowLevel level;
+@property NSWindowCollectionBehavior collectionBehavior;
+@property(assign) id<NSWindowDelegate> delegate;  // weak in the SDK
+@property(copy) NSString* title;
+@property(readonly) NSRect frame;
+- (NSRect)frameRectForContentRect:(NSRect)r;
+- (void)setFrame:(NSRect)r display:(BOOL)d;
+- (void)center;
 @property(readonly) BOOL canBecomeKeyWindow;
 @property(readonly) BOOL canBecomeMainWindow;
 - (void)makeKeyAndOrderFront:(id)sender;
 - (NSText*)fieldEditor:(BOOL)create forObject:(id)o;
 - (void)close;
+@end
+
+enum NSApplicationActivationPolicy : NSInteger { NSApplicationActivationPolicyRegular = 0 };
+enum NSEventMask : unsigned long long { NSEventMaskAny = ~0ULL };
+typedef NSString* NSRunLoopMode;
+@interface NSApplication : NSResponder
+@property(class, readonly, strong) NSApplication* sharedApplication;
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p;
+- (void)activateIgnoringOtherApps:(BOOL)flag;
+- (void)finishLaunching;
+- (NSEvent*)nextEventMatchingMask:(NSEventMask)m
+                        untilDate:(NSDate*)d
+                           inMode:(NSRunLoopMode)mode
+                          dequeue:(BOOL)flag;
+- (void)sendEvent:(NSEvent*)e;
 @end
 
 typedef int32_t CGWindowLevel;
@@ -203,6 +238,7 @@ enum CGWindowLevelKey : int32_t { kCGStatusWindowLevelKey = 9 };
 extern "C" {
 CGWindowLevel CGWindowLevelForKey(CGWindowLevelKey key);
 extern NSNotificationName const NSWindowDidResignMainNotification;
+extern NSRunLoopMode const NSDefaultRunLoopMode;
 extern NSString* const NSForegroundColorAttributeName;
 extern NSString* const NSBackgroundColorAttributeName;
 }
