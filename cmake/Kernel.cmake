@@ -8,10 +8,11 @@ function(trelvan_add_kernel name)
   add_library(trelvan_kernel_${name} OBJECT effect/kernel.cpp)
   target_link_libraries(trelvan_kernel_${name} PRIVATE trelvan_options)
   target_compile_definitions(trelvan_kernel_${name} PRIVATE TRELVAN_KERNEL=${name})
-  # Vectors in every configuration; and short loops that fill or copy stay loops, since a call to
-  # the library costs more than they do.
+  # Vectors in every configuration, also where a loop says itself that it may be one (omp simd, which
+  # needs no library); and short loops that fill or copy stay loops, since a call to the library
+  # costs more than they do.
   target_compile_options(trelvan_kernel_${name} PRIVATE
-    -O3 $<$<CXX_COMPILER_ID:GNU>:-fno-tree-loop-distribute-patterns> ${ARGN})
+    -O3 -fopenmp-simd $<$<CXX_COMPILER_ID:GNU>:-fno-tree-loop-distribute-patterns> ${ARGN})
   set(TRELVAN_KERNELS ${TRELVAN_KERNELS} $<TARGET_OBJECTS:trelvan_kernel_${name}> PARENT_SCOPE)
   set(TRELVAN_KERNEL_FORMS ${TRELVAN_KERNEL_FORMS} ${name} PARENT_SCOPE)
 endfunction()

@@ -21,6 +21,7 @@ add_library(trelvan_effect STATIC
   effect/trelvan.cpp
   effect/trelvanparameters.cpp
   effect/trelvanprocess.cpp
+  effect/sharedrates.cpp
   effect/kernelforms.cpp
   ${TRELVAN_KERNELS}
   effect/numbertext.cpp

@@ -9,21 +9,6 @@
 namespace kernel {
 namespace {
 
-// What a run needs for itself. In front of the delayed samples there is room for one that is read.
-template <typename Sample>
-struct Room {
-  Sample mid[kRunFrames];
-  Sample side[kRunFrames];
-  Sample oneBeforeDelayed[1 + kGlidingFrames];
-  Sample spare[kRunFrames];  // left, where only right comes out
-  float floats[kGlidingFrames];
-  float gains[kGlidingFrames];
-  float emphases[kGlidingFrames];
-  double offsets[kGlidingFrames];
-
-  Sample* delayed() { return oneBeforeDelayed + 1; }
-};
-
 std::int32_t least(std::int32_t a, std::int32_t b) {
   return a < b ? a : b;
 }
@@ -40,63 +25,93 @@ void fetchLine(const State& state, std::int32_t offset, std::int32_t frames) {
   }
 }
 
+template <typename Sample>
+Block<Sample> partOf(const Block<Sample>& block, std::int32_t first, std::int32_t frames) {
+  return {block.inL + first, block.inR + first, block.outL + first, block.outR + first, frames};
+}
+
+// Whether the delayed samples of a run are the line's own, one after the other: at an offset that
+// rests, and so far that the run overwrites none that it reads, nor the one in front of them.
+bool delayRests(const State& state, const Targets& targets) {
+  return state.offset == targets.offset && clears(targets.offset, 1 + kRunFrames) &&
+         goesOn(state, targets.offset);
+}
+
+// Whether all glides rest. Where they did in the run before and go nowhere else, they still do.
+bool allRests(State& state, const Rates& rates, const Targets& targets) {
+  const Targets& at = state.restsAt;
+  if (state.rests && at.gain == targets.gain && at.emphasis == targets.emphasis &&
+      at.offset == targets.offset)
+    return true;
+  state.rests = gainsRest(state, rates, targets) && delayRests(state, targets);
+  state.restsAt = targets;
+  return state.rests;
+}
+
+template <typename Sample>
+void widenAtRest(State& state, const Rates& rates, const Targets& targets,
+                 const Block<Sample>& run) {
+  Sample room[kRunFrames];
+  const Sample* const mid = takeMids(run, room, state.line + nextPlace(state));
+  closeLine(state, run.frames);
+  shapeRun(state, rates, pastOf(state, targets.offset, run.frames), Steady<Sample>{state.emphasis},
+           Steady<Sample>{targets.sign * state.gain}, mid, run);
+}
+
+// Not inlined: it would take registers from what runs at rest.
+template <typename Sample>
+[[gnu::noinline]] void widenGliding(State& state, const Rates& rates, const Targets& targets,
+                                    const Block<Sample>& run) {
+  Sample room[kGlidingFrames];
+  float gains[kGlidingFrames];
+  float emphases[kGlidingFrames];
+  glideGains(state, rates, targets, gains, emphases, run.frames);
+  if (delayRests(state, targets)) {
+    const Sample* const mid = takeMids(run, room, state.line + nextPlace(state));
+    closeLine(state, run.frames);
+    shapeRun(state, rates, pastOf(state, targets.offset, run.frames), +emphases,
+             Signed{gains, targets.sign}, mid, run);
+  } else {
+    float floats[kGlidingFrames];
+    double offsets[kGlidingFrames];
+    Sample oneBeforeDelayed[1 + kGlidingFrames];
+    Sample* const delayed = oneBeforeDelayed + 1;
+    const Sample* const mid = takeMids(run, room, floats);
+    glideOffset(state, rates, targets, offsets, run.frames);
+    delayMoving(state, floats, offsets, delayed, run.frames);
+    delayed[-1] = static_cast<Sample>(state.lastDelayed);
+    shapeRun(state, rates, delayed, +emphases, Signed{gains, targets.sign}, mid, run);
+  }
+}
+
 // The order of operations and the types in here are the definition of the sound: results are the
 // same bits for every division into blocks.
 template <typename Sample>
 void widen(State& state, const Rates& rates, const Targets& targets, const Block<Sample>& block) {
-  Room<Sample> room;
-  Sample* const side = room.side;
-  Sample* const delayed = room.delayed();
-  const float sign = targets.sign;
   fetchLine(state, targets.offset, block.frames);
   std::int32_t frames = 0;
   for (std::int32_t done = 0; done < block.frames; done += frames) {
-    const bool steady = gainsRest(state, rates, targets);
-    const bool still = state.offset == targets.offset && clears(targets.offset, kRunFrames);
-    frames = least(block.frames - done, steady && still ? kRunFrames : kGlidingFrames);
-    Sample* const outR = block.outR + done;
-    Sample* const outL = block.outL == block.outR ? room.spare : block.outL + done;
-
-    float* const written = still ? state.line + nextPlace(state) : room.floats;
-    const Sample* const mid =
-        takeMids(block.inL + done, block.inR + done, room.mid, written, frames);
-    if (still) closeLine(state, frames);
-    if (steady && still) {
-      const Past past = pastOf(state, targets.offset, frames);
-      shapeRun(state, sign, past, Steady{state.emphasis}, Steady{state.gain}, mid, side, outL, outR,
-               frames);
-    } else if (still) {
-      const Past past = pastOf(state, targets.offset, frames);
-      glideGains(state, rates, targets, room.gains, room.emphases, frames);
-      shapeRun(state, sign, past, +room.emphases, +room.gains, mid, side, outL, outR, frames);
+    if (allRests(state, rates, targets)) {
+      frames = least(block.frames - done, kRunFrames);
+      widenAtRest(state, rates, targets, partOf(block, done, frames));
     } else {
-      glideGains(state, rates, targets, room.gains, room.emphases, frames);
-      glideOffset(state, rates, targets, room.offsets, frames);
-      delayMoving(state, room.floats, room.offsets, delayed, frames);
-      delayed[-1] = static_cast<Sample>(state.lastDelayed);
-      shapeRun(state, sign, delayed, +room.emphases, +room.gains, mid, side, outL, outR, frames);
+      frames = least(block.frames - done, kGlidingFrames);
+      widenGliding(state, rates, targets, partOf(block, done, frames));
     }
-    state.midLevel = heard(rates, state.midLevel, mid, frames);
-    state.sideLevel = heard(rates, state.sideLevel, side, frames);
   }
 }
 
 template <typename Sample>
 void pass(State& state, const Rates& rates, const Targets& targets, const Block<Sample>& block) {
-  Room<Sample> room;
+  state.rests = false;  // the line goes on while nothing of it is heard
   std::int32_t frames = 0;
   for (std::int32_t done = 0; done < block.frames; done += frames) {
+    float gains[kGlidingFrames];
+    float emphases[kGlidingFrames];
     const bool steady = gainsRest(state, rates, targets);
     frames = least(block.frames - done, steady ? kRunFrames : kGlidingFrames);
-    const Sample* const inL = block.inL + done;
-    const Sample* const inR = block.inR + done;
-
-    const Sample* const mid = takeMids(inL, inR, room.mid, state.line + nextPlace(state), frames);
-    closeLine(state, frames);
-    if (!steady) glideGains(state, rates, targets, room.gains, room.emphases, frames);
-    passRun(inL, inR, block.outL + done, block.outR + done, room.spare, frames);
-    state.midLevel = heard(rates, state.midLevel, mid, frames);
-    state.sideLevel = flushed(faded(rates, state.sideLevel, frames));
+    if (!steady) glideGains(state, rates, targets, gains, emphases, frames);
+    passRun(state, rates, partOf(block, done, frames));
   }
 }
 

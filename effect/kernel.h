@@ -9,13 +9,11 @@ namespace kernel {
 constexpr std::int32_t kLineFrames = 16384;  // of the delay line, a power of two
 constexpr std::int32_t kRunFrames = 512;     // worked on at once, at most
 constexpr std::int32_t kGlidingFrames = 64;  // the same while something glides
-constexpr std::int32_t kFadeFrames = 64;     // that a level fades by at once, at most
-constexpr std::int32_t kMostLanes = 16;      // sums of which a level is made, side by side
 
 // The line's memory. Its first frames stand once more behind its last one, so that a run is written
-// and read in one piece, and the float in front of it may be read. Frame 1, the first that is ever
-// written, begins a cache line: blocks of usual lengths then go on at the beginning of one, and no
-// vector that is written lies in two.
+// and read in one piece, and its last one stands once more in front of its first one. Frame 1, the
+// first that is ever written, begins a cache line: blocks of usual lengths then go on at the
+// beginning of one, and no vector that is written lies in two.
 struct alignas(64) LineMemory {
   static constexpr std::int32_t kBefore = 15;  // floats: with frame 0, those of one cache line
   float floats[kBefore + kLineFrames + kRunFrames] = {};
@@ -31,10 +29,18 @@ struct Rates {
   float powers[kGlidingFrames] = {};
   double finePowers[kGlidingFrames] = {};
 
-  // Of levels: what is left of one after 0, 1, 2 .. frames of silence, and what each of the last
-  // frames adds to one.
-  double left[kFadeFrames + 1] = {};
-  double weights[kMostLanes] = {};
+  // Of levels: the part of the way to a frame's magnitude that it closes, and what is left of that
+  // .. 2, 1, 0 frames later.
+  double level = 0.0;
+  alignas(64) double left[kRunFrames] = {};
+};
+
+// Where the glides go, and the side's sign: the same throughout a block.
+struct Targets {
+  float gain;
+  float emphasis;
+  std::int32_t offset;  // whole frames
+  float sign;           // 1 or -1
 };
 
 // What lasts from run to run. The audio thread's.
@@ -49,17 +55,20 @@ struct State {
   std::int32_t newest = 0;   // place of the newest frame in the line
   float lastDelayed = 0.0F;  // float in both precisions
 
+  // Whether the run before was at rest, and at which targets: then the next one need not look.
+  bool rests = false;
+  Targets restsAt = {};
+
   // Smoothed levels, for the meter.
   double midLevel = 0.0;
   double sideLevel = 0.0;
-};
 
-// Where the glides go, and the side's sign: the same throughout a block.
-struct Targets {
-  float gain;
-  float emphasis;
-  std::int32_t offset;  // whole frames
-  float sign;           // 1 or -1
+  // As after a pause, with a line of silence. Glides and the place in the line stay.
+  void clear() {
+    lastDelayed = 0.0F;
+    rests = false;
+    midLevel = sideLevel = 0.0;
+  }
 };
 
 // Where the channels of one block are; several may be the same buffer. Each frame is read before it

@@ -17,15 +17,14 @@ static inline Sample midOf(Sample left, Sample right) {
 
 // The mids of a run, and the floats that the line holds of them: in single precision the same ones,
 // so they are written once. Returns where the mids are; room: for those of double precision.
-static inline const float* takeMids(const float* inL, const float* inR, float*,
-                                    float* __restrict floats, std::int32_t frames) {
-  for (std::int32_t i = 0; i < frames; ++i) floats[i] = midOf(inL[i], inR[i]);
+static inline const float* takeMids(const Block<float>& run, float*, float* __restrict floats) {
+  for (std::int32_t i = 0; i < run.frames; ++i) floats[i] = midOf(run.inL[i], run.inR[i]);
   return floats;
 }
-static inline const double* takeMids(const double* inL, const double* inR, double* __restrict room,
-                                     float* __restrict floats, std::int32_t frames) {
-  for (std::int32_t i = 0; i < frames; ++i) {
-    room[i] = midOf(inL[i], inR[i]);
+static inline const double* takeMids(const Block<double>& run, double* __restrict room,
+                                     float* __restrict floats) {
+  for (std::int32_t i = 0; i < run.frames; ++i) {
+    room[i] = midOf(run.inL[i], run.inR[i]);
     floats[i] = static_cast<float>(room[i]);
   }
   return room;
@@ -36,16 +35,22 @@ static inline std::int32_t nextPlace(const State& state) {
   return (state.newest + 1) & kLineMask;
 }
 
-// Ends the writing of a run, which went on from nextPlace in one piece: what is behind the line's
-// end goes to its beginning, and what is at its beginning stands behind its end, too.
-static void closeLine(State& state, std::int32_t frames) {
-  float* const line = state.line;
+// Copies what stands twice in the line: its beginning behind its end, and its last frame in front
+// of its first one. Not inlined: seldom needed.
+[[gnu::noinline]] static void copyAround(float* line, std::int32_t first, std::int32_t end) {
+  if (end >= kLineFrames) {
+    line[-1] = line[kLineFrames - 1];
+    for (std::int32_t i = kLineFrames; i < end; ++i) line[i - kLineFrames] = line[i];
+  } else {
+    for (std::int32_t i = first; i < end && i < kRunFrames; ++i) line[i + kLineFrames] = line[i];
+  }
+}
+
+// Ends the writing of a run, which went on from nextPlace in one piece, also over the line's end.
+static inline void closeLine(State& state, std::int32_t frames) {
   const std::int32_t first = nextPlace(state);
   const std::int32_t end = first + frames;
-  if (end > kLineFrames)
-    for (std::int32_t i = kLineFrames; i < end; ++i) line[i - kLineFrames] = line[i];
-  else if (first < kRunFrames)
-    for (std::int32_t i = first; i < end && i < kRunFrames; ++i) line[i + kLineFrames] = line[i];
+  if (end >= kLineFrames || first < kRunFrames) copyAround(state.line, first, end);
   state.newest = (state.newest + frames) & kLineMask;
 }
 
@@ -63,6 +68,12 @@ struct Past {
 };
 static inline Past pastOf(const State& state, std::int32_t offset, std::int32_t frames) {
   return {state.line + ((offset + nextPlace(state) - frames) & kLineMask)};
+}
+
+// Whether the delayed sample before a run is the one that was heard last: the run's first tap is
+// then in the line, as all others are.
+static inline bool goesOn(const State& state, std::int32_t offset) {
+  return pastOf(state, offset, 0)[-1] == state.lastDelayed;
 }
 
 // The delayed sample of the frame at `place`, with linear interpolation.
@@ -96,102 +107,88 @@ static void delayMoving(State& state, const float* floats, const double* offsets
   }
 }
 
-// One value for all frames, where others come from an array.
+// One value for all frames, and values with the side's sign.
+template <typename Sample>
 struct Steady {
-  float value;
-  float operator[](std::int32_t) const { return value; }
+  Sample value;
+  Sample operator[](std::int32_t) const { return value; }
+};
+struct Signed {
+  const float* values;
+  float sign;
+  float operator[](std::int32_t i) const { return sign * values[i]; }
 };
 
-// The side of one frame, and what comes out.
+// The side of one frame. previous: delayed, and a float in both precisions.
 template <typename Sample>
-static inline void shapeFrame(Sample delayed, float previous, float emphasis, float gain,
-                              Sample mid, Sample& side, Sample& outL, Sample& outR) {
-  const Sample tap = static_cast<Sample>(previous) * static_cast<Sample>(emphasis);
-  const Sample shaped = flushed((delayed - tap) * static_cast<Sample>(gain));
-  side = shaped;
-  outL = mid + shaped;
-  outR = mid - shaped;
+static inline Sample sideOf(Sample delayed, float previous, Sample emphasis, Sample gain) {
+  const Sample tap = static_cast<Sample>(previous) * emphasis;
+  return flushed((delayed - tap) * gain);
 }
 
-// The same of a run. The first frame's tap is of the run before, and so is delayed[-1], unless the
-// delay has jumped: then that frame is done again.
-template <typename Sample, typename Delayed, typename Values>
-static void shapeRun(State& state, float sign, Delayed delayed, Values emphases, Values gains,
-                     const Sample* mid, Sample* __restrict side, Sample* __restrict outL,
-                     Sample* __restrict outR, std::int32_t frames) {
-  for (std::int32_t i = 0; i < frames; ++i)
-    shapeFrame(static_cast<Sample>(delayed[i]), static_cast<float>(delayed[i - 1]), emphases[i],
-               sign * gains[i], mid[i], side[i], outL[i], outR[i]);
-  if (static_cast<float>(delayed[-1]) != state.lastDelayed)
-    shapeFrame(static_cast<Sample>(delayed[0]), state.lastDelayed, emphases[0], sign * gains[0],
-               mid[0], side[0], outL[0], outR[0]);
+// What is left of each frame's part in a level at the end of a run.
+static inline const double* leftOf(const Rates& rates, std::int32_t frames) {
+  return rates.left + kRunFrames - frames;
+}
+
+// A level after a run. heard: the run's magnitudes, each by what is left of it at the run's end.
+static inline double levelAfter(const Rates& rates, double level, double heard,
+                                std::int32_t frames) {
+  const double faded = leftOf(rates, frames)[0] * rates.left[kRunFrames - 2];  // one frame more
+  return flushed(level * faded + rates.level * heard);
+}
+
+// The side of a run, what comes out, and what the levels hear of it; delayed[-1] is of the frame
+// before. The compiler is told that no frame waits for another, whatever is the same buffer, and
+// that the levels may be summed up in any order; the sound has the same bits in each.
+template <typename Sample, typename Delayed, typename Emphases, typename Gains>
+static void shapeRun(State& state, const Rates& rates, Delayed delayed, Emphases emphases,
+                     Gains gains, const Sample* mid, const Block<Sample>& run) {
+  const std::int32_t frames = run.frames;
+  const double* const left = leftOf(rates, frames);
+  Sample* const outL = run.outL;
+  Sample* const outR = run.outR;
+  double mids = 0.0;
+  double sides = 0.0;
+#pragma omp simd reduction(+ : mids, sides)
+  for (std::int32_t i = 0; i < frames; ++i) {
+    const Sample middle = mid[i];
+    const Sample side = sideOf(static_cast<Sample>(delayed[i]), static_cast<float>(delayed[i - 1]),
+                               static_cast<Sample>(emphases[i]), static_cast<Sample>(gains[i]));
+    mids += left[i] * static_cast<double>(magnitude(middle));
+    sides += left[i] * static_cast<double>(magnitude(side));
+    outL[i] = middle + side;
+    outR[i] = middle - side;
+  }
   state.lastDelayed = static_cast<float>(delayed[frames - 1]);
+  state.midLevel = levelAfter(rates, state.midLevel, mids, frames);
+  state.sideLevel = levelAfter(rates, state.sideLevel, sides, frames);
 }
 
+// The inputs to the outputs, the mids to the line and the level, likewise.
 template <typename Sample>
-static void copy(const Sample* from, Sample* to, std::int32_t frames) {
-  if (from == to) return;
-  for (std::int32_t i = 0; i < frames; ++i) to[i] = from[i];
-}
-
-// The inputs to the outputs. spare: room for a run, where left would be written over right.
-template <typename Sample>
-static void passRun(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR, Sample* spare,
-                    std::int32_t frames) {
-  if (outL == inR) {
-    copy(inR, spare, frames);
-    inR = spare;
+static void passRun(State& state, const Rates& rates, const Block<Sample>& run) {
+  const std::int32_t frames = run.frames;
+  const double* const left = leftOf(rates, frames);
+  const Sample* const inL = run.inL;
+  const Sample* const inR = run.inR;
+  Sample* const outL = run.outL;
+  Sample* const outR = run.outR;
+  float* const floats = state.line + nextPlace(state);
+  double mids = 0.0;
+#pragma omp simd reduction(+ : mids)
+  for (std::int32_t i = 0; i < frames; ++i) {
+    const Sample inputL = inL[i];
+    const Sample inputR = inR[i];
+    const Sample mid = midOf(inputL, inputR);
+    floats[i] = static_cast<float>(mid);
+    mids += left[i] * static_cast<double>(magnitude(mid));
+    outL[i] = inputL;
+    outR[i] = inputR;
   }
-  copy(inL, outL, frames);
-  copy(inR, outR, frames);
-}
-
-// What is left of a level after a run of silence.
-static inline double faded(const Rates& rates, double level, std::int32_t frames) {
-  for (; frames >= kFadeFrames; frames -= kFadeFrames) level *= rates.left[kFadeFrames];
-  return level * rates.left[frames];
-}
-
-// As many sums side by side as the registers hold together with what is made of the samples, which
-// takes more of them where singles become doubles.
-constexpr bool kWideRegisters = __BIGGEST_ALIGNMENT__ > 16;  // bytes
-template <typename Sample>
-constexpr std::int32_t kLanes = kWideRegisters || sizeof(Sample) > 4 ? 16 : 8;
-static_assert(kLanes<double> <= kMostLanes);
-
-// The sums of a run of whole rows, one for each place in a row, so that none waits for another. Not
-// inlined: compilers make vectors of sums that all go to memory, and hardly of others.
-template <typename Sample>
-[[gnu::noinline]] static void fillLanes(double* __restrict lanes, double left, const Sample* run,
-                                        std::int32_t frames) {
-  constexpr std::int32_t kRow = kLanes<Sample>;
-  for (std::int32_t lane = 0; lane < kRow; ++lane) lanes[lane] = 0.0;
-  for (const Sample* row = run; row < run + frames; row += kRow)
-    for (std::int32_t lane = 0; lane < kRow; ++lane)
-      lanes[lane] = lanes[lane] * left + static_cast<double>(magnitude(row[lane]));
-}
-
-// A level after a run. First come the frames that do not make a row. Not inlined: it would take
-// registers from the loops of the sound.
-template <typename Sample>
-[[gnu::noinline]] static double heard(const Rates& rates, double level, const Sample* run,
-                                      std::int32_t frames) {
-  constexpr std::int32_t kRow = kLanes<Sample>;
-  const double* const weights = rates.weights + kMostLanes - kRow;
-  level = faded(rates, level, frames);
-  const std::int32_t odd = frames % kRow;
-  if (odd > 0) {
-    double sum = 0.0;
-    for (std::int32_t i = 0; i < odd; ++i)
-      sum += weights[kRow - odd + i] * static_cast<double>(magnitude(run[i]));
-    level += faded(rates, sum, frames - odd);
-  }
-  double lanes[kRow];
-  fillLanes(lanes, rates.left[kRow], run + odd, frames - odd);
-  double sums[4] = {};
-  for (std::int32_t row = 0; row < kRow; row += 4)
-    for (std::int32_t i = 0; i < 4; ++i) sums[i] += lanes[row + i] * weights[row + i];
-  return flushed(level + ((sums[0] + sums[2]) + (sums[1] + sums[3])));
+  closeLine(state, frames);
+  state.midLevel = levelAfter(rates, state.midLevel, mids, frames);
+  state.sideLevel = levelAfter(rates, state.sideLevel, 0.0, frames);
 }
 
 }  // namespace kernel

@@ -66,6 +66,9 @@ inline float rawSame(double derived) {
 inline float switchPosition(float raw) {  // 0 or 1
   return static_cast<float>(truncatedToInt32(raw + 0.5F));
 }
+inline bool isOn(float raw) {  // whether that is 1 or more, in fewer steps
+  return raw + 0.5F >= 1.0F;
+}
 
 }  // namespace parametercurves
 

@@ -13,11 +13,6 @@
 
 namespace {
 
-constexpr double kRemainder = 0.0625;  // of a step after one closing time: 1 - 15/16
-constexpr float kGlideTime = 277.0F;   // ms
-constexpr double kMeterTime = 600.0;   // ms
-constexpr double kSecondsPerMillisecond = 0.001;
-
 bool copyText(char* to, const char* text) {
   std::strcpy(to, text);
   return true;
@@ -60,8 +55,7 @@ void Trelvan::resume() {
   const ProcessingScope scope(processing, "resume");
   CPresetSystemEffect::resume();
   sampleRateInt = truncatedToInt32(getSampleRate());
-  sampleRateFloat = static_cast<float>(sampleRateInt);
-  takeRate();
+  rates.take(getSampleRate());
   getOutputLatency();
   updateBlockSize();
   clearSignal();
@@ -71,33 +65,10 @@ void Trelvan::resume() {
   signal.emphasis = derived(kEmphasisIndex);
 }
 
-// Coefficients, and powers of what they leave.
-void Trelvan::takeRate() {
-  const double levelFrames =
-      static_cast<double>(getSampleRate()) * kMeterTime * kSecondsPerMillisecond;
-  const double level = 1.0 - std::pow(kRemainder, 1.0 / levelFrames);
-  rates.left[0] = 1.0;
-  for (int frames = 1; frames <= kernel::kFadeFrames; ++frames)
-    rates.left[frames] = rates.left[frames - 1] * (1.0 - level);
-  for (int place = 0; place < kernel::kMostLanes; ++place)
-    rates.weights[place] = level * rates.left[kernel::kMostLanes - 1 - place];
-
-  const double glideFrames =
-      static_cast<double>(sampleRateFloat * kGlideTime) * kSecondsPerMillisecond;
-  rates.glide = static_cast<float>(1.0 - std::pow(kRemainder, 1.0 / glideFrames));
-  double power = 1.0;
-  for (int frame = 0; frame < kernel::kGlidingFrames; ++frame) {
-    rates.finePowers[frame] = power;
-    rates.powers[frame] = static_cast<float>(power);
-    power *= 1.0 - static_cast<double>(rates.glide);
-  }
-}
-
 // Coefficients and glides stay as they are.
 void Trelvan::suspend() {
   const ProcessingScope scope(processing, "suspend");
   sampleRateInt = truncatedToInt32(getSampleRate());
-  sampleRateFloat = getSampleRate();  // with its fraction, unlike resume
   getOutputLatency();
   updateBlockSize();
   midOverSide = kSilent;
@@ -107,9 +78,7 @@ void Trelvan::suspend() {
 void Trelvan::clearSignal() {
   auxParameter = 0.0F;
   std::fill(std::begin(delayMemory->floats), std::end(delayMemory->floats), 0.0F);
-  signal.midLevel = 0.0;
-  signal.sideLevel = 0.0;
-  signal.lastDelayed = 0.0F;
+  signal.clear();
 }
 
 // Whole frames: at rest the read offset has no fraction.

@@ -8,6 +8,7 @@
 
 #include "effect/kernelforms.h"
 #include "effect/parameters.h"
+#include "effect/sharedrates.h"
 #include "platform/relaxed.h"
 #include "platform/threadcontract.h"
 #include "presetsystem/store/cpresetsystemeffect.h"
@@ -78,11 +79,13 @@ class Trelvan : public CPresetSystemEffect {
   template <typename Sample>
   void processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFrames);
 
-  void takeRate();
   void clearSignal();
   // What follows from the raw value; index: a parameter's.
   float derived(VstInt32 index) const {
     return parameterAt(index).derived(raw[static_cast<std::size_t>(index)]);
+  }
+  bool isOn(VstInt32 index) const {  // index: a switch's
+    return parametercurves::isOn(raw[static_cast<std::size_t>(index)]);
   }
   std::int32_t delayTarget() const;  // read offset in frames: length minus one period
   kernel::Targets targets() const;
@@ -100,14 +103,14 @@ class Trelvan : public CPresetSystemEffect {
 
   const kernel::Form* kernelForm = *kernel::usableForms();
   kernel::State signal;
-  kernel::Rates rates;
   std::unique_ptr<kernel::LineMemory> delayMemory;
   std::int32_t sampleRateInt = 44100;
-  float sampleRateFloat = 44100.0F;
 
   // The meter: audio thread to editor, which takes the logarithm. Mid level over side level, as far
   // as they are heard: infinite without side, 0 without mid.
   static constexpr double kSilent = -1.0;
   Relaxed<double> midOverSide{kSilent};
   Relaxed<float> peakValue{0.0F};
+
+  SharedRates rates;  // last: the table of its own would stand between what each block needs
 };

@@ -7,7 +7,7 @@
 
 kernel::Targets Trelvan::targets() const {
   return {derived(kWidthIndex), derived(kEmphasisIndex), delayTarget(),
-          derived(kPhaseIndex) < 0.5F ? 1.0F : -1.0F};
+          isOn(kPhaseIndex) ? -1.0F : 1.0F};
 }
 
 // A right buffer counts only where the host says that there is one: its arrays may end after the
@@ -22,10 +22,10 @@ void Trelvan::processBlock(Sample** inputs, Sample** outputs, VstInt32 sampleFra
     const bool hasRightOut = rightOut && outputs[1] != nullptr && outputs[1] != outputs[0];
     const kernel::Block<Sample> block{inputs[0], inputs[hasRightIn ? 1 : 0], outputs[0],
                                       outputs[hasRightOut ? 1 : 0], sampleFrames};
-    if (derived(kProcessIndex) >= 0.5F) {
-      kernelForm->widen(signal, rates, targets(), block);
+    if (isOn(kProcessIndex)) {
+      kernelForm->widen(signal, *rates, targets(), block);
     } else {
-      kernelForm->pass(signal, rates, targets(), block);
+      kernelForm->pass(signal, *rates, targets(), block);
     }
   }
   publishLevels();

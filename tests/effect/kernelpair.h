@@ -80,7 +80,8 @@ class KernelPair {
     return keptAlike();
   }
 
-  // All that is remembered of the signal, and that the line's beginning stands behind its end, too.
+  // All that is remembered of the signal, and that the line's beginning stands behind its end, too,
+  // and its last frame in front of it.
   testing::AssertionResult linesAlike() const {
     const std::size_t place =
         firstDifference<float>(state.line, reference->delayLine, kernel::kLineFrames);
@@ -90,6 +91,8 @@ class KernelPair {
     if (firstDifference<float>(state.line, state.line + kernel::kLineFrames, kernel::kRunFrames) !=
         kernel::kRunFrames)
       return testing::AssertionFailure() << "the line's beginning is not what is behind its end";
+    if (!sameBits(state.line[-1], state.line[kernel::kLineFrames - 1]))
+      return testing::AssertionFailure() << "the line's last frame is not what is in front of it";
     return testing::AssertionSuccess();
   }
 
@@ -101,8 +104,7 @@ class KernelPair {
  private:
   void clear() {
     std::fill(std::begin(memory->floats), std::end(memory->floats), 0.0F);
-    state.midLevel = state.sideLevel = 0.0;
-    state.lastDelayed = 0.0F;
+    state.clear();
   }
 
   void takeRates() {
@@ -113,13 +115,10 @@ class KernelPair {
       rates.powers[frame] = static_cast<float>(left);
       left *= 1.0 - static_cast<double>(rates.glide);
     }
+    rates.level = reference->meterCoeff;
     left = 1.0;
-    for (int frames = 0; frames <= kernel::kFadeFrames; ++frames) {
-      rates.left[frames] = left;
-      if (frames < kernel::kMostLanes)
-        rates.weights[kernel::kMostLanes - 1 - frames] = reference->meterCoeff * left;
-      left *= 1.0 - reference->meterCoeff;
-    }
+    for (int frame = kernel::kRunFrames; frame-- > 0; left *= 1.0 - rates.level)
+      rates.left[frame] = left;
   }
 
   // As after every block: a level that is no number would stay so.

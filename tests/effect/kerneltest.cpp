@@ -179,6 +179,37 @@ TEST_P(Kernel, EqualsTheReferenceAroundTheLinesEnd) {
   }
 }
 
+// A run that begins where the reading comes to the line's first place: its first tap is the line's
+// last frame, and the run before was at rest, so that nothing is looked at again.
+TEST_P(Kernel, EqualsTheReferenceWhereARunReadsFromTheLinesFirstPlaceOn) {
+  Walk walk(5);
+  KernelPair pair(*GetParam());
+  pair.reference->setParameter(0, 0.9F);
+  pair.reference->setParameter(2, 0.6F);
+  pair.resume(44100.0F);
+  const int period = kernel::kLineFrames - pair.reference->delayTarget;
+  // the first frame is written at place 1, and again after a whole line
+  for (const int frames : {kernel::kLineFrames, period - 1, 64, 300}) {
+    ASSERT_TRUE(pair.block(buffers<float>(walk, frames), frames, {0, 1, 2, 3})) << frames;
+    ASSERT_TRUE(pair.linesAlike()) << frames;
+  }
+}
+
+// Targets that stay while the glides are set beside them: what was at rest must be looked at again.
+// A gain as small as this one is no longer the same after the flush.
+TEST_P(Kernel, EqualsTheReferenceWhereAPauseSetsAGlideThatRested) {
+  Walk walk(6);
+  KernelPair pair(*GetParam());
+  const auto sound = buffers<float>(walk, 512);
+  pair.reference->setParameter(0, 1e-9F);
+  pair.reference->setParameter(2, 1e-17F);
+  for (int pause = 0; pause < 3; ++pause) {
+    pair.resume(44100.0F);
+    for (int block = 0; block < 3; ++block)
+      ASSERT_TRUE(pair.block(sound, 512, {0, 1, 2, 3})) << pause << ", block " << block;
+  }
+}
+
 // Seconds of a glide, through its last steps, to where it stalls, and down to nothing through the
 // flush constant.
 TEST_P(Kernel, EqualsTheReferenceUntilAGlideRests) {

@@ -10,6 +10,10 @@ trelvan_add_test(kerneltest effect
   SOURCES kerneltest.cpp
   LIBRARIES trelvan_effect trelvan_reference)
 
+trelvan_add_test(sharedratestest "effect;threads"
+  SOURCES sharedratestest.cpp
+  LIBRARIES trelvan_effect trelvan_reference)
+
 # Sanitizers put symbols of their own into every object, and a Mac's hold two processors' code.
 if(NOT TRELVAN_SANITIZE AND NOT APPLE)
   foreach(form IN LISTS TRELVAN_KERNEL_FORMS)

@@ -54,6 +54,13 @@ TEST(Targets, EqualTheReferenceForEveryRawValue) {
   }
 }
 
+TEST(Targets, SwitchesAreOnWhereTheirPositionIsOne) {
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  for (const float raw : {-kInfinity, -1e9F, -1.0F, -0.0F, 0.0F, 0.49999997F, 0.5F, 0.75F, 1.0F,
+                          7.0F, 1e9F, kInfinity, std::numeric_limits<float>::quiet_NaN()})
+    EXPECT_EQ(parametercurves::isOn(raw), parametercurves::switchPosition(raw) >= 0.5F) << raw;
+}
+
 TYPED_TEST(Process, EqualsTheReferenceForEveryFactoryPresetAtEveryRate) {
   ProcessPair pair;
   for (const float rate : kRates) {
