@@ -83,7 +83,7 @@ SharedRates::Slot* made(float hz) {
 
 }  // namespace
 
-void SharedRates::take(float hz) {
+void SharedRates::take(float hz, kernel::Rates& own) {
   Slot* taken = joined(rateWord(hz));
   if (taken == nullptr) taken = made(hz);
   release();

@@ -13,15 +13,15 @@ class SharedRates {
   SharedRates(const SharedRates&) = delete;
   SharedRates& operator=(const SharedRates&) = delete;
 
-  void take(float hz);  // lets go of the one before
-  const kernel::Rates& operator*() const { return *rates; }
+  // Lets go of the one before. own: is used where there are more rates at a time than tables.
+  void take(float hz, kernel::Rates& own);
+  const kernel::Rates& operator*() const { return *rates; }  // after the first take
 
   struct Slot;
 
  private:
   void release();
 
-  const kernel::Rates* rates = &own;
-  Slot* slot = nullptr;  // null: our own
-  kernel::Rates own;     // where there are more rates at a time than slots
+  const kernel::Rates* rates = nullptr;
+  Slot* slot = nullptr;  // null: not shared
 };

@@ -55,7 +55,7 @@ void Trelvan::resume() {
   const ProcessingScope scope(processing, "resume");
   CPresetSystemEffect::resume();
   sampleRateInt = truncatedToInt32(getSampleRate());
-  rates.take(getSampleRate());
+  rates.take(getSampleRate(), ownRates);
   getOutputLatency();
   updateBlockSize();
   clearSignal();

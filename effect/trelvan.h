@@ -96,21 +96,27 @@ class Trelvan : public CPresetSystemEffect {
   Relaxed<bool> inputStereo{true};   // the second input is to be read
   Relaxed<bool> outputStereo{true};  // the second output is to be written
 
+  // From here on what each block needs, in as few cache lines as may be: with hundreds of instances
+  // each of them is far away.
+  static constexpr std::size_t kCacheLine = 64;  // bytes
+
   // By parameter index. Targets and switches are not kept: two threads that set one parameter could
   // leave those of the one beside the value of the other.
-  std::array<Relaxed<float>, kParameterCount> raw;
-  Relaxed<float> auxParameter;
+  alignas(kCacheLine) std::array<Relaxed<float>, kParameterCount> raw;
+  std::int32_t sampleRateInt = 44100;
 
   const kernel::Form* kernelForm = *kernel::usableForms();
   kernel::State signal;
-  std::unique_ptr<kernel::LineMemory> delayMemory;
-  std::int32_t sampleRateInt = 44100;
+  SharedRates rates;
 
   // The meter: audio thread to editor, which takes the logarithm. Mid level over side level, as far
   // as they are heard: infinite without side, 0 without mid.
   static constexpr double kSilent = -1.0;
   Relaxed<double> midOverSide{kSilent};
-  Relaxed<float> peakValue{0.0F};
 
-  SharedRates rates;  // last: the table of its own would stand between what each block needs
+  Relaxed<float> peakValue{0.0F};
+  Relaxed<float> auxParameter;
+  std::unique_ptr<kernel::LineMemory> delayMemory;
+
+  kernel::Rates ownRates;  // behind all that a block needs: hardly ever used
 };

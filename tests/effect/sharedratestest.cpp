@@ -32,6 +32,15 @@ testing::AssertionResult isOf(const kernel::Rates& rates, double hz) {
   return testing::AssertionSuccess();
 }
 
+// A hold, and the table of its own.
+struct User {
+  void take(float hz) { rates.take(hz, own); }
+  const kernel::Rates& operator*() const { return *rates; }
+
+  kernel::Rates own;
+  SharedRates rates;
+};
+
 constexpr float kLowest = 8000.0F;  // Hz
 constexpr int kMany = 30;           // rates, more than are shared at a time
 
@@ -44,16 +53,16 @@ float rateNumber(int number) {
 // A host that tells a rate of 0 gets a table, too: nothing is left of anything.
 // The first test, since all others fill the tables.
 TEST(SharedRates, AreMadeForARateOfZero) {
-  SharedRates rates;
+  User rates;
   rates.take(0.0F);
   EXPECT_EQ((*rates).level, 1.0);
   EXPECT_EQ((*rates).glide, 1.0F);
 }
 
 TEST(SharedRates, AreOneTableForAllThatRunAtARate) {
-  SharedRates first;
-  SharedRates second;
-  SharedRates other;
+  User first;
+  User second;
+  User other;
   first.take(44100.0F);
   second.take(44100.0F);
   other.take(48000.0F);
@@ -64,24 +73,24 @@ TEST(SharedRates, AreOneTableForAllThatRunAtARate) {
 }
 
 TEST(SharedRates, StayWhileOneOfTheirUsersIsThere) {
-  SharedRates stays;
+  User stays;
   stays.take(44100.0F);
   const kernel::Rates* const table = &*stays;
   {
-    SharedRates goes;
+    User goes;
     goes.take(44100.0F);
     goes.take(48000.0F);
     goes.take(44100.0F);
     EXPECT_EQ(&*goes, table);
   }
-  SharedRates other;
+  User other;
   for (int number = 0; number < kMany; ++number) other.take(rateNumber(number));
   EXPECT_EQ(&*stays, table);
   EXPECT_TRUE(isOf(*stays, 44100.0));
 }
 
 TEST(SharedRates, AreRightForMoreRatesThanAreShared) {
-  std::vector<SharedRates> many(kMany);
+  std::vector<User> many(kMany);
   for (int number = 0; number < kMany; ++number)
     many[static_cast<std::size_t>(number)].take(rateNumber(number));
   for (int number = 0; number < kMany; ++number)
@@ -91,12 +100,12 @@ TEST(SharedRates, AreRightForMoreRatesThanAreShared) {
 
 TEST(SharedRates, AreSharedAgainAfterTheManyHaveGone) {
   {
-    std::vector<SharedRates> many(kMany);
+    std::vector<User> many(kMany);
     for (int number = 0; number < kMany; ++number)
       many[static_cast<std::size_t>(number)].take(rateNumber(number));
   }
-  SharedRates first;
-  SharedRates second;
+  User first;
+  User second;
   first.take(96000.0F);
   second.take(96000.0F);
   EXPECT_EQ(&*first, &*second);
@@ -112,7 +121,7 @@ TEST(SharedRates, AreRightOnAllThreadsThatTakeThem) {
   std::vector<std::thread> threads;
   for (int thread = 0; thread < kThreads; ++thread) {
     threads.emplace_back([&arrived, &wrong] {
-      SharedRates rates;
+      User rates;
       for (int turn = 0; turn < kTurns; ++turn) {
         ++arrived;
         while (arrived < (turn + 1) * kThreads) std::this_thread::yield();
