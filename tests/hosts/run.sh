@@ -7,8 +7,9 @@ set -uo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 all=(qtractor-scan muse-scan muse-window ardour ardour-window ardour-keyboard ardour-window-200
-  audacity audacity-window audacity-window-200)
-# Seconds a script; the longest takes half a minute on an idle machine with two processors.
+  audacity audacity-window audacity-window-200 documented)
+# Seconds a script; the longest takes half a minute on an idle machine with two processors, but for
+# `documented`, which waits two minutes for Audacity.
 limit=300
 
 if [ $# -lt 1 ] || [ ! -d "$1" ]; then
