@@ -1,7 +1,8 @@
 """Finds the commands that a document tells people to type.
 
 They are the lines of its code blocks: fenced ones, indented ones, and those after a "::" of the
-manual. A comment after a command, and what an example shows in a column beside it, is left out.
+manual; and pipelines in its text. A comment after a command, and what an example shows in a column
+beside it, is left out.
 """
 import re
 
@@ -15,6 +16,8 @@ def _blocks(text, markup):
     outside = re.sub(r"^```\n.*?^```$", "", text, flags=re.M | re.S)
     for block in re.findall(r"(?:^|\n\n)((?:    .*\n)+)", outside):
         yield re.sub(r"^    ", "", block, flags=re.M)
+    for span in re.findall(r"`([^`]* \| [^`]*)`", outside):
+        yield span.replace("\n", " ")
 
 
 def commands(text, markup, programs):

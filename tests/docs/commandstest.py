@@ -115,6 +115,7 @@ class Commands(unittest.TestCase):
     def test_are_found(self):
         for document, command in (
                 ("README.md", "./run --list-presets"),
+                ("README.md", "sox voice.wav -t wav - | ./run - -o - | aplay"),
                 ("docs/widen.md", 'widen guitar.wav -o wide.wav --preset "guitar 1"'),
                 ("docs/widen.md", 'arecord -f S16_LE -c 2 -r 48000 | widen - -o - --preset "mix 1"'
                                   ' | aplay'),

@@ -1,5 +1,7 @@
 """Tests that the documents name files that are there, and of the checker on a small tree."""
+import json
 import pathlib
+import re
 import sys
 import tempfile
 import unittest
@@ -24,6 +26,22 @@ class Documents(unittest.TestCase):
         for document in documents:
             with self.subTest(document):
                 self.assertEqual(list(dead_links(ROOT, document.relative_to(ROOT))), [])
+
+    def test_name_presets_and_labels_that_are_there(self):
+        presets = json.loads((ROOT / "CMakePresets.json").read_text())["configurePresets"]
+        presets = {preset["name"] for preset in presets}
+        lists = [*ROOT.glob("tests/**/CMakeLists.txt"), *ROOT.glob("tests/**/*.cmake"),
+                 *ROOT.glob("fuzz/CMakeLists.txt"), *ROOT.glob("cmake/*.cmake")]
+        tests = "\n".join(file.read_text() for file in lists)
+        found = 0
+        for document in (*ROOT.glob("*.md"), *ROOT.glob("docs/*.md")):
+            text = document.read_text()
+            for preset in re.findall(r"c(?:make|test)[^\n`]*? --preset (\w+)", text):
+                self.assertIn(preset, presets, document)
+                found += 1
+            for label in re.findall(r"ctest[^\n`]*? -L (\S+?)[ `\n]", text):
+                self.assertRegex(tests, rf"\b{label}\b", document)
+        self.assertGreater(found, 8)
 
     def test_are_read(self):  # a document without a word names nothing that is missing either
         for document, word in (("docs/where.md", "plugin/vst24.h"),
