@@ -77,9 +77,10 @@ class Checker(unittest.TestCase):
     def test_follows_links_to_headings(self):
         with tempfile.TemporaryDirectory() as folder:
             root = pathlib.Path(folder)
-            (root / "a.md").write_text("# A house, `low` & high\n```\n# not this\n```\n## Its door\n"
-                                       "[x](#its-door) [y](#not-this) [z](b.md#roof)\n"
-                                       "[u](b.md#floor) [v](c.md#roof) [w](https://orv.example#x)\n")
+            (root / "a.md").write_text(
+                "# A house, `low` & high\n```\n# not this\n```\n## Its door\n"
+                "[x](#its-door) [y](#not-this) [z](b.md#roof)\n"
+                "[u](b.md#floor) [v](c.md#roof) [w](https://orv.example#x)\n")
             (root / "b.md").write_text("[x](a.md#a-house-low--high)\n### Roof\n")
             self.assertEqual(list(dead_links(root, "a.md")), ["c.md", "#not-this", "b.md#floor"])
             self.assertEqual(list(dead_links(root, "b.md")), [])

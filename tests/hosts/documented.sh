@@ -43,8 +43,8 @@ typed_for_ardour() {
 check "Qtractor's scanner says what the document has" \
   typed Qtractor 'VST|Orv Trelvan|2:2|0:0|5:0|GUI,EXT,RT|' '|0|0x546c766e'
 check "MusE's scanner says it" \
-  typed MusE 'label="Orv Trelvan"' '<maker>Orv</maker>' '<inports>2</inports>' '<outports>2</outports>' \
-  '<ctlInports>5</ctlInports>'
+  typed MusE 'label="Orv Trelvan"' '<maker>Orv</maker>' '<inports>2</inports>' \
+  '<outports>2</outports>' '<ctlInports>5</ctlInports>'
 check "Ardour scans, renders the same samples as widen" typed_for_ardour
 check "Audacity registers the effect" \
   typed Audacity 'Symbol=Orv Trelvan' 'Enabled=1' 'Valid=1' 'EffectType=Process'
