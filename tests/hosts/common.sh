@@ -95,6 +95,13 @@ module=$(find "$work/vst" -name Trelvan.so | head -n 1)
 [ -n "$module" ] || give_up "the bundle holds no Trelvan.so"
 touch -d '1 minute ago' "$module"
 export VST_PATH="$work/vst" LXVST_PATH="$work/vst"
+# The LV2 bundle too, for those who look for it: lv2_world sets where.
+lv2_world() {
+  [ -d "$build/trelvan.lv2/Resources" ] || give_up "$build holds no trelvan.lv2: build it first"
+  mkdir -p "$work/lv2"
+  cp -r "$build/trelvan.lv2" "$work/lv2/"
+  export LV2_PATH="$work/lv2"
+}
 
 sound() { python3 "$tests/sound.py" "$@"; }
 

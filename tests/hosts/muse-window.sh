@@ -21,15 +21,22 @@ without_splash() {
 XML
 }
 
-# MusE with JACK, which it does not start, and with no plug-ins but VST 2. Its tip of
-# the day is closed.
+# MusE with JACK, which it does not start, and with no plug-ins but VST 2's or LV2's. Its tip of the
+# day is closed.
+only=(-p -S -I -2)
+title="Out 1:Orv Trelvan"
+if [ -n "${LV2_URI:-}" ]; then
+  only=(-p -S -I -N)
+  title="Out 1: Orv Trelvan LV2"
+  lv2_world
+fi
 start_muse() {
-  timeout -k 5 600 muse -j -J -R -S -I -2 -p "$song" >"$work/muse.log" 2>&1 &
+  timeout -k 5 600 muse -j -J -R "${only[@]}" "$song" >"$work/muse.log" 2>&1 &
   muse_process=$!
   started+=("$muse_process")
   wait_for 60 find_window || { tail -n 5 "$work/muse.log"; all_windows | grep '"'; return 1; }
   wait_for 10 timeout 5 wmctrl -c "Did you know?"
-  timeout 5 wmctrl -a "Out 1:Orv Trelvan" && mouse_away && sleep 1 && find_window
+  timeout 5 wmctrl -a "$title" && mouse_away && sleep 1 && find_window
 }
 
 save_song() {
@@ -56,7 +63,7 @@ check "widen shows it with the settings after the drag" \
 check "the two pictures differ in the slider's row" \
   other_area "$work/first.png" "$work/changed.png" $freq_row
 
-python3 "$tests/musesong.py" make "$song"
+python3 "$tests/musesong.py" make "$song" ${LV2_URI:+"$LV2_URI"}
 without_splash
 check "the sound server runs" start_sound_server 48000 || finish
 check "MusE finds the effect and opens its window with the song" start_muse || finish

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""MusE's song files: makes one with the effect on its output, its window open; takes the effect's
-chunk out of one."""
+"""MusE's song files: makes one with the effect on its output, its window open, as VST 2 or by its
+URI as LV2; takes the effect's chunk out of one."""
 import base64
 import re
 import sys
@@ -13,13 +13,17 @@ SONG = """<?xml version="1.0"?>
     <AudioOutput>
       <name>Out 1</name>
       <channels>2</channels>
-      <plugin file="Trelvan" label="Orv Trelvan" channel="2">
+      <plugin {which} label="Orv Trelvan" channel="2">
         <nativegui>1</nativegui>
       </plugin>
     </AudioOutput>
   </song>
 </muse>
 """
+# How a chunk begins: its tag and the effect's number, twice. Among an LV2 state's other properties it
+# has a chunk's size in bytes.
+BEGINNING = b"\0\0\0\2nvlTnvlT"
+CHUNK_SIZE = 10545
 SIZE = 4  # bytes in front of the packed chunk: its length unpacked, big end first
 
 
@@ -31,20 +35,24 @@ def chunk_of(text):
     chunk = zlib.decompress(packed[SIZE:])
     if len(chunk) != int.from_bytes(packed[:SIZE], "big"):
         sys.exit("the chunk has another length than the song says")
+    if "<plugin uri=" in text:
+        at = chunk.index(BEGINNING)
+        return chunk[at:at + CHUNK_SIZE]
     return chunk
 
 
 def main(words):
-    if len(words) == 2 and words[0] == "make":
+    if len(words) in (2, 3) and words[0] == "make":
+        which = f'uri="{words[2]}"' if len(words) == 3 else 'file="Trelvan"'
         with open(words[1], "w", encoding="utf-8") as file:
-            file.write(SONG)
+            file.write(SONG.format(which=which))
     elif len(words) == 3 and words[0] == "chunk":
         with open(words[1], encoding="utf-8") as file:
             chunk = chunk_of(file.read())
         with open(words[2], "wb") as file:
             file.write(chunk)
     else:
-        sys.exit("usage: musesong.py make SONG | chunk SONG OUT")
+        sys.exit("usage: musesong.py make SONG [URI] | chunk SONG OUT")
 
 
 if __name__ == "__main__":
