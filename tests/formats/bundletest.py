@@ -49,6 +49,23 @@ class Description(unittest.TestCase):
         told = run("lv2_validate", *sorted(BUNDLE.glob("*.ttl")))
         self.assertIn("Found 0 errors", told)
 
+    def test_tells_hosts_what_the_ports_are_for(self):
+        """As lv2info reads it, port by port."""
+        for uri, audio in (("urn:orv:trelvan", 4), ("urn:orv:trelvan:mono", 3)):
+            ports = run("lv2info", uri).split("\tPort ")[1:]
+            self.assertEqual(len(ports), audio + 5)
+            for port in ports[:audio]:  # without groups GStreamer takes no stereo effect
+                self.assertIn(f"Group:       {uri}:", port)
+            for port, name in zip(ports[audio:], NAMES):
+                self.assertIn(f"Symbol:      {name}\n", port)
+                self.assertEqual("lv2core#enabled" in port, name == "process", port)
+                self.assertEqual("lv2core#toggled" in port, name in ("process", "phase"), port)
+                self.assertEqual("265.0 Hz" in port, name == "baseFreq", port)
+                ends = re.findall(r"(Minimum|Maximum|Default): +([\d.]+)", port)
+                default = {"baseFreq": 0.5, "process": 1.0}.get(name, 0.0)
+                self.assertEqual({end: float(value) for end, value in ends},
+                                 {"Minimum": 0.0, "Maximum": 1.0, "Default": default})
+
     def test_names_files_that_are_there(self):
         manifest = (BUNDLE / "manifest.ttl").read_text()
         named = set(re.findall(r"(?:lv2:binary|rdfs:seeAlso) <([^>]+)>", manifest))

@@ -4,15 +4,13 @@
 #include <gtest/gtest.h>
 #include <lv2/core/lv2.h>
 #include <lv2/state/state.h>
-#include <lv2/urid/urid.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <initializer_list>
-#include <map>
-#include <string>
 #include <vector>
 
+#include "tests/formats/lv2kept.h"
 #include "tests/support/testsignals.h"
 
 extern "C" const LV2_Descriptor* lv2_descriptor(std::uint32_t index);
@@ -21,24 +19,6 @@ constexpr std::uint32_t kLv2Stereo = 0;  // the descriptors' indexes
 constexpr std::uint32_t kLv2Mono = 1;
 constexpr std::size_t kLv2Controls = 5;
 using Lv2Values = std::vector<float>;  // of the control ports, in their order
-
-// A host's numbers for URIs.
-class Lv2Numbers {
- public:
-  const LV2_Feature* const* features() const { return list; }
-  LV2_URID of(const char* uri) {
-    return numbers.try_emplace(uri, static_cast<LV2_URID>(numbers.size() + 1)).first->second;
-  }
-
- private:
-  static LV2_URID number(LV2_URID_Map_Handle handle, const char* uri) {
-    return static_cast<Lv2Numbers*>(handle)->of(uri);
-  }
-  std::map<std::string, LV2_URID> numbers;
-  LV2_URID_Map map{this, number};
-  LV2_Feature feature{LV2_URID__map, &map};
-  const LV2_Feature* list[2] = {&feature, nullptr};
-};
 
 class Lv2Player {
  public:

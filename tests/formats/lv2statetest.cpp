@@ -10,50 +10,25 @@
 
 namespace {
 
-using Bytes = std::vector<unsigned char>;
+using Bytes = Lv2Kept::Bytes;
 const Lv2Values kValues{0.75F, 0.25F, 0.25F, 1.0F, 0.0F};
 const Lv2Values kOthers{0.33F, 0.777F, 0.5F, 1.0F, 1.0F};
 constexpr const char* kChunk = "urn:orv:trelvan:chunk";
 constexpr std::size_t kFrames = 20000;
 
-// What a host keeps of a state: one property.
-struct Kept {
-  Bytes bytes;
-  LV2_URID key = 0;
-  LV2_URID type = 0;
-  std::uint32_t flags = 0;
-  int count = 0;
-
-  static LV2_State_Status store(LV2_State_Handle handle, std::uint32_t key, const void* value,
-                                std::size_t size, std::uint32_t type, std::uint32_t flags) {
-    auto& kept = *static_cast<Kept*>(handle);
-    const auto* first = static_cast<const unsigned char*>(value);
-    kept = {Bytes(first, first + size), key, type, flags, kept.count + 1};
-    return LV2_STATE_SUCCESS;
-  }
-  static const void* retrieve(LV2_State_Handle handle, std::uint32_t key, std::size_t* size,
-                              std::uint32_t* type, std::uint32_t* flags) {
-    const auto& kept = *static_cast<const Kept*>(handle);
-    if (key != kept.key) return nullptr;
-    *size = kept.bytes.size();
-    *type = kept.type;
-    *flags = kept.flags;
-    return kept.bytes.empty() ? "" : static_cast<const void*>(kept.bytes.data());
-  }
-};
-
-Kept saved(Lv2Player& plugin) {
-  Kept kept;
-  EXPECT_EQ(plugin.state().save(plugin.handle, Kept::store, &kept, 0, nullptr), LV2_STATE_SUCCESS);
+Lv2Kept saved(Lv2Player& plugin) {
+  Lv2Kept kept;
+  EXPECT_EQ(plugin.state().save(plugin.handle, Lv2Kept::store, &kept, 0, nullptr),
+            LV2_STATE_SUCCESS);
   return kept;
 }
 
-LV2_State_Status restored(Lv2Player& plugin, const Kept& kept) {
-  Kept copy = kept;
-  return plugin.state().restore(plugin.handle, Kept::retrieve, &copy, 0, nullptr);
+LV2_State_Status restored(Lv2Player& plugin, const Lv2Kept& kept) {
+  Lv2Kept copy = kept;
+  return plugin.state().restore(plugin.handle, Lv2Kept::retrieve, &copy, 0, nullptr);
 }
 
-Kept keptAs(Lv2Player& plugin, const Bytes& bytes, const char* type = LV2_ATOM__Chunk) {
+Lv2Kept keptAs(Lv2Player& plugin, const Bytes& bytes, const char* type = LV2_ATOM__Chunk) {
   return {bytes, plugin.numbers.of(kChunk), plugin.numbers.of(type), LV2_STATE_IS_POD, 1};
 }
 
@@ -69,7 +44,7 @@ TEST(Lv2State, IsTheRecordsChunkByteForByte) {
   Lv2Player plugin(kValues);
   plugin.activate();
   plugin.play(makeSignal<float>(Signal::kNoise, 64));
-  const Kept kept = saved(plugin);
+  const Lv2Kept kept = saved(plugin);
   EXPECT_EQ(kept.count, 1);
   EXPECT_EQ(kept.bytes, DirectRecord(kValues).chunk());
   EXPECT_EQ(kept.key, plugin.numbers.of(kChunk));
@@ -127,7 +102,7 @@ TEST(Lv2State, OfNobodyOrAnotherTypeIsRefused) {
   Lv2Player plugin(kValues);
   const Bytes before = saved(plugin).bytes;
   const Bytes chunk = DirectRecord(kOthers).chunk();
-  Kept unknown = keptAs(plugin, chunk);
+  Lv2Kept unknown = keptAs(plugin, chunk);
   unknown.key = plugin.numbers.of("urn:something:else");
   EXPECT_EQ(restored(plugin, unknown), LV2_STATE_ERR_NO_PROPERTY);
   EXPECT_EQ(restored(plugin, keptAs(plugin, chunk, LV2_ATOM__String)), LV2_STATE_ERR_BAD_TYPE);
@@ -147,9 +122,9 @@ TEST(Lv2State, IsNoneWithoutNumbersForUris) {
   const LV2_Handle handle = descriptor.instantiate(&descriptor, 44100.0, "", nullptr);
   const auto& state =
       *static_cast<const LV2_State_Interface*>(descriptor.extension_data(LV2_STATE__interface));
-  Kept kept;
-  EXPECT_EQ(state.save(handle, Kept::store, &kept, 0, nullptr), LV2_STATE_ERR_NO_FEATURE);
-  EXPECT_EQ(state.restore(handle, Kept::retrieve, &kept, 0, nullptr), LV2_STATE_ERR_NO_FEATURE);
+  Lv2Kept kept;
+  EXPECT_EQ(state.save(handle, Lv2Kept::store, &kept, 0, nullptr), LV2_STATE_ERR_NO_FEATURE);
+  EXPECT_EQ(state.restore(handle, Lv2Kept::retrieve, &kept, 0, nullptr), LV2_STATE_ERR_NO_FEATURE);
   EXPECT_EQ(kept.count, 0);
   descriptor.cleanup(handle);
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# jalv shows the effect's window as LV2: a slider is dragged with the mouse, and a factory preset that
-# the host is given shows there. Pictures stay in PICTURES, by default the build folder's
+# jalv shows the effect's window as LV2: a slider is dragged with the mouse, and a factory preset
+# that the host is given shows there. Pictures stay in PICTURES, by default the build folder's
 # pictures/.
 # Usage: tests/hosts/jalv-window.sh BUILD-FOLDER
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -41,6 +41,7 @@ check "widen shows the values of a factory preset" \
 check "jalv opens with that preset" start_jalv --preset urn:orv:trelvan:preset:08 || finish
 check "the window shows its values, pixel by pixel" \
   pictured_as jalv-preset "$work/preset.png" $above_name
-check "and the name of the first one" same_area "$pictures/jalv-preset.png" "$work/first.png" $name_area
+check "and the name of the first one" \
+  same_area "$pictures/jalv-preset.png" "$work/first.png" $name_area
 check "jalv ends properly again" quit_jalv
 finish

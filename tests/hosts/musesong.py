@@ -20,8 +20,8 @@ SONG = """<?xml version="1.0"?>
   </song>
 </muse>
 """
-# How a chunk begins: its tag and the effect's number, twice. Among an LV2 state's other properties it
-# has a chunk's size in bytes.
+# How a chunk begins: its tag and the effect's number, twice. MusE keeps an LV2 state's properties
+# together; the chunk is one of them, of so many bytes.
 BEGINNING = b"\0\0\0\2nvlTnvlT"
 CHUNK_SIZE = 10545
 SIZE = 4  # bytes in front of the packed chunk: its length unpacked, big end first

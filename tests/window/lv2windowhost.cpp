@@ -32,7 +32,7 @@ Lv2WindowHost::Lv2WindowHost(int place, Plugin which)
       window(display.makeWindow({left, kTop, left + kHostWidth, kTop + kHostHeight})),
       descriptor(entryOf<LV2_Descriptor_Function>("lv2_descriptor")(which == Plugin::mono ? 1 : 0)),
       uiDescriptor(entryOf<LV2UI_DescriptorFunction>("lv2ui_descriptor")(0)) {
-  effect = descriptor->instantiate(descriptor, 44100.0, "", nullptr);
+  effect = descriptor->instantiate(descriptor, 44100.0, "", numbers.features());
   for (std::uint32_t port = 0; port < firstControl(); ++port)
     descriptor->connect_port(effect, port, audio[port].data());
   for (std::uint32_t i = 0; i < kControls; ++i)
@@ -117,6 +117,22 @@ void Lv2WindowHost::endEffect() {
 void Lv2WindowHost::sayPorts() {
   for (std::uint32_t i = 0; i < kControls; ++i)
     uiDescriptor->port_event(ui, firstControl() + i, sizeof(float), 0, &controls[i]);
+}
+
+Lv2Kept Lv2WindowHost::state() const {
+  const auto* calls =
+      static_cast<const LV2_State_Interface*>(descriptor->extension_data(LV2_STATE__interface));
+  Lv2Kept kept;
+  calls->save(effect, Lv2Kept::store, &kept, 0, nullptr);
+  return kept;
+}
+
+void Lv2WindowHost::restore(const Lv2Kept& kept) {
+  const auto* calls =
+      static_cast<const LV2_State_Interface*>(descriptor->extension_data(LV2_STATE__interface));
+  Lv2Kept copy = kept;
+  if (calls->restore(effect, Lv2Kept::retrieve, &copy, 0, nullptr) != LV2_STATE_SUCCESS)
+    throw std::runtime_error("the state was refused");
 }
 
 void Lv2WindowHost::run(float leftLevel, float rightLevel) {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "testdisplay.h"
+#include "tests/formats/lv2kept.h"
 
 // What the plug-in told the host of a control port.
 struct Lv2Told {
@@ -50,7 +51,9 @@ class Lv2WindowHost {
 
   std::uint32_t firstControl() const { return plugin == Plugin::mono ? 3 : 4; }
   std::array<float, kControls> controls{0.0F, 0.5F, 0.0F, 1.0F, 0.0F};
-  void sayPorts();                            // to the window
+  void sayPorts();  // to the window
+  Lv2Kept state() const;
+  void restore(const Lv2Kept& state);
   void run(float left = 0, float right = 0);  // a block of a square wave
 
   void idle();
@@ -80,6 +83,7 @@ class Lv2WindowHost {
   int left;  // of the host's window on the screen
   xcb_window_t window;
   xcb_window_t child = 0;
+  Lv2Numbers numbers;
   const LV2_Descriptor* descriptor;
   const LV2UI_Descriptor* uiDescriptor;
   LV2_Handle effect = nullptr;

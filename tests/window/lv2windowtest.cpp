@@ -143,6 +143,29 @@ TEST_F(Lv2WindowTest, AControlThatIsHeldIsTheUsers) {
   EXPECT_FALSE(sameIn(places::slider(0), host.picture(), released));
 }
 
+// The effect begins and ends an empty gesture for it, after which VST 2 hosts read its values
+// again.
+TEST_F(Lv2WindowTest, AStateIsShownAndIsNoGesture) {
+  Lv2WindowHost other(1);
+  other.run();
+  ASSERT_TRUE(other.open());
+  other.click(places::kRockerRight);
+  other.run();
+  other.moveAway();
+  const Picture expected = other.picture();
+
+  Lv2WindowHost host;
+  host.run();
+  ASSERT_TRUE(host.open());
+  host.settle();
+  host.told.clear();
+  host.controls = other.controls;
+  host.restore(other.state());
+  host.run();
+  EXPECT_TRUE(host.picture() == expected);
+  EXPECT_TRUE(host.told.empty());
+}
+
 TEST_F(Lv2WindowTest, NeedsTheInstanceAndAPlace) {
   Lv2WindowHost host;
   EXPECT_FALSE(host.open(LV2_INSTANCE_ACCESS_URI));
