@@ -8,7 +8,7 @@ set -uo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 all=(qtractor-scan muse-scan muse-window ardour ardour-window ardour-keyboard ardour-window-200
   audacity audacity-window audacity-window-200
-  lv2-renders jalv-window ardour-lv2 ardour-lv2-window muse-lv2-window documented)
+  lv2-renders jalv-window ardour-lv2 ardour-lv2-window muse-lv2-window audacity-lv2 documented)
 # Seconds a script; the longest takes half a minute on an idle machine with two processors, but for
 # `documented`, which waits two minutes for Audacity.
 limit=300
