@@ -6,7 +6,7 @@ pkg_check_modules(LV2 REQUIRED IMPORTED_TARGET lv2)
 add_library(trelvan_hosted STATIC formats/record/hostedeffect.cpp)
 target_link_libraries(trelvan_hosted PUBLIC trelvan_options PRIVATE trelvan_effect)
 
-# What the module exports, for tests too; the linker keeps it for its entry alone.
+# Objects: of an archive the linker would leave out what only hosts call.
 add_library(trelvan_lv2 OBJECT
   formats/lv2/lv2descriptor.cpp
   formats/lv2/lv2effect.cpp
@@ -29,7 +29,11 @@ trelvan_link_module(TrelvanLv2 ${lv2_exports})
 
 # Asks the effect, under preferences that nobody has set.
 add_executable(lv2turtle
-  formats/lv2/turtle/main.cpp formats/lv2/turtle/presets.cpp formats/lv2/turtle/turtle.cpp)
+  formats/lv2/turtle/main.cpp
+  formats/lv2/turtle/ports.cpp
+  formats/lv2/turtle/presets.cpp
+  formats/lv2/turtle/turtle.cpp
+  formats/lv2/turtle/words.cpp)
 target_link_libraries(lv2turtle PRIVATE trelvan_hosted trelvan_images PkgConfig::LV2)
 set(lv2_preferences ${PROJECT_BINARY_DIR}/lv2turtle.preferences)
 set(lv2_files)

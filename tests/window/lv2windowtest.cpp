@@ -199,6 +199,29 @@ TEST_F(Lv2WindowTest, IsOneAtATime) {
   EXPECT_TRUE(host.picture() == before);
 }
 
+// Each module has the toolkit for itself, in one process.
+TEST_F(Lv2WindowTest, StandsBesideAVst2Window) {
+  Lv2WindowHost host;
+  host.run();
+  ASSERT_TRUE(host.open());
+  WindowHost vst(1);
+  ASSERT_TRUE(vst.openEditor());
+  vst.click(places::kPhaseSwitch);
+  EXPECT_EQ(vst.parameter(4), 1.0F);
+  host.settle();
+  EXPECT_TRUE(host.told.empty());
+  host.click(places::kPhaseSwitch);
+  EXPECT_EQ(host.controls[4], 1.0F);
+  host.moveAway();
+  const Picture shown = host.picture();
+  vst.closeEditor();
+  EXPECT_TRUE(host.picture() == shown);
+  host.close();
+  ASSERT_TRUE(vst.openEditor());
+  vst.click(places::kPhaseSwitch);
+  EXPECT_EQ(vst.parameter(4), 0.0F);
+}
+
 TEST_F(Lv2WindowTest, OutlivesAnEffectThatEndsFirst) {
   Lv2WindowHost host;
   host.run();

@@ -44,6 +44,10 @@ int main(int count, char** arguments) {
   }
   const bool hasWindow = count > 3 && std::string_view(arguments[3]) == "--window";
   const turtle::Described described{*effect, turtle::presetsOf(*effect), hasWindow};
+  if (described.presets.empty()) {
+    std::fputs("lv2turtle: the effect's chunk has no presets\n", stderr);
+    return 1;
+  }
   const bool written =
       writeTo(folder + "/manifest.ttl",
               [&](auto& out) { turtle::writeManifest(out, described, binary); }) &&

@@ -1,40 +1,22 @@
-// The bundle's three files: what there is, the plug-ins with their ports, the presets.
+// The bundle's three files: what there is, the plug-ins, the presets.
 #include "formats/lv2/turtle/turtle.h"
 
 #include <lv2/core/lv2.h>
 #include <lv2/instance-access/instance-access.h>
-#include <lv2/options/options.h>
 #include <lv2/port-groups/port-groups.h>
 #include <lv2/presets/presets.h>
 #include <lv2/state/state.h>
 #include <lv2/ui/ui.h>
 #include <lv2/urid/urid.h>
 
-#include <charconv>
-
+#include "formats/lv2/turtle/ports.h"
+#include "formats/lv2/turtle/words.h"
 #include "formats/lv2/uris.h"
 
 namespace turtle {
 namespace {
 
 constexpr Lv2Shape kShapes[] = {{lv2uris::kStereo, 2}, {lv2uris::kMono, 1}};
-
-std::string quoted(const std::string& text) {
-  std::string result = "\"";
-  for (const char c : text) {
-    if (c == '"' || c == '\\') result += '\\';
-    result += c;
-  }
-  return result + '"';
-}
-
-// The shortest that reads as the same value again, with a point.
-std::string number(float value) {
-  char text[32];
-  const auto end = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed);
-  std::string result(std::begin(text), end.ptr);
-  return result.find('.') == std::string::npos ? result + ".0" : result;
-}
 
 std::string presetUri(const Lv2Shape& shape, std::size_t slot) {
   return "<" + std::string(shape.uri) + ":preset:" + (slot < 10 ? "0" : "") + std::to_string(slot) +
@@ -46,8 +28,6 @@ void writePrefixes(std::ostream& out) {
          "@prefix foaf: <http://xmlns.com/foaf/0.1/> .\n"
          "@prefix lv2: <" LV2_CORE_PREFIX
          "> .\n"
-         "@prefix opts: <" LV2_OPTIONS_PREFIX
-         "> .\n"
          "@prefix pg: <" LV2_PORT_GROUPS_PREFIX
          "> .\n"
          "@prefix pset: <" LV2_PRESETS_PREFIX
@@ -58,59 +38,6 @@ void writePrefixes(std::ostream& out) {
          "@prefix ui: <" LV2_UI_PREFIX
          "> .\n"
          "@prefix urid: <" LV2_URID_PREFIX "> .\n\n";
-}
-
-// As the effect shows the value: "265.0 Hz".
-std::string shown(HostedEffect& effect, int index, float value) {
-  const float before = effect.parameter(index);
-  effect.setParameter(index, value);
-  std::string text = effect.text(effGetParamDisplay, index);
-  effect.setParameter(index, before);
-  return text + " " + effect.text(effGetParamLabel, index);
-}
-
-void writeAudioPort(std::ostream& out, const Lv2Shape& shape, std::uint32_t port) {
-  const bool isInput = port < shape.firstOutput();
-  const std::uint32_t channel = isInput ? port : port - shape.firstOutput();
-  const bool isMono = isInput && shape.inputs == 1;
-  const std::string side = isMono ? "center" : channel == 0 ? "left" : "right";
-  const std::string name = isMono ? "" : channel == 0 ? " left" : " right";
-  const std::string way = isInput ? "in" : "out";
-  out << "[\n    a lv2:AudioPort , lv2:" << (isInput ? "Input" : "Output") << "Port ;\n"
-      << "    lv2:index " << port << " ;\n"
-      << "    lv2:symbol \"" << way
-      << (isMono         ? ""
-          : channel == 0 ? "_left"
-                         : "_right")
-      << "\" ;\n"
-      << "    lv2:name \"" << (isInput ? "In" : "Out") << name << "\" ;\n"
-      << "    pg:group <" << shape.uri << ":" << way << "put> ;\n"
-      << "    lv2:designation pg:" << side << "\n  ] , ";
-}
-
-// Values are raw ones, 0 to 1, so that they are the same bits and the same ramps as in every other
-// interface; what they stand for is in the comment and at the scale points.
-void writeControlPort(std::ostream& out, const Lv2Shape& shape, HostedEffect& effect, int index) {
-  const std::string name = effect.text(effGetParamName, index);
-  out << "[\n    a lv2:ControlPort , lv2:InputPort ;\n"
-      << "    lv2:index " << shape.firstControl() + static_cast<std::uint32_t>(index) << " ;\n"
-      << "    lv2:symbol " << quoted(name) << " ;\n"
-      << "    lv2:name " << quoted(name) << " ;\n"
-      << "    lv2:default " << number(effect.parameter(index)) << " ;\n"
-      << "    lv2:minimum 0.0 ;\n    lv2:maximum 1.0";
-  if (name == kLv2EnabledName) out << " ;\n    lv2:designation lv2:enabled";
-  if (effect.isSwitch(index)) {
-    out << " ;\n    lv2:portProperty lv2:toggled";
-  } else {
-    out << " ;\n    rdfs:comment "
-        << quoted("0 is " + shown(effect, index, 0.0F) + ", 0.5 is " + shown(effect, index, 0.5F) +
-                  ", 1 is " + shown(effect, index, 1.0F) + ".");
-    for (const float value : {0.0F, 0.25F, 0.5F, 0.75F, 1.0F}) {
-      out << " ;\n    lv2:scalePoint [ rdfs:label " << quoted(shown(effect, index, value))
-          << " ; rdf:value " << number(value) << " ]";
-    }
-  }
-  out << "\n  ]";
 }
 
 void writeGroup(std::ostream& out, const Lv2Shape& shape, bool isInput) {
@@ -163,12 +90,7 @@ void writePlugin(std::ostream& out, const Lv2Shape& shape, const Described& desc
   if (described.hasWindow) out << "  ui:ui <" << lv2uris::kWindow << "> ;\n";
   out << "  pg:mainInput " << uri << ":input> ;\n  pg:mainOutput " << uri << ":output> ;\n"
       << "  lv2:port ";
-  for (std::uint32_t port = 0; port < shape.firstControl(); ++port)
-    writeAudioPort(out, shape, port);
-  for (int index = 0; index < effect.parameterCount(); ++index) {
-    if (index > 0) out << " , ";
-    writeControlPort(out, shape, effect, index);
-  }
+  writePorts(out, shape, effect);
   out << " .\n\n";
 }
 
