@@ -9,6 +9,13 @@ target_link_libraries(trelvan_images PUBLIC trelvan_options)
 
 include(Kernel)
 
+# The version is CMakeLists.txt's, for hosts as a number: 1990.
+set(version ${PROJECT_VERSION_MAJOR}${PROJECT_VERSION_MINOR}${PROJECT_VERSION_PATCH}0)
+set_source_files_properties(effect/trelvan.cpp PROPERTIES
+  COMPILE_DEFINITIONS TRELVAN_VENDOR_VERSION=${version})
+set_source_files_properties(editor/controls/csplashscreenmyview.cpp PROPERTIES
+  COMPILE_DEFINITIONS TRELVAN_VERSION="${PROJECT_VERSION}")
+
 # Compiles without the toolkit's headers. All that it needs of the window is createEditor: who links
 # this without the window brings one of its own.
 add_library(trelvan_effect STATIC

@@ -127,7 +127,7 @@ bool Trelvan::getProductString(char* text) {
   return copyText(text, "Orv Trelvan - Trelvan processor");
 }
 VstInt32 Trelvan::getVendorVersion() {
-  return 1990;
+  return TRELVAN_VENDOR_VERSION;  // set by the build: 1990
 }
 VstPlugCategory Trelvan::getPlugCategory() {
   return kPlugCategMastering;

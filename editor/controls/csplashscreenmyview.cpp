@@ -54,7 +54,7 @@ void CSplashScreenMyView::draw(VSTGUI::CDrawContext* context) {
     context->setFontColor(colour);
     context->drawString(text, line, VSTGUI::kCenterText, true);
   };
-  write(0, VSTGUI::kNormalFontSmaller, kDarkBlueCColor, "Orv Trelvan   v.1.9.9");
+  write(0, VSTGUI::kNormalFontSmaller, kDarkBlueCColor, "Orv Trelvan   v." TRELVAN_VERSION);
   write(17, VSTGUI::kNormalFontSmaller, kDarkBlueCColor, "Made with care by Orv");
   write(17, VSTGUI::kNormalFontSmaller, kDarkBlueCColor, "https://orv.example");
   write(37, VSTGUI::kNormalFontVerySmall, kDarkGreyCColor, "VST PlugIn Technology by Steinberg");
