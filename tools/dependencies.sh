@@ -33,8 +33,8 @@ test_packages=(
   dbus-daemon
   # the LV2 bundle: its hosts' library, and what validates it
   lilv-utils sordi
-  # what an installation tells software centres
-  appstream
+  # what an installation tells software centres; packages
+  appstream dpkg-dev lintian
   # the macOS sources: Mach-O bundle
   lld-LLVM libc++-LLVM-dev musl-dev
   # the macOS sources: run on GNUstep

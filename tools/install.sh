@@ -14,10 +14,16 @@ usage() {
 action=${1:-}
 [[ $action == --install || $action == --uninstall ]] || usage
 shift
-prefix= manual= presets=
+prefix=""
+manual=""
+presets=""
 while [ $# -gt 0 ]; do
   case $1 in
-    --prefix) [ $# -gt 1 ] && [ -n "$2" ] || usage; prefix=$2; shift ;;
+    --prefix)
+      [ -n "${2:-}" ] || usage
+      prefix=$2
+      shift
+      ;;
     --prefix=?*) prefix=${1#--prefix=} ;;
     *) usage ;;
   esac
