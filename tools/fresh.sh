@@ -1,0 +1,87 @@
+#!/usr/bin/env bash
+# Tries on a fresh Debian what README promises to who has nothing yet. The system is made by
+# debootstrap below FOLDER, from the mirror that this machine's apt is set to, and kept there.
+# Usage: tools/fresh.sh FOLDER SUITE STEP...     (as root; SUITE: bookworm, trixie)
+#   packages   those of build/release-VERSION (tools/release.sh): installed, used, updated under a
+#              running host, removed
+#   root       ./run, ./run --install and --uninstall as root
+#   user       the same as a user with sudo
+#   test       ./test
+# Prints a line for each step, and what went wrong.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+[ $# -ge 3 ] || { sed -n 's/^# Usage: //p' "$0" >&2; exit 2; }
+[ "$(id -u)" = 0 ] || { echo "debootstrap needs root" >&2; exit 1; }
+base=$1
+suite=$2
+shift 2
+root=$base/$suite
+version=$(sed -n 's/^project(Trelvan VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+
+# inside COMMAND...: in the fresh system, with processes and mounts that end with it.
+inside() {
+  unshare --mount --pid --fork --mount-proc="$root/proc" \
+    chroot "$root" env -i PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
+    HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"
+}
+if [ ! -f "$root.made" ]; then
+  # The main archive is the one with the suite that this system is of.
+  mirror=$(apt-get indextargets --format '$(REPO_URI)' "Codename: $(. /etc/os-release &&
+    echo "$VERSION_CODENAME")" | head -n 1)
+  mkdir -p "$base"
+  debootstrap --variant=minbase --include=ca-certificates "$suite" "$root" "$mirror" \
+    >"$root.log" 2>&1 || { tail -n 20 "$root.log" >&2; exit 1; }
+  touch "$root.made"
+fi
+cp /etc/resolv.conf "$root/etc/resolv.conf"
+
+# What is tried: the last commit, as somebody unpacks it.
+unpack_for() {
+  local home=$1
+  rm -rf "${root:?}$home/trelvan"
+  mkdir -p "$root$home/trelvan"
+  git archive HEAD | tar -x -C "$root$home/trelvan"
+}
+
+try_packages() {
+  rm -rf "$root/tmp/packages"
+  mkdir -p "$root/tmp/packages"
+  cp "build/release-$version"/*.deb tools/freshpackages.sh "$root/tmp/packages"
+  inside /tmp/packages/freshpackages.sh
+}
+try_root() {
+  unpack_for /root
+  inside bash -c 'cd ~/trelvan && ./run && [ -s build/demo/widened.wav ] &&
+    ./run --install && /usr/local/bin/widen --info && ./run --uninstall &&
+    [ ! -e /usr/local/bin/widen ] && [ ! -e /usr/local/lib/vst ]'
+}
+try_user() {
+  inside bash -c 'apt-get update -qq && apt-get install -y -qq sudo >/dev/null &&
+    { id somebody >/dev/null 2>&1 || useradd --create-home --shell /bin/bash somebody; } &&
+    echo "somebody ALL=(ALL) NOPASSWD: ALL" >/etc/sudoers.d/somebody'
+  unpack_for /home/somebody
+  inside chown -R somebody: /home/somebody/trelvan
+  inside su - somebody -c 'cd ~/trelvan && ./run && [ -s build/demo/widened.wav ] &&
+    ./run --install && ~/.local/bin/widen --info && [ -d ~/.vst/Trelvan.vst ] &&
+    ./run --uninstall && [ ! -e ~/.vst ] && [ ! -e ~/Documents ]'
+}
+try_test() {
+  unpack_for /root
+  inside bash -c 'cd ~/trelvan && ./test'
+}
+
+failed=0
+for step in "$@"; do
+  case $step in packages | root | user | test) ;; *) echo "no step $step" >&2; exit 2 ;; esac
+  since=$SECONDS
+  log=$root.$step.log
+  verdict=pass
+  # In a process of its own: -e does not hold within a condition.
+  set +e
+  (set -e; "try_$step") >"$log" 2>&1
+  [ $? = 0 ] || { verdict=FAIL; failed=1; tail -n 20 "$log"; }
+  set -e
+  printf '%-10s %-10s %s  %s  %d s\n' "$suite" "$step" "$verdict" \
+    "$(git rev-parse --short HEAD)" $((SECONDS - since))
+done
+exit "$failed"
