@@ -1,9 +1,17 @@
 #!/usr/bin/env bash
 # Configures a preset and builds targets of it, quietly; what was printed is shown where it fails.
 # Usage: tools/build.sh PRESET [--tests] [TARGET...]
+# Where TRELVAN_TOOLKIT_SOURCE names a folder with the toolkit's source, that one is built.
 set -euo pipefail
+called_from=$PWD
 cd "$(dirname "$0")/.."
-preset=$1
+refuse() {
+  echo "tools/build.sh: $1" >&2
+  echo "usage: tools/build.sh PRESET [--tests] [TARGET...]" >&2
+  exit 2
+}
+preset=${1:-}
+grep -qF "\"name\": \"$preset\"" CMakePresets.json || refuse "no preset \"$preset\""
 shift
 # Warnings are errors for the tests only: a compiler that is newer than those tried must not stop
 # who wants to listen. Where the tests were built before it stays so, or all would be built again.
@@ -19,6 +27,14 @@ if [ "${1:-}" = --tests ]; then
   # needs an X server.
   [ "$(uname -s)" != Darwin ] ||
     options+=(-DTRELVAN_FUZZERS=OFF -DTRELVAN_BENCHMARKS=OFF -DTRELVAN_WERROR=OFF)
+fi
+for target in "$@"; do
+  [[ $target != -* ]] || refuse "no option $target"
+done
+if [ -n "${TRELVAN_TOOLKIT_SOURCE:-}" ]; then
+  [[ $TRELVAN_TOOLKIT_SOURCE == /* ]] || TRELVAN_TOOLKIT_SOURCE=$called_from/$TRELVAN_TOOLKIT_SOURCE
+  export TRELVAN_TOOLKIT_SOURCE
+  options+=(-DTRELVAN_TOOLKIT_SOURCE="$TRELVAN_TOOLKIT_SOURCE")
 fi
 tools/dependencies.sh "$packages"
 

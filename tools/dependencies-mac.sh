@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
 # macOS: installs what Trelvan needs and is missing, with Homebrew. The toolkit's source is fetched
 # by CMake. Silent and quick when all is there.
-# Usage: tools/dependencies-mac.sh [build|test]   (test adds the tests' tools)
+# Usage: tools/dependencies-mac.sh [--print] [build|test]
+# (test adds the tests' tools; --print only says what it would install)
 set -euo pipefail
+print=
+[ "${1:-}" != --print ] || { print=yes; shift; }
 
 build_packages=(
   cmake ninja pkg-config
@@ -24,6 +27,11 @@ for package in "${packages[@]}"; do
   brew list --versions "$package" >/dev/null 2>&1 || missing+=("$package")
 done
 if [ ${#missing[@]} -gt 0 ]; then
-  echo "installing: ${missing[*]}"
+  count="${#missing[@]} of Homebrew's formulas, and what they need: ${missing[*]}"
+  if [ -n "$print" ]; then
+    echo "missing: $count"
+    exit 0
+  fi
+  echo "installing $count"
   brew install --quiet "${missing[@]}"
 fi

@@ -1,10 +1,20 @@
 #!/usr/bin/env bash
 # Installs what Trelvan needs and is missing: Debian's packages, and the toolkit's source below
 # .deps/. Silent and quick when all is there.
-# Usage: tools/dependencies.sh [build|test]   (test adds the tests' tools)
+# Usage: tools/dependencies.sh [--print] [build|test]
+# (test adds the tests' tools; --print only says which packages it would install, with their sizes)
+# Where TRELVAN_TOOLKIT_SOURCE names a folder with the toolkit's source, none is fetched.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-if [ "$(uname -s)" = Darwin ]; then exec tools/dependencies-mac.sh "$@"; fi
+print=
+[ "${1:-}" != --print ] || { print=--print; shift; }
+kind=${1:-build}
+if [ $# -gt 1 ] || { [ "$kind" != build ] && [ "$kind" != test ]; }; then
+  echo "usage: tools/dependencies.sh [--print] [build|test]" >&2
+  exit 2
+fi
+if [ "$(uname -s)" = Darwin ]; then exec tools/dependencies-mac.sh ${print:+--print} "$kind"; fi
+umask 022  # as archives and packages have it, whoever unpacks them
 
 build_packages=(
   g++ cmake ninja-build pkg-config
@@ -60,21 +70,26 @@ read_versions() {
 # checks the SHA-256.
 fetch_toolkit() {
   [ -f "$toolkit_folder/.complete" ] && return 0
-  local mirror archive
+  local mirror archive said reasons=
   archive=".deps/$toolkit_file"
   mkdir -p .deps
   if [ ! -f "$archive" ]; then
     apt-get indextargets --format '$(REPO_URI)' | grep -q . || tools/asroot.sh apt-get update -qq
     echo "fetching the toolkit's source"
     for mirror in $(apt-get indextargets --format '$(REPO_URI)' | sort -u); do
-      /usr/lib/apt/apt-helper download-file \
+      said=$(PATH=$PATH:/usr/lib/apt apt-helper download-file \
         "${mirror%/}/pool/main/v/vst3sdk/$toolkit_file" "$archive" \
-        "SHA256:$toolkit_sha256" >/dev/null 2>&1 && break
-      rm -f "$archive"
+        "SHA256:$toolkit_sha256" 2>&1) && break
+      reasons+=${reasons:+$'\n'}$(sed -n 's/^[EW]: */  /p' <<<"$said")
+      rm -f "$archive" "$archive".*
     done
   fi
-  [ -f "$archive" ] ||
-    { echo "the toolkit's source could not be fetched (see README, Dependencies)" >&2; exit 1; }
+  if [ ! -f "$archive" ]; then
+    echo "the toolkit's source could not be fetched:" >&2
+    printf '%s\n' "${reasons:-  apt knows no mirror}" >&2
+    echo "unpacked by hand it does too: TRELVAN_TOOLKIT_SOURCE=FOLDER ./run" >&2
+    exit 1
+  fi
   echo "$toolkit_sha256  $archive" | sha256sum --check --quiet
   rm -rf "$toolkit_folder"
   mkdir -p "$toolkit_folder"
@@ -84,13 +99,19 @@ fetch_toolkit() {
 }
 
 command -v apt-get >/dev/null || { echo "no apt here: see README, Dependencies" >&2; exit 1; }
-if [ "${1:-build}" = test ]; then
-  read_versions || { tools/asroot.sh apt-get update -qq && read_versions; } ||
+if [ "$kind" = test ]; then
+  read_versions || { [ -z "$print" ] && tools/asroot.sh apt-get update -qq && read_versions; } ||
     { echo "apt knows no clang or no libgnustep-gui-dev: see README, Dependencies" >&2; exit 1; }
   test_packages=("${test_packages[@]//LLVM/$llvm}")
-  tools/packages.sh "${build_packages[@]}" "${test_packages[@]//GNUSTEP/$gnustep}"
+  tools/packages.sh ${print:+--print} "${build_packages[@]}" "${test_packages[@]//GNUSTEP/$gnustep}"
 else
-  tools/packages.sh "${build_packages[@]}"
+  tools/packages.sh ${print:+--print} "${build_packages[@]}"
+fi
+[ -z "$print" ] || exit 0
+if [ -n "${TRELVAN_TOOLKIT_SOURCE:-}" ]; then
+  [ -f "$TRELVAN_TOOLKIT_SOURCE/vstgui/vstgui.h" ] ||
+    { echo "TRELVAN_TOOLKIT_SOURCE: no vstgui/vstgui.h in $TRELVAN_TOOLKIT_SOURCE" >&2; exit 1; }
+  exit 0
 fi
 fetch_toolkit
 # Each time: it may have been unpacked before.

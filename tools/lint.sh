@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$1
 shift
-git ls-files -z '*.cpp' |
+tools/sources.sh '*.cpp' |
   grep -zE '^(plugin|effect|presetsystem|editor|platform|formats|host)/' | grep -zv '/mac/' |
   xargs -0 -P "$(getconf _NPROCESSORS_ONLN)" -n 4 clang-tidy -p "$build" --quiet "$@" 2>"$build/lint.log" ||
   { cat "$build/lint.log" >&2; exit 1; }

@@ -13,7 +13,7 @@ fail() { echo "$1" >&2; exit 1; }
 # As on a machine that has no more than the build needs, and without a preset.
 configure() {
   "$cmake" -S "$source" -B "$work/build" -G Ninja -DTRELVAN_TOOLKIT_SOURCE="$toolkit" \
-    -DTRELVAN_TESTS=OFF -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON \
+    -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON \
     -DCMAKE_DISABLE_FIND_PACKAGE_benchmark=ON "$@" >"$work/said" 2>&1 ||
     { cat "$work/said" >&2; exit 1; }
   grep '"command":' "$work/build/compile_commands.json" >"$work/commands"
@@ -26,7 +26,7 @@ asked_for() {
   local system=$1
   shift
   mkdir -p "$work/bin" "$work/tree"
-  cp -r "$source/tools" "$work/tree"
+  cp -r "$source/tools" "$source/CMakePresets.json" "$work/tree"
   printf '#!/bin/sh\n' >"$work/tree/tools/dependencies.sh"
   printf '#!/bin/sh\necho "$@" >>"%s"\n' "$work/asked" >"$work/bin/cmake"
   printf '#!/bin/sh\necho %s\n' "$system" >"$work/bin/uname"
@@ -47,12 +47,72 @@ case $case in
       fail "tests are compiled"
     fi
     ;;
+  HasTestsAndBenchmarksByPresetOnly)
+    cd "$source"
+    "$cmake" --preset release -N >"$work/preset"
+    for option in TRELVAN_TESTS TRELVAN_BENCHMARKS; do
+      grep -qF "$option=\"ON\"" "$work/preset" || fail "$option is not on by the preset release"
+    done
+    configure
+    for option in TRELVAN_TESTS TRELVAN_BENCHMARKS; do
+      grep -q "^$option:BOOL=OFF" "$work/build/CMakeCache.txt" || fail "$option is on by itself"
+    done
+    for preset in debug asan tsan; do
+      "$cmake" --preset $preset -N >"$work/preset"
+      grep -qF 'TRELVAN_TESTS="ON"' "$work/preset" || fail "$preset has no tests"
+      grep -qF 'TRELVAN_BENCHMARKS="OFF"' "$work/preset" || fail "$preset measures"
+    done
+    ;;
+  RefusesWhatItDoesNotKnow)
+    mkdir -p "$work/tree"
+    cp -r "$source/tools" "$source/CMakePresets.json" "$work/tree"
+    printf '#!/bin/sh\ntouch "%s"\n' "$work/installed" >"$work/tree/tools/packages.sh"
+    for words in "build.sh" "build.sh relase" "build.sh release --test" "dependencies.sh --prnt" \
+      "dependencies.sh tests" "dependencies.sh build test"; do
+      if "$work/tree/tools/"$words >"$work/said" 2>&1; then fail "$words: accepted"; fi
+      grep -q '^usage: ' "$work/said" || fail "$words: $(cat "$work/said")"
+    done
+    [ ! -e "$work/installed" ] || fail "something was installed"
+    ;;
   MakesWarningsErrorsWhereItIsAsked)
     configure
     if grep -e ' -Werror' "$work/ours"; then fail "warnings are errors for who did not ask"; fi
     configure -DTRELVAN_WERROR=ON
     if grep -ve ' -Werror ' "$work/ours"; then fail "a warning in this would be let through"; fi
     if grep -e ' -Werror ' "$work/theirs"; then fail "the toolkit is not ours to mend"; fi
+    ;;
+  PassesAToolkitOfSomebodysOwnOn)
+    cd "$work"
+    export TRELVAN_TOOLKIT_SOURCE=mine
+    asked_for Linux release Trelvan | expect_last TRELVAN_TOOLKIT_SOURCE "$work/mine"
+    ;;
+  WorksBelowAFolderOfAnyName)
+    tree="$work/it's one & the same"
+    mkdir "$tree"
+    ln -s "$source"/* "$tree"
+    rm -f "$tree/build"
+    "$cmake" -S "$tree" -B "$tree/build" -G Ninja -DTRELVAN_TOOLKIT_SOURCE="$toolkit" \
+      >"$work/said" 2>&1 || fail "$(cat "$work/said")"
+    # What commands of ours make, of each kind one; and a source of each.
+    "$cmake" --build "$tree/build" --target trelvan_kernel_baseline host/plotfont.cpp \
+      "$tree/build/Trelvan.vst/Contents/Resources/bmp00142.png" >"$work/said" 2>&1 ||
+      fail "$(cat "$work/said")"
+    ;;
+  KnowsItsSourcesWithoutVersionControl)
+    mkdir -p "$work/tree/build"
+    for entry in "$source"/[a-z]*; do
+      [ "${entry##*/}" = build ] || cp -r "$entry" "$work/tree"
+    done
+    touch "$work/tree/build/made.cpp"
+    "$work/tree/tools/sources.sh" '*.cpp' '*.h' '*.mm' | tr '\0' '\n' >"$work/alone"
+    grep -qx host/cli/main.cpp "$work/alone" || fail "there is no main"
+    grep -qx platform/mac/alert.mm "$work/alone" || fail "of several endings one is missing"
+    if grep build/made "$work/alone"; then fail "this is no source"; fi
+    if [ -e "$source/.git" ] && git -C "$source" rev-parse 2>/dev/null; then
+      "$source/tools/sources.sh" '*.cpp' '*.h' '*.mm' | tr '\0' '\n' | LC_ALL=C sort >"$work/known"
+      LC_ALL=C sort "$work/alone" | LC_ALL=C comm -13 - "$work/known" >"$work/missing"
+      [ ! -s "$work/missing" ] || fail "these are missing: $(cat "$work/missing")"
+    fi
     ;;
   LetsWarningsStopTheTestsOnly)
     asked_for Linux release Trelvan widen | expect_last TRELVAN_WERROR OFF

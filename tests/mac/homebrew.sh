@@ -27,7 +27,7 @@ chmod +x "$work/brew" "$work/xcode-select"
 export PATH=$work:$PATH
 
 for kind in build test; do
-  "$source/tools/dependencies-mac.sh" "$kind" | grep '^installing: ' ||
+  "$source/tools/dependencies-mac.sh" "$kind" | grep '^installing ' ||
     { echo "WRONG $kind: nothing is installed"; exit 1; }
   again=$("$source/tools/dependencies-mac.sh" "$kind")
   [ -z "$again" ] || { echo "WRONG $kind: not silent when all is there: $again"; exit 1; }

@@ -90,7 +90,7 @@ class Copy:
         options = [f"-DCMAKE_{language}_COMPILER_LAUNCHER={launcher}"
                    for language in ("CXX", "OBJCXX") if launcher]
         code, output = run(["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja",
-                            "-DCMAKE_BUILD_TYPE=Release", "-DTRELVAN_BENCHMARKS=OFF",
+                            "-DCMAKE_BUILD_TYPE=Release", "-DTRELVAN_TESTS=ON",
                             f"-DTRELVAN_TOOLKIT_SOURCE={self.toolkit}", *options],
                            self.source, 300)
         if code != 0:
