@@ -14,9 +14,12 @@ std::int32_t least(std::int32_t a, std::int32_t b) {
 }
 
 // Asks for the places of the line that the first run writes and reads: with many instances in turn
-// they are far away, and come all at once only if they are asked for all at once.
+// they are far away, and come all at once only if they are asked for all at once. A few do so by
+// themselves.
 void fetchLine(const State& state, std::int32_t offset, std::int32_t frames) {
   constexpr std::int32_t kFloatsOfCacheLine = 16;
+  constexpr std::int32_t kFew = 4 * kFloatsOfCacheLine;
+  if (frames <= kFew) return;
   const float* const written = state.line + nextPlace(state);
   const float* const read = state.line + ((offset + nextPlace(state)) & kLineMask);
   for (std::int32_t i = 0; i < least(frames, kRunFrames); i += kFloatsOfCacheLine) {
@@ -101,16 +104,22 @@ void widen(State& state, const Rates& rates, const Targets& targets, const Block
   }
 }
 
+// Not inlined, as widenGliding.
+[[gnu::noinline]] void glideUnheard(State& state, const Rates& rates, const Targets& targets,
+                                    std::int32_t frames) {
+  float gains[kGlidingFrames];
+  float emphases[kGlidingFrames];
+  glideGains(state, rates, targets, gains, emphases, frames);
+}
+
 template <typename Sample>
 void pass(State& state, const Rates& rates, const Targets& targets, const Block<Sample>& block) {
   state.rests = false;  // the line goes on while nothing of it is heard
   std::int32_t frames = 0;
   for (std::int32_t done = 0; done < block.frames; done += frames) {
-    float gains[kGlidingFrames];
-    float emphases[kGlidingFrames];
     const bool steady = gainsRest(state, rates, targets);
     frames = least(block.frames - done, steady ? kRunFrames : kGlidingFrames);
-    if (!steady) glideGains(state, rates, targets, gains, emphases, frames);
+    if (!steady) glideUnheard(state, rates, targets, frames);
     passRun(state, rates, partOf(block, done, frames));
   }
 }

@@ -42,7 +42,8 @@ static inline std::int32_t nextPlace(const State& state) {
     line[-1] = line[kLineFrames - 1];
     for (std::int32_t i = kLineFrames; i < end; ++i) line[i - kLineFrames] = line[i];
   } else {
-    for (std::int32_t i = first; i < end && i < kRunFrames; ++i) line[i + kLineFrames] = line[i];
+    const std::int32_t last = end < kRunFrames ? end : kRunFrames;
+    for (std::int32_t i = first; i < last; ++i) line[i + kLineFrames] = line[i];
   }
 }
 
