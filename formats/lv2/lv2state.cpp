@@ -1,6 +1,24 @@
 // The effect's state: the chunk of its VST 2.4 record, byte for byte.
 #include "formats/lv2/lv2effect.h"
 
+namespace {
+
+// While it lives, `place` names the calling thread; however it ends.
+class ThreadMark {
+ public:
+  explicit ThreadMark(std::atomic<std::thread::id>& place) : marked(place) {
+    marked = std::this_thread::get_id();
+  }
+  ~ThreadMark() { marked = std::thread::id(); }
+  ThreadMark(const ThreadMark&) = delete;
+  ThreadMark& operator=(const ThreadMark&) = delete;
+
+ private:
+  std::atomic<std::thread::id>& marked;
+};
+
+}  // namespace
+
 LV2_State_Status Lv2Effect::save(LV2_State_Store_Function store, LV2_State_Handle state) const {
   if (chunkKey == 0) return LV2_STATE_ERR_NO_FEATURE;
   const auto chunk = effect->chunk();
@@ -20,10 +38,11 @@ LV2_State_Status Lv2Effect::restore(LV2_State_Retrieve_Function retrieve, LV2_St
   const void* const bytes = retrieve(state, chunkKey, &size, &type, &flags);
   if (bytes == nullptr) return LV2_STATE_ERR_NO_PROPERTY;
   if (type != chunkType) return LV2_STATE_ERR_BAD_TYPE;
-  restoring = std::this_thread::get_id();
-  const bool taken = effect->takeChunk({static_cast<const unsigned char*>(bytes), size});
-  restoring = std::thread::id();
-  if (!taken) return LV2_STATE_ERR_UNKNOWN;
+  {
+    const ThreadMark mark(restoring);
+    if (!effect->takeChunk({static_cast<const unsigned char*>(bytes), size}))
+      return LV2_STATE_ERR_UNKNOWN;
+  }
   effect->startAgain();
   for (Control& control : controls) control.seen = kNever;
   portsAreNew = true;
