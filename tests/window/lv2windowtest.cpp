@@ -164,6 +164,8 @@ TEST_F(Lv2WindowTest, AStateIsShownAndIsNoGesture) {
   host.run();
   EXPECT_TRUE(host.picture() == expected);
   EXPECT_TRUE(host.told.empty());
+  host.click(places::kPhaseSwitch);  // the user is heard as before
+  EXPECT_EQ(host.controls[4], 1.0F);
 }
 
 TEST_F(Lv2WindowTest, NeedsTheInstanceAndAPlace) {
