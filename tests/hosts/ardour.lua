@@ -1,7 +1,8 @@
 -- Run by Ardour's session interpreter: makes a session with the effect on a track, or changes one
 -- that is there. What to do comes as environment variables: SESSION_FOLDER, SESSION, RATE; LV2_URI,
 -- for the effect as LV2; BESIDE, for the VST 2 effect after that one on its track, with the same
--- parameters; PARAMETERS, as "index=value ...", to set; EXPECTED, in the same form, to find before that.
+-- parameters; PARAMETERS, as "index=value ...", to set; EXPECTED, in the same form, to find before
+-- that.
 io.stdout:setvbuf("no")  -- the interpreter may end by force
 local folder, name = os.getenv("SESSION_FOLDER"), os.getenv("SESSION")
 local lv2_uri = os.getenv("LV2_URI")

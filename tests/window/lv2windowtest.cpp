@@ -41,6 +41,15 @@ TEST_F(Lv2WindowTest, IsTheHostsWindowsChildAndTellsItsSize) {
   EXPECT_EQ(host.toldSize, std::pair(place.width, place.height));
 }
 
+TEST_F(Lv2WindowTest, IsAsLargeAsTheDesktopsScaleSays) {
+  const ScopedVariable scale("GDK_SCALE", "2");
+  Lv2WindowHost host;
+  ASSERT_TRUE(host.open());
+  const Place place = placeOf(host, host.widgetWindow());
+  EXPECT_EQ(place.width, 2 * places::kWidth);
+  EXPECT_EQ(host.toldSize, std::pair(place.width, place.height));
+}
+
 TEST_F(Lv2WindowTest, TellsItsOwnWindowBesideOneOfTheHosts) {
   Lv2WindowHost host;
   xcb_connection_t* link = host.display.link();
