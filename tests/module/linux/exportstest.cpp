@@ -1,4 +1,5 @@
-// A built module's dynamic symbols, read from the file itself.
+// A built module's dynamic symbols, read from the file itself. The build says which module, what it
+// exports, and what its test is called.
 #include <elf.h>
 #include <gmock/gmock.h>
 
@@ -46,7 +47,7 @@ Symbols dynamicSymbols(const char* path) {
   return symbols;
 }
 
-TEST(Exports, AreTheEntryPointsAndNothingElse) {
+TEST(TRELVAN_EXPORTS, AreTheEntryPointsAndNothingElse) {
   EXPECT_THAT(dynamicSymbols(TRELVAN_MODULE).defined,
               testing::UnorderedElementsAre(TRELVAN_ENTRY_POINTS));
 }
