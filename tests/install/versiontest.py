@@ -40,7 +40,7 @@ class Version(unittest.TestCase):
             self.assertIn(f"MACOSX_BUNDLE_{name} ${{PROJECT_VERSION}}", rules)
 
     def test_stands_nowhere_else(self):
-        written = re.compile(rf"(?<![\d.]){re.escape(VERSION)}(?![\d.])")
+        written = re.compile(rf"(?<!\d)(?<!\d\.){re.escape(VERSION)}(?![\d.])")
         for room in ("platform", "presetsystem", "plugin", "effect", "editor", "host", "cmake"):
             for path in (SOURCE / room).rglob("*.*"):
                 if path.is_file():
