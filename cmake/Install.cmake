@@ -2,7 +2,8 @@
 # own (Packages.cmake). How files are put: PutFiles.cmake.
 #
 # Another format of the plug-in is one more component: its trelvan_install... line among those
-# below, its name in TRELVAN_COMPONENTS, its words in Packages.cmake.
+# below (trelvan_install_bundle(lv2 lib/lv2 FOLDER), say), its name in TRELVAN_COMPONENTS, its words
+# in Packages.cmake, and its targets in Hardening.cmake.
 set(TRELVAN_COMPONENTS plugin widen doc)
 
 install(CODE "include(\"${PROJECT_SOURCE_DIR}/cmake/PutFiles.cmake\")" ALL_COMPONENTS)

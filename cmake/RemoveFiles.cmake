@@ -19,10 +19,8 @@ foreach(list IN LISTS lists)
   list(APPEND made ${folders})
   file(REMOVE "${list}")
 endforeach()
-# The lists' own, and what is deepest first.
-list(APPEND made "${TRELVAN_LISTS}" "${CMAKE_INSTALL_PREFIX}/share/trelvan")
 list(REMOVE_DUPLICATES made)
-list(SORT made ORDER DESCENDING)
+list(SORT made ORDER DESCENDING)  # what is deepest comes first
 foreach(folder IN LISTS made)
   execute_process(COMMAND rmdir "${folder}" ERROR_QUIET RESULT_VARIABLE ignored)
 endforeach()

@@ -66,7 +66,7 @@ class Places(InstallationTest):
         for path in self.prefix.rglob("*"):
             mode = stat.S_IMODE(path.stat().st_mode)
             program = path.is_dir() or path.name == "widen" and path.parent.name == "bin"
-            if "installed" not in str(path):
+            if path.parent.name != "installed":  # the lists are the installer's
                 self.assertEqual(mode, 0o755 if program else 0o644, path)
 
     def test_have_a_widen_that_finds_the_plug_in_and_its_presets(self):
