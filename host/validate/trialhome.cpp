@@ -83,4 +83,6 @@ void TrialHome::enter() const {
        {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
     unsetenv(variable);  // below HOME then
   }
+  // Which on macOS has nothing to do with an effect's preferences; this is how Trelvan is told.
+  setenv("TRELVAN_PREFERENCES", "com.orv.trelvan.validator", 0);
 }

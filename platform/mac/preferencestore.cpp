@@ -2,6 +2,7 @@
 // plug-in's own identifier.
 #include "platform/preferencestore.h"
 
+#include <cstdlib>
 #include <map>
 #include <mutex>
 #include <string>
@@ -50,8 +51,11 @@ struct PreferenceStore::System {
   }
 };
 
+// Where the person's own are not to be touched, by tests for instance, TRELVAN_PREFERENCES names
+// others: the system has them in one place, whatever the home folder is called.
 PreferenceStore::PreferenceStore(const char* applicationId) : system(std::make_unique<System>()) {
-  system->application = romanString(applicationId);
+  const char* others = std::getenv("TRELVAN_PREFERENCES");
+  system->application = romanString(others != nullptr && *others != 0 ? others : applicationId);
 }
 
 PreferenceStore::~PreferenceStore() = default;

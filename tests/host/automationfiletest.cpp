@@ -18,7 +18,7 @@ using testing::SizeIs;
 
 class AutomationFiles : public FolderTest {
  protected:
-  AutomationFiles() { setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1); }
+  AutomationFiles() { useOwnPreferences(); }
 
   std::vector<AutomationLane> read(const std::string& text,
                                    const std::string& plugin = WIDEN_TRELVAN) {

@@ -16,7 +16,7 @@ using testing::HasSubstr;
 
 class Descriptions : public FolderTest {
  protected:
-  Descriptions() { setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1); }
+  Descriptions() { useOwnPreferences(); }
 
   struct Live {
     explicit Live(const std::filesystem::path& plugin)

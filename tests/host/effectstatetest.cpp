@@ -26,7 +26,7 @@ std::string pluginFile(const std::string& name) {
 
 class EffectStates : public FolderTest {
  protected:
-  EffectStates() { setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1); }
+  EffectStates() { useOwnPreferences(); }
 
   // An effect with all that it needs.
   struct Live {

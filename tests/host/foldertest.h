@@ -25,6 +25,12 @@ class FolderTest : public testing::Test {
     return all;
   }
 
+  // For effects in this process and its children, from here on; empty at first.
+  void useOwnPreferences() const {
+    setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
+    setenv("TRELVAN_PREFERENCES", preferencesOf(root).c_str(), 1);
+  }
+
   static void writeText(const std::filesystem::path& file, const std::string& text) {
     writeFile(file, text);
   }

@@ -22,7 +22,7 @@ using testing::HasSubstr;
 
 class FxPresets : public FolderTest {
  protected:
-  FxPresets() { setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1); }
+  FxPresets() { useOwnPreferences(); }
   ~FxPresets() override { unsetenv("WIDEN_TEST_CHUNKS"); }
 
   struct Live {

@@ -83,7 +83,7 @@ Outcome runProgram(const std::filesystem::path& folder, const std::vector<std::s
 
 // The effect keeps preferences: the tests' own, empty at first.
 ProgramTest::ProgramTest() {
-  setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
+  useOwnPreferences();
 }
 
 ProgramTest::~ProgramTest() {

@@ -45,9 +45,12 @@ def configure(source, build, toolkit, options):
 
 
 def commands(build):
-    """How each source is compiled, by its path."""
+    """How each source is compiled first, by its path: tests may compile it once more."""
+    sources = {}
     with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
-        return {entry["file"]: shlex.split(entry["command"]) for entry in json.load(file)}
+        for entry in json.load(file):
+            sources.setdefault(entry["file"], shlex.split(entry["command"]))
+    return sources
 
 
 def objective(sources, folder):

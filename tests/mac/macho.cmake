@@ -7,4 +7,4 @@ endif()
 add_test(NAME MachO COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/macho/machocheck.sh
   ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR}/macho ${TRELVAN_TOOLKIT_SOURCE}
   ${macho_options})
-set_tests_properties(MachO PROPERTIES LABELS mac-macho TIMEOUT 900 PROCESSORS 2)
+set_tests_properties(MachO PROPERTIES LABELS mac-macho TIMEOUT 2400 PROCESSORS 2)

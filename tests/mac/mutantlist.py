@@ -191,6 +191,7 @@ MUTANTS = [
     cf("any type counts as bytes",
        "value == nullptr || CFGetTypeID(value) != CFDataGetTypeID()", "value == nullptr"),
     cf("a removed key stays", "  system->changes[key] = nullptr;\n", "  (void)key;\n"),
+    cf("the person's own preferences in tests", "others != nullptr &&", "false &&"),
     cf("an empty change writes", "  if (system->changes.empty()) return true;\n", ""),
     cf("changes are forgotten when the disk refuses", "  if (!CFPreferences",
        "  if (system->changes.clear(), !CFPreferences"),

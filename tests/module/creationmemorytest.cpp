@@ -84,6 +84,7 @@ class MemoryOfInstances : public testing::TestWithParam<bool> {
 
   TemporaryFolder home;
   ScopedVariable config{"XDG_CONFIG_HOME", home.path};
+  ScopedVariable identifier{"TRELVAN_PREFERENCES", preferencesOf(home.path)};
   LoadedModule module;
   AEffect* effect = nullptr;
   Bytes expected;  // the chunk of an instance that is made with these preferences

@@ -59,6 +59,12 @@ class ScopedVariable {
   bool wasSet = false;
 };
 
+// What keeps a test's preferences apart where folders do not: the identifier under which macOS has
+// them, in TRELVAN_PREFERENCES. folder: a temporary one.
+inline std::string preferencesOf(const std::string& folder) {
+  return "com.orv.trelvan.tests." + std::filesystem::path(folder).filename().string();
+}
+
 inline std::string contentOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::ostringstream text;

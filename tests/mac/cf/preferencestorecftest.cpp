@@ -7,6 +7,7 @@
 #include <string>
 
 #include "cfobject.h"
+#include "tests/support/temporaryfolder.h"
 
 namespace {
 
@@ -40,6 +41,23 @@ TEST_F(PrefsCf, KeepsAStringForTheNextProcess) {
   }
   cfdouble::restartPreferences();
   EXPECT_EQ(stringOf(PreferenceStore(kApplication), "CurrDir"), "/Users/me/Presets/");
+}
+
+TEST_F(PrefsCf, KeepsOthersWhereTheEnvironmentNamesThem) {
+  PreferenceStore own(kApplication);
+  own.setString("CurrBank", "own");
+  EXPECT_TRUE(own.synchronise());
+  {
+    const ScopedVariable named("TRELVAN_PREFERENCES", "com.orv.others");
+    PreferenceStore others(kApplication);
+    EXPECT_EQ(stringOf(others, "CurrBank"), "(missing)");
+    others.setString("CurrBank", "others");
+    EXPECT_TRUE(others.synchronise());
+  }
+  EXPECT_THAT(cfdouble::storedText("com.orv.others", "CurrBank"),
+              Optional(std::u16string(u"others")));
+  const ScopedVariable empty("TRELVAN_PREFERENCES", "");
+  EXPECT_EQ(stringOf(PreferenceStore(kApplication), "CurrBank"), "own");
 }
 
 TEST_F(PrefsCf, StoresStringsInTheRomanEncoding) {
