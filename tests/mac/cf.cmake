@@ -70,6 +70,7 @@ add_dependencies(macbitmapstest Trelvan)
 mac_test(macwidentest
   SOURCES
     cf/executablepathmactest.cpp
+    cf/pluginplacesmactest.cpp
     ${PROJECT_SOURCE_DIR}/tests/host/pluginpathtest.cpp
     ${PROJECT_SOURCE_DIR}/tests/host/pluginsearchtest.cpp
     ${PROJECT_SOURCE_DIR}/host/base/nearnames.cpp
