@@ -35,6 +35,27 @@ asked_for() {
   PATH=$work/bin:$PATH "$work/tree/tools/build.sh" "$@" >"$work/said"
   grep -e --preset "$work/asked" | tr ' ' '\n'
 }
+# ./test with doubles for all that it calls; 2000 tests pass in each step, or one does not.
+make_test_tree() {
+  mkdir -p "$work/tree/tools" "$work/tree/build/"{release,tsan,asan} "$work/bin"
+  cp "$source/test" "$work/tree"
+  for tool in dependencies sources build; do
+    printf '#!/bin/sh\n' >"$work/tree/tools/$tool.sh"
+  done
+  printf '#!/bin/sh\necho clang-format version 99.\n' >"$work/bin/clang-format"
+  cat >"$work/bin/ctest" <<'EOF'
+#!/usr/bin/env bash
+for ((i = 1; i <= 2000; ++i)); do
+  printf '          Start %4d: Room.Case%d\n' $i $i
+  printf '%4d/2000 Test #%-4d: Room.Case%d ....   Passed    0.01 sec\n' $i $i $i
+done
+[ -z "$ONE_FAILS" ] && { printf '\n100%% tests passed, 0 tests failed out of 2000\n'; exit; }
+printf '2001/2001 Test #2001: Room.Bad ....***Failed    0.01 sec\nit is 2 and not 1\n'
+printf '\n99%% tests passed, 1 tests failed out of 2001\n'
+exit 8
+EOF
+  chmod +x "$work/bin/"* "$work/tree/tools/"*
+}
 # The last one of an option counts.
 expect_last() { [ "$(grep "^-D$1=" | tail -n 1)" = "-D$1=$2" ] || fail "$1 is not $2"; }
 
@@ -113,6 +134,22 @@ case $case in
       LC_ALL=C sort "$work/alone" | LC_ALL=C comm -13 - "$work/known" >"$work/missing"
       [ ! -s "$work/missing" ] || fail "these are missing: $(cat "$work/missing")"
     fi
+    ;;
+  EndsWithOneTotalOnAScreen)
+    make_test_tree
+    (ONE_FAILS='' PATH=$work/bin:$PATH "$work/tree/test" >"$work/said" 2>&1) ||
+      fail "$(tail -n 20 "$work/said")"
+    tail -n 1 "$work/said" | grep -qE ' in all: 6000 tests passed$' || fail "$(cat "$work/said")"
+    [ "$(wc -l <"$work/said")" -le 45 ] || fail "$(wc -l <"$work/said") lines are no screenful"
+    ;;
+  ShowsWhatFailedAndWhy)
+    make_test_tree
+    if (ONE_FAILS=yes PATH=$work/bin:$PATH "$work/tree/test" >"$work/said" 2>&1); then
+      fail "it passed"
+    fi
+    grep -q 'Room.Bad' "$work/said" || fail "$(cat "$work/said")"
+    grep -qx 'it is 2 and not 1' "$work/said" || fail "$(cat "$work/said")"
+    if grep 'Room.Case' "$work/said"; then fail "this one passed"; fi
     ;;
   LetsWarningsStopTheTestsOnly)
     asked_for Linux release Trelvan widen | expect_last TRELVAN_WERROR OFF
