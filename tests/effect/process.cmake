@@ -12,7 +12,7 @@ trelvan_add_test(kerneltest effect
 
 trelvan_add_test(sharedratestest "effect;threads"
   SOURCES sharedratestest.cpp
-  LIBRARIES trelvan_effect trelvan_reference)
+  LIBRARIES trelvan_effect)
 
 # Sanitizers put symbols of their own into every object, and a Mac's hold two processors' code.
 if(NOT TRELVAN_SANITIZE AND NOT APPLE)
