@@ -104,7 +104,6 @@ class BarDispatch : public testing::Test {
  protected:
   BarDispatch() {
     config.set(home.path.c_str());
-    identifier.set(preferencesOf(home.path).c_str());
     effect.setEditor(editor);
     editor->openBar();
     host.calls.clear();
@@ -132,7 +131,6 @@ class BarDispatch : public testing::Test {
 
   TemporaryFolder home;
   ScopedVariable config{"XDG_CONFIG_HOME", nullptr};
-  ScopedVariable identifier{"TRELVAN_PREFERENCES", nullptr};
   RecordingHost host;
   Trelvan effect{RecordingHost::callback};
   BarEditor* editor = new BarEditor(&effect);  // the effect's

@@ -70,7 +70,6 @@ class Files : public testing::Test {
  protected:
   Files() {
     config.set(home.path.c_str());
-    identifier.set(preferencesOf(home.path).c_str());
     instance = std::make_unique<FilesInstance>();
   }
 
@@ -129,6 +128,5 @@ class Files : public testing::Test {
   TemporaryFolder files;
   TemporaryFolder home;
   ScopedVariable config{"XDG_CONFIG_HOME", nullptr};
-  ScopedVariable identifier{"TRELVAN_PREFERENCES", nullptr};
   std::unique_ptr<FilesInstance> instance;
 };

@@ -35,7 +35,6 @@ class Defaults : public Files {
     presetimage::Bank bank;
     const TemporaryFolder empty;
     const ScopedVariable config("XDG_CONFIG_HOME", empty.path);
-    const ScopedVariable identifier("TRELVAN_PREFERENCES", preferencesOf(empty.path));
     const Trelvan fresh(silentHost);
     bank = const_cast<Trelvan&>(fresh).bank();
     return bank;
