@@ -52,8 +52,8 @@ foreach(filter
     XplatMutexMac.* IdleTimerMac.* TextEntryOnMac.* PlainWindowMac.*
     AlertOnMac.IsStartedAndAskedFor AlertOnMac.IsNotShownWhenItIsCancelledBefore
     AlertOnMac.MayLoseItsOwnerWhileItIsUp
-    XplatAlertMac.IsAWarning XplatAlertMac.ShowsTheMessageAndOneButton XplatAlertMac.IsDismissedByEscape
-    XplatAlertMac.IsDismissedByAClickOnOk
+    XplatAlertMac.IsAWarning XplatAlertMac.ShowsTheMessageAndOneButton
+    XplatAlertMac.IsDismissedByEscape XplatAlertMac.IsDismissedByAClickOnOk
     XplatAlertMac.ShowsBytesAbove127AsRomanCharacters XplatAlertMac.TakesNoMessage)
   string(REPLACE ".*" "" name ${filter})
   add_test(NAME ${name}

@@ -58,8 +58,7 @@ def objective(sources, folder):
             if path.startswith(folder + os.sep) and path.endswith(".mm")]
 
 
-# What may differ among the toolkit's own definitions and ours: no header asks for it, but for
-# those of the parts that are not used.
+# The toolkit's own definitions that no class of the parts that are used depends on.
 THEIRS_ALONE = {"VSTGUI_ENABLE_XML_PARSER=0", "VSTGUI_USE_SYSTEM_EXPAT"}
 
 
@@ -86,9 +85,8 @@ def main():
         expect(all(option in words for words in ours), f"all of ours with {option}")
 
     window = sources[os.path.join(source, "editor/window/adeditor.cpp")]
-    for words in theirs[:1]:
-        expect(definitions(words) == definitions(window) and definitions(words),
-               f"the toolkit's classes are laid out alike there and here: {definitions(window)}")
+    expect(definitions(window) and definitions(theirs[0]) == definitions(window),
+           f"the toolkit's classes are laid out alike there and here: {definitions(window)}")
     identifier = next((word for word in ours[0] if "TRELVAN_CLASS_SUFFIX" in word), "")
     expect(re.search(r"_\d+_\d+_\d+", identifier), f"classes' names have a version: {identifier}")
 

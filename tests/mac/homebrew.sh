@@ -27,6 +27,8 @@ chmod +x "$work/brew" "$work/xcode-select"
 export PATH=$work:$PATH
 
 for kind in build test; do
+  "$source/tools/dependencies-mac.sh" --print "$kind" | grep '^missing: ' ||
+    { echo "WRONG $kind: what is missing is not printed"; exit 1; }
   "$source/tools/dependencies-mac.sh" "$kind" | grep '^installing ' ||
     { echo "WRONG $kind: nothing is installed"; exit 1; }
   again=$("$source/tools/dependencies-mac.sh" "$kind")

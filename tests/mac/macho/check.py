@@ -86,9 +86,9 @@ def check_frameworks(module, processor):
     """What the module takes of a framework, it links that framework for: nothing else of the build
     links them, and a symbol that no library of the link has is looked up when the module runs."""
     out = tool("llvm-nm", f"--arch={processor}", "-m", "--undefined-only", module)
-    open_ = {line.split()[2] for line in out.splitlines() if "dynamically looked up" in line}
+    loose = {line.split()[2] for line in out.splitlines() if "dynamically looked up" in line}
     apples = [section for section in imports.sections() if section.apple]
-    missing = {symbol for symbol in open_ if any(section.allows(symbol) for section in apples)}
+    missing = {symbol for symbol in loose if any(section.allows(symbol) for section in apples)}
     expect(not missing, f"{processor}: links what it takes from Apple's libraries {sorted(missing)}")
 
 
