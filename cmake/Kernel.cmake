@@ -8,10 +8,10 @@ function(trelvan_add_kernel name)
   add_library(trelvan_kernel_${name} OBJECT effect/kernel.cpp)
   target_link_libraries(trelvan_kernel_${name} PRIVATE trelvan_options)
   target_compile_definitions(trelvan_kernel_${name} PRIVATE TRELVAN_KERNEL=${name})
-  # Vectors in every configuration, also where a loop says itself that it may be one (omp simd, which
-  # needs no library), but in loops only: pointers that were stored one by one just before must not
-  # be read as one vector, which waits until all have left for memory. Short loops that fill or copy
-  # stay loops, since a call to the library costs more than they do.
+  # Vectors in every configuration, also where a loop says itself that it may be one (omp simd,
+  # which needs no library), but in loops only: pointers that were stored one by one just before
+  # must not be read as one vector, which waits until all have left for memory. Short loops that
+  # fill or copy stay loops, since a call to the library costs more than they do.
   target_compile_options(trelvan_kernel_${name} PRIVATE
     -O3 -fopenmp-simd -fno-tree-slp-vectorize
     $<$<CXX_COMPILER_ID:GNU>:-fno-tree-loop-distribute-patterns> ${ARGN})
