@@ -1,7 +1,8 @@
 # What is given away of the build: guards against mistakes in what reads files and draws, and no
 # path of the machine that built it. The kernel has none of the guards: its loops go over buffers of
 # their own, and every instruction in them is paid for each frame.
-set(TRELVAN_HARDENED vstgui trelvan_images trelvan_effect trelvan Trelvan widen_host widen)
+set(TRELVAN_HARDENED vstgui trelvan_images trelvan_effect trelvan Trelvan
+  trelvan_hosted trelvan_lv2 TrelvanLv2 widen_host widen)
 set(TRELVAN_WITHOUT_GUARDS ${TRELVAN_KERNEL_FORMS})
 list(TRANSFORM TRELVAN_WITHOUT_GUARDS PREPEND trelvan_kernel_)
 

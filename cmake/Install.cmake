@@ -2,9 +2,12 @@
 # own (Packages.cmake). How files are put: PutFiles.cmake.
 #
 # Another format of the plug-in is one more component: its trelvan_install... line among those
-# below (trelvan_install_bundle(lv2 lib/lv2 FOLDER), say), its name in TRELVAN_COMPONENTS, its words
-# in Packages.cmake, and its targets in Hardening.cmake.
+# below, its name in TRELVAN_COMPONENTS, its words in Packages.cmake, and its targets in
+# Hardening.cmake.
 set(TRELVAN_COMPONENTS plugin widen doc)
+if(TARGET TrelvanLv2)
+  list(APPEND TRELVAN_COMPONENTS lv2)
+endif()
 
 install(CODE "include(\"${PROJECT_SOURCE_DIR}/cmake/PutFiles.cmake\")" ALL_COMPONENTS)
 if(NOT APPLE)
@@ -36,6 +39,11 @@ install(CODE "file(GLOB presets \"${share}/trelvan/presets/*\")
   foreach(preset IN LISTS presets)
     trelvan_put(plugin \"\${preset}\" \"\${TRELVAN_PRESETS}\" KEPT)
   endforeach()" COMPONENT plugin)
+
+if(TARGET TrelvanLv2)
+  trelvan_install_bundle(lv2 "\${TRELVAN_LV2}" ${TRELVAN_LV2_BUNDLE})
+  trelvan_install(lv2 share/doc/trelvan-lv2 ${PROJECT_SOURCE_DIR}/LICENSE ${TRELVAN_NOTICES})
+endif()
 
 trelvan_install(widen bin $<TARGET_FILE:widen> OPTIONS PROGRAM STRIPPED)
 trelvan_install(widen share/man/man1 ${share}/man/man1/widen.1)

@@ -6,6 +6,7 @@ set(notice_sources
   "VSTGUI 4.13.3" ${toolkit_source}/LICENSE
   "stb_textedit" ${notices}/stb.txt
   "Liberation Sans" ${TRELVAN_RESOURCE_SOURCES}/fonts/LiberationSans-LICENSE.txt
+  "LV2" ${notices}/lv2.txt
   "CLI11" ${notices}/cli11.txt
   "JSON for Modern C++" ${notices}/json.txt)
 if(NOT EXISTS ${toolkit_source}/LICENSE)

@@ -44,6 +44,19 @@ It has 32 presets, two memories, and a meter of side against mid.")
 set(CPACK_DEBIAN_PLUGIN_PACKAGE_RECOMMENDS "zenity | kdialog, xdg-utils")
 set(CPACK_DEBIAN_PLUGIN_PACKAGE_SUGGESTS "widen, trelvan-doc, ardour | audacity | muse | qtractor")
 
+set(CPACK_DEBIAN_LV2_PACKAGE_NAME trelvan-lv2)
+set(CPACK_DEBIAN_LV2_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_LV2_DESCRIPTION "stereo widener for audio hosts (LV2 plug-in)
+Trelvan makes a mono sound wide. It delays the middle of its input by one
+period of a base frequency, shapes it, adds it on the left and subtracts it
+on the right. In mono the two cancel, and what is left is the sound that
+went in.
+
+This is the same effect and window as the VST 2 plug-in's in trelvan-vst, for
+hosts that take LV2.")
+set(CPACK_DEBIAN_LV2_PACKAGE_RECOMMENDS "zenity | kdialog, xdg-utils")
+set(CPACK_DEBIAN_LV2_PACKAGE_SUGGESTS "trelvan-doc, lv2-host")
+
 set(CPACK_DEBIAN_WIDEN_PACKAGE_NAME widen)
 set(CPACK_DEBIAN_WIDEN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_WIDEN_DESCRIPTION "command-line host that takes sound files through VST 2 effects

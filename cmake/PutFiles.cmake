@@ -9,9 +9,10 @@ include(${CMAKE_CURRENT_LIST_DIR}/InstalledList.cmake)
 
 # Below the prefix, or anywhere (tools/install.sh).
 set(TRELVAN_VST lib/vst)
+set(TRELVAN_LV2 lib/lv2)
 set(TRELVAN_MANUAL share/doc/trelvan)
 set(TRELVAN_PRESETS share/trelvan/presets)
-foreach(place IN ITEMS TRELVAN_VST TRELVAN_MANUAL TRELVAN_PRESETS)
+foreach(place IN ITEMS TRELVAN_VST TRELVAN_LV2 TRELVAN_MANUAL TRELVAN_PRESETS)
   if(DEFINED ENV{${place}})
     set(${place} "$ENV{${place}}")
   endif()

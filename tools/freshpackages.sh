@@ -8,7 +8,7 @@ fail() { echo "$1" >&2; exit 1; }
 apt-get update -qq
 find / -xdev \( -path /proc -o -path /tmp \) -prune -o -iname '*trelvan*' -print >before
 apt-get install -y -qq --no-install-recommends ./*.deb
-for package in trelvan-vst widen trelvan-doc; do dpkg --verify "$package"; done
+for package in trelvan-vst trelvan-lv2 widen trelvan-doc; do dpkg --verify "$package"; done
 
 # Two seconds of noise as a WAV of unknown length: 48 kHz, two channels, 16 bits.
 header='RIFF\xff\xff\xff\xffWAVEfmt \x10\0\0\0\x01\0\x02\0\x80\xbb\0\0\0\xee\x02\0\x04\0\x10\0'
@@ -42,7 +42,7 @@ cmp <(tail -c +45 under.wav) <(tail -c 384000 wide.wav) || fail "the update was 
 widen noise.wav -o wide2.wav --preset "mix 1" --gain -12dB
 cmp wide.wav wide2.wav
 
-apt-get purge -y -qq trelvan-vst widen trelvan-doc
+apt-get purge -y -qq trelvan-vst trelvan-lv2 widen trelvan-doc
 find / -xdev \( -path /proc -o -path /tmp \) -prune -o -iname '*trelvan*' -print >after
 diff before after || fail "something was left"
 [ ! -e /usr/lib/vst ] || fail "the plug-ins' folder was left"

@@ -34,13 +34,16 @@ if [ -n "$prefix" ]; then
   [[ $prefix == /* ]] || prefix=$called_from/$prefix
   [ "$prefix" = / ] || prefix=${prefix%/}
   vst=$prefix/lib/vst
+  lv2=$prefix/lib/lv2
 elif [ "$(id -u)" = 0 ]; then
   prefix=/usr/local
   vst=$prefix/lib/vst
+  lv2=$prefix/lib/lv2
   [ "$(uname -s)" != Darwin ] || vst=/Library/Audio/Plug-Ins/VST
 else
   prefix=$HOME/.local
   vst=$HOME/.vst
+  lv2=$HOME/.lv2
   [ "$(uname -s)" != Darwin ] || vst=$HOME/Library/Audio/Plug-Ins/VST
   # The folder may have another name in the user's language; without one of the desktop's it is
   # where the manual button looks first.
@@ -63,10 +66,13 @@ if [ "$action" = --uninstall ]; then
   echo "removed from $prefix what had been installed there"
   exit
 fi
-tools/build.sh release Trelvan widen widen_documents plugin_documents
-as_needed env -u DESTDIR "TRELVAN_VST=$vst" "TRELVAN_MANUAL=$manual" "TRELVAN_PRESETS=$presets" \
+targets=(Trelvan widen widen_documents plugin_documents)
+[ "$(uname -s)" = Darwin ] || targets+=(TrelvanLv2)
+tools/build.sh release "${targets[@]}"
+as_needed env -u DESTDIR "TRELVAN_VST=$vst" "TRELVAN_LV2=$lv2" "TRELVAN_MANUAL=$manual" "TRELVAN_PRESETS=$presets" \
   cmake --install build/release --prefix "$prefix" --strip >/dev/null
 echo "plug-in:  $vst/Trelvan.vst"
+[ "$(uname -s)" = Darwin ] || echo "as LV2:   $lv2/trelvan.lv2"
 echo "widen:    $prefix/bin/widen"
 echo "presets:  $presets"
 echo "to take them away again:  ./run --uninstall, with the same words"

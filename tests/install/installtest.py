@@ -28,11 +28,14 @@ class Places(InstallationTest):
                      f"lib/vst/Trelvan.vst/Contents/Resources/{MANUAL}",
                      "lib/vst/Trelvan.vst/Contents/Resources/NOTICES.txt",
                      "lib/vst/Trelvan.vst/Contents/Resources/LICENSE.txt",
-                     "share/doc/trelvan-vst/NOTICES.txt", "share/doc/widen/NOTICES.txt",
+                     "share/doc/trelvan-vst/NOTICES.txt", "share/doc/trelvan-lv2/NOTICES.txt",
+                     "share/doc/widen/NOTICES.txt",
                      "share/trelvan/presets/Factory.orb"):
             self.assertTrue((self.prefix / file).is_file(), file)
-        built = files_in(self.BUILD / "Trelvan.vst")
-        self.assertEqual(files_in(self.prefix / "lib/vst/Trelvan.vst"), built)
+        for bundle, place in (("Trelvan.vst", "lib/vst"), ("trelvan.lv2", "lib/lv2")):
+            built = files_in(self.BUILD / bundle)
+            self.assertEqual(files_in(self.prefix / place / bundle), built)
+            self.assertGreater(len(built), 100)  # pictures
 
     def test_of_a_user_are_in_the_home_folder_and_the_manual_is_where_its_button_looks(self):
         self.double("id", "echo 1000")
@@ -45,6 +48,7 @@ class Places(InstallationTest):
         self.assertTrue((self.home / manual).with_name("Presets").is_dir())
         self.assertTrue((self.home / ".local/bin/widen").is_file())
         self.module(self.home / ".vst")
+        self.assertTrue((self.home / ".lv2/trelvan.lv2/manifest.ttl").is_file())
         self.run_in(self.folder, self.tree / "run", "--uninstall")
         self.assertEqual(files_in(self.home), set())
 

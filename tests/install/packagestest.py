@@ -11,7 +11,7 @@ import unittest
 
 SOURCE, BUILD, CPACK = map(pathlib.Path, sys.argv[1:4])
 VERSION = re.search(r"project\(Trelvan VERSION (\S+)", (SOURCE / "CMakeLists.txt").read_text())[1]
-NAMES = ("trelvan-vst", "widen", "trelvan-doc")
+NAMES = ("trelvan-vst", "trelvan-lv2", "widen", "trelvan-doc")
 
 
 def output_of(*command):
@@ -54,9 +54,10 @@ class Packages(unittest.TestCase):
 
     def binaries(self):
         return [self.root / "usr/bin/widen",
-                *self.root.glob("usr/lib/vst/Trelvan.vst/Contents/*/Trelvan.so")]
+                *self.root.glob("usr/lib/vst/Trelvan.vst/Contents/*/Trelvan.so"),
+                *self.root.glob("usr/lib/lv2/trelvan.lv2/*/trelvan.so")]
 
-    def test_are_three_of_this_version(self):
+    def test_are_four_of_this_version(self):
         self.assertEqual(set(self.debs), set(NAMES))
         for name in NAMES:
             self.assertEqual(self.field(name, "Version"), f"{VERSION}-1")
@@ -65,15 +66,17 @@ class Packages(unittest.TestCase):
     def test_are_the_same_bytes_whoever_makes_them(self):
         names = sorted(path.name for path in self.first.iterdir()
                        if path.name.endswith((".deb", ".tar.gz")))
-        self.assertEqual(len(names), 4)
+        self.assertEqual(len(names), len(NAMES) + 1)
         for name in names:
             self.assertEqual((self.first / name).read_bytes(), (self.second / name).read_bytes(),
                              name)
 
     def test_ask_for_what_they_load_and_for_what_helps(self):
-        for name, library in (("trelvan-vst", "libxkbcommon-x11-0"), ("widen", "libsndfile1")):
+        for name, library in (("trelvan-vst", "libxkbcommon-x11-0"),
+                              ("trelvan-lv2", "libxkbcommon-x11-0"), ("widen", "libsndfile1")):
             self.assertIn(library, self.field(name, "Depends"))
-        self.assertEqual(self.field("trelvan-vst", "Recommends"), "zenity | kdialog, xdg-utils")
+        for name in ("trelvan-vst", "trelvan-lv2"):
+            self.assertEqual(self.field(name, "Recommends"), "zenity | kdialog, xdg-utils")
         self.assertEqual(self.field("widen", "Recommends"), "trelvan-vst")
         self.assertEqual(self.field("trelvan-doc", "Depends"), "")
 
@@ -114,7 +117,7 @@ class Packages(unittest.TestCase):
             content = binary.read_bytes()
             for folder in (SOURCE, BUILD, SOURCE.parent):
                 self.assertNotIn(f"{folder}/".encode(), content)
-        self.assertEqual(len(self.binaries()), 2)
+        self.assertEqual(len(self.binaries()), 3)
 
     def test_suit_lintian(self):
         said = subprocess.run(["lintian", "--allow-root", "--fail-on", "error,warning",
