@@ -44,7 +44,9 @@ function(trelvan_add_manual target pdf)
     list(APPEND beside ${PROJECT_SOURCE_DIR}/docs/pictures/${picture}.png)
   endforeach()
   set(text ${work}/manual.rst)
-  set(environment ${CMAKE_COMMAND} -E env DOCUTILSCONFIG=${sources}/docutils.conf)
+  # The same bytes whether a packager has set a date or not.
+  set(environment ${CMAKE_COMMAND} -E env --unset=SOURCE_DATE_EPOCH
+    DOCUTILSCONFIG=${sources}/docutils.conf)
   add_custom_command(
     OUTPUT ${text}
     COMMAND ${CMAKE_COMMAND} -E copy ${beside} ${work}
