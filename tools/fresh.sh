@@ -16,6 +16,7 @@ base=$1
 suite=$2
 shift 2
 root=$base/$suite
+commit=$(git rev-parse --short HEAD)
 version=$(sed -n 's/^project(Trelvan VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 
 # inside COMMAND...: in the fresh system, with processes and mounts that end with it.
@@ -40,7 +41,7 @@ unpack_for() {
   local home=$1
   rm -rf "${root:?}$home/trelvan"
   mkdir -p "$root$home/trelvan"
-  git archive HEAD | tar -x -C "$root$home/trelvan"
+  git archive "$commit" | tar -x -C "$root$home/trelvan"
 }
 
 try_packages() {
@@ -82,6 +83,6 @@ for step in "$@"; do
   [ $? = 0 ] || { verdict=FAIL; failed=1; tail -n 20 "$log"; }
   set -e
   printf '%-10s %-10s %s  %s  %d s\n' "$suite" "$step" "$verdict" \
-    "$(git rev-parse --short HEAD)" $((SECONDS - since))
+    "$commit" $((SECONDS - since))
 done
 exit "$failed"
