@@ -6,7 +6,8 @@ configure_file("${CPACK_TRELVAN_SOURCE}/resources/tarball/README.txt" "${top}/RE
 file(CHMOD "${top}/README.txt" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 execute_process(
   COMMAND tar --sort=name --mode=u=rwX,go=rX --owner=0 --group=0 --numeric-owner
-    --mtime=@$ENV{SOURCE_DATE_EPOCH} --format=gnu -C "${CPACK_TEMPORARY_DIRECTORY}" -cf - "${CPACK_PACKAGE_FILE_NAME}"
+    --mtime=@$ENV{SOURCE_DATE_EPOCH} --format=gnu
+    -C "${CPACK_TEMPORARY_DIRECTORY}" -cf - "${CPACK_PACKAGE_FILE_NAME}"
   COMMAND gzip -9n
   OUTPUT_FILE "${tarball}" COMMAND_ERROR_IS_FATAL ANY)
 set(CPACK_EXTERNAL_BUILT_PACKAGES "${tarball}")

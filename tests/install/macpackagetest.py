@@ -18,7 +18,8 @@ class MacPackage(unittest.TestCase):
         for name in ("codesign", "xcrun"):
             double = self.folder / "bin" / name
             double.parent.mkdir(exist_ok=True)
-            double.write_text(f'#!/bin/sh\necho {name} "$*" >>"{self.said}"\nexit ${{REFUSES:-0}}\n')
+            double.write_text(f'#!/bin/sh\necho {name} "$*" >>"{self.said}"\n'
+                              'exit ${REFUSES:-0}\n')
             double.chmod(0o755)
         self.bundle = self.folder / "plugin/Library/Audio/Plug-Ins/VST/Trelvan.vst"
         self.widen = self.folder / "widen/usr/local/bin/widen"
