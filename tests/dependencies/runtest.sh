@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# One test of ./run, in a small tree with doubles of the build and of widen.
+# One test of ./run or ./test, in a small tree with doubles of the build, of widen and of the hosts.
 # Usage: runtest.sh CASE SOURCE
 set -euo pipefail
 case=$1
@@ -11,8 +11,8 @@ fail() { printf '%s\n' "$1" >&2; exit 1; }
 
 # A name that shells and CMake have to take as it is.
 tree="$work/it's one & the same (\$HOME)"
-mkdir -p "$tree/tools" "$tree/resources/demo" "$work/elsewhere"
-cp "$source/run" "$tree"
+mkdir -p "$tree/tools" "$tree/tests/hosts" "$tree/resources/demo" "$work/elsewhere"
+cp "$source/run" "$source/test" "$tree"
 cp "$source/resources/demo/recording.txt" "$tree/resources/demo"
 cat >"$tree/tools/build.sh" <<'EOF'
 #!/usr/bin/env bash
@@ -22,7 +22,10 @@ echo "built: $*"
 printf '#!/usr/bin/env bash\necho "widen in $PWD: $*"\n' >build/release/widen
 chmod +x build/release/widen
 EOF
-chmod +x "$tree/tools/build.sh"
+for script in install run; do
+  printf '#!/usr/bin/env bash\necho "hosts: %s $*"\n' "$script" >"$tree/tests/hosts/$script.sh"
+done
+chmod +x "$tree/tools/build.sh" "$tree"/tests/hosts/*.sh
 # run [ARGUMENT...]: from elsewhere, by the path in $run; what is said is in $work/out and said.
 run=$tree/run
 run() {
@@ -69,6 +72,23 @@ case $case in
     make_read_only
     run
     grep -qF "listen:  $work/elsewhere/widened.wav" "$work/out" || fail "$(cat "$work/out")"
+    ;;
+  TestIsFoundThroughLinks)
+    ln -s "$tree/test" "$work/elsewhere/second"
+    ln -s second "$work/elsewhere/first"
+    run=./first
+    run --hosts
+    grep -qx "hosts: run build/release" "$work/out" || fail "$(cat "$work/out")"
+    ;;
+  TestRefusesWhatItDoesNotKnow)
+    for arguments in --host "--hosts twice"; do
+      status=0
+      # shellcheck disable=SC2086
+      "$tree/test" $arguments >"$work/out" 2>"$work/said" || status=$?
+      [ "$status" = 2 ] || fail "$arguments: status $status"
+      grep -q '^usage: ' "$work/said" || fail "$arguments: $(cat "$work/said")"
+      [ ! -s "$work/out" ] || fail "$arguments: it began all the same"
+    done
     ;;
   *)
     fail "no such test: $case"
