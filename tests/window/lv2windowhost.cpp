@@ -3,7 +3,6 @@
 
 #include <dlfcn.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -152,18 +151,7 @@ void Lv2WindowHost::idle() {
 }
 
 void Lv2WindowHost::settle() {
-  constexpr int kMost = 100;                               // passes
-  constexpr auto kRedraw = std::chrono::milliseconds(17);  // the toolkit draws from a timer of 16
-  const Area area{left, kTop, left + kHostWidth, kTop + kHostHeight};
-  Picture before = display.picture(area);
-  for (int pass = 0, same = 0; pass < kMost && same < 2; ++pass) {
-    idle();
-    std::this_thread::sleep_for(kRedraw);
-    idle();
-    const Picture after = display.picture(area);
-    same = after == before ? same + 1 : 0;
-    before = after;
-  }
+  picture();
 }
 
 void Lv2WindowHost::press(int x, int y) {
@@ -193,6 +181,9 @@ void Lv2WindowHost::moveAway() {
 }
 
 Picture Lv2WindowHost::picture() {
-  settle();
-  return display.picture({left, kTop, left + kHostWidth, kTop + kHostHeight});
+  return display.stillPicture({left, kTop, left + kHostWidth, kTop + kHostHeight}, [this] {
+    idle();
+    std::this_thread::sleep_for(kRedrawTime);
+    idle();
+  });
 }

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -249,6 +250,18 @@ Picture TestDisplay::picture(const Area& area) {
   taken.pixels = Colours(connection, screen).of(image, taken.width, taken.height);
   std::free(image);
   return taken;
+}
+
+Picture TestDisplay::stillPicture(const Area& area, const std::function<void()>& pass) {
+  constexpr int kMost = 100;  // passes; a caret that blinks lets it end within a few
+  Picture before = picture(area);
+  for (int passes = 0, same = 0; passes < kMost && same < 2; ++passes) {
+    pass();
+    Picture after = picture(area);
+    same = after == before ? same + 1 : 0;
+    before = std::move(after);
+  }
+  return before;
 }
 
 Picture TestDisplay::cursor() {

@@ -4,9 +4,13 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
 
 #include "picture.h"
+
+constexpr std::chrono::milliseconds kRedrawTime{17};  // the toolkit draws from a timer of 16
 
 // One connection to the display that DISPLAY names. Coordinates are the screen's. An event that an
 // operation makes has reached its receiver's connection when the operation returns.
@@ -40,8 +44,10 @@ class TestDisplay {
   xcb_window_t focused();
 
   Picture picture(const Area& area);  // as a person would see it
-  Picture cursor();                   // the pointer's shape
-  void sync();                        // everything asked for before has happened
+  // The same once it stays as it is; pass: what happens between two looks, drawing included.
+  Picture stillPicture(const Area& area, const std::function<void()>& pass);
+  Picture cursor();  // the pointer's shape
+  void sync();       // everything asked for before has happened
 
  private:
   struct Key {

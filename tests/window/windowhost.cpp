@@ -19,7 +19,6 @@ constexpr int kHostWidth = 320;
 constexpr int kHostHeight = 280;
 constexpr int kTop = 40;
 constexpr int kOtherTop = 400;  // or further down below a larger window
-constexpr int kRedraw = 17;     // ms: the toolkit draws from a timer of 16
 
 // the host whose plug-in is being made and has no `user` yet
 thread_local WindowHost* making = nullptr;
@@ -117,16 +116,7 @@ void WindowHost::idle(int times) {
 }
 
 void WindowHost::settle() {
-  constexpr int kMost = 100;  // passes; a caret that blinks lets it end within a few
-  Picture before = pictureNow();
-  for (int pass = 0, same = 0; pass < kMost && same < 2; ++pass) {
-    idle();
-    sleepFor(kRedraw);
-    idle();
-    const Picture after = pictureNow();
-    same = after == before ? same + 1 : 0;
-    before = after;
-  }
+  picture();
 }
 
 bool WindowHost::idleUntil(const std::function<bool()>& condition, int milliseconds) {
@@ -233,18 +223,13 @@ Area WindowHost::scaled(const Area& area) const {
 }
 
 Picture WindowHost::lit(const Area& area) {
-  constexpr int kMost = 100;  // passes
   hover(area);
-  Picture before = pictureNow();
-  for (int pass = 0, same = 0; pass < kMost && same < 2; ++pass) {
-    sleepFor(kRedraw);
-    // A tooltip waits for the pointer to rest.
-    moveTo(area.centreX() + (pass % 2 == 0 ? 1 : 0), area.centreY());
-    const Picture after = pictureNow();
-    same = after == before ? same + 1 : 0;
-    before = after;
-  }
-  return before;
+  // A tooltip waits for the pointer to rest.
+  return display.stillPicture(screenArea(), [this, &area, aside = 0]() mutable {
+    std::this_thread::sleep_for(kRedrawTime);
+    aside = 1 - aside;
+    moveTo(area.centreX() + aside, area.centreY());
+  });
 }
 
 Picture WindowHost::pictureNow() {
@@ -252,8 +237,11 @@ Picture WindowHost::pictureNow() {
 }
 
 Picture WindowHost::picture() {
-  settle();
-  return pictureNow();
+  return display.stillPicture(screenArea(), [this] {
+    idle();
+    std::this_thread::sleep_for(kRedrawTime);
+    idle();
+  });
 }
 
 std::vector<HostCall> WindowHost::calls(VstInt32 opcode) const {
