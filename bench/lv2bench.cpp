@@ -2,11 +2,11 @@
 // through the effect's record, in short turns of one process, by the thread's own clock, medians.
 #include <lv2/core/lv2.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <vector>
 
+#include "bench/median.h"
 #include "bench/threadtime.h"
 #include "plugin/createeffectinstance.h"
 #include "tests/support/processhost.h"
@@ -21,12 +21,6 @@ constexpr int kTurns = 25;           // of each in a round
 constexpr int kFramesATurn = 32768;  // the clock itself costs some hundred ns
 constexpr float kRate = 44100.0F;    // Hz
 std::array<float, 5> values{0.75F, 0.25F, 0.25F, 1.0F, 0.0F};
-
-double median(std::vector<double>& times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::nth_element(times.begin(), middle, times.end());
-  return *middle;
-}
 
 class Record {
  public:

@@ -1,7 +1,7 @@
 // What somebody else's wideners and delays take for the same noise, as far as they are installed.
-#include <algorithm>
 #include <cstdio>
 
+#include "bench/median.h"
 #include "bench/peer.h"
 #include "bench/processcases.h"
 #include "bench/threadtime.h"
@@ -30,11 +30,6 @@ constexpr Entry kEntries[] = {
     {"LSP Delay Compensator Stereo", "lsp-plugins-lv2",
      "http://lsp-plug.in/plugins/lv2/comp_delay_stereo", nullptr},
 };
-
-double median(std::vector<double>& times) {
-  std::nth_element(times.begin(), times.begin() + kTurns / 2, times.end());
-  return times[kTurns / 2];
-}
 
 }  // namespace
 

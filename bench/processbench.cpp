@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "bench/median.h"
 #include "bench/processcases.h"
 #include "bench/threadtime.h"
 
@@ -19,11 +20,6 @@ std::vector<const kernel::Form*> forms() {
   for (const kernel::Form* const* form = kernel::usableForms(); *form != nullptr; ++form)
     found.push_back(*form);
   return found;
-}
-
-double median(std::vector<double>& times) {
-  std::nth_element(times.begin(), times.begin() + kTurns / 2, times.end());
-  return times[kTurns / 2];
 }
 
 int blocksATurn(const Case& what) {
