@@ -6,13 +6,7 @@
 . "$tests/ardourcommon.sh"
 lv2_world
 
-stereo="$work/stereo.wav"
-sound make "$stereo" $rate $seconds 2
-first=0.75,0.25,0.3,1,1
-second=0.75,0.6,0.3,1,1
-reference_render "$stereo" "$work/first.wav" $rate $first $first
-reference_render "$stereo" "$work/second.wav" $rate $second $second
-song="$work/song"
+make_sounds
 export LV2_URI=urn:orv:trelvan
 
 with_vst2_after() {
@@ -21,14 +15,7 @@ with_vst2_after() {
   new_session "$1" "$stereo" 2 "0=0.75 1=0.25 2=0.3 3=1 4=1"
 }
 
-check "a session with the effect is made and saved" \
-  new_session "$song" "$stereo" 2 "0=0.75 1=0.25 2=0.3 3=1 4=1" || finish
-check "the session renders as the rule says, bit by bit" renders_like "$song" mix "$work/first.wav"
-check "a loaded session has its parameters, takes a new one and is saved" \
-  session "$song" mix EXPECTED="0=0.75 1=0.25 2=0.3 3=1 4=1" PARAMETERS="1=0.6" SAVE_AS=changed
-check "the changed session renders the change" renders_like "$song" changed "$work/second.wav"
-check "the session that was saved before renders as before" \
-  renders_like "$song" mix "$work/first.wav"
+check_sessions
 
 # The effect has a value from the first block with it on: the session is played by a load.
 check "the changed session is loaded and saved again" \
@@ -50,10 +37,6 @@ check "it renders as the rule says, applied twice, bit by bit" \
 
 # One channel in, two out.
 export LV2_URI=urn:orv:trelvan:mono
-mono="$work/mono.wav"
-sound make "$mono" $rate $seconds 1
-sound both-sides "$mono" "$work/both.wav"
-reference_render "$work/both.wav" "$work/mono-rule.wav" $rate $first $first
 check "a mono track with the mono effect is made and saved" \
   new_session "$work/monosong" "$mono" 1 "0=0.75 1=0.25 2=0.3 3=1 4=1"
 check "the mono track becomes stereo as the rule says, bit by bit" \

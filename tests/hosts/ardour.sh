@@ -7,26 +7,11 @@
 
 check "the scanner finds the effect in its bundle" scan || finish
 
-stereo="$work/stereo.wav"
-sound make "$stereo" $rate $seconds 2
-first=0.75,0.25,0.3,1,1
-second=0.75,0.6,0.3,1,1
-reference_render "$stereo" "$work/first.wav" $rate $first $first
-reference_render "$stereo" "$work/second.wav" $rate $second $second
-song="$work/song"
-
-check "a session with the effect is made and saved" \
-  new_session "$song" "$stereo" 2 "0=0.75 1=0.25 2=0.3 3=1 4=1" || finish
-check "the session renders as the rule says, bit by bit" renders_like "$song" mix "$work/first.wav"
+make_sounds
+check_sessions
 check "widen renders the same settings" \
   widen_render "$stereo" "$work/widen.wav" --width 0.75 --base-freq 0.25 --emphasis 0.3 --phase on
 check "widen's render and the rule's are the same" sound same "$work/widen.wav" "$work/first.wav"
-
-check "a loaded session has its parameters, takes a new one and is saved" \
-  session "$song" mix EXPECTED="0=0.75 1=0.25 2=0.3 3=1 4=1" PARAMETERS="1=0.6" SAVE_AS=changed
-check "the changed session renders the change" renders_like "$song" changed "$work/second.wav"
-check "the session that was saved before renders as before" \
-  renders_like "$song" mix "$work/first.wav"
 
 # The chunk crosses hosts, and alone holds everything.
 python3 "$tests/ardoursession.py" chunk "$song/changed.ardour" | base64 -d >"$work/ardour.chunk"
@@ -46,10 +31,6 @@ check "the loaded session shows the chunk's parameters" \
   session "$song" preset EXPECTED="0=0.75 1=0.25 2=0.5 3=1 4=0"
 
 # One channel in, two out.
-mono="$work/mono.wav"
-sound make "$mono" $rate $seconds 1
-sound both-sides "$mono" "$work/both.wav"
-reference_render "$work/both.wav" "$work/mono-rule.wav" $rate $first $first
 check "a mono track with the effect is made and saved" \
   new_session "$work/monosong" "$mono" 1 "0=0.75 1=0.25 2=0.3 3=1 4=1"
 check "the mono track becomes stereo as the rule says, bit by bit" \

@@ -22,6 +22,35 @@ scan() {
   done
 }
 
+# What both interfaces are tried with: sounds, the rule's renders of them by two settings (width,
+# baseFreq, emphasis, process, phase), and where the session is.
+first=0.75,0.25,0.3,1,1
+second=0.75,0.6,0.3,1,1
+stereo="$work/stereo.wav"
+mono="$work/mono.wav"
+song="$work/song"
+make_sounds() {
+  sound make "$stereo" $rate $seconds 2
+  reference_render "$stereo" "$work/first.wav" $rate $first $first
+  reference_render "$stereo" "$work/second.wav" $rate $second $second
+  sound make "$mono" $rate $seconds 1
+  sound both-sides "$mono" "$work/both.wav"
+  reference_render "$work/both.wav" "$work/mono-rule.wav" $rate $first $first
+}
+
+# A session of the first settings, and changed to the second ones.
+check_sessions() {
+  check "a session with the effect is made and saved" \
+    new_session "$song" "$stereo" 2 "0=0.75 1=0.25 2=0.3 3=1 4=1" || finish
+  check "the session renders as the rule says, bit by bit" \
+    renders_like "$song" mix "$work/first.wav"
+  check "a loaded session has its parameters, takes a new one and is saved" \
+    session "$song" mix EXPECTED="0=0.75 1=0.25 2=0.3 3=1 4=1" PARAMETERS="1=0.6" SAVE_AS=changed
+  check "the changed session renders the change" renders_like "$song" changed "$work/second.wav"
+  check "the session that was saved before renders as before" \
+    renders_like "$song" mix "$work/first.wav"
+}
+
 # session FOLDER NAME [VARIABLE=VALUE...]: runs ardour.lua; its last word is "saved".
 session() {
   local folder=$1 name=$2

@@ -64,14 +64,31 @@ tell_audacity() {
 registry="$settings/pluginregistry.cfg"
 module_is_known() { grep -q '^\[ModuleDateTime\]' "$settings/audacity.cfg" && window_is_open; }
 is_registered() { grep -q '^Symbol=Orv Trelvan$' "$registry"; }
-registered_as_expected() {
+# registered_as PATH [LINE...]: a pattern for the effect's path, and lines of its entry besides those
+# that both interfaces have.
+registered_as() {
   local entry expected
-  entry=$(sed -n '/^Path=.*Trelvan\.so;0$/,/^\[/p' "$registry")
-  for expected in 'Symbol=Orv Trelvan' 'Name=Orv Trelvan' 'Vendor=Orv' 'Enabled=1' 'Valid=1' \
-    'EffectType=Process' 'EffectFamily=VST' 'EffectInteractive=1' 'EffectAutomatable=1'; do
+  entry=$(sed -n "/^Path=$1\$/,/^\\[/p" "$registry")
+  shift
+  for expected in 'Symbol=Orv Trelvan' 'Vendor=Orv' 'Enabled=1' 'Valid=1' 'EffectType=Process' \
+    'EffectAutomatable=1' "$@"; do
     grep -qxF -- "$expected" <<<"$entry" ||
-      { echo "not in the registry: $expected"; echo "$entry"; return 1; }
+      { echo "not in the registry: $expected"; cat "$registry"; return 1; }
   done
+}
+
+# render SOUND CHANNELS OUT COMMAND: a new Audacity imports the sound, applies the
+# effect and exports.
+render() {
+  local in=$1 channels=$2 out=$3
+  shift 3
+  start_audacity 1 || return 1
+  wait_for 60 window_is_open || { echo "no window"; tail -n 5 "$work/audacity.log"; return 1; }
+  tell_audacity "Import2: Filename=$in" "SelectAll:" "$1" \
+    "Export2: Filename=$out NumChannels=$channels"
+  local status=$?
+  stop_audacity
+  return $status
 }
 
 # The first start scans; it leaves the effect registered and the scripting pipe known.
