@@ -41,6 +41,7 @@ std::vector<Case> processCases() {
       {.name = "double, settled", .inDouble = true, .block = 64},
       {.name = "single, settled", .block = 4096},
       {.name = "500 instances in turn", .instances = 500},
+      {.name = "500 of 2000 instances in turn", .instances = 500, .together = false},
       {.name = "silence", .input = Input::silence},
       {.name = "noise near 1e-20", .input = Input::tiny},
       {.name = "width 0", .width = 0.0F},

@@ -23,6 +23,7 @@ struct Case {
   float width = 0.9F;
   int preset = -1;  // its values instead
   int instances = 1;
+  bool together = true;  // many instances: several blocks of each before the next contestant's turn
 };
 
 std::vector<Case> processCases();
