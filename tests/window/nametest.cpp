@@ -1,65 +1,5 @@
-// Renaming the current preset in the field of the preset bar.
-#include "windowtest.h"
-
-namespace {
-
-constexpr int kLeft = 1, kMiddle = 2, kRight = 3;  // mouse buttons
-
-class Name : public WindowTest {
- protected:
-  Name() {
-    host.setParameter(0, 0.5F);
-    host.openEditor();
-    closed = host.picture();
-  }
-
-  void startEntry(int button = kLeft) {
-    host.click(places::kName, button);
-    host.settle();
-    host.forgetCalls();
-  }
-
-  // The list's entry 0 as it looks; the list is closed again.
-  Picture list() {
-    host.click(places::kMenu);
-    host.moveAway();
-    const Picture picture = host.picture();
-    host.key(XKB_KEY_Escape);
-    host.settle();
-    return picture;
-  }
-
-  // The host hears of a confirmed name once, and of nothing else.
-  void expectConfirmed(const std::string& name) {
-    EXPECT_EQ(host.programName(), name);
-    EXPECT_EQ(host.programName(0), name);
-    EXPECT_EQ(host.calls(audioMasterUpdateDisplay).size(), 1U);
-    EXPECT_TRUE(host.gestureCalls().empty());
-    expectIdle();
-  }
-
-  void expectCancelled() {
-    EXPECT_EQ(host.programName(), "init");
-    EXPECT_TRUE(host.calls(audioMasterUpdateDisplay).empty());
-    EXPECT_TRUE(host.gestureCalls().empty());
-    host.moveAway();
-    EXPECT_EQ(host.picture(), closed);
-    expectIdle();
-  }
-
-  // No entry is open: typing reaches nothing.
-  void expectIdle() {
-    host.moveAway();
-    const Picture now = host.picture();
-    host.type("x");
-    EXPECT_EQ(host.picture(), now);
-  }
-
-  WindowHost host;
-  Picture closed;
-};
-
-}  // namespace
+// Renaming the current preset in the field of the preset bar: how the entry opens and how it ends.
+#include "nameentry.h"
 
 TEST_F(Name, ReturnConfirmsWhatWasTypedInPlaceOfTheOldName) {
   const Picture before = list();
@@ -99,6 +39,8 @@ TEST_F(Name, ReturnWithoutTypingKeepsTheNameAndTellsTheHost) {
 }
 
 TEST_F(Name, EveryMouseButtonOpensTheEntry) {
+  constexpr int kMiddle = 2;
+  constexpr int kRight = 3;
   for (const int button : {kMiddle, kRight}) {
     SCOPED_TRACE(button);
     startEntry(button);
@@ -244,36 +186,6 @@ TEST_F(Name, TheHostsWindowThatGivesTheKeyboardBackLeavesTheEntryOpen) {
   expectConfirmed("abc");
 }
 
-// The field and the list hold 24 characters; one of the bank's is the end.
-TEST_F(Name, OnlyTheFirst24CharactersAreTaken) {
-  const auto enter = [this](const std::string& name) {
-    startEntry();
-    host.type(name);
-    host.key(XKB_KEY_Return);
-    host.moveAway();
-    EXPECT_EQ(host.programName(), name.substr(0, 23));
-  };
-  const std::string name = "iiiiiiiiiiiiiiiiiiiiiiil";  // 24, narrow enough to be shown whole
-  enter(name.substr(0, 23));
-  const Picture shorter = host.picture();
-  const Picture shorterList = list();
-  enter(name);
-  const Picture cut = host.picture();
-  const Picture cutList = list();
-  EXPECT_FALSE(cut == shorter);
-  EXPECT_FALSE(cutList == shorterList);
-  enter(name + "more");
-  EXPECT_EQ(host.picture(), cut);
-  EXPECT_EQ(list(), cutList);
-}
-
-TEST_F(Name, AnEmptyNameIsAName) {
-  startEntry();
-  host.key(XKB_KEY_BackSpace);
-  host.key(XKB_KEY_Return);
-  expectConfirmed("");
-}
-
 TEST_F(Name, AControlClickOpensTheEntryLikeAnyClick) {
   host.keyDown(XKB_KEY_Control_L);
   host.click(places::kName);
@@ -303,55 +215,6 @@ TEST_F(Name, TheRenamedPresetIsTheCurrentOne) {
   EXPECT_EQ(host.programName(1), "second");
 }
 
-// While it is edited the field shows the typed text only, whatever the host calls
-// the preset meanwhile.
-TEST_F(Name, AHostsNameMeanwhileGivesWayToTheConfirmedOne) {
-  startEntry();
-  host.type("mine");
-  host.setProgramName("the host's");
-  host.settle();
-  host.key(XKB_KEY_Return);
-  EXPECT_EQ(host.programName(), "mine");
-}
-
-// Characters of two to four bytes each.
-TEST_F(Name, InAnyLanguageIsEditedCharacterByCharacter) {
-  const std::string umlaut = "\xC3\xA4", kanji = "\xE9\x9F\xB3", note = "\xF0\x9D\x84\x9E";
-  host.setProgramName(umlaut + kanji + note + "x");
-  startEntry();
-  host.moveAway();  // drawn with all of it selected
-  host.settle();
-  host.click(places::kName.right - 5, places::kName.centreY());  // after the text
-  host.key(XKB_KEY_BackSpace);
-  host.key(XKB_KEY_BackSpace);
-  host.type("y");
-  host.key(XKB_KEY_Home);
-  host.key(XKB_KEY_Right);
-  host.key(XKB_KEY_Delete);
-  host.type("z");
-  host.click(places::kName.left + 5, places::kName.centreY());  // in front of it
-  host.type("a");
-  host.key(XKB_KEY_Return);
-  expectConfirmed("a" + umlaut + "zy");
-}
-
-TEST_F(Name, TypingReplacesASelectionMadeByMouseOrKeys) {
-  startEntry();
-  host.type("abc");
-  host.moveTo(places::kName.right - 5, places::kName.centreY());
-  host.press();
-  host.moveTo(places::kName.left + 5, places::kName.centreY());
-  host.release();
-  host.type("defg");
-  host.keyDown(XKB_KEY_Shift_L);
-  host.key(XKB_KEY_Left);
-  host.key(XKB_KEY_Left);
-  host.keyUp(XKB_KEY_Shift_L);
-  host.type("h");
-  host.key(XKB_KEY_Return);
-  expectConfirmed("deh");
-}
-
 TEST_F(Name, ADoubleClickIntoTheFieldSelectsAllOfIt) {
   startEntry();
   host.type("abc");
@@ -371,50 +234,4 @@ TEST_F(Name, KeysThatTheHostHandsOnReachTheField) {
   }
   EXPECT_EQ(host.dispatch(effEditKeyDown, 0, kReturn), 1);
   expectConfirmed("xok");
-}
-
-// A name from a file may hold any bytes.
-TEST_F(Name, ThatIsNoTextIsShownWithReplacementCharactersAndWithoutAWarning) {
-  testing::internal::CaptureStderr();
-  host.dispatch(effSetProgramName, 0, 0,
-                const_cast<char*>("a\xFF"
-                                  "b"));
-  host.settle();
-  const Picture shown = host.picture();
-  startEntry();
-  host.key(XKB_KEY_Escape);
-  host.settle();
-  host.moveAway();
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-  EXPECT_EQ(host.programName(),
-            "a\xFF"
-            "b");
-  host.dispatch(effSetProgramName, 0, 0,
-                const_cast<char*>("a\xEF\xBF\xBD"
-                                  "b"));
-  host.settle();
-  EXPECT_EQ(host.picture(), shown);
-}
-
-// Too wide for the field in every font: it loses its end, as in the list, and not both ends.
-TEST_F(Name, ThatIsTooWideBeginsInTheFieldWithItsFirstLetter) {
-  const std::string rest(22, 'W');
-  host.setProgramName("i" + rest);
-  const Picture first = host.picture();
-  host.setProgramName("j" + rest);
-  const Picture second = host.picture();
-  host.setProgramName("j" + rest.substr(1) + "i");
-  const Picture otherEnd = host.picture();
-  EXPECT_FALSE(sameIn(places::kName, first, second));
-  EXPECT_TRUE(sameIn(places::kName, second, otherEnd));
-}
-
-TEST_F(Name, ThatIsALittleTooWideIsSmallerAndWhole) {
-  const std::string name = "Wide and much air above";
-  host.setProgramName("i" + name.substr(1));
-  const Picture first = host.picture();
-  host.setProgramName("j" + name.substr(1));
-  EXPECT_FALSE(sameIn(places::kName, first, host.picture()));
-  host.setProgramName("i" + name.substr(1, 21) + "i");
-  EXPECT_FALSE(sameIn(places::kName, first, host.picture()));
 }
