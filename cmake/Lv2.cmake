@@ -10,6 +10,7 @@ target_link_libraries(trelvan_hosted PUBLIC trelvan_options PRIVATE trelvan_effe
 add_library(trelvan_lv2 OBJECT
   formats/lv2/lv2descriptor.cpp
   formats/lv2/lv2effect.cpp
+  formats/lv2/lv2scale.cpp
   formats/lv2/lv2state.cpp
   formats/lv2/lv2uidescriptor.cpp
   formats/lv2/lv2window.cpp

@@ -296,6 +296,11 @@ enum VstPlugCategory : VstInt32 {
   kPlugCategGenerator = 11,
 };
 
+// Not of the interface: what our window asks its host by audioMasterVendorSpecific, with its
+// effect's uniqueID as index and this as value. ptr: a float, into which a host that knows the
+// question writes the scale at which it wants the window, and returns 1. Others return 0.
+constexpr VstInt32 kWindowScaleWanted = vstFourChars('W', 'S', 'c', 'l');
+
 // The layout is the contract: 64-bit, natural alignment.
 static_assert(sizeof(void*) == 8);
 static_assert(sizeof(AEffect) == 192);

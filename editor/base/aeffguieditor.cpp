@@ -51,6 +51,14 @@ void AEffGUIEditor::needToolkit() {
   unscaled = windowSize();
 }
 
+double AEffGUIEditor::scaleOfHost() const {
+  if (effect == nullptr) return 0;
+  float scale = 0.0F;  // and stays so where a host returns 1 to everything
+  const VstIntPtr known = static_cast<AudioEffectX*>(effect)->hostVendorSpecific(
+      effect->getAeffect()->uniqueID, kWindowScaleWanted, &scale, 0.0F);
+  return known == 1 ? static_cast<double>(scale) : 0;
+}
+
 // Whole pixels: the last half of one is drawn as a whole, a last quarter not at all.
 void AEffGUIEditor::scaleTo(double scale) {
   const auto scaled = [scale](VstInt16 size) { return static_cast<VstInt16>(size * scale + 0.5); };
@@ -60,7 +68,7 @@ void AEffGUIEditor::scaleTo(double scale) {
 bool AEffGUIEditor::getRect(ERect** out) {
   *out = nullptr;  // should the toolkit fail
   needToolkit();
-  if (frame == nullptr) scaleTo(recentScreenScale());
+  if (frame == nullptr) scaleTo(recentScreenScale(scaleOfHost()));
   *out = &rect;
   return true;
 }
@@ -77,7 +85,7 @@ bool AEffGUIEditor::openFrame(void* window) {
   const auto made = VSTGUI::makeOwned<VSTGUI::CFrame>(size, this);
   auto* root = new MyFrame(size);
   made->addView(root);
-  const double scale = screenScale();
+  const double scale = screenScale(scaleOfHost());
   scaleTo(scale);
   if (scale != 1) {
     made->setZoom(scale);

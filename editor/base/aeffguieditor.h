@@ -63,6 +63,7 @@ class AEffGUIEditor : public AEffEditor, public VSTGUI::VSTGUIEditorInterface {
 
  private:
   void needToolkit();
+  double scaleOfHost() const;           // that it wants; 0 where it does not say
   void scaleTo(double scale);           // of the screen
   bool dispatch(VSTGUI::Event& event);  // true: somebody has taken it
   bool isHostParameter(std::int32_t index) const;

@@ -6,6 +6,7 @@
 
 #include <cstring>
 
+#include "formats/lv2/lv2scale.h"
 #include "formats/lv2/lv2window.h"
 #include "formats/lv2/uris.h"
 
@@ -31,7 +32,8 @@ LV2UI_Handle instantiate(const LV2UI_Descriptor* /*descriptor*/, const char* plu
   void* const parent = feature<void>(features, LV2_UI__parent);
   if (!isOurs(plugin) || effect == nullptr || parent == nullptr || write == nullptr) return nullptr;
   const Lv2Window::Host host{write, controller, feature<LV2UI_Touch>(features, LV2_UI__touch),
-                             feature<LV2UI_Resize>(features, LV2_UI__resize)};
+                             feature<LV2UI_Resize>(features, LV2_UI__resize),
+                             scaleOption(features)};
   try {
     auto window = Lv2Window::open(*effect, reinterpret_cast<WindowId>(parent), host);
     if (!window) return nullptr;

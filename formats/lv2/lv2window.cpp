@@ -22,7 +22,7 @@ Lv2Window::Lv2Window(Lv2Effect& shown, const Host& itsHost)
 // The host gets the id of our window and not of its own: it would destroy what it embeds.
 bool Lv2Window::openIn(WindowId parent) {
   const std::vector<WindowId> before = childWindows(parent);
-  if (!effect->hosted().openWindow(reinterpret_cast<void*>(parent))) return false;
+  if (!effect->hosted().openWindow(reinterpret_cast<void*>(parent), host.scale)) return false;
   window = newChildWindow(parent, before);
   if (window == 0) return false;
   const HostedEffect::Size size = effect->hosted().windowSize();

@@ -19,6 +19,7 @@ class Lv2Window final : private Lv2EffectWindow {
     LV2UI_Controller controller;
     const LV2UI_Touch* touch;    // null: not told of gestures
     const LV2UI_Resize* resize;  // null: not told of the size
+    float scale;                 // of the window; 0: the desktop's
   };
 
   // Null where none could be opened, or the effect has one already.

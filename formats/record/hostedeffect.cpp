@@ -50,15 +50,16 @@ HostedEffect::~HostedEffect() {
 
 // While the effect is being made its record is nobody's yet: it learns the version, and that its
 // pins are connected.
-VstIntPtr HostedEffect::answer(AEffect* effect, VstInt32 opcode, VstInt32 index,
-                               VstIntPtr /*value*/, void* /*ptr*/, float opt) {
+VstIntPtr HostedEffect::answer(AEffect* effect, VstInt32 opcode, VstInt32 index, VstIntPtr value,
+                               void* ptr, float opt) {
   if (opcode == audioMasterPinConnected) return 0;  // twice a block
   if (opcode == audioMasterVersion) return kVstVersion;
   if (effect == nullptr || effect->resvd1 == 0) return 0;
-  return reinterpret_cast<HostedEffect*>(effect->resvd1)->hear(opcode, index, opt);
+  return reinterpret_cast<HostedEffect*>(effect->resvd1)->hear(opcode, index, value, ptr, opt);
 }
 
-VstIntPtr HostedEffect::hear(VstInt32 opcode, VstInt32 index, float opt) {
+VstIntPtr HostedEffect::hear(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                             float opt) {
   if (opcode == audioMasterGetSampleRate) return static_cast<VstIntPtr>(sampleRate);
   if (listener == nullptr) return 0;
   switch (opcode) {
@@ -73,6 +74,10 @@ VstIntPtr HostedEffect::hear(VstInt32 opcode, VstInt32 index, float opt) {
       return 1;
     case audioMasterUpdateDisplay:
       listener->displayOutdated();
+      return 1;
+    case audioMasterVendorSpecific:
+      if (index != record->uniqueID || value != kWindowScaleWanted || windowScale == 0.0F) return 0;
+      *static_cast<float*>(ptr) = windowScale;
       return 1;
     default:
       return 0;
@@ -129,7 +134,8 @@ bool HostedEffect::takeChunk(std::span<const unsigned char> bytes) {
   return call(effSetChunk, 0, static_cast<VstIntPtr>(copy.size()), copy.data()) >= 0;
 }
 
-bool HostedEffect::openWindow(void* parent) {
+bool HostedEffect::openWindow(void* parent, float scale) {
+  windowScale = scale;
   return call(effEditOpen, 0, 0, parent) != 0;
 }
 

@@ -64,7 +64,9 @@ class HostedEffect {
     int width;  // pixels
     int height;
   };
-  bool openWindow(void* parent);  // X11 window id, NSView*
+  // parent: X11 window id, NSView*. scale: pixels of the screen for one of the window's; 0: the
+  // desktop's.
+  bool openWindow(void* parent, float scale = 0.0F);
   void closeWindow();
   void idleWindow();
   Size windowSize() const;  // 0 x 0 where it has none
@@ -77,10 +79,11 @@ class HostedEffect {
                  float opt = 0.0F) const {
     return record->dispatcher(record, opcode, index, value, ptr, opt);
   }
-  VstIntPtr hear(VstInt32 opcode, VstInt32 index, float opt);
+  VstIntPtr hear(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
 
   AEffect* record;
   HostedEffectListener* listener = nullptr;  // null until it is set up
   double sampleRate;                         // Hz
+  float windowScale = 0.0F;                  // 0: the desktop's
   bool started = false;
 };

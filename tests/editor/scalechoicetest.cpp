@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "editor/base/linux/picturescales.h"
 #include "lib/platform/iplatformbitmap.h"
 #include "lib/platform/platformfactory.h"
@@ -38,6 +40,23 @@ TEST(ScaleChoice, IsOneWhereNobodySaysAnything) {
   for (const char* factor :
        {static_cast<const char*>(nullptr), "", "large", "2x", "0", "-2", "nan", "inf", "1e999"}) {
     EXPECT_EQ(chosenScale({}, factor), 1) << (factor != nullptr ? factor : "not set");
+  }
+}
+
+TEST(ScaleChoice, OfTheHostHasTheSameStepsAndBounds) {
+  EXPECT_EQ(wantedScale(1), 1);
+  EXPECT_EQ(wantedScale(1.1), 1);
+  EXPECT_EQ(wantedScale(1.7), 1.75);
+  EXPECT_EQ(wantedScale(2), 2);
+  EXPECT_EQ(wantedScale(0.5), 1) << "never below";
+  EXPECT_EQ(wantedScale(1e30), 4) << "never above";
+}
+
+TEST(ScaleChoice, IsNotTheHostsWhereThatIsNone) {
+  for (const double nonsense :
+       {0., -0., -2., std::numeric_limits<double>::quiet_NaN(),
+        std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()}) {
+    EXPECT_EQ(wantedScale(nonsense), std::nullopt) << nonsense;
   }
 }
 

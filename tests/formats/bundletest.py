@@ -66,6 +66,12 @@ class Description(unittest.TestCase):
                 self.assertEqual({end: float(value) for end, value in ends},
                                  {"Minimum": 0.0, "Maximum": 1.0, "Default": default})
 
+    def test_tells_hosts_that_the_window_takes_a_scale(self):
+        window = (BUNDLE / "trelvan.ttl").read_text().split("\n<urn:orv:trelvan:window>")[1]
+        self.assertIn("opts:supportedOption ui:scaleFactor ;", window)
+        for feature in ("opts:options", "urid:map"):
+            self.assertRegex(window, rf"lv2:optionalFeature [^;]* {feature}\b")
+
     def test_names_files_that_are_there(self):
         manifest = (BUNDLE / "manifest.ttl").read_text()
         named = set(re.findall(r"(?:lv2:binary|rdfs:seeAlso) <([^>]+)>", manifest))

@@ -9,6 +9,7 @@
 
 #include "formats/record/hostedeffect.h"
 #include "tests/formats/samebits.h"
+#include "tests/support/temporaryfolder.h"
 
 namespace {
 
@@ -72,6 +73,17 @@ TEST_F(Hosted, LeavesTheCallersChunkAsItIs) {
   effect->takeChunk(turned);
   EXPECT_EQ(turned, before);
   EXPECT_FALSE(effect->takeChunk({}));
+}
+
+// Without a display none opens, and the size is that of one that were opened now.
+TEST_F(Hosted, GivesTheWindowTheScaleThatItIsOpenedWith) {
+  const ScopedVariable display("DISPLAY", nullptr);
+  const ScopedVariable desktop("GDK_SCALE", "3");
+  EXPECT_FALSE(effect->openWindow(nullptr, 2.0F));
+  EXPECT_EQ(effect->windowSize().width, 604);  // twice its 302 pixels
+  EXPECT_EQ(effect->windowSize().height, 502);
+  EXPECT_FALSE(effect->openWindow(nullptr));
+  EXPECT_EQ(effect->windowSize().width, 906);
 }
 
 TEST_F(Hosted, StartsAgainOnlyWhereItIsStarted) {

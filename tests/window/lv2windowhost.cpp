@@ -2,6 +2,8 @@
 #include "lv2windowhost.h"
 
 #include <dlfcn.h>
+#include <lv2/atom/atom.h>
+#include <lv2/options/options.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -25,10 +27,11 @@ Entry entryOf(const char* name) {
 
 }  // namespace
 
-Lv2WindowHost::Lv2WindowHost(int place, Plugin which)
+Lv2WindowHost::Lv2WindowHost(int place, Plugin which, int itsScale)
     : plugin(which),
-      left(20 + 330 * place),
-      window(display.makeWindow({left, kTop, left + kHostWidth, kTop + kHostHeight})),
+      scale(itsScale),
+      left(20 + 330 * scale * place),
+      window(display.makeWindow(area())),
       descriptor(entryOf<LV2_Descriptor_Function>("lv2_descriptor")(which == Plugin::mono ? 1 : 0)),
       uiDescriptor(entryOf<LV2UI_DescriptorFunction>("lv2ui_descriptor")(0)) {
   effect = descriptor->instantiate(descriptor, 44100.0, "", numbers.features());
@@ -45,13 +48,23 @@ Lv2WindowHost::~Lv2WindowHost() {
   display.destroyWindow(window);
 }
 
+Area Lv2WindowHost::area() const {
+  return {left, kTop, left + kHostWidth * scale, kTop + kHostHeight * scale};
+}
+
 LV2UI_Handle Lv2WindowHost::instantiateWindow(const char* uri, const std::string& withheld,
                                               LV2UI_Widget& widget) {
+  const LV2_Options_Option options[] = {
+      {LV2_OPTIONS_INSTANCE, 0, scaleFactor ? numbers.of(LV2_UI__scaleFactor) : 0, sizeof(float),
+       numbers.of(LV2_ATOM__Float), scaleFactor ? &*scaleFactor : nullptr},
+      {}};
   const LV2_Feature has[] = {{LV2_INSTANCE_ACCESS_URI, effect},
                              {LV2_UI__parent, reinterpret_cast<void*>(std::uintptr_t{window})},
                              {LV2_UI__touch, &touching},
                              {LV2_UI__resize, &resizing},
-                             {LV2_UI__idleInterface, nullptr}};
+                             {LV2_UI__idleInterface, nullptr},
+                             {LV2_URID__map, (*numbers.features())->data},
+                             {LV2_OPTIONS__options, const_cast<LV2_Options_Option*>(options)}};
   std::vector<const LV2_Feature*> features;
   for (const LV2_Feature& feature : has) {
     if (feature.URI != withheld) features.push_back(&feature);
@@ -161,7 +174,7 @@ void Lv2WindowHost::press(int x, int y) {
 }
 
 void Lv2WindowHost::moveTo(int x, int y) {
-  display.moveTo(left + x, kTop + y);
+  display.moveTo(left + x * scale, kTop + y * scale);
   idle();
 }
 
@@ -176,12 +189,12 @@ void Lv2WindowHost::click(const Area& area) {
 }
 
 void Lv2WindowHost::moveAway() {
-  display.moveTo(left, kTop + kHostHeight + 20);
+  display.moveTo(left, area().bottom + 20);
   if (ui != nullptr) idle();
 }
 
 Picture Lv2WindowHost::picture() {
-  return display.stillPicture({left, kTop, left + kHostWidth, kTop + kHostHeight}, [this] {
+  return display.stillPicture(area(), [this] {
     idle();
     std::this_thread::sleep_for(kRedrawTime);
     idle();

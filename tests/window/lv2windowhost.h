@@ -25,13 +25,15 @@ struct Lv2Told {
 };
 
 // One instance that is switched on, with its ports, and a window in the host's once it is opened.
-// Mouse places are the editor's pixels. What the window says reaches the ports at once.
+// Mouse places are the editor's pixels at a scale of 1. What the window says reaches the ports at
+// once.
 class Lv2WindowHost {
  public:
   static constexpr std::size_t kControls = 5;
 
   enum class Plugin { stereo, mono };
-  explicit Lv2WindowHost(int place = 0, Plugin plugin = Plugin::stereo);
+  // scale: the window's, as the test has set it.
+  explicit Lv2WindowHost(int place = 0, Plugin plugin = Plugin::stereo, int scale = 1);
   ~Lv2WindowHost();
   Lv2WindowHost(const Lv2WindowHost&) = delete;
   Lv2WindowHost& operator=(const Lv2WindowHost&) = delete;
@@ -48,6 +50,7 @@ class Lv2WindowHost {
   xcb_window_t parent() const { return window; }
   xcb_window_t widgetWindow() const { return child; }
   std::optional<std::pair<int, int>> toldSize;  // pixels
+  std::optional<float> scaleFactor;             // an option that windows are opened with
 
   std::uint32_t firstControl() const { return plugin == Plugin::mono ? 3 : 4; }
   std::array<float, kControls> controls{0.0F, 0.5F, 0.0F, 1.0F, 0.0F};
@@ -74,12 +77,14 @@ class Lv2WindowHost {
                     std::uint32_t format, const void* value);
   static void touch(LV2UI_Feature_Handle host, std::uint32_t port, bool held);
   static int resize(LV2UI_Feature_Handle host, int width, int height);
+  Area area() const;  // of the host's window on the screen
   LV2UI_Handle instantiateWindow(const char* uri, const std::string& withheld,
                                  LV2UI_Widget& widget);
 
   LV2UI_Touch touching{this, touch};  // used as long as the window lives
   LV2UI_Resize resizing{this, resize};
   Plugin plugin;
+  int scale;
   int left;  // of the host's window on the screen
   xcb_window_t window;
   xcb_window_t child = 0;

@@ -1,7 +1,9 @@
 // The window in an LV2 host: opened, worked with the mouse, and what both sides hear of it.
+#include <lv2/options/options.h>
 #include <xcb/xcb.h>
 
 #include <cstdlib>
+#include <limits>
 #include <memory>
 
 #include "lv2windowhost.h"
@@ -48,6 +50,60 @@ TEST_F(Lv2WindowTest, IsAsLargeAsTheDesktopsScaleSays) {
   const Place place = placeOf(host, host.widgetWindow());
   EXPECT_EQ(place.width, 2 * places::kWidth);
   EXPECT_EQ(host.toldSize, std::pair(place.width, place.height));
+}
+
+TEST_F(Lv2WindowTest, IsAsLargeAsTheHostsScaleSaysWhateverTheDesktopsIs) {
+  const ScopedVariable scale("GDK_SCALE", "3");
+  Lv2WindowHost host;
+  host.scaleFactor = 2.0F;
+  ASSERT_TRUE(host.open());
+  const Place place = placeOf(host, host.widgetWindow());
+  EXPECT_EQ(place.width, 2 * places::kWidth);
+  EXPECT_EQ(host.toldSize, std::pair(place.width, place.height));
+  host.close();
+  host.scaleFactor = 1.0F;
+  ASSERT_TRUE(host.open());
+  EXPECT_EQ(placeOf(host, host.widgetWindow()).width, places::kWidth);
+}
+
+TEST_F(Lv2WindowTest, IsAsLargeAsTheDesktopsScaleSaysWhereTheHostsIsNone) {
+  const ScopedVariable scale("GDK_SCALE", "2");
+  Lv2WindowHost host;
+  for (const float nonsense : {0.0F, -1.0F, std::numeric_limits<float>::quiet_NaN(),
+                               std::numeric_limits<float>::infinity()}) {
+    host.scaleFactor = nonsense;
+    ASSERT_TRUE(host.open());
+    EXPECT_EQ(placeOf(host, host.widgetWindow()).width, 2 * places::kWidth) << nonsense;
+    host.close();
+  }
+  host.scaleFactor = 1.0F;
+  for (const char* withheld : {LV2_URID__map, LV2_OPTIONS__options}) {
+    ASSERT_TRUE(host.open(withheld));
+    EXPECT_EQ(placeOf(host, host.widgetWindow()).width, 2 * places::kWidth) << withheld;
+    host.close();
+  }
+}
+
+TEST_F(Lv2WindowTest, AtTheHostsScaleLooksAndWorksAsAtTheDesktops) {
+  constexpr auto kStereo = Lv2WindowHost::Plugin::stereo;
+  const auto dragged = [](Lv2WindowHost& host) {
+    host.run();
+    EXPECT_TRUE(host.open());
+    const Picture before = host.picture();
+    host.press(places::handleX(0.0F), places::handleY(0));
+    host.moveTo(places::handleX(0.5F), places::handleY(0));
+    host.release();
+    host.moveAway();
+    EXPECT_EQ(host.controls[0], 0.5F);
+    return std::pair(before, host.picture());
+  };
+  Lv2WindowHost host(0, kStereo, 2);
+  host.scaleFactor = 2.0F;
+  const auto shown = dragged(host);
+  host.close();
+  const ScopedVariable scale("GDK_SCALE", "2");
+  Lv2WindowHost other(0, kStereo, 2);
+  EXPECT_TRUE(dragged(other) == shown);
 }
 
 TEST_F(Lv2WindowTest, TellsItsOwnWindowBesideOneOfTheHosts) {

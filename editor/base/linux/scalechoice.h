@@ -1,4 +1,4 @@
-// Chooses the window's scale from what the desktop and the environment say.
+// Chooses the window's scale from what the host, the desktop and the environment say.
 #pragma once
 
 #include <algorithm>
@@ -13,6 +13,12 @@ inline double nearestScale(double wanted) {
   constexpr double kSmallest = 1;
   constexpr double kLargest = 4;
   return std::clamp(std::round(wanted * kSteps) / kSteps, kSmallest, kLargest);
+}
+
+// None where a host has given no scale, or a number that is none.
+inline std::optional<double> wantedScale(double wanted) {
+  if (!std::isfinite(wanted) || wanted <= 0) return {};
+  return nearestScale(wanted);
 }
 
 // dpi: dots an inch of texts, 96 for a scale of 1. factor: GDK_SCALE of the environment, null where

@@ -1,4 +1,5 @@
-// Asks the desktop on a connection of its own, which ends with the question.
+// Asks the desktop, where the host wants no scale, on a connection of its own, which ends with the
+// question.
 #include "editor/base/screenscale.h"
 
 #include <xcb/xcb.h>
@@ -29,7 +30,8 @@ Asked asked;
 
 }  // namespace
 
-double screenScale() {
+double screenScale(double wanted) {
+  if (const auto scale = wantedScale(wanted)) return *scale;
   xcb_connection_t* link = xcb_connect(nullptr, nullptr);
   const DesktopSettings desktop = desktopSettings(link);
   xcb_disconnect(link);
@@ -40,12 +42,13 @@ double screenScale() {
   return scale;
 }
 
-double recentScreenScale() {
+double recentScreenScale(double wanted) {
+  if (const auto scale = wantedScale(wanted)) return *scale;
   const std::size_t server = std::hash<std::string>()(serverName());
   {
     const std::lock_guard<std::mutex> lock(askedMutex);
     const bool isRecent = steadyMilliseconds() - asked.time < kRecent;
     if (asked.scale != 0 && isRecent && asked.server == server) return asked.scale;
   }
-  return screenScale();
+  return screenScale(wanted);
 }

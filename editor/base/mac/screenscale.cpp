@@ -1,10 +1,10 @@
 // macOS scales the window itself: its pixels are the system's points.
 #include "editor/base/screenscale.h"
 
-double screenScale() {
+double screenScale(double /*wanted*/) {
   return 1;
 }
 
-double recentScreenScale() {
+double recentScreenScale(double /*wanted*/) {
   return 1;
 }

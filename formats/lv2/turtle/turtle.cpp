@@ -3,6 +3,7 @@
 
 #include <lv2/core/lv2.h>
 #include <lv2/instance-access/instance-access.h>
+#include <lv2/options/options.h>
 #include <lv2/port-groups/port-groups.h>
 #include <lv2/presets/presets.h>
 #include <lv2/state/state.h>
@@ -27,6 +28,8 @@ void writePrefixes(std::ostream& out) {
   out << "@prefix doap: <http://usefulinc.com/ns/doap#> .\n"
          "@prefix foaf: <http://xmlns.com/foaf/0.1/> .\n"
          "@prefix lv2: <" LV2_CORE_PREFIX
+         "> .\n"
+         "@prefix opts: <" LV2_OPTIONS_PREFIX
          "> .\n"
          "@prefix pg: <" LV2_PORT_GROUPS_PREFIX
          "> .\n"
@@ -99,7 +102,9 @@ void writePlugin(std::ostream& out, const Lv2Shape& shape, const Described& desc
 void writeWindow(std::ostream& out) {
   out << "<" << lv2uris::kWindow << ">\n  a ui:X11UI ;\n"
       << "  lv2:requiredFeature ui:idleInterface , ui:parent , <" LV2_INSTANCE_ACCESS_URI "> ;\n"
-      << "  lv2:optionalFeature ui:noUserResize , ui:resize , ui:touch ;\n"
+      << "  lv2:optionalFeature ui:noUserResize , ui:resize , ui:touch , opts:options , urid:map "
+         ";\n"
+      << "  opts:supportedOption ui:scaleFactor ;\n"
       << "  lv2:extensionData ui:idleInterface .\n\n";
 }
 
