@@ -3,13 +3,10 @@
 
 #include <sndfile.h>
 
-#include <CLI/CLI.hpp>
-#include <algorithm>
-#include <memory>
-
 #include "effect/parameters.h"
 #include "host/base/text.h"
 #include "host/options/batchoptions.h"
+#include "host/options/commandline.h"
 #include "host/options/completion.h"
 #include "host/options/effectoptions.h"
 #include "host/options/figureoptions.h"
@@ -24,6 +21,13 @@ namespace {
 constexpr const char* kDescription =
     "widen: runs mono or stereo sound files through a VST 2.4 effect, by default Trelvan, and "
     "writes stereo files.";
+
+constexpr const char* kUsage =
+    "Usage: widen [OPTIONS] IN... -o OUT\n"
+    "       widen [OPTIONS] --info | --list-params | --list-presets | --list-plugins\n"
+    "       widen [OPTIONS] --editor [IN]\n"
+    "       widen --analyse [--json] IN...\n"
+    "       widen --validate [PLUGIN] [--strictness 1..10] [--seed N] [--check NAME]\n";
 
 // The base frequency's range and curve are the effect's own.
 std::string frequencyNotes() {
@@ -54,37 +58,6 @@ Outputs
   What cannot be finished is removed.
 
 Exit status: 0 done, 1 failed, 2 wrong usage.)";
-}
-
-class Formatter : public CLI::Formatter {
- public:
-  Formatter() { column_width(32); }
-  // The library marks the flags that switch something off.
-  std::string make_option_name(const CLI::Option* option, bool positional) const override {
-    std::string name = CLI::Formatter::make_option_name(option, positional);
-    const auto mark = name.find("{false}");
-    return mark == std::string::npos ? name : name.erase(mark, 7);
-  }
-  std::string make_usage(const CLI::App*, std::string) const override {
-    return "Usage: widen [OPTIONS] IN... -o OUT\n"
-           "       widen [OPTIONS] --info | --list-params | --list-presets | --list-plugins\n"
-           "       widen [OPTIONS] --editor [IN]\n"
-           "       widen --analyse [--json] IN...\n"
-           "       widen --validate [PLUGIN] [--strictness 1..10] [--seed N] [--check NAME]\n";
-  }
-};
-
-std::string oneLine(std::string text) {
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  return text;
-}
-
-// A script's own options can be followed by those of who runs it.
-void letTheLastWin(CLI::App& app) {
-  for (CLI::Option* option : app.get_options()) {
-    if (!option->get_positional() && option->get_items_expected_max() <= 1)
-      option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-  }
 }
 
 // --save-state and its like alone: nothing is converted.
@@ -124,42 +97,32 @@ ParsedArguments parseArguments(const std::vector<std::string>& words) {
   ValidatorWords validator;
   bool version = false;
   std::string shell;
-  CLI::App app(kDescription, "widen");
-  app.formatter(std::make_shared<Formatter>());
-  app.footer(notes());
-  addFileOptions(app, files, arguments);
-  app.add_flag("-q,--quiet", arguments.quiet, "Say nothing but errors and warnings");
-  app.add_option("--completion", shell, "Print what makes bash, zsh or fish complete options")
-      ->type_name("SHELL");
-  app.add_flag("--version", version, "Show the version");
-  addLevelOptions(app, level, arguments);
-  addBatchOptions(app, batch, arguments);
-  addSoundOptions(app, sound, arguments);
-  addEffectOptions(app, effect, arguments);
-  addFigureOptions(app, arguments);
-  addValidatorOptions(app, validator);
-  letTheLastWin(app);
-  try {
-    // the parser takes the last word first
-    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
-  } catch (const CLI::CallForHelp&) {
-    return {std::nullopt, app.help()};
-  } catch (const CLI::ParseError& error) {
-    throw UsageFailure(oneLine(error.what()));
-  }
+  CommandLine line("widen", kDescription, kUsage, notes());
+  addFileOptions(line, files, arguments);
+  line.flag("-q,--quiet", arguments.quiet, "Say nothing but errors and warnings");
+  line.option("--completion", shell, "Print what makes bash, zsh or fish complete options")
+      .valueName("SHELL");
+  line.flag("--version", version, "Show the version");
+  addLevelOptions(line, level, arguments);
+  addBatchOptions(line, batch, arguments);
+  addSoundOptions(line, sound, arguments);
+  addEffectOptions(line, effect, arguments);
+  addFigureOptions(line, arguments);
+  addValidatorOptions(line, validator);
+  if (const std::optional<std::string> help = line.parse(words)) return {std::nullopt, *help};
   if (version) {
     return {std::nullopt, std::string("widen " WIDEN_VERSION ", VST 2.4 host for files, with ") +
                               sf_version_string() + "\n"};
   }
-  if (app.count("--completion") != 0) return {std::nullopt, completionFor(shell, app)};
-  takeFileOptions(app, files, arguments);
-  takeLevelOptions(app, level, arguments);
-  takeBatchOptions(app, batch, arguments);
-  takeSoundOptions(app, sound, arguments);
-  takeEffectOptions(app, effect, arguments);
-  takeValidator(app, validator, arguments);
-  checkFigureOptions(app, arguments);
+  if (line.has("--completion")) return {std::nullopt, completionFor(shell, line)};
+  takeFileOptions(line, files, arguments);
+  takeLevelOptions(line, level, arguments);
+  takeBatchOptions(line, batch, arguments);
+  takeSoundOptions(line, sound, arguments);
+  takeEffectOptions(line, effect, arguments);
+  takeValidator(line, validator, arguments);
+  checkFigureOptions(line, arguments);
   checkRules(arguments);
-  checkFitting(app, arguments);
+  checkFitting(line, arguments);
   return {arguments, {}};
 }

@@ -1,10 +1,10 @@
 // The part of the command line about many files.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
 #include "host/options/arguments.h"
+#include "host/options/commandline.h"
 
 // As they were typed.
 struct BatchWords {
@@ -13,6 +13,6 @@ struct BatchWords {
 };
 
 // Both outlive the parsing.
-void addBatchOptions(CLI::App& app, BatchWords& words, Arguments& arguments);
+void addBatchOptions(CommandLine& line, BatchWords& words, Arguments& arguments);
 // After the parsing. Throws UsageFailure.
-void takeBatchOptions(const CLI::App& app, const BatchWords& words, Arguments& arguments);
+void takeBatchOptions(const CommandLine& line, const BatchWords& words, Arguments& arguments);

@@ -38,29 +38,28 @@ const std::vector<KnownValue>& knownValues() {
   return kKnown;
 }
 
-void setKind(const CLI::Option& option, CompletedOption& completed) {
-  if (option.get_items_expected_max() == 0) return;
-  completed.valueOptional = option.get_items_expected_min() == 0;
+void setKind(const DescribedOption& option, CompletedOption& completed) {
+  if (option.isFlag) return;
+  completed.valueOptional = option.valueOptional;
   for (const KnownValue& known : knownValues()) {
-    if (option.get_name() != known.option) continue;
+    if (option.name != known.option) continue;
     completed.kind = known.kind;
     completed.choices = known.choices;
     return;
   }
-  completed.kind = option.get_type_name() == "FILE" ? ValueKind::files : ValueKind::free;
+  completed.kind = option.valueName == "FILE" ? ValueKind::files : ValueKind::free;
 }
 
 }  // namespace
 
-std::vector<CompletedOption> completedOptions(const CLI::App& app) {
+std::vector<CompletedOption> completedOptions(const CommandLine& line) {
   std::vector<CompletedOption> options;
-  for (const CLI::Option* option : app.get_options()) {
-    if (option->get_lnames().empty() || option->get_group().empty()) continue;  // IN, and hidden
+  for (const DescribedOption& option : line.described()) {
     CompletedOption completed;
-    if (!option->get_snames().empty()) completed.shortName = option->get_snames().front();
-    completed.help = option->get_description();
-    setKind(*option, completed);
-    for (const std::string& name : option->get_lnames()) {
+    completed.shortName = option.shortName;
+    completed.help = option.help;
+    setKind(option, completed);
+    for (const std::string& name : option.longNames) {
       completed.longName = name;
       options.push_back(completed);
       completed.shortName.clear();
@@ -69,10 +68,10 @@ std::vector<CompletedOption> completedOptions(const CLI::App& app) {
   return options;
 }
 
-std::string completionFor(const std::string& shell, const CLI::App& app) {
-  if (shell == "bash") return bashCompletion(completedOptions(app));
-  if (shell == "zsh") return zshCompletion(completedOptions(app));
-  if (shell == "fish") return fishCompletion(completedOptions(app));
+std::string completionFor(const std::string& shell, const CommandLine& line) {
+  if (shell == "bash") return bashCompletion(completedOptions(line));
+  if (shell == "zsh") return zshCompletion(completedOptions(line));
+  if (shell == "fish") return fishCompletion(completedOptions(line));
   throw UsageFailure("--completion: \"" + shell + "\" is not bash, zsh or fish");
 }
 

@@ -2,9 +2,10 @@
 // themselves.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
+
+#include "host/options/commandline.h"
 
 enum class ValueKind {
   none,    // a flag
@@ -24,9 +25,9 @@ struct CompletedOption {
 };
 
 // In the order of the help.
-std::vector<CompletedOption> completedOptions(const CLI::App& app);
+std::vector<CompletedOption> completedOptions(const CommandLine& line);
 // shell: "bash", "zsh" or "fish". Throws UsageFailure.
-std::string completionFor(const std::string& shell, const CLI::App& app);
+std::string completionFor(const std::string& shell, const CommandLine& line);
 // What it chooses from.
 std::string bashCompletion(const std::vector<CompletedOption>& options);
 std::string zshCompletion(const std::vector<CompletedOption>& options);

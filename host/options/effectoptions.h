@@ -1,10 +1,10 @@
 // The part of the command line about the effect itself: which, how it is run, what it is asked.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
 #include "host/options/arguments.h"
+#include "host/options/commandline.h"
 
 // As they were typed.
 struct EffectWords {
@@ -14,6 +14,6 @@ struct EffectWords {
 };
 
 // Both outlive the parsing.
-void addEffectOptions(CLI::App& app, EffectWords& words, Arguments& arguments);
+void addEffectOptions(CommandLine& line, EffectWords& words, Arguments& arguments);
 // After the parsing. Throws UsageFailure.
-void takeEffectOptions(const CLI::App& app, const EffectWords& words, Arguments& arguments);
+void takeEffectOptions(const CommandLine& line, const EffectWords& words, Arguments& arguments);

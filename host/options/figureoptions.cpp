@@ -10,31 +10,29 @@ namespace {
 const std::set<std::string> kForAnalysis = {"IN",      "--analyse", "--json",
                                             "--quiet", "--jobs",    "--salvage"};
 
-void checkAnalysis(const CLI::App& app, const Arguments& arguments) {
-  for (const CLI::Option* option : app.get_options()) {
-    const std::string name = option->get_name();
-    if (option->count() != 0 && !kForAnalysis.contains(name))
-      throw UsageFailure("--analyse goes without " + name);
+void checkAnalysis(const CommandLine& line, const Arguments& arguments) {
+  for (const std::string& name : line.used()) {
+    if (!kForAnalysis.contains(name)) throw UsageFailure("--analyse goes without " + name);
   }
   if (arguments.inputs.empty()) throw UsageFailure("no sound file named");
 }
 
 }  // namespace
 
-void addFigureOptions(CLI::App& app, Arguments& arguments) {
+void addFigureOptions(CommandLine& line, Arguments& arguments) {
   const std::string figures = "Figures";
-  app.add_flag("--analyse", arguments.analyse,
-               "Show levels, loudness and correlation of IN; write nothing")
-      ->group(figures);
-  app.add_flag("--json", arguments.json,
-               "Results as one JSON document; words go to the standard error stream")
-      ->group(figures);
+  line.flag("--analyse", arguments.analyse,
+            "Show levels, loudness and correlation of IN; write nothing")
+      .group(figures);
+  line.flag("--json", arguments.json,
+            "Results as one JSON document; words go to the standard error stream")
+      .group(figures);
 }
 
-void checkFigureOptions(const CLI::App& app, const Arguments& arguments) {
+void checkFigureOptions(const CommandLine& line, const Arguments& arguments) {
   if (arguments.validator) return;  // it has rules of its own
   if (arguments.analyse) {
-    checkAnalysis(app, arguments);
+    checkAnalysis(line, arguments);
   } else if (arguments.json) {
     const bool asks = arguments.info || arguments.listParameters || arguments.listPresets ||
                       arguments.listPlugins;

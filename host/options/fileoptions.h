@@ -1,10 +1,10 @@
 // The part of the command line about files: what is read, what is written, how it sounds out.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
 #include "host/options/arguments.h"
+#include "host/options/commandline.h"
 
 // As they were typed.
 struct FileWords {
@@ -12,6 +12,6 @@ struct FileWords {
 };
 
 // Both outlive the parsing.
-void addFileOptions(CLI::App& app, FileWords& words, Arguments& arguments);
+void addFileOptions(CommandLine& line, FileWords& words, Arguments& arguments);
 // After the parsing. Throws UsageFailure.
-void takeFileOptions(const CLI::App& app, const FileWords& words, Arguments& arguments);
+void takeFileOptions(const CommandLine& line, const FileWords& words, Arguments& arguments);

@@ -18,28 +18,26 @@ const std::set<std::string> kForWhatIsPlayed = {"IN", "--gain", "--salvage"};
 // Of files that are named, or told apart by their types.
 const std::set<std::string> kForFiles = {"--suffix", "--skip-existing", "--type", "--quality"};
 
-void checkFittingOutput(const CLI::App& app, const Arguments& arguments) {
+void checkFittingOutput(const CommandLine& line, const Arguments& arguments) {
   if (arguments.output != "-") {
     if (arguments.raw) throw UsageFailure("--raw is for the standard output: add -o -");
     return;
   }
-  for (const CLI::Option* option : app.get_options()) {
-    const std::string name = option->get_name();
-    if (option->count() != 0 && kForFiles.contains(name))
+  for (const std::string& name : line.used()) {
+    if (kForFiles.contains(name))
       throw UsageFailure("leave " + name + " out: the sound goes to the standard output");
   }
 }
 
 }  // namespace
 
-void checkFitting(const CLI::App& app, const Arguments& arguments) {
-  checkFittingOutput(app, arguments);
+void checkFitting(const CommandLine& line, const Arguments& arguments) {
+  checkFittingOutput(line, arguments);
   const bool converts = !arguments.inputs.empty() || arguments.output.has_value();
   if (arguments.validator || (converts && !arguments.asksOnly())) return;
   const bool plays = arguments.editor && !arguments.inputs.empty();
-  for (const CLI::Option* option : app.get_options()) {
-    const std::string name = option->get_name();
-    if (option->count() == 0 || kForTheEffect.contains(name)) continue;
+  for (const std::string& name : line.used()) {
+    if (kForTheEffect.contains(name)) continue;
     const bool forPlaying = kForWhatIsPlayed.contains(name);
     if (forPlaying && plays) continue;
     throw UsageFailure("leave " + name + " out: no sound is written" +

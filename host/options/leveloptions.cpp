@@ -4,27 +4,27 @@
 #include "host/sound/dither.h"
 #include "host/state/values.h"
 
-void addLevelOptions(CLI::App& app, LevelWords& words, Arguments& arguments) {
+void addLevelOptions(CommandLine& line, LevelWords& words, Arguments& arguments) {
   const std::string level = "Level";
-  app.add_option("--gain", words.gain,
-                 "Gain after the effect, e.g. -3dB; auto: softer until nothing clips")
-      ->group(level)
-      ->type_name("DB");
-  app.add_option("--normalize", words.normalize, "Bring the highest peak to this level, e.g. -1dB")
-      ->group(level)
-      ->type_name("DB");
-  app.add_flag("--dither", arguments.dither,
-               "Dither (TPDF) what is rounded to 8, 16 or 24 bits; cancels in the mono fold")
-      ->group(level);
+  line.option("--gain", words.gain,
+              "Gain after the effect, e.g. -3dB; auto: softer until nothing clips")
+      .group(level)
+      .valueName("DB");
+  line.option("--normalize", words.normalize, "Bring the highest peak to this level, e.g. -1dB")
+      .group(level)
+      .valueName("DB");
+  line.flag("--dither", arguments.dither,
+            "Dither (TPDF) what is rounded to 8, 16 or 24 bits; cancels in the mono fold")
+      .group(level);
 }
 
-void takeLevelOptions(const CLI::App& app, const LevelWords& words, Arguments& arguments) {
-  if (app.count("--normalize") != 0) {
-    if (app.count("--gain") != 0)
+void takeLevelOptions(const CommandLine& line, const LevelWords& words, Arguments& arguments) {
+  if (line.has("--normalize")) {
+    if (line.has("--gain"))
       throw UsageFailure("--gain and --normalize both set the level: leave one out");
     arguments.peakAim = PeakAim{parseLevel("--normalize", words.normalize), true};
   }
-  if (app.count("--gain") != 0) {
+  if (line.has("--gain")) {
     if (words.gain == "auto") {
       if (arguments.editor) throw UsageFailure("--gain auto is for what is written, not played");
       arguments.peakAim = PeakAim{1.0, false};

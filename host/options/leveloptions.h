@@ -1,10 +1,10 @@
 // The part of the command line about the level of what is written.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
 #include "host/options/arguments.h"
+#include "host/options/commandline.h"
 
 // As they were typed.
 struct LevelWords {
@@ -12,6 +12,6 @@ struct LevelWords {
 };
 
 // Both outlive the parsing.
-void addLevelOptions(CLI::App& app, LevelWords& words, Arguments& arguments);
+void addLevelOptions(CommandLine& line, LevelWords& words, Arguments& arguments);
 // After the parsing. Throws UsageFailure.
-void takeLevelOptions(const CLI::App& app, const LevelWords& words, Arguments& arguments);
+void takeLevelOptions(const CommandLine& line, const LevelWords& words, Arguments& arguments);

@@ -1,7 +1,6 @@
 // The part of the command line about how the effect is set.
 #include "host/options/soundoptions.h"
 
-#include "host/options/given.h"
 #include "host/state/presetfilenames.h"
 #include "host/state/values.h"
 
@@ -39,46 +38,45 @@ void checkExtensions(const Arguments& arguments) {
 
 }  // namespace
 
-void addSoundOptions(CLI::App& app, SoundWords& words, Arguments&) {
+void addSoundOptions(CommandLine& line, SoundWords& words, Arguments&) {
   const std::string sound = "Sound";
-  app.add_option("--preset", words.preset, "Name, number, or preset file (.orv, .fxp)")
-      ->group(sound)
-      ->type_name("PRESET");
-  app.add_option("--bank", words.bank,
-                 "Bank file (.orb, .fxb); of .orb the first preset is selected")
-      ->group(sound)
-      ->type_name("FILE");
+  line.option("--preset", words.preset, "Name, number, or preset file (.orv, .fxp)")
+      .group(sound)
+      .valueName("PRESET");
+  line.option("--bank", words.bank, "Bank file (.orb, .fxb); of .orb the first preset is selected")
+      .group(sound)
+      .valueName("FILE");
   for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
-    app.add_option(kValueOptions[i].name, words.values[i], kValueOptions[i].help)
-        ->group(sound)
-        ->type_name("VALUE");
+    line.option(kValueOptions[i].name, words.values[i], kValueOptions[i].help)
+        .group(sound)
+        .valueName("VALUE");
   }
-  app.add_option("--set", words.settings,
-                 "Any effect's parameter by name or index: 0 to 1, or as shown (repeatable)")
-      ->group(sound)
-      ->allow_extra_args(false)
-      ->type_name("NAME=VALUE");
-  app.add_option("--automate", words.automation,
-                 "Move parameters by lines of seconds, parameter and value")
-      ->group(sound)
-      ->type_name("FILE");
-  app.add_option("--state", words.state, "Start from a saved state (the effect's chunk)")
-      ->group(sound)
-      ->type_name("FILE");
-  app.add_option("--save-state", words.saveState, "Save the state that results")
-      ->group(sound)
-      ->type_name("FILE");
-  app.add_option("--save-preset", words.savePreset, "Save the current preset (.orv, .fxp)")
-      ->group(sound)
-      ->type_name("FILE");
-  app.add_option("--save-bank", words.saveBank, "Save all presets (.orb, .fxb)")
-      ->group(sound)
-      ->type_name("FILE");
+  line.option("--set", words.settings,
+              "Any effect's parameter by name or index: 0 to 1, or as shown (repeatable)")
+      .group(sound)
+      .oneValueEach()
+      .valueName("NAME=VALUE");
+  line.option("--automate", words.automation,
+              "Move parameters by lines of seconds, parameter and value")
+      .group(sound)
+      .valueName("FILE");
+  line.option("--state", words.state, "Start from a saved state (the effect's chunk)")
+      .group(sound)
+      .valueName("FILE");
+  line.option("--save-state", words.saveState, "Save the state that results")
+      .group(sound)
+      .valueName("FILE");
+  line.option("--save-preset", words.savePreset, "Save the current preset (.orv, .fxp)")
+      .group(sound)
+      .valueName("FILE");
+  line.option("--save-bank", words.saveBank, "Save all presets (.orb, .fxb)")
+      .group(sound)
+      .valueName("FILE");
 }
 
-void takeSoundOptions(const CLI::App& app, const SoundWords& words, Arguments& arguments) {
+void takeSoundOptions(const CommandLine& line, const SoundWords& words, Arguments& arguments) {
   for (std::size_t i = 0; i < kValueOptions.size(); ++i) {
-    if (app.count(kValueOptions[i].name) == 0) continue;
+    if (!line.has(kValueOptions[i].name)) continue;
     arguments.state.values[i] =
         parseTrelvanValue(static_cast<int>(i), kValueOptions[i].name, words.values[i]);
   }
@@ -89,12 +87,12 @@ void takeSoundOptions(const CLI::App& app, const SoundWords& words, Arguments& a
     }
     arguments.state.settings.push_back({setting.substr(0, equals), setting.substr(equals + 1)});
   }
-  arguments.state.automation = given(app, "--automate", words.automation);
-  arguments.state.state = given(app, "--state", words.state);
-  arguments.state.bank = given(app, "--bank", words.bank);
-  arguments.state.preset = given(app, "--preset", words.preset);
-  arguments.saveState = given(app, "--save-state", words.saveState);
-  arguments.saved.preset = given(app, "--save-preset", words.savePreset);
-  arguments.saved.bank = given(app, "--save-bank", words.saveBank);
+  arguments.state.automation = line.given("--automate", words.automation);
+  arguments.state.state = line.given("--state", words.state);
+  arguments.state.bank = line.given("--bank", words.bank);
+  arguments.state.preset = line.given("--preset", words.preset);
+  arguments.saveState = line.given("--save-state", words.saveState);
+  arguments.saved.preset = line.given("--save-preset", words.savePreset);
+  arguments.saved.bank = line.given("--save-bank", words.saveBank);
   checkExtensions(arguments);
 }

@@ -1,13 +1,13 @@
 // The part of the command line about how the effect is set.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <array>
 #include <string>
 #include <vector>
 
 #include "effect/parameters.h"
 #include "host/options/arguments.h"
+#include "host/options/commandline.h"
 
 // As they were typed.
 struct SoundWords {
@@ -17,6 +17,6 @@ struct SoundWords {
 };
 
 // Both outlive the parsing.
-void addSoundOptions(CLI::App& app, SoundWords& words, Arguments& arguments);
+void addSoundOptions(CommandLine& line, SoundWords& words, Arguments& arguments);
 // After the parsing. Throws UsageFailure.
-void takeSoundOptions(const CLI::App& app, const SoundWords& words, Arguments& arguments);
+void takeSoundOptions(const CommandLine& line, const SoundWords& words, Arguments& arguments);

@@ -18,45 +18,43 @@ std::uint64_t parseSeed(const std::string& text) {
 
 }  // namespace
 
-void addValidatorOptions(CLI::App& app, ValidatorWords& words) {
+void addValidatorOptions(CommandLine& line, ValidatorWords& words) {
   const std::string validator = "Validator";
-  app.add_option("--validate", words.plugin,
-                 "Check a VST 2.4 effect, by default Trelvan, and say what is wrong with it")
-      ->group(validator)
-      ->expected(0, 1)
-      ->type_name("[PLUGIN]");
-  app.add_option("--strictness", words.strictness, "1 asks the least, 10 everything; default: 5")
-      ->group(validator)
-      ->check(CLI::Range(1, 10).description(""))
-      ->type_name("N");
-  app.add_option("--seed", words.seed, "What chance decides, as in the run that printed it")
-      ->group(validator)
-      ->type_name("N");
-  app.add_option("--check", words.check, "This check alone; what the effect writes is shown")
-      ->group(validator)
-      ->type_name("NAME");
+  line.option("--validate", words.plugin,
+              "Check a VST 2.4 effect, by default Trelvan, and say what is wrong with it")
+      .group(validator)
+      .valueOptional()
+      .valueName("[PLUGIN]");
+  line.option("--strictness", words.strictness, "1 asks the least, 10 everything; default: 5")
+      .group(validator)
+      .range(1, 10)
+      .valueName("N");
+  line.option("--seed", words.seed, "What chance decides, as in the run that printed it")
+      .group(validator)
+      .valueName("N");
+  line.option("--check", words.check, "This check alone; what the effect writes is shown")
+      .group(validator)
+      .valueName("NAME");
 }
 
-void takeValidator(const CLI::App& app, const ValidatorWords& words, Arguments& arguments) {
-  const bool named = app.count("--validate") != 0;
+void takeValidator(const CommandLine& line, const ValidatorWords& words, Arguments& arguments) {
+  const bool named = line.has("--validate");
   for (const char* option : {"--strictness", "--seed", "--check"}) {
-    if (!named && app.count(option) != 0)
+    if (!named && line.has(option))
       throw UsageFailure(std::string(option) + " belongs to --validate");
   }
   if (!named) return;
   arguments.validator.emplace();
   arguments.validator->strictness = words.strictness;
-  if (app.count("--check") != 0) {
+  if (line.has("--check")) {
     if (words.check.empty()) throw UsageFailure("--check: nothing named");
     arguments.validator->check = words.check;
   }
-  if (app.count("--seed") != 0) arguments.validator->seed = parseSeed(words.seed);
+  if (line.has("--seed")) arguments.validator->seed = parseSeed(words.seed);
   const std::set<std::string> fitting = {"--validate", "--strictness", "--seed", "--check",
                                          "--plugin"};
-  for (const CLI::Option* option : app.get_options()) {
-    const std::string name = option->get_name();
-    if (option->count() != 0 && !fitting.contains(name))
-      throw UsageFailure("--validate goes without " + name);
+  for (const std::string& name : line.used()) {
+    if (!fitting.contains(name)) throw UsageFailure("--validate goes without " + name);
   }
   if (words.plugin.empty()) return;
   if (arguments.plugin) throw UsageFailure("--validate: two plug-ins named");

@@ -1,10 +1,10 @@
 // The validator's part of the command line.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
 #include "host/options/arguments.h"
+#include "host/options/commandline.h"
 
 // As they were typed.
 struct ValidatorWords {
@@ -13,6 +13,6 @@ struct ValidatorWords {
 };
 
 // words: outlives the parsing.
-void addValidatorOptions(CLI::App& app, ValidatorWords& words);
+void addValidatorOptions(CommandLine& line, ValidatorWords& words);
 // After the parsing, when everything else is in `arguments`. Throws UsageFailure.
-void takeValidator(const CLI::App& app, const ValidatorWords& words, Arguments& arguments);
+void takeValidator(const CommandLine& line, const ValidatorWords& words, Arguments& arguments);
