@@ -5,9 +5,10 @@
 #   packages   those of build/release-VERSION (tools/release.sh): installed, used, updated under a
 #              running host, removed
 #   root       ./run, ./run --install and --uninstall as root
-#   user       the same as a user with sudo
+#   user       the same as a user with sudo, whose files are nobody else's to read
 #   test       ./test
-# Prints a line for each step, and what went wrong.
+# None of the last three may leave anything in the home folder or where temporary files are. Prints
+# a line for each step, and what went wrong.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 [ $# -ge 3 ] || { sed -n 's/^# Usage: //p' "$0" >&2; exit 2; }
@@ -19,10 +20,15 @@ root=$base/$suite
 commit=$(git rev-parse --short HEAD)
 version=$(sed -n 's/^project(Trelvan VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 
-# inside COMMAND...: in the fresh system, with processes and mounts that end with it.
+# inside COMMAND...: in the fresh system, with processes and mounts that end with it: terminals and
+# shared memory are there, as wherever somebody works.
 inside() {
+  # shellcheck disable=SC2016 # the inner shell's
   unshare --mount --pid --fork --mount-proc="$root/proc" \
-    chroot "$root" env -i PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
+    bash -c 'mkdir -p "$0/dev/pts" "$0/dev/shm" &&
+      mount -t devpts -o newinstance,ptmxmode=0666,mode=620 devpts "$0/dev/pts" &&
+      mount -t tmpfs tmpfs "$0/dev/shm" && exec chroot "$0" "$@"' \
+    "$root" env -i PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
     HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"
 }
 if [ ! -f "$root.made" ]; then
@@ -44,6 +50,20 @@ unpack_for() {
   git archive "$commit" | tar -x -C "$root$home/trelvan"
 }
 
+# leaving_nothing HOME COMMAND...: runs it, and fails where there is more or less than before in the
+# home folder and where temporary files are. What was built in the tree is where it belongs.
+leaving_nothing() {
+  local home=$1
+  shift
+  lie_there "$home" >"$root.before"
+  "$@"
+  lie_there "$home" >"$root.after"
+  diff "$root.before" "$root.after" || { echo "the step left this" >&2; return 1; }
+}
+lie_there() {
+  (cd "$root" && find ".$1" ./tmp ./var/tmp -path ".$1/trelvan" -prune -o -print | sort)
+}
+
 try_packages() {
   rm -rf "$root/tmp/packages"
   mkdir -p "$root/tmp/packages"
@@ -52,7 +72,7 @@ try_packages() {
 }
 try_root() {
   unpack_for /root
-  inside bash -c 'cd ~/trelvan && ./run && [ -s build/demo/widened.wav ] &&
+  leaving_nothing /root inside bash -c 'cd ~/trelvan && ./run && [ -s build/demo/widened.wav ] &&
     ./run --install && /usr/local/bin/widen --info && ./run --uninstall &&
     [ ! -e /usr/local/bin/widen ] && [ ! -e /usr/local/lib/vst ]'
 }
@@ -62,13 +82,13 @@ try_user() {
     echo "somebody ALL=(ALL) NOPASSWD: ALL" >/etc/sudoers.d/somebody'
   unpack_for /home/somebody
   inside chown -R somebody: /home/somebody/trelvan
-  inside su - somebody -c 'cd ~/trelvan && ./run && [ -s build/demo/widened.wav ] &&
-    ./run --install && ~/.local/bin/widen --info && [ -d ~/.vst/Trelvan.vst ] &&
-    ./run --uninstall && [ ! -e ~/.vst ] && [ ! -e ~/Documents ]'
+  leaving_nothing /home/somebody inside su - somebody -c 'umask 077 && cd ~/trelvan && ./run &&
+    [ -s build/demo/widened.wav ] && ./run --install && ~/.local/bin/widen --info &&
+    [ -d ~/.vst/Trelvan.vst ] && ./run --uninstall && [ ! -e ~/.vst ] && [ ! -e ~/Documents ]'
 }
 try_test() {
   unpack_for /root
-  inside bash -c 'cd ~/trelvan && ./test'
+  leaving_nothing /root inside bash -c 'cd ~/trelvan && ./test'
 }
 
 failed=0
