@@ -33,6 +33,8 @@ def run(*command):
 
 def configure(source, build, toolkit, options):
     shutil.rmtree(build, ignore_errors=True)
+    os.environ["TMPDIR"] = os.path.abspath(f"{build}/temporary")  # as in machocheck.sh
+    os.makedirs(os.environ["TMPDIR"])
     run("cmake", "-S", source, "-B", build, "-G", "Ninja",
         "--toolchain", os.path.join(source, "tests/mac/macho/toolchain.cmake"),
         "-DCMAKE_HOST_APPLE=1",  # the toolkit's list of sources follows it

@@ -8,7 +8,9 @@ build=$2
 bundle=$build/Trelvan.vst
 work=$build/signature
 log=$work/log
-mkdir -p "$work"
+export TMPDIR=$work/temporary  # as in machocheck.sh
+rm -rf "$TMPDIR"
+mkdir -p "$TMPDIR"
 restore() {
   cmake -S "$source" -B "$build" -U TRELVAN_CODESIGN -U CMAKE_PROJECT_Trelvan_INCLUDE \
     >/dev/null 2>&1 || true

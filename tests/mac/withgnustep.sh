@@ -13,8 +13,9 @@ sed "s#=GNUstep#=../../../../../../../..$work/GNUstep#" /etc/GNUstep/GNUstep.con
   >"$work/GNUstep.conf"
 export GNUSTEP_CONFIG_FILE=$work/GNUstep.conf
 
-# Into a file: helpers that GNUstep starts stay a while, and a pipe would stay open with them.
-"$(dirname "$0")/../window/with-xvfb.sh" 100 "$@" >"$work/output" 2>&1
+# Helpers that GNUstep starts would stay a while, and write into the user's folder when it is gone.
+here=$(dirname "$0")
+"$here/endhelpers.py" "$here/../window/with-xvfb.sh" 100 "$@" >"$work/output" 2>&1
 result=$?
 # What is left out is said once for each kind of window where no manager is.
 grep -v 'Failed to determine offsets' "$work/output"

@@ -6,8 +6,11 @@ source=$1
 build=$2
 toolkit=$3
 shift 3
-mkdir -p "$build"
-rm -rf "$build/Trelvan.vst"
+# For two processors at once clang makes folders for temporary files and leaves them.
+TMPDIR=$(realpath -m "$build")/temporary
+export TMPDIR
+rm -rf "$build/Trelvan.vst" "$TMPDIR"
+mkdir -p "$TMPDIR"
 log=$build/build.log
 quietly() {
   "$@" >"$log" 2>&1 || {
