@@ -58,7 +58,7 @@ pkg_check_modules(WINDOW REQUIRED IMPORTED_TARGET cairo xcb xkbcommon xkbcommon-
 target_link_libraries(trelvan PRIVATE PkgConfig::WINDOW ${CMAKE_DL_LIBS})
 
 # The toolkit asks for debug information always, which would be five sixths of the module.
-target_compile_options(vstgui PRIVATE $<$<CONFIG:Release>:-g0>)
+target_compile_options(vstgui PRIVATE $<$<CONFIG:Release,Emulated>:-g0>)
 # What all of its sources include is read once, which takes three tenths off the time they take.
 target_precompile_headers(vstgui PRIVATE ${toolkit_source}/vstgui/lib/cframe.h)
 

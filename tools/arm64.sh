@@ -3,9 +3,15 @@
 # and shows that a file comes out of both processors' widen with the same bytes. It installs the
 # cross compiler and the emulator; Debian's arm64 libraries it only unpacks below build/arm64, from
 # where this machine's apt gets its own packages. Some 90 MB are downloaded.
-# Usage: tools/arm64.sh
+# Usage: tools/arm64.sh [--as-released]
+# (all of it optimised as in a release; else what sounds alone is, since nothing more is compared)
 set -euo pipefail
 cd "$(dirname "$0")/.."
+case "$*" in
+  "") build_type=Emulated ;;
+  --as-released) build_type=Release ;;
+  *) sed -n 's/^# Usage: /usage: /p' tools/arm64.sh >&2; exit 2 ;;
+esac
 command -v apt-get >/dev/null || { echo "tools/arm64.sh needs Debian's packages" >&2; exit 1; }
 [ "$(uname -m)" = x86_64 ] || { echo "tools/arm64.sh compares with x86-64" >&2; exit 1; }
 
@@ -48,7 +54,7 @@ tests=(kerneltest sharedratestest)
 echo "building (arm64)"
 {
   cmake -G Ninja -S . -B "$build" -DCMAKE_TOOLCHAIN_FILE=cmake/toolchains/aarch64-linux-gnu.cmake \
-    -DCMAKE_SYSROOT="$sysroot" -DCMAKE_BUILD_TYPE=Release -DTRELVAN_TESTS=ON &&
+    -DCMAKE_SYSROOT="$sysroot" -DCMAKE_BUILD_TYPE="$build_type" -DTRELVAN_TESTS=ON &&
     cmake --build "$build" --target Trelvan widen "${tests[@]}"
 } >"$log" 2>&1 || { tail -n 40 "$log" >&2; exit 1; }
 

@@ -89,7 +89,7 @@ case $case in
     cp -r "$source/tools" "$source/CMakePresets.json" "$work/tree"
     printf '#!/bin/sh\ntouch "%s"\n' "$work/installed" >"$work/tree/tools/packages.sh"
     for words in "build.sh" "build.sh relase" "build.sh release --test" "dependencies.sh --prnt" \
-      "dependencies.sh tests" "dependencies.sh build test"; do
+      "dependencies.sh tests" "dependencies.sh build test" "arm64.sh --released"; do
       if "$work/tree/tools/"$words >"$work/said" 2>&1; then fail "$words: accepted"; fi
       grep -q '^usage: ' "$work/said" || fail "$words: $(cat "$work/said")"
     done
@@ -101,6 +101,17 @@ case $case in
     configure -DTRELVAN_WERROR=ON
     if grep -ve ' -Werror ' "$work/ours"; then fail "a warning in this would be let through"; fi
     if grep -e ' -Werror ' "$work/theirs"; then fail "the toolkit is not ours to mend"; fi
+    ;;
+  OptimisesWhatSoundsForTheEmulator)
+    configure -DCMAKE_BUILD_TYPE=Emulated -DCMAKE_CXX_FLAGS_EMULATED=-DNDEBUG
+    for room in effect plugin presetsystem/store; do
+      grep -F " -c $source/$room/" "$work/ours" | grep -vF /vstpluginmain.cpp >"$work/sound" ||
+        fail "nothing of $room/ is compiled"
+      if grep -ve ' -O3 ' "$work/sound"; then fail "this is not as a release has it"; fi
+    done
+    if grep -F " -c $source/editor/" "$work/ours" | grep -e ' -O[1-9s]'; then
+      fail "nobody looks at the window there"
+    fi
     ;;
   PassesAToolkitOfSomebodysOwnOn)
     cd "$work"
