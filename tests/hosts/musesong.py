@@ -1,15 +1,19 @@
 #!/usr/bin/env python3
-"""MusE's song files: makes one with the effect on its output, its window open, as VST 2 or by its
-URI as LV2; takes the effect's chunk out of one."""
-import base64
+"""MusE's song files: makes one with an input, and the effect on its output, its window open, as
+VST 2 or by its URI as LV2; takes the effect's chunk out of one."""
 import re
 import sys
-import zlib
+
+from packedstate import unpacked
 
 SONG = """<?xml version="1.0"?>
 <muse version="3.3">
   <song>
     <sampleRate>48000</sampleRate>
+    <AudioInput>
+      <name>In 1</name>
+      <channels>2</channels>
+    </AudioInput>
     <AudioOutput>
       <name>Out 1</name>
       <channels>2</channels>
@@ -17,6 +21,10 @@ SONG = """<?xml version="1.0"?>
         <nativegui>1</nativegui>
       </plugin>
     </AudioOutput>
+    <Route>
+      <source name="In 1"/>
+      <dest name="Out 1"/>
+    </Route>
   </song>
 </muse>
 """
@@ -24,17 +32,13 @@ SONG = """<?xml version="1.0"?>
 # together; the chunk is one of them, of so many bytes.
 BEGINNING = b"\0\0\0\2nvlTnvlT"
 CHUNK_SIZE = 10545
-SIZE = 4  # bytes in front of the packed chunk: its length unpacked, big end first
 
 
 def chunk_of(text):
     data = re.search(r"<customData>(.*?)</customData>", text, flags=re.S)
     if not data:
         sys.exit("the song holds no chunk")
-    packed = base64.b64decode("".join(data[1].split()))
-    chunk = zlib.decompress(packed[SIZE:])
-    if len(chunk) != int.from_bytes(packed[:SIZE], "big"):
-        sys.exit("the chunk has another length than the song says")
+    chunk = unpacked(data[1])
     if "<plugin uri=" in text:
         at = chunk.index(BEGINNING)
         return chunk[at:at + CHUNK_SIZE]

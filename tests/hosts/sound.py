@@ -69,6 +69,13 @@ def left(path, out):
     write(out, rate, 1, b"".join(frames[at:at + 4] for at in range(0, len(frames), 8)))
 
 
+def part(path, out, first, count):
+    """A file of `count` frames from frame `first` on."""
+    rate, channels, frames = read(path)
+    size = 4 * channels
+    write(out, rate, channels, frames[first * size:(first + count) * size])
+
+
 def compare(path, other_path):
     """Exits with what differs, unless nothing does."""
     (rate, channels, a), (other_rate, other_channels, b) = read(path), read(other_path)
@@ -101,11 +108,14 @@ def main(words):
         left_only(words[1], words[2])
     elif len(words) == 3 and words[0] == "left":
         left(words[1], words[2])
+    elif len(words) == 5 and words[0] == "part":
+        part(words[1], words[2], int(words[3]), int(words[4]))
     elif len(words) == 3 and words[0] == "same":
         compare(words[1], words[2])
     else:
         sys.exit("usage: sound.py make OUT RATE SECONDS CHANNELS | raw IN | wav RATE OUT | "
-                 "both-sides MONO STEREO | left-only MONO STEREO | left STEREO MONO | same A B")
+                 "both-sides MONO STEREO | left-only MONO STEREO | left STEREO MONO | "
+                 "part IN OUT FIRST COUNT | same A B")
 
 
 if __name__ == "__main__":
