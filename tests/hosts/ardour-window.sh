@@ -46,6 +46,8 @@ check "the two pictures differ in the slider's row" \
   other_area "$work/first.png" "$work/changed.png" $freq_row
 
 prepare_ardour || finish
+[ -z "${LV2_URI:-}" ] || [ "$scale" = 1 ] ||
+  check "Ardour has the scale, and the desktop has none" scale_by_ardour || finish
 check "the sound server runs" start_sound_server $rate || finish
 check "Ardour opens the session with the effect's window" start_ardour || finish
 check "the window shows its artwork" shows_artwork ardour-opened

@@ -24,18 +24,6 @@ open_effect() {
     { all_windows | grep '("audacity"'; return 1; }
 }
 
-# click_apply: the button at the right of the dialogue's upper edge, above the plug-in's window.
-click_apply() {
-  local place width x y
-  place=$(grep -m 1 '"Orv Trelvan": ("audacity"' <<<"$(all_windows)")
-  place=$(sed -n 's/.*  *\([0-9]*\)x[0-9]*+[-0-9]*+[-0-9]*  +\([0-9]*\)+\([0-9]*\)$/\1 \2 \3/p' \
-    <<<"$place")
-  read -r width x y <<<"$place"
-  [ -n "$y" ] || { echo "no dialogue"; return 1; }
-  timeout 5 xdotool mousemove $((x + width - 48)) $((y + 21)) && sleep 0.3 &&
-    timeout 5 xdotool click 1
-}
-
 apply_effect() {
   click_apply && wait_for 30 window_is_gone || { echo "the dialogue does not close"; return 1; }
   wait "$dialogue_command" && grep -q "BatchCommand finished: OK" "$work/answer" ||

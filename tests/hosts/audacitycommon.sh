@@ -6,7 +6,9 @@ temporary="$work/temporary"
 rate=44100
 seconds=3
 
-# Nothing asks, nothing looks for updates; exports are floats without dither.
+# first_configuration [COMMAND]: nothing asks, nothing looks for updates; exports are floats without
+# dither. The command of Audacity's menus gets a key.
+effect_key=Ctrl+Alt+9
 first_configuration() {
   mkdir -p "$settings"
   cat >"$settings/audacity.cfg" <<CFG
@@ -27,6 +29,8 @@ DefaultUpdatesChecking=0
 TempDir=$temporary
 [Module]
 mod-script-pipe=0
+${1:+[NewKeys]
+$1=$effect_key}
 [SamplingRate]
 DefaultProjectSampleRate=$rate
 [Quality]
@@ -90,6 +94,25 @@ render() {
   stop_audacity
   return $status
 }
+
+# The effect's dialogue, its window or controls of Audacity's own in it. Sets dialogue_width,
+# dialogue_x and dialogue_y, its pixels on the screen.
+find_dialogue() {
+  local place
+  place=$(grep -m 1 '"Orv Trelvan": ("audacity"' <<<"$(all_windows)")
+  place=$(sed -n 's/.*  *\([0-9]*\)x[0-9]*+[-0-9]*+[-0-9]*  +\([0-9]*\)+\([0-9]*\)$/\1 \2 \3/p' \
+    <<<"$place")
+  read -r dialogue_width dialogue_x dialogue_y <<<"$place"
+  [ -n "$dialogue_y" ] || { echo "no dialogue"; return 1; }
+}
+dialogue_is_gone() { ! find_dialogue; }
+# click_dialogue X Y: from its upper left corner.
+click_dialogue() {
+  find_dialogue && timeout 5 xdotool mousemove $((dialogue_x + $1)) $((dialogue_y + $2)) &&
+    sleep 0.3 && timeout 5 xdotool click 1
+}
+# The button at the right of its upper edge.
+click_apply() { find_dialogue && click_dialogue $((dialogue_width - 48)) 21; }
 
 # The first start scans; it leaves the effect registered and the scripting pipe known.
 scan_with_audacity() {

@@ -9,8 +9,8 @@ here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 all=(qtractor-scan qtractor muse-scan muse-window
   ardour ardour-window ardour-keyboard ardour-window-200
   audacity audacity-window audacity-window-200
-  lv2-renders jalv-window ardour-lv2 ardour-lv2-window muse-lv2-window qtractor-lv2 audacity-lv2
-  documented)
+  lv2-renders jalv-window ardour-lv2 ardour-lv2-window ardour-lv2-window-200 muse-lv2-window
+  qtractor-lv2 audacity-lv2 documented)
 # Seconds a script; the longest takes half a minute on an idle machine with two processors, but for
 # `documented`, which waits two minutes for Audacity.
 limit=300
