@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Audacity finds the effect as LV2 and renders through it with a factory preset, and with values
-# that are typed into the controls of its own that it shows for the effect; every sample is compared.
+# that are typed into the controls of its own; every sample is compared.
 # Usage: tests/hosts/audacity-lv2.sh BUILD-FOLDER
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$tests/audacitycommon.sh"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# jalv shows the effect's window as LV2: sliders are dragged with the mouse, a preset is renamed with
-# the keyboard, the state is saved, and the next start shows it and sounds as the rule says. A
+# jalv shows the effect's window as LV2: sliders are dragged with the mouse, a preset is renamed
+# with the keyboard, the state is saved, and the next start shows it and sounds as the rule says. A
 # factory preset that the host is given shows in the window. Pictures stay in PICTURES, by default
 # the build folder's pictures/.
 # Usage: tests/hosts/jalv-window.sh BUILD-FOLDER

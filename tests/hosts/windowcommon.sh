@@ -42,8 +42,8 @@ window_manager_answers() {
   grep -q "window id" <<<"$(timeout 5 xprop -root _NET_SUPPORTING_WM_CHECK)"
 }
 
+block=1024  # frames, the sound server's
 # start_sound_server RATE: with a name of its own and without a sound card.
-block=1024  # frames
 start_sound_server() {
   needs jackd jack_wait
   export JACK_DEFAULT_SERVER="trelvan-$$" JACK_NO_AUDIO_RESERVATION=1
