@@ -15,12 +15,13 @@ function(trelvan_precompile program)
     return()
   endif()
   target_precompile_headers(${program} REUSE_FROM trelvan_precompiled)
-  # Nor is it read for a source that does without.
+  # Nor is it read for a source that does without. Many include it by a header of the tests.
   get_target_property(sources ${program} SOURCES)
   foreach(source ${sources})
     cmake_path(ABSOLUTE_PATH source)
-    file(STRINGS ${source} includes REGEX "^#include <g(test|mock)/" LIMIT_COUNT 1)
-    if(NOT includes)
+    file(STRINGS ${source} uses LIMIT_COUNT 1
+      REGEX "^#include <g(test|mock)/|^TEST(_F|_P)?\\(|(EXPECT|ASSERT)_[A-Z]+\\(|testing::")
+    if(NOT uses)
       set_source_files_properties(${source} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
     endif()
   endforeach()
