@@ -70,11 +70,13 @@ function(trelvan_add_manual target pdf)
   endif()
   set(page_folder ${PROJECT_BINARY_DIR}/share/doc/trelvan)
   set(page "${page_folder}/Trelvan Operation Manual.html")
+  # Beside the pictures first: since docutils 0.21 they are looked for from where the page is.
   add_custom_command(
     OUTPUT ${page}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${page_folder}
     COMMAND ${environment} ${TRELVAN_RST2HTML} --image-loading=embed --embed-stylesheet
-      --stylesheet-path=minimal.css,style.css ${text} ${page}
+      --stylesheet-path=minimal.css,style.css ${text} ${work}/page.html
+    COMMAND ${CMAKE_COMMAND} -E copy ${work}/page.html ${page}
     DEPENDS ${text} ${sources}/docutils.conf ${figures}
     WORKING_DIRECTORY ${work}
     COMMENT "Writing the manual's page"
