@@ -116,6 +116,7 @@ bool tryAndConvert(const Arguments& arguments, const Jobs& jobs, Console& consol
 
 void ask(const Arguments& arguments, Console& console) {
   std::vector<Job> played;
+  played.reserve(arguments.inputs.size());
   for (const std::string& input : arguments.inputs) played.push_back({input, {}, {}, {}});
   checkNothingIsDestroyed(played, arguments);
   std::optional<Loop> loop;
