@@ -17,3 +17,6 @@ execute_process(
   COMMAND ${LOWDOWN} -s -Tman --out-no-smarty -Mtitle=${name} -Msection=${section} ${PAGE}.md
   OUTPUT_FILE ${PAGE} COMMAND_ERROR_IS_FATAL ANY)
 file(REMOVE ${PAGE}.md)
+# Its first line is where man looks for which programs a page needs before it is set: tbl.
+file(READ ${PAGE} page)
+file(WRITE ${PAGE} "'\\\" t\n${page}")

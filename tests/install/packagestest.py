@@ -1,5 +1,6 @@
 """Tests of what cpack makes: Debian's packages and the tarball, twice, the second time in another
 place and time zone, by somebody with another umask."""
+import gzip
 import os
 import pathlib
 import re
@@ -118,6 +119,14 @@ class Packages(unittest.TestCase):
             for folder in (SOURCE, BUILD, SOURCE.parent):
                 self.assertNotIn(f"{folder}/".encode(), content)
         self.assertEqual(len(self.binaries()), 3)
+
+    def test_say_which_manual_pages_have_tables(self):
+        pages = [gzip.decompress(path.read_bytes()).decode()
+                 for path in self.root.glob("usr/share/man/man*/*.gz")]
+        with_tables = [page for page in pages if "\n.TS\n" in page]
+        self.assertTrue(with_tables)
+        for page in with_tables:
+            self.assertEqual(page.partition("\n")[0], "'\\\" t")
 
     def test_suit_lintian(self):
         # It leaves some of its temporary files.
