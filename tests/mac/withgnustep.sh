@@ -12,6 +12,7 @@ mkdir "$work/GNUstep"
 sed "s#=GNUstep#=../../../../../../../..$work/GNUstep#" /etc/GNUstep/GNUstep.conf \
   >"$work/GNUstep.conf"
 export GNUSTEP_CONFIG_FILE=$work/GNUstep.conf
+export TEMP=$work  # where it keeps whom its programs can talk to
 
 # Helpers that GNUstep starts would stay a while, and write into the user's folder when it is gone.
 here=$(dirname "$0")
