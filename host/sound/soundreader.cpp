@@ -16,7 +16,7 @@ constexpr std::size_t kBufferFrames = 16384;
 constexpr std::size_t kStreamFrames = 1024;  // 21 ms at 48 kHz that somebody waits for
 
 // What the library would word as a system error, or not notice at all.
-const std::filesystem::path& existing(const std::filesystem::path& file) {
+std::filesystem::path existing(const std::filesystem::path& file) {
   if (isStandardStream(file)) return file;
   std::error_code error;
   const auto status = std::filesystem::status(file, error);

@@ -32,8 +32,9 @@ std::optional<Origin> originOf(const Effect::Bytes& file) {
   const std::string_view line = bytes.substr(kMark.size(), end - kMark.size());
   if (line.size() <= kDigits || line[kDigits] != ' ') return std::nullopt;
   std::uint32_t id = 0;
-  const auto [rest, error] = std::from_chars(line.data(), line.data() + kDigits, id, 16);
-  if (error != std::errc() || rest != line.data() + kDigits) return std::nullopt;
+  const char* const digits = line.data();
+  const auto [rest, error] = std::from_chars(digits, digits + kDigits, id, 16);
+  if (error != std::errc() || rest != digits + kDigits) return std::nullopt;
   return Origin{id, std::string(line.substr(kDigits + 1)), end + 1};
 }
 
