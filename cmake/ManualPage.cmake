@@ -19,4 +19,7 @@ execute_process(
 file(REMOVE ${PAGE}.md)
 # Its first line is where man looks for which programs a page needs before it is set: tbl.
 file(READ ${PAGE} page)
+# Tables' lines are too short to be filled up with spaces on both sides.
+string(REPLACE "\n.TS\n" "\n.ad l\n.TS\n" page "${page}")
+string(REPLACE "\n.TE\n" "\n.TE\n.ad b\n" page "${page}")
 file(WRITE ${PAGE} "'\\\" t\n${page}")
