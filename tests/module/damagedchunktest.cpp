@@ -26,11 +26,12 @@ class DamagedChunk : public ModuleTest {
 TEST_F(DamagedChunk, CutAtEveryLengthLoadsWhatIsThere) {
   Instance fresh(module);
   const Bytes factory = fresh.chunk();
-  const Bytes whole = imagebytes::chunk(distinctBank(), 9);
+  const auto bank = distinctBank();
+  const Bytes whole = imagebytes::chunk(bank, 9);
   const float defaults[] = {0.0F, 0.5F, 0.0F, 1.0F, 0.0F};
   Instance instance(module);
   for (const bool other : {false, true}) {
-    const Bytes data = imagebytes::chunk(distinctBank(), 9, other);
+    const Bytes data = imagebytes::chunk(bank, 9, other);
     // the other byte order goes the same way: a sample of it
     const std::size_t step = other ? 13 : 1;
     for (std::size_t size = 1; size <= data.size(); size += step) {
@@ -45,7 +46,7 @@ TEST_F(DamagedChunk, CutAtEveryLengthLoadsWhatIsThere) {
         bool there = true;
         for (std::size_t i = 0; i < 5; ++i, at += 32) {
           there = there && at + 32 <= size;
-          const float value = there ? distinctBank()[preset].values[i] : defaults[i];
+          const float value = there ? bank[preset].values[i] : defaults[i];
           std::memcpy(expected.data() + at + 24, &value, 4);
         }
       }
