@@ -40,9 +40,9 @@ TEST(ChildProcess, TellsHowItEnded) {
   for (const auto& [number, text] :
        {std::pair{SIGKILL, "was ended (Killed)"}, {SIGTRAP, "crashed (Trace/breakpoint trap)"}}) {
     ChildProcess process(
-        [number = number](const Send& send) {
+        [signal = number](const Send& send) {
           send("before");
-          raise(number);
+          raise(signal);
         },
         {});
     EXPECT_THAT(allOf(process), ElementsAre("before"));
