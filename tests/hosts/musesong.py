@@ -4,7 +4,7 @@ VST 2 or by its URI as LV2; takes the effect's chunk out of one."""
 import re
 import sys
 
-from packedstate import unpacked
+from packedstate import unpacked, write_chunk
 
 SONG = """<?xml version="1.0"?>
 <muse version="3.3">
@@ -51,10 +51,7 @@ def main(words):
         with open(words[1], "w", encoding="utf-8") as file:
             file.write(SONG.format(which=which))
     elif len(words) == 3 and words[0] == "chunk":
-        with open(words[1], encoding="utf-8") as file:
-            chunk = chunk_of(file.read())
-        with open(words[2], "wb") as file:
-            file.write(chunk)
+        write_chunk(words[1], words[2], chunk_of)
     else:
         sys.exit("usage: musesong.py make SONG [URI] | chunk SONG OUT")
 

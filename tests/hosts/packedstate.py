@@ -13,3 +13,11 @@ def unpacked(text):
     if len(state) != int.from_bytes(packed[:SIZE], "big"):
         sys.exit("the state has another length than the song says")
     return state
+
+
+def write_chunk(song, out, chunk_of):
+    """out: the file for what chunk_of finds in the song's text."""
+    with open(song, encoding="utf-8") as file:
+        chunk = chunk_of(file.read())
+    with open(out, "wb") as file:
+        file.write(chunk)

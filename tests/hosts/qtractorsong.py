@@ -5,7 +5,7 @@ import re
 import sys
 
 from lv2state import chunk_in
-from packedstate import unpacked
+from packedstate import unpacked, write_chunk
 
 SONG = """<!DOCTYPE qtractor-session>
 <session name="song" version="0.9.31">
@@ -70,10 +70,7 @@ def main(words):
         with open(song, "w", encoding="utf-8") as file:
             file.write(SONG.format(sound=sound, rate=rate, frames=frames, plugin=plugin, kind=kind))
     elif len(words) == 3 and words[0] == "chunk":
-        with open(words[1], encoding="utf-8") as file:
-            chunk = chunk_of(file.read())
-        with open(words[2], "wb") as file:
-            file.write(chunk)
+        write_chunk(words[1], words[2], chunk_of)
     else:
         sys.exit("usage: qtractorsong.py make SONG SOUND RATE FRAMES FILE|URI | chunk SONG OUT")
 
