@@ -56,7 +56,8 @@ SONG = """<!DOCTYPE qtractor-session>
 
 
 def chunk_of(text):
-    config = re.search(r"<config key[^>]*>(.*?)</config>", text, flags=re.S)
+    # Qt writes attributes in an order of its own, now in one and now in another.
+    config = re.search(r"<config [^>]*>(.*?)</config>", text, flags=re.S)
     if not config:
         sys.exit("the session holds no chunk")
     state = unpacked(config[1])

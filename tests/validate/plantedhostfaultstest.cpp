@@ -51,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(
         PlantedFault{"locksinprocess", "processing takes no lock",
                      "takes a lock while processing block 1 of 64 frames (float)", false},
         PlantedFault{"neverhasallitsmemory", "processing touches no new memory after a minute",
-                     "new pages of memory in ten seconds, after 60 s of sound"},
+                     "new pages of memory in ten seconds, after 60 s of sound", false},
         PlantedFault{"asksthesystem", "processing calls nothing of the system",
                      "calls the system while processing: sched_yield", false},
         PlantedFault{"asksthesystemwhenmoved", "processing calls nothing of the system",
