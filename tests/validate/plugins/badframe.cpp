@@ -1,5 +1,6 @@
 // Effects that try the validator itself: they hang, end its process, leave others behind.
 #include <fcntl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -53,7 +54,11 @@ EFFECT_IN_FILE(exitsonopen, ExitsOnOpen);
 class StartsAServer : public SoundEffect {
  public:
   explicit StartsAServer(audioMasterCallback callback) : SoundEffect(callback) {
-    if (fork() != 0) return;
+    const pid_t child = fork();
+    if (child != 0) {
+      waitpid(child, nullptr, 0);  // from then on there is a server
+      return;
+    }
     setsid();
     if (fork() == 0) {
       tellProcess();
