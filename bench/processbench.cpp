@@ -29,13 +29,17 @@ std::vector<const kernel::Form*> forms() {
   return found;
 }
 
+bool goesRoundItsLines(const Case& what) {
+  return what.instances > 1 && what.together;
+}
+
 int blocksATurn(const Case& what) {
-  if (what.instances == 1) return kFramesATurn / what.block;
-  return what.together ? kManyFramesATurn / what.block : 1;
+  if (goesRoundItsLines(what)) return kManyFramesATurn / what.block;
+  return what.instances > 1 ? 1 : kFramesATurn / what.block;
 }
 
 int turnsOf(const Case& what) {
-  return what.instances == 1 || !what.together ? kTurns : kManyTurns;
+  return goesRoundItsLines(what) ? kManyTurns : kTurns;
 }
 
 // A case, in a form of the kernel or, without one, in the reference.

@@ -17,9 +17,9 @@ execute_process(
   COMMAND ${LOWDOWN} -s -Tman --out-no-smarty -Mtitle=${name} -Msection=${section} ${PAGE}.md
   OUTPUT_FILE ${PAGE} COMMAND_ERROR_IS_FATAL ANY)
 file(REMOVE ${PAGE}.md)
-# Its first line is where man looks for which programs a page needs before it is set: tbl.
 file(READ ${PAGE} page)
 # Tables' lines are too short to be filled up with spaces on both sides.
 string(REPLACE "\n.TS\n" "\n.ad l\n.TS\n" page "${page}")
 string(REPLACE "\n.TE\n" "\n.TE\n.ad b\n" page "${page}")
+# The first line is where man looks for which programs a page needs before it is set: tbl.
 file(WRITE ${PAGE} "'\\\" t\n${page}")

@@ -51,8 +51,7 @@ class EditorCalls : public WindowTest {
     for (int pass = 0; pass < 8; ++pass) {
       display.sync();
       editor().idle();
-      // the toolkit draws from a timer of 16
-      std::this_thread::sleep_for(std::chrono::milliseconds(17));
+      std::this_thread::sleep_for(kRedrawTime);
     }
   }
 
