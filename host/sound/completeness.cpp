@@ -42,27 +42,20 @@ std::string damagedAt(std::int64_t byte) {
 
 // Page by page, for the library leaves damaged ones out and takes the last whole one for the end.
 std::string damageInOgg(const FileBytes& file) {
-  constexpr std::size_t kHead = 27;               // bytes, the last of which counts the segments
   constexpr unsigned char kEndOfStream = 1 << 2;  // in the sixth byte
   static constexpr const char* kCut = "has no last page: it is cut short, or a piece of a stream";
   std::vector<char> buffer;
   bool ended = false;
   for (std::int64_t at = 0; at < file.size;) {
-    const std::string_view head = file.at(at, kHead, buffer);
-    const bool isPage = head.starts_with("OggS");
-    if (ended && !isPage) return {};  // tags after the end
-    if (head.empty()) return kCut;
-    if (!isPage) return damagedAt(at);
-    const auto segments = static_cast<unsigned char>(head.back());
-    std::size_t size = kHead + segments;
-    for (const char segment : file.at(at + static_cast<std::int64_t>(kHead), segments, buffer)) {
-      size += static_cast<unsigned char>(segment);
+    const std::string_view page = ogg::pageAt(file, at, buffer);
+    if (page.empty()) {
+      const std::string_view head = file.at(at, ogg::kHead, buffer);
+      if (ended && !ogg::isPage(head)) return {};  // tags after the end
+      return head.empty() || ogg::isPage(head) ? kCut : damagedAt(at);
     }
-    const std::string_view page = file.at(at, size, buffer);
-    if (page.empty()) return kCut;
-    if (pageSum(page) != numberIn(page.substr(22, 4), false)) return damagedAt(at);
+    if (ogg::pageSum(page) != numberIn(page.substr(ogg::kSumField, 4), false)) return damagedAt(at);
     ended = (static_cast<unsigned char>(page[5]) & kEndOfStream) != 0;
-    at += static_cast<std::int64_t>(size);
+    at += static_cast<std::int64_t>(page.size());
   }
   return ended ? "" : kCut;
 }

@@ -5,6 +5,8 @@
 #include <array>
 #include <string_view>
 
+#include "host/sound/filebytes.h"
+
 namespace {
 
 constexpr std::int32_t kData = 'd' | 'a' << 8 | 't' << 16 | 'a' << 24;
@@ -12,16 +14,6 @@ constexpr std::int32_t kData = 'd' | 'a' << 8 | 't' << 16 | 'a' << 24;
 int signedByte(char byte) {
   const int value = static_cast<unsigned char>(byte);
   return value < 0x80 ? value : value - 0x100;
-}
-
-// Numbers of a chunk, most significant byte first or last.
-std::string bytesOf(std::uint64_t number, int count, bool bigEndian) {
-  std::string bytes;
-  for (int byte = 0; byte < count; ++byte) {
-    const int place = bigEndian ? count - 1 - byte : byte;
-    bytes += static_cast<char>(number >> 8 * place & 0xFF);
-  }
-  return bytes;
 }
 
 std::uint64_t key(int note, int usual) {

@@ -25,6 +25,13 @@ std::uint64_t numberIn(std::string_view bytes, bool bigEndian) {
   return value;
 }
 
+std::string bytesOf(std::uint64_t number, std::size_t count, bool bigEndian) {
+  std::string bytes;
+  for (std::size_t byte = 0; byte < count; ++byte)
+    bytes += static_cast<char>(number >> 8 * (bigEndian ? count - 1 - byte : byte) & 0xFF);
+  return bytes;
+}
+
 std::size_t sevenBitsIn(std::string_view bytes) {
   std::size_t value = 0;
   for (const char byte : bytes) value = value << 7 | (static_cast<unsigned char>(byte) & 0x7FU);

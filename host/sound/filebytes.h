@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,5 +19,7 @@ struct FileBytes {
 };
 
 std::uint64_t numberIn(std::string_view bytes, bool bigEndian);
+// The other way: the lowest bytes of a number.
+std::string bytesOf(std::uint64_t number, std::size_t count, bool bigEndian);
 // The same of an ID3 tag's sizes, which have seven bits a byte.
 std::size_t sevenBitsIn(std::string_view bytes);

@@ -7,11 +7,10 @@
 #include <cerrno>
 #include <string>
 
+namespace ogg {
 namespace {
 
-constexpr std::size_t kHead = 27;         // bytes, the last of which counts the segments
 constexpr std::size_t kStreamField = 14;  // offset of the stream's number, 4 bytes
-constexpr std::size_t kSumField = 22;     // offset of the page's checksum, 4 bytes
 
 constexpr std::array<std::uint32_t, 256> kPageSums = [] {
   std::array<std::uint32_t, 256> sums{};
@@ -27,26 +26,25 @@ std::uint32_t added(std::uint32_t sum, unsigned char byte) {
   return sum << 8 ^ kPageSums[sum >> 24 ^ byte];
 }
 
-// Returns the whole page that begins there; empty at the file's end, and where there is none.
-std::string pageAt(int descriptor, off_t offset) {
-  constexpr std::size_t kMostSegments = 255;
-  std::string page(kHead + kMostSegments * (1 + 255), '\0');
-  const ssize_t got = pread(descriptor, page.data(), page.size(), offset);
-  if (got < static_cast<ssize_t>(kHead) || !page.starts_with("OggS")) return {};
-  const auto segments = static_cast<unsigned char>(page[kHead - 1]);
-  std::size_t size = kHead + segments;
-  for (std::size_t i = 0; i < segments; ++i) size += static_cast<unsigned char>(page[kHead + i]);
-  if (static_cast<ssize_t>(size) > got) return {};
-  page.resize(size);
-  return page;
-}
-
-void put(std::string& page, std::size_t offset, std::uint32_t number) {
-  for (std::size_t byte = 0; byte < 4; ++byte)
-    page[offset + byte] = static_cast<char>(number >> 8 * byte);
-}
-
 }  // namespace
+
+bool isPage(std::string_view head) {
+  return head.starts_with("OggS");
+}
+
+std::string_view segmentsOf(std::string_view page) {
+  return page.substr(kHead, static_cast<unsigned char>(page[kHead - 1]));
+}
+
+std::string_view pageAt(const FileBytes& file, std::int64_t offset, std::vector<char>& buffer) {
+  const std::string_view head = file.at(offset, kHead, buffer);
+  if (!isPage(head)) return {};
+  std::size_t size = kHead + static_cast<unsigned char>(head.back());
+  const std::string_view table = file.at(offset, size, buffer);
+  if (table.empty()) return {};
+  for (const char segment : segmentsOf(table)) size += static_cast<unsigned char>(segment);
+  return file.at(offset, size, buffer);
+}
 
 std::uint32_t pageSum(std::string_view page) {
   std::uint32_t sum = 0;
@@ -58,20 +56,24 @@ std::uint32_t pageSum(std::string_view page) {
 }
 
 int numberStreamByContents(int descriptor) {
+  const FileBytes file(descriptor);
+  std::vector<char> buffer;
   std::uint32_t number = 0;
-  off_t offset = 0;
-  for (std::string page; !(page = pageAt(descriptor, offset)).empty();) {
-    for (std::size_t i = kHead; i < page.size(); ++i)
-      number = added(number, static_cast<unsigned char>(page[i]));
-    offset += static_cast<off_t>(page.size());
+  std::int64_t at = 0;
+  for (std::string_view page; !(page = pageAt(file, at, buffer)).empty();) {
+    for (const char byte : page.substr(kHead))
+      number = added(number, static_cast<unsigned char>(byte));
+    at += static_cast<std::int64_t>(page.size());
   }
-  offset = 0;
-  for (std::string page; !(page = pageAt(descriptor, offset)).empty();) {
-    put(page, kStreamField, number);
-    put(page, kSumField, pageSum(page));
-    if (pwrite(descriptor, page.data(), page.size(), offset) != static_cast<ssize_t>(page.size()))
+  at = 0;
+  for (std::string page; !(page = pageAt(file, at, buffer)).empty();) {
+    page.replace(kStreamField, 4, bytesOf(number, 4, false));
+    page.replace(kSumField, 4, bytesOf(pageSum(page), 4, false));
+    if (pwrite(descriptor, page.data(), page.size(), at) != static_cast<ssize_t>(page.size()))
       return errno != 0 ? errno : ENOSPC;
-    offset += static_cast<off_t>(page.size());
+    at += static_cast<std::int64_t>(page.size());
   }
   return 0;
 }
+
+}  // namespace ogg

@@ -171,7 +171,7 @@ void SoundWriter::finish() {
   const int error = sf_close(file.release());
   if (error == SF_ERR_NO_ERROR && sink.error == 0 &&
       (fileType == FileType::vorbis || fileType == FileType::opus)) {
-    sink.error = numberStreamByContents(sink.descriptor);
+    sink.error = ogg::numberStreamByContents(sink.descriptor);
   }
   if (error != SF_ERR_NO_ERROR || sink.error != 0) fail(sf_error_number(error));
   findLost();

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/base/text.h"
+#include "host/sound/oggpages.h"
 
 namespace {
 
@@ -73,23 +74,21 @@ std::vector<std::string> flacTags(const FileBytes& file) {
 // The second packet of the first stream, from its pages; a packet ends with a segment that is not
 // full.
 std::string secondPacket(const FileBytes& file) {
-  constexpr std::size_t kHead = 27;  // bytes of a page, the last of which counts the segments
   std::string packet;
   std::vector<char> buffer;
   int number = 0;
   for (std::int64_t at = 0; packet.size() < kMostBytes;) {
-    const std::string head(file.at(at, kHead, buffer));
-    if (!head.starts_with("OggS")) break;
-    const std::string segments(
-        file.at(at + kHead, static_cast<unsigned char>(head.back()), buffer));
-    at += static_cast<std::int64_t>(kHead + segments.size());
+    std::string_view page = ogg::pageAt(file, at, buffer);
+    if (page.empty()) break;
+    at += static_cast<std::int64_t>(page.size());
+    const std::string_view segments = ogg::segmentsOf(page);
+    page.remove_prefix(ogg::kHead + segments.size());
     for (const char segment : segments) {
       const auto size = static_cast<unsigned char>(segment);
-      if (number == 1) packet += file.at(at, size, buffer);
-      at += size;
+      if (number == 1) packet += page.substr(0, size);
+      page.remove_prefix(size);
       if (size < 255 && number++ == 1) return packet;
     }
-    if (segments.empty()) break;
   }
   return packet;
 }

@@ -9,32 +9,20 @@
 #include <string_view>
 
 #include "host/sound/completeness.h"
+#include "host/sound/filebytes.h"
 
 namespace {
 
 constexpr std::size_t kLongestHeader = 1 << 24;  // bytes: pictures in it and the like
 constexpr std::uint64_t kOpenLength = std::uint64_t{1} << 61;
 
-std::uint64_t littleEndian(std::string_view bytes) {
-  std::uint64_t value = 0;
-  for (std::size_t i = bytes.size(); i > 0; --i)
-    value = value << 8 | static_cast<unsigned char>(bytes[i - 1]);
-  return value;
-}
-
-std::string bytesOf(std::uint64_t value, int count) {
-  std::string bytes;
-  for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> 8 * i);
-  return bytes;
-}
-
 // Samples that lie one after the other: whole numbers, floating point, A-law, u-law; in the plain
 // and in the extensible header.
 bool isPlain(std::string_view format) {
   constexpr std::size_t kPlain = 16, kExtensible = 40;  // bytes
   if (format.size() < kPlain) return false;
-  std::uint64_t tag = littleEndian(format.substr(0, 2));
-  if (tag == 0xFFFE && format.size() >= kExtensible) tag = littleEndian(format.substr(24, 2));
+  std::uint64_t tag = numberIn(format.substr(0, 2), false);
+  if (tag == 0xFFFE && format.size() >= kExtensible) tag = numberIn(format.substr(24, 2), false);
   return tag == 1 || tag == 3 || tag == 6 || tag == 7;
 }
 
@@ -66,7 +54,7 @@ bool WavStream::parse() {
   for (std::size_t at = kForm; at < kLongestHeader;) {
     if (!have(at + kChunkHead)) return false;
     const std::string id = header.substr(at, 4);
-    const std::uint64_t size = littleEndian(std::string_view(header).substr(at + 4, 4));
+    const std::uint64_t size = numberIn(std::string_view(header).substr(at + 4, 4), false);
     at += kChunkHead;
     if (id == "data") {
       const bool isWide = wide && size == 0xFFFFFFFF;
@@ -79,7 +67,7 @@ bool WavStream::parse() {
     if (size > kLongestHeader || !have(at + size)) return false;
     const std::string_view contents = std::string_view(header).substr(at, size);
     if (id == "fmt ") plain = isPlain(contents);
-    if (id == "ds64" && size >= 16) wideSize = littleEndian(contents.substr(8, 8));
+    if (id == "ds64" && size >= 16) wideSize = numberIn(contents.substr(8, 8), false);
     at += size + size % 2;
   }
   return false;
@@ -91,10 +79,11 @@ void WavStream::nameOpenLength(std::size_t afterDataHead) {
   renamed = header.starts_with("RIFF");
   std::string chunks = header.substr(kForm, afterDataHead - kDataHead - kForm);
   const auto old = chunks.find("ds64");
-  if (old == 0) chunks.erase(0, 8 + littleEndian(std::string_view(chunks).substr(4, 4)));
-  const std::string unknown = bytesOf(0xFFFFFFFF, 4);
-  header = "RF64" + unknown + "WAVE" + "ds64" + bytesOf(28, 4) + bytesOf(kOpenLength + 1000, 8) +
-           bytesOf(kOpenLength, 8) + bytesOf(0, 8) + bytesOf(0, 4) + chunks + "data" + unknown;
+  if (old == 0) chunks.erase(0, 8 + numberIn(std::string_view(chunks).substr(4, 4), false));
+  const std::string unknown = bytesOf(0xFFFFFFFF, 4, false);
+  header = "RF64" + unknown + "WAVE" + "ds64" + bytesOf(28, 4, false) +
+           bytesOf(kOpenLength + 1000, 8, false) + bytesOf(kOpenLength, 8, false) +
+           bytesOf(0, 8, false) + bytesOf(0, 4, false) + chunks + "data" + unknown;
 }
 
 SNDFILE* WavStream::open(SF_INFO& info) {
