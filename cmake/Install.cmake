@@ -55,16 +55,23 @@ trelvan_install(widen share/fish/vendor_completions.d
 trelvan_install(widen share/doc/widen ${PROJECT_SOURCE_DIR}/LICENSE ${TRELVAN_NOTICES})
 
 set(docs ${PROJECT_SOURCE_DIR}/docs)
-# On macOS there is none where what makes it is missing (PluginMac.cmake).
+# On macOS there is none where what makes it is missing (PluginMac.cmake); the page is made where
+# docutils is (Manual.cmake).
 set(manual "${TRELVAN_RESOURCES}/Trelvan Operation Manual.pdf")
+set(page "${share}/doc/trelvan/Trelvan Operation Manual.html")
 install(CODE "if(EXISTS \"${manual}\")
     trelvan_put(doc \"${manual}\" \"\${TRELVAN_MANUAL}\")
+  endif()
+  if(EXISTS \"${page}\")
+    trelvan_put(doc \"${page}\" share/doc/trelvan)
   endif()" COMPONENT doc)
 trelvan_install(doc share/doc/trelvan
   ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/FEATURES.md
   ${PROJECT_SOURCE_DIR}/LICENSE)
-trelvan_install(doc share/doc/trelvan/docs
-  ${docs}/formats.md ${docs}/hosts.md ${docs}/trelvan.md ${docs}/validator.md ${docs}/widen.md)
+trelvan_install(doc share/doc/trelvan/docs ${docs}/formats.md ${docs}/hosts.md ${docs}/lv2.md
+  ${docs}/trelvan.md ${docs}/validator.md ${docs}/widen.md)
+trelvan_install(doc share/doc/trelvan/docs/pictures
+  ${docs}/pictures/ardour.png ${docs}/pictures/audacity.png ${docs}/pictures/muse.png)
 
 foreach(component IN LISTS TRELVAN_COMPONENTS)
   install(CODE "trelvan_end(${component})" COMPONENT ${component})

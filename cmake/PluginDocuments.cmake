@@ -1,5 +1,6 @@
 # trelvan_add_plugin_documents(): what stands beside the plug-in in an installation, below share/ in
-# the build folder: its manual page, the factory's presets as files, and what software centres tell.
+# the build folder: its manual page, the manual as a page of the web, the factory's presets as
+# files, and what software centres tell.
 function(trelvan_add_plugin_documents)
   set(share ${PROJECT_BINARY_DIR}/share)
   set(page ${share}/man/man7/trelvan.7)
@@ -24,6 +25,9 @@ function(trelvan_add_plugin_documents)
     COMMENT "Writing the factory's presets"
     VERBATIM)
   add_custom_target(plugin_documents ALL DEPENDS ${page} ${presets}/Factory.orb)
+  if(TARGET trelvan_manual_page)
+    add_dependencies(plugin_documents trelvan_manual_page)
+  endif()
 
   configure_file(${PROJECT_SOURCE_DIR}/resources/metainfo/com.orv.trelvan.metainfo.xml.in
     ${share}/metainfo/com.orv.trelvan.metainfo.xml @ONLY)

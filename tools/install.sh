@@ -69,10 +69,15 @@ fi
 targets=(Trelvan widen widen_documents plugin_documents)
 [ "$(uname -s)" = Darwin ] || targets+=(TrelvanLv2)
 tools/build.sh release "${targets[@]}"
+# CMake's list of what it put, which nobody reads: root's of the last time cannot be written over.
+rm -f build/release/install_manifest.txt
 as_needed env -u DESTDIR "TRELVAN_VST=$vst" "TRELVAN_LV2=$lv2" "TRELVAN_MANUAL=$manual" "TRELVAN_PRESETS=$presets" \
   cmake --install build/release --prefix "$prefix" --strip >/dev/null
 echo "plug-in:  $vst/Trelvan.vst"
 [ "$(uname -s)" = Darwin ] || echo "as LV2:   $lv2/trelvan.lv2"
-echo "widen:    $prefix/bin/widen"
+[[ :$PATH: == *":$prefix/bin:"* ]] && found= || found=", which is not in your PATH"
+echo "widen:    $prefix/bin/widen$found"
 echo "presets:  $presets"
+[ ! -e "$manual/Trelvan Operation Manual.pdf" ] ||
+  echo "manual:   $manual/Trelvan Operation Manual.pdf"
 echo "to take them away again:  ./run --uninstall, with the same words"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Makes and checks what a release has, of the last commit, and names it: source, Debian's packages,
-# the tarball, the manual and their sums, in build/release-VERSION. All of it is built in two
-# folders and has to be the same bytes. Linux; what a Mac makes is cpack's pkg there.
+# the tarball, the manual in both forms and their sums, in build/release-VERSION. All of it is built
+# in two folders and has to be the same bytes. Linux; what a Mac makes is cpack's pkg there.
 # Usage: tools/release.sh [--once]   (--once: without the second build)
 set -euo pipefail
 umask 022
@@ -45,7 +45,8 @@ echo "building $source"
 make_in "$work/first"
 built=$work/first/$source/build/release
 cp "$work"/first/packages/*.deb "$work"/first/packages/*.tar.gz "$out"
-cp "$built/Trelvan.vst/Contents/Resources/Trelvan Operation Manual.pdf" "$out"
+cp "$built/Trelvan.vst/Contents/Resources/Trelvan Operation Manual.pdf" \
+  "$built/share/doc/trelvan/Trelvan Operation Manual.html" "$out"
 if [ "${1:-}" != --once ]; then
   echo "building it again elsewhere"
   make_in "$work/another-folder"

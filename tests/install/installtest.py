@@ -30,6 +30,8 @@ class Places(InstallationTest):
                      "lib/vst/Trelvan.vst/Contents/Resources/LICENSE.txt",
                      "share/doc/trelvan-vst/NOTICES.txt", "share/doc/trelvan-lv2/NOTICES.txt",
                      "share/doc/widen/NOTICES.txt",
+                     f"share/doc/trelvan/{MANUAL}",
+                     "share/doc/trelvan/Trelvan Operation Manual.html",
                      "share/trelvan/presets/Factory.orb"):
             self.assertTrue((self.prefix / file).is_file(), file)
         for bundle, place in (("Trelvan.vst", "lib/vst"), ("trelvan.lv2", "lib/lv2")):
@@ -64,6 +66,18 @@ class Places(InstallationTest):
         self.module(self.folder / name / "lib/vst")
         self.uninstall(f"--prefix={name}")
         self.assertEqual(files_in(self.folder / name), set())
+
+    def test_are_filled_again_where_root_did_it_before(self):
+        release = self.tree / "build/release"
+        release.unlink()
+        release.mkdir()
+        script = (self.BUILD / "cmake_install.cmake").read_text()
+        (release / "cmake_install.cmake").write_text(
+            script.replace(f"{self.BUILD}/${{CMAKE_INSTALL_MANIFEST}}",
+                           f"{release}/${{CMAKE_INSTALL_MANIFEST}}"))
+        # Nobody can write it, root neither.
+        (release / "install_manifest.txt").symlink_to("/nowhere/list")
+        self.install()
 
     def test_can_be_read_by_everybody_at_any_umask(self):
         self.install(umask=0o077)

@@ -81,6 +81,13 @@ class Packages(unittest.TestCase):
         self.assertEqual(self.field("widen", "Recommends"), "trelvan-vst")
         self.assertEqual(self.field("trelvan-doc", "Depends"), "")
 
+    def test_are_not_made_where_nothing_tells_what_they_load(self):
+        done = subprocess.run([CPACK, "--config", BUILD / "CPackConfig.cmake", "-G", "DEB",
+                               "-B", self.folder / "none", "-D", "CMAKE_IGNORE_PATH=/usr/bin;/bin"],
+                              cwd=self.folder, capture_output=True, text=True, check=False)
+        self.assertNotEqual(done.returncode, 0)
+        self.assertIn("dpkg-shlibdeps is missing", done.stdout + done.stderr)
+
     def test_have_each_file_once_and_of_root(self):
         seen = {}
         for name in NAMES:
@@ -94,7 +101,9 @@ class Packages(unittest.TestCase):
                            ("/usr/share/man/man1/widen.1.gz", "widen"),
                            ("/usr/share/man/man7/trelvan.7.gz", "trelvan-vst"),
                            ("/usr/share/trelvan/presets/mix 1.orv", "trelvan-vst"),
-                           ("/usr/share/doc/trelvan/Trelvan Operation Manual.pdf", "trelvan-doc")):
+                           ("/usr/share/doc/trelvan/Trelvan Operation Manual.pdf", "trelvan-doc"),
+                           ("/usr/share/doc/trelvan/Trelvan Operation Manual.html",
+                            "trelvan-doc")):
             self.assertEqual(seen.get(file), name, file)
         self.assertFalse([file for file in seen if "installed" in file or ".new" in file])
 
@@ -104,6 +113,14 @@ class Packages(unittest.TestCase):
             text = (self.root / f"usr/share/doc/{name}/copyright").read_text()
             self.assertIn(notices, text)
             self.assertIn((SOURCE / "LICENSE").read_text(), text)
+
+    # FEATURES.md leads into the source too.
+    def test_have_documents_whose_links_lead_somewhere(self):
+        documents = list(self.root.glob("usr/share/doc/trelvan/docs/*.md"))
+        self.assertGreater(len(documents), 5)
+        for document in documents:
+            for link in re.findall(r"\]\(([^)#:]+)(?:#[^)]*)?\)", document.read_text()):
+                self.assertTrue((document.parent / link).exists(), f"{document.name}: {link}")
 
     def test_are_stripped_and_guarded_and_know_no_folder_of_the_build(self):
         for binary in self.binaries():
