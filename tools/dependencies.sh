@@ -13,6 +13,10 @@ if [ $# -gt 1 ] || { [ "$kind" != build ] && [ "$kind" != test ]; }; then
   echo "usage: tools/dependencies.sh [--print] [build|test]" >&2
   exit 2
 fi
+if [ -n "${TRELVAN_TOOLKIT_SOURCE:-}" ] && [ ! -f "$TRELVAN_TOOLKIT_SOURCE/vstgui/vstgui.h" ]; then
+  echo "TRELVAN_TOOLKIT_SOURCE: no vstgui/vstgui.h in $TRELVAN_TOOLKIT_SOURCE" >&2
+  exit 1
+fi
 if [ "$(uname -s)" = Darwin ]; then exec tools/dependencies-mac.sh ${print:+--print} "$kind"; fi
 umask 022  # as archives and packages have it, whoever unpacks them
 
@@ -108,11 +112,7 @@ else
   tools/packages.sh ${print:+--print} "${build_packages[@]}"
 fi
 [ -z "$print" ] || exit 0
-if [ -n "${TRELVAN_TOOLKIT_SOURCE:-}" ]; then
-  [ -f "$TRELVAN_TOOLKIT_SOURCE/vstgui/vstgui.h" ] ||
-    { echo "TRELVAN_TOOLKIT_SOURCE: no vstgui/vstgui.h in $TRELVAN_TOOLKIT_SOURCE" >&2; exit 1; }
-  exit 0
-fi
+[ -z "${TRELVAN_TOOLKIT_SOURCE:-}" ] || exit 0
 fetch_toolkit
 # Each time: it may have been unpacked before.
 cmake -DTOOLKIT="$toolkit_folder" -P cmake/MendToolkit.cmake

@@ -11,7 +11,11 @@
 # a line for each step, and what went wrong.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-[ $# -ge 3 ] || { sed -n 's/^# Usage: //p' "$0" >&2; exit 2; }
+refuse() { sed -n 's/^# Usage: /usage: /p' tools/fresh.sh >&2; exit 2; }
+[ $# -ge 3 ] || refuse
+for step in "${@:3}"; do
+  case $step in packages | root | user | test) ;; *) refuse ;; esac
+done
 [ "$(id -u)" = 0 ] || { echo "debootstrap needs root" >&2; exit 1; }
 base=$1
 suite=$2
@@ -95,7 +99,6 @@ try_test() {
 
 failed=0
 for step in "$@"; do
-  case $step in packages | root | user | test) ;; *) echo "no step $step" >&2; exit 2 ;; esac
   since=$SECONDS
   log=$root.$step.log
   verdict=pass

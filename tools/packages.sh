@@ -25,6 +25,7 @@ sizes() {
   local names
   names=$(apt-get -s -qq --no-install-recommends install "${missing[@]}" |
     sed -nE 's/^Inst ([^ ]+) .*/\1/p') || return 1
+  [ -n "$names" ] || return 0  # there, and not set up yet
   LC_ALL=C apt-cache show --no-all-versions $names | awk '
     $1 == "Package:" { name = $2; disk = 0 }
     $1 == "Installed-Size:" { disk = $2 * 1024 }
@@ -33,14 +34,14 @@ sizes() {
     END { if (name != "") print fetch, disk, name }'
 }
 in_all() {
-  awk '{ fetch += $1; disk += $2 }
+  awk 'NF { ++count; fetch += $1; disk += $2 }
     END { printf "%d package%s: %.1f MB to fetch, %.1f MB on the disk\n",
-          NR, NR == 1 ? "" : "s", fetch / 1e6, disk / 1e6 }'
+          count, count == 1 ? "" : "s", fetch / 1e6, disk / 1e6 }'
 }
 
 if [ -n "$print" ]; then
   if table=$(sizes 2>/dev/null); then
-    sort -k 2nr <<<"$table" | awk '{ printf "%8.1f MB  %s\n", $2 / 1e6, $3 }'
+    sort -k 2nr <<<"$table" | awk 'NF { printf "%8.1f MB  %s\n", $2 / 1e6, $3 }'
     in_all <<<"$table"
   else
     echo "missing, of sizes that apt knows after an update: ${missing[*]}"

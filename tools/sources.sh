@@ -7,7 +7,8 @@ cd "$(dirname "$0")/.."
 if [ -e .git ] && git rev-parse >/dev/null 2>&1; then
   exec git ls-files -z "$@"
 fi
-names=()
+names=(-name "$1")
+shift
 for pattern in "$@"; do names+=(-o -name "$pattern"); done
-find . \( -name build -o -name '.*' ! -name . \) -prune -o \
-  -type f \( "${names[@]:1}" \) -print0 | sed -z 's,^\./,,' | sort -z
+# From what lies here, as version control names it: `.` would stand before every path.
+find -- * \( -name build -o -name '.*' \) -prune -o -type f \( "${names[@]}" \) -print0

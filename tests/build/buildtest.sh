@@ -11,8 +11,9 @@ trap 'rm -rf "$work"' EXIT
 fail() { echo "$1" >&2; exit 1; }
 
 # As on a machine that has no more than the build needs, and without a preset.
+generator=Ninja
 configure() {
-  "$cmake" -S "$source" -B "$work/build" -G Ninja -DTRELVAN_TOOLKIT_SOURCE="$toolkit" \
+  "$cmake" -S "$source" -B "$work/build" -G "$generator" -DTRELVAN_TOOLKIT_SOURCE="$toolkit" \
     -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON \
     -DCMAKE_DISABLE_FIND_PACKAGE_benchmark=ON "$@" >"$work/said" 2>&1 ||
     { cat "$work/said" >&2; exit 1; }
@@ -56,11 +57,34 @@ exit 8
 EOF
   chmod +x "$work/bin/"* "$work/tree/tools/"*
 }
+# A tree of version 1.2.3, all of it committed, whose changelog is CHANGELOG; what would be built
+# first says so and ends it.
+make_release_tree() {
+  rm -rf "$work/tree"
+  mkdir -p "$work/tree/tools"
+  cp "$source/tools/release.sh" "$work/tree/tools"
+  printf '#!/bin/sh\necho begun\nexit 1\n' >"$work/tree/tools/dependencies.sh"
+  chmod +x "$work/tree/tools/dependencies.sh"
+  echo 'project(Trelvan VERSION 1.2.3 LANGUAGES CXX)' >"$work/tree/CMakeLists.txt"
+  printf '%b' "$1" >"$work/tree/CHANGELOG.md"
+  git -C "$work/tree" init -q
+  git -C "$work/tree" add .
+  git -C "$work/tree" -c user.name=n -c user.email=e commit -q -m m
+}
+# refuses WORDS [ARGUMENT...]: the release says that, and nothing is begun.
+refuses() {
+  if "$work/tree/tools/release.sh" "${@:2}" >"$work/said" 2>&1; then fail "it was made"; fi
+  grep -qF -- "$1" "$work/said" || fail "not \"$1\" but: $(cat "$work/said")"
+  if [ "$1" != begun ] && grep begun "$work/said"; then fail "it went on after: $1"; fi
+}
 # The last one of an option counts.
 expect_last() { [ "$(grep "^-D$1=" | tail -n 1)" = "-D$1=$2" ] || fail "$1 is not $2"; }
 
 case $case in
   NeedsNeitherPresetNorTests)
+    # As README says: of what CMake could build with, ninja alone is installed for it.
+    generator=$(sed -nE 's/^cmake (-G (\w+) )?.*-B build\/mine .*/\2/p' "$source/README.md")
+    generator=${generator:-Unix Makefiles}
     configure
     ninja -C "$work/build" -t query Trelvan widen >"$work/targets" ||
       fail "there is no plug-in or no widen to build"
@@ -118,6 +142,22 @@ case $case in
     export TRELVAN_TOOLKIT_SOURCE=mine
     asked_for Linux release Trelvan | expect_last TRELVAN_TOOLKIT_SOURCE "$work/mine"
     ;;
+  TellsOfAFolderThatCannotBeBuiltIn)
+    mkdir -p "$work/tree/build/release"
+    cp -r "$source/tools" "$source/CMakePresets.json" "$work/tree"
+    printf '#!/bin/sh\n' >"$work/tree/tools/dependencies.sh"
+    echo "what the last build said" >"$work/tree/build/release/build.log"
+    chmod 755 "$work"
+    chmod -R a+rX "$work/tree"
+    chmod -R a-w "$work/tree/build"
+    user=()  # permissions are nothing to root
+    [ "$(id -u)" != 0 ] || user=(setpriv --reuid=65534 --regid=65534 --clear-groups)
+    "${user[@]}" "$work/tree/tools/build.sh" release >"$work/said" 2>&1 && echo built >>"$work/said"
+    chmod -R u+w "$work/tree/build"
+    [ "$(cat "$work/said")" = \
+      "$work/tree/build/release is somebody else's, and cannot be built in by you" ] ||
+      fail "$(cat "$work/said")"
+    ;;
   WorksBelowAFolderOfAnyName)
     tree="$work/it's one & the same"
     mkdir "$tree"
@@ -161,6 +201,19 @@ case $case in
     grep -q 'Room.Bad' "$work/said" || fail "$(cat "$work/said")"
     grep -qx 'it is 2 and not 1' "$work/said" || fail "$(cat "$work/said")"
     if grep 'Room.Case' "$work/said"; then fail "this one passed"; fi
+    ;;
+  ReleasesOnlyWhatIsCommittedAndDescribed)
+    make_release_tree '## [Unreleased]\n\n## [1.2.3] - 2026-01-02\n\n- A line.\n'
+    refuses begun  # nothing stands in its way
+    refuses usage --twice
+    touch "$work/tree/new"
+    refuses "not committed"
+    make_release_tree '## [Unreleased]\n\n- A line.\n\n## [1.2.3] - 2026-01-02\n'
+    refuses "in no release"
+    make_release_tree '## [Unreleased]\n\n## [1.2.3]\n\n- A line.\n'
+    refuses "with a date"
+    make_release_tree '## [Unreleased]\n\n## [1.2.2] - 2026-01-02\n\n- A line.\n'
+    refuses "no section of 1.2.3"
     ;;
   LetsWarningsStopTheTestsOnly)
     asked_for Linux release Trelvan widen | expect_last TRELVAN_WERROR OFF

@@ -42,6 +42,7 @@ fi
 EOF
 # Each has a million bytes to fetch and 2,048,000 on the disk.
 double apt-cache <<'EOF'
+[ $# -gt 2 ] || { echo "E: No packages found" >&2; exit 100; }
 for name in "${@:3}"; do
   printf 'Package: %s\nInstalled-Size: 2000\nSize: 1000000\nDescription: Size: 7\n\n' "$name"
 done
@@ -70,6 +71,15 @@ case $case in
     expect '^installing 3 packages: 3.0 MB to fetch, 6.1 MB on the disk .*foreign missing'
     [ "$(cut -d' ' -f1-3 "$log" | tail -n 2)" = 'installing 3 packages:
 RUN apt-get install' ] || fail "$(cat "$log")"
+    ;;
+  GoesOnWhereAnInstallationWasInterrupted)
+    double apt-get <<EOF
+if [ "\$1" = -s ]; then echo "Conf half (1 Debian [amd64])"; exit; fi
+echo "RUN apt-get \$*" >>"$log"
+EOF
+    say "$packages" half
+    expect '^installing 0 packages: 0.0 MB to fetch, .*\(half '
+    expect '^RUN apt-get install .* half$'
     ;;
   PrintsEachSizeAndInstallsNothing)
     say "$packages" --print twice missing

@@ -19,6 +19,7 @@ cat >"$tree/tools/build.sh" <<'EOF'
 cd "$(dirname "$0")/.."
 mkdir -p build/release
 echo "built: $*"
+echo "toolkit: ${TRELVAN_TOOLKIT_SOURCE:-}"
 printf '#!/usr/bin/env bash\necho "widen in $PWD: $*"\n' >build/release/widen
 chmod +x build/release/widen
 EOF
@@ -49,6 +50,16 @@ case $case in
     grep -qx "widen in $work/elsewhere: a file.wav -o b.wav" "$work/out" ||
       fail "$(cat "$work/out")"
     grep -q '^built: ' "$work/said" || fail "nothing was built"
+    ;;
+  TakeAToolkitFromWhereTheyAreCalled)
+    printf '#!/bin/sh\necho "toolkit: $TRELVAN_TOOLKIT_SOURCE"\n' >"$tree/tools/install.sh"
+    chmod +x "$tree/tools/install.sh"
+    for command in "run --help" "run --install" "test --hosts"; do
+      run=$tree/${command% *}
+      TRELVAN_TOOLKIT_SOURCE="my toolkit" run "${command#* }"
+      grep -qx "toolkit: $work/elsewhere/my toolkit" "$work/out" "$work/said" ||
+        fail "$command: $(cat "$work/out" "$work/said")"
+    done
     ;;
   WorksThroughLinks)
     ln -s "$tree" "$work/tree"
