@@ -23,8 +23,8 @@ enum ParameterIndex : VstInt32 {
   kAuxIndex = 6,  // an internal value, not a parameter; 5 has never been anything
 };
 
-// Frames of sound that the effect remembers, a power of two: a period that is longer, of a low base
-// frequency at a high sample rate, becomes a delay that is shorter by as many.
+// Frames of sound that the effect remembers, a power of two: a period of as many or more, of a low
+// base frequency at a high sample rate, becomes a delay that is shorter by as many.
 constexpr VstInt32 kDelayFrames = 16384;
 
 // One parameter. Raw values are those that hosts and presets hold, 0..1; derived ones are what the

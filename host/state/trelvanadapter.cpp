@@ -113,12 +113,14 @@ class TrelvanAdapter final : public EffectAdapter {
     return formatted("--width %.1f%%", 100.0 * steps / kWidthSteps);
   }
 
+  // Of the line's frames the newest is the one that is not late.
   std::string sampleRates() const override {
-    const auto highest = static_cast<int>(parametercurves::kLowestHz) * kDelayFrames;
+    constexpr VstInt32 kLongest = kDelayFrames - 1;
+    const auto highest = static_cast<int>(parametercurves::kLowestHz) * kLongest;
     return formatted(
-        "below %d Hz; from there on, base frequencies up to RATE/%d Hz are delayed by %d "
-        "frames less than a period",
-        highest, kDelayFrames, kDelayFrames);
+        "up to %d Hz; above, base frequencies below RATE/%d Hz are delayed by %d frames less than "
+        "a period, or twice that",
+        highest, kLongest, kDelayFrames);
   }
 
  private:

@@ -65,10 +65,11 @@ def constant(heading, field):
 UNIQUE_ID = constant("Header", "uniqueID")
 
 
-def presets_in_bank(data, order):
-    """From the bytes of a bank, its header included: names and values, and the selected one."""
+def presets_in(data, order):
+    """From the bytes of a bank or a preset, its header included: names and values, and the selected
+    one."""
     header = read("Header", data, order)
-    assert header["uniqueID"] == UNIQUE_ID and header["kind"] == 56
+    assert header["uniqueID"] == UNIQUE_ID and header["kind"] in (34, 56)
     start = size_of("Header")
     rest = data[start:start + header["dataSize"]]
     presets = {}
@@ -101,6 +102,21 @@ def current_file(kind, presets, order, current=0):
     return written("Header", order, uniqueID=UNIQUE_ID, kind=kind, formatVersion=0x01090900,
                    parameterCount=5, entryCount=count, currentPreset=current,
                    dataSize=len(entries)) + entries
+
+
+def default_preset():
+    """Name and values of what an image leaves out."""
+    section = TEXT.split("\n### What an image leaves out\n")[1].split("\n#")[0]
+    name, *values = re.findall(r"^\| (?!field)\w+ \| (\S+) \|$", section, re.M)
+    return name, [float(value) for value in values]
+
+
+def image_of(kind, *entries):
+    """Of (kind, preset, payload) each, in this order."""
+    data = b"".join(written("Entry head", "<", kind=entry, payloadSize=len(payload), preset=preset)
+                    + payload for entry, preset, payload in entries)
+    return written("Header", "<", uniqueID=UNIQUE_ID, kind=kind, entryCount=len(entries),
+                   dataSize=len(data)) + data
 
 
 def old_records(presets, order):
@@ -154,7 +170,7 @@ class Formats(unittest.TestCase):
         data = (self.path / "state").read_bytes()
         prefix = read("Chunk prefix", data, "<")
         self.assertEqual(prefix, {"tag": constant("Chunk prefix", "tag"), "uniqueID": UNIQUE_ID})
-        presets, current = presets_in_bank(data[size_of("Chunk prefix"):], "<")
+        presets, current = presets_in(data[size_of("Chunk prefix"):], "<")
         names, selected = self.names("--preset", "guitar 2")
         self.assertEqual([presets[number]["name"] for number in range(32)], names)
         self.assertEqual(current, selected)
@@ -163,6 +179,49 @@ class Formats(unittest.TestCase):
             for index in range(5):
                 self.assertAlmostEqual(presets[number]["values"][index], met[index], places=5)
         self.assertEqual(len(data), 10545)
+
+    def test_files_are_read_by_them(self):
+        self.widen("--preset", "guitar 2", "--width", "25%", "--save-preset", "own.orv",
+                   "--save-bank", "own.orb")
+        names, _ = self.names()
+        for name, kind, numbers in (("own.orv", 34, [0]), ("own.orb", 56, range(32))):
+            data = (self.path / name).read_bytes()
+            self.assertEqual(read("Header", data, "<")["kind"], kind)
+            presets, current = presets_in(data, "<")
+            self.assertEqual(list(presets), list(numbers))
+            preset = presets[names.index("guitar 2") if kind == 56 else 0]
+            self.assertEqual(preset["name"], "guitar 2")
+            self.assertEqual(preset["values"], dict(enumerate(
+                struct.unpack("5f", struct.pack("5f", 0.25, 0.23, 0, 1, 0)))))
+            self.assertEqual(current, names.index("guitar 2") if kind == 56 else 0)
+
+    def test_what_an_image_leaves_out_is_the_default(self):
+        name, values = default_preset()
+        some = written("Parameter payload", "<", index=1, value=0.25)
+        file = self.file("some.orv", image_of(34, (1, 0, some)))
+        self.assertEqual(self.names("--preset", file)[0][0], name)
+        self.assertEqual(self.values("--preset", file), [values[0], 0.25, *values[2:]])
+        called = written("Name payload", "<", name="called")
+        file = self.file("some.orb", image_of(56, (1, 3, some), (0, 3, called)))
+        names, _ = self.names("--bank", file)
+        self.assertEqual(names, [*self.names()[0][:3], "called", *self.names()[0][4:]])
+        self.assertEqual(self.values("--bank", file, "--preset", "3"), values)
+        self.assertEqual(self.values("--bank", file, "--preset", "4"),
+                         self.values("--preset", "4"))
+        prefix = written("Old file prefix", "<", uniqueID=UNIQUE_ID, kind=33)
+        record = written("Record", "<", name="short", values=(0.5,) * 5)[:-8]  # three floats
+        self.assertEqual(self.values("--preset", self.file("short.orv", prefix + record)),
+                         [0.5, 0.5, 0.5, *values[3:]])
+
+    def test_a_payload_is_taken_as_far_as_its_value_and_no_shorter(self):
+        name = written("Name payload", "<", name="a name")
+        value = written("Parameter payload", "<", index=0, value=0.75)
+        for spare, meant in ((0, ("a name", 0.75)), (-1, ("init", 0)), (100, ("a name", 0.75))):
+            entries = [payload[:size + spare] + bytes(max(spare, 0))
+                       for payload, size in ((name, 24), (value, 16))]
+            file = self.file("cut.orv", image_of(34, (0, 0, entries[0]), (1, 0, entries[1])))
+            self.assertEqual((self.names("--preset", file)[0][0],
+                              self.values("--preset", file)[0]), meant)
 
     def test_banks_and_chunks_are_written_by_them_in_both_byte_orders(self):
         for order in ORDERS.values():

@@ -10,8 +10,6 @@
 
 namespace {
 
-const std::string kBinary = "Trelvan.vst/Contents/x86_64-linux/Trelvan.so";
-
 std::string replaced(std::string text, const std::string& what, const std::string& with) {
   for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size())) {
     text.replace(at, what.size(), with);
@@ -19,7 +17,7 @@ std::string replaced(std::string text, const std::string& what, const std::strin
   return text;
 }
 
-// Every command of the document that copies the plug-in, "sh -c '...'" over one line or several.
+// Every command of a document that copies a bundle, "sh -c '...'" over one line or several.
 std::vector<std::string> copyingCommands(const std::string& document) {
   std::ifstream text(std::string(TRELVAN_SOURCES) + "/" + document);
   std::vector<std::string> commands;
@@ -41,25 +39,30 @@ class InstallLine : public testing::TestWithParam<const char*> {
   // Where the documents have it: where it was built, or where it was unpacked.
   void build(const std::string& content) {
     for (const char* where : {"from/build/release/", "from/"}) {
-      const std::string file = folder / (where + kBinary);
+      const std::string file = folder / (where + binary);
       std::filesystem::create_directories(std::filesystem::path(file).parent_path());
       writeFile(file, content);
     }
   }
   // Of a run that was broken off.
   void writeLeftover() {
-    std::filesystem::create_directory(folder / "place/Trelvan.new");
-    writeFile(folder / "place/Trelvan.new/leftover", "");
+    const std::string halfDone = bundle.substr(0, bundle.find('.')) + ".new";
+    std::filesystem::create_directory(inPlace(halfDone));
+    writeFile(inPlace(halfDone + "/leftover"), "");
   }
   // As it stands, but for who types it and where the plug-ins are.
   bool type(std::string command) {
     command = replaced(command, "sudo ", "");
-    command = replaced(replaced(command, "/usr/local/lib/vst", folder / "place"), "~/.vst",
-                       folder / "place");
+    for (const char* place : {"/usr/local/lib/vst", "~/.vst", "~/.lv2"})
+      command = replaced(command, place, folder / "place");
     return std::system(("cd '" + folder.path + "/from' && " + command).c_str()) == 0;
   }
-  std::string installed() const { return contentOf(folder / ("place/" + kBinary)); }
+  std::string inPlace(const std::string& name) const { return folder / ("place/" + name); }
+  std::string installed() const { return contentOf(inPlace(binary)); }
 
+  const std::string bundle =
+      GetParam() == std::string("docs/lv2.md") ? "trelvan.lv2" : "Trelvan.vst";
+  const std::string binary = bundle + "/Contents/module.so";
   TemporaryFolder folder;
 };
 
@@ -71,7 +74,7 @@ TEST_P(InstallLine, PutsThePlugInThereAndLeavesTheFileAloneThatAHostHasOpen) {
     build("the old one");
     ASSERT_TRUE(type(command)) << command;
     EXPECT_EQ(installed(), "the old one") << command;
-    std::ifstream openInTheHost(folder / ("place/" + kBinary));
+    std::ifstream openInTheHost(inPlace(binary));
     build("the newer one");
     writeLeftover();
     ASSERT_TRUE(type(command)) << command;
@@ -82,7 +85,7 @@ TEST_P(InstallLine, PutsThePlugInThereAndLeavesTheFileAloneThatAHostHasOpen) {
     using Entries = std::filesystem::directory_iterator;
     EXPECT_EQ(std::distance(Entries(folder / "place"), Entries()), 1)
         << "nothing else is left there";
-    EXPECT_EQ(std::distance(Entries(folder / "place/Trelvan.vst"), Entries()), 1) << "nor in it";
+    EXPECT_EQ(std::distance(Entries(inPlace(bundle)), Entries()), 1) << "nor in it";
   }
 }
 
@@ -98,6 +101,7 @@ TEST_P(InstallLine, LeavesTheOldOneWhereThereIsNoNewOne) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, InstallLine,
-                         testing::Values("README.md", "docs/hosts.md", "docs/manual/manual.rst"));
+                         testing::Values("README.md", "docs/hosts.md", "docs/lv2.md",
+                                         "docs/manual/manual.rst"));
 
 }  // namespace

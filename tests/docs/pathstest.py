@@ -1,5 +1,6 @@
 """Tests that the documents name files that are there, and of the checker on a small tree."""
 import json
+import os
 import pathlib
 import re
 import sys
@@ -42,6 +43,28 @@ class Documents(unittest.TestCase):
             for label in re.findall(r"ctest[^\n`]*? -L (\S+?)[ `\n]", text):
                 self.assertRegex(tests, rf"\b{label}\b", document)
         self.assertGreater(found, 8)
+
+    def test_begin_commands_with_programs_that_can_be_run(self):
+        found = set()
+        for document in (*ROOT.glob("*.md"), *ROOT.glob("docs/*.md")):
+            text = document.read_text()
+            blocks = re.findall(r"^```\n(.*?)^```$|\n\n((?:    .*\n)+)", text, re.M | re.S)
+            for line in "\n".join(map("\n".join, blocks)).splitlines():
+                word = line.strip().partition(" ")[0].removeprefix("./")
+                if word and (ROOT / word).is_file():
+                    self.assertTrue(os.access(ROOT / word, os.X_OK), f"{document.name}: {line}")
+                    found.add(word)
+        self.assertLessEqual({"run", "test", "bench/run", "fuzz/search.sh", "tools/arm64.sh"},
+                             found)
+
+    def test_lead_from_each_control_of_the_manual_to_a_file(self):
+        manual = (ROOT / "docs/manual/manual.rst").read_text()
+        table = manual.split("\n     - What it does\n")[1].split("\n\n")[0]
+        controls = re.findall(r"^   \* - \d+\n     - (.+)$", table, re.M)
+        self.assertEqual(len(controls), 16)
+        where = (ROOT / "docs/where.md").read_text()
+        for word in re.findall(r"[A-Za-z]{2,}", " ".join(controls)):
+            self.assertRegex(where, rf"(?i)\b{word}\b")
 
     def test_are_read(self):  # a document without a word names nothing that is missing either
         for document, word in (("docs/where.md", "plugin/vst24.h"),

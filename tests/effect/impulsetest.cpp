@@ -2,6 +2,8 @@
 // what bypass keeps.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "tests/effect/play.h"
 #include "tests/effect/processpair.h"
 
@@ -57,6 +59,18 @@ TYPED_TEST(Impulse, WrapsRoundTheDelayLineWhenThePeriodIsLongerThanIt) {
   std::vector<TypeParam> expected(40000);
   expected[19200 - 16384] = TypeParam(0.5);
   EXPECT_EQ(side, expected);
+}
+
+// 20 Hz: a period of 16383 frames, and of a twentieth of a frame more, which is rounded up to the
+// line's whole length.
+TYPED_TEST(Impulse, ComesBackAfterAWholePeriodUpToOneFrameLessThanTheLine) {
+  for (const auto& [rate, frames] : {std::pair(327660.0F, 16383), std::pair(327661.0F, 0)}) {
+    Player plugin({.rate = rate, .baseFreq = 0.0F});
+    const auto side = sideOf(play(plugin, impulse(TypeParam(1), 40000)));
+    std::vector<TypeParam> expected(40000);
+    expected[static_cast<std::size_t>(frames)] = TypeParam(0.5);
+    EXPECT_EQ(side, expected) << rate << " Hz";
+  }
 }
 
 TYPED_TEST(Impulse, GainIsTwiceTheSquareOfTheWidth) {

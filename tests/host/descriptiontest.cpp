@@ -45,13 +45,13 @@ TEST_F(Descriptions, TellEverythingOfTrelvan) {
   }
 }
 
-// 20 Hz, the lowest base frequency, has a period of 16384 frames at 327,680 Hz.
-TEST_F(Descriptions, TellBelowWhichSampleRateTrelvansDelayIsAWholePeriod) {
+// A line of 16384 frames is 16383 late at most, and 20 Hz, the lowest base frequency, has a period
+// of these at 327,660 Hz (`Impulse` of the effect's tests shows it).
+TEST_F(Descriptions, TellUpToWhichSampleRateTrelvansDelayIsAWholePeriod) {
   Live trelvan(WIDEN_TRELVAN);
-  EXPECT_THAT(
-      describeEffect(trelvan.effect),
-      HasSubstr("below 327680 Hz; from there on, base frequencies up to RATE/16384 Hz are delayed "
-                "by 16384 frames less than a period\n"));
+  EXPECT_THAT(describeEffect(trelvan.effect),
+              HasSubstr("up to 327660 Hz; above, base frequencies below RATE/16383 Hz are delayed "
+                        "by 16384 frames less than a period, or twice that\n"));
   Live quiet(pluginFile("echo"));
   EXPECT_THAT(describeEffect(quiet.effect), testing::Not(HasSubstr("sample rates")));
 }
