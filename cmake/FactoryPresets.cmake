@@ -1,14 +1,15 @@
 # Writes the factory bank and its named presets as files, by the plug-in itself.
 # Usage: cmake -DWIDEN=PROGRAM -DPLUGIN=BUNDLE -DFOLDER=FOLDER -P FactoryPresets.cmake
 cmake_policy(VERSION 3.25)
-# A home of its own: the default bank of who builds is not the factory's.
+# A home of its own, which on macOS is a name for preferences: the default bank of who builds is not
+# the factory's.
 set(home ${FOLDER}.home)
 file(REMOVE_RECURSE ${home} ${FOLDER})
 file(MAKE_DIRECTORY ${home} ${FOLDER})
 function(run)
   execute_process(
     COMMAND ${CMAKE_COMMAND} -E env HOME=${home} XDG_CONFIG_HOME=${home}
-      ${WIDEN} --plugin ${PLUGIN} ${ARGN}
+      TRELVAN_PREFERENCES=com.orv.trelvan.factory ${WIDEN} --plugin ${PLUGIN} ${ARGN}
     OUTPUT_VARIABLE said COMMAND_ERROR_IS_FATAL ANY)
   set(said "${said}" PARENT_SCOPE)
 endfunction()

@@ -8,6 +8,8 @@ set(TRELVAN_NOTARY_PROFILE "" CACHE STRING
   "macOS: notarytool's profile in the keychain, to have the pkg notarised; not if empty")
 
 set(CPACK_GENERATOR productbuild)
+# It shows the licence by the ending of its file.
+set(CPACK_RESOURCE_FILE_LICENSE ${TRELVAN_RESOURCES}/LICENSE.txt)
 set(CPACK_PACKAGE_FILE_NAME trelvan-${PROJECT_VERSION}-macos)
 set(CPACK_PRODUCTBUILD_IDENTIFIER com.orv.trelvan)
 if(TRELVAN_INSTALLER_IDENTITY)

@@ -9,12 +9,12 @@ print=
 
 build_packages=(
   cmake ninja pkg-config
-  # widen; CMake fetches the source of its transform: no formula has it
+  # widen
   libsndfile libebur128 cli11 nlohmann-json cairo
   lowdown  # the manual page
   librsvg  # the window's pictures
 )
-test_packages=(googletest google-benchmark clang-format)
+test_packages=(googletest clang-format)
 
 xcode-select -p >/dev/null 2>&1 ||
   { echo "the compiler is missing: run xcode-select --install" >&2; exit 1; }

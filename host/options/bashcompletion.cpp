@@ -9,12 +9,19 @@ namespace {
 // and `-o filenames` puts the backslashes of what is completed.
 constexpr const char* kHead = R"(# Completion of widen's command line for bash.
 
+# Bash 3.2, which macOS has, knows no mapfile.
+_widen_add_lines() {
+  local line
+  while IFS= read -r line; do COMPREPLY+=("$line"); done
+}
+
 _widen_files() {
-  local extension
-  mapfile -t COMPREPLY < <(compgen -d -- "$current")
-  [ $# -gt 0 ] || mapfile -t COMPREPLY < <(compgen -f -- "$current")
+  local extension kind=-d
+  [ $# -gt 0 ] || kind=-f
+  COMPREPLY=()
+  _widen_add_lines < <(compgen $kind -- "$current")
   for extension in "$@"; do
-    mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -f -X "!*.$extension" -- "$current")
+    _widen_add_lines < <(compgen -f -X "!*.$extension" -- "$current")
   done
 }
 
@@ -27,11 +34,13 @@ _widen_words() {
 }
 
 _widen_presets() {
-  local names IFS=$' \t\n'
-  [[ " ${COMP_WORDS[*]} " == *" --plugin"* ]] ||
-    mapfile -t names < <("${COMP_WORDS[0]}" --list-presets 2>/dev/null | sed 's/^[* ] *[0-9]*  //')
+  local names files IFS=$' \t\n'
+  COMPREPLY=()
+  [[ " ${COMP_WORDS[*]} " == *" --plugin"* ]] || _widen_add_lines < <(
+    "${COMP_WORDS[0]}" --list-presets 2>/dev/null | sed 's/^[* ] *[0-9]*  //')
+  names=("${COMPREPLY[@]}")
   _widen_files "$@"
-  local files=("${COMPREPLY[@]}")
+  files=("${COMPREPLY[@]}")
   _widen_words "${names[@]}"
   COMPREPLY+=("${files[@]}")
 }

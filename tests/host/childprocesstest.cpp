@@ -9,6 +9,8 @@
 
 #include <chrono>
 
+#include "tests/support/signalwords.h"
+
 namespace {
 
 using testing::ElementsAre;
@@ -46,7 +48,7 @@ TEST(ChildProcess, TellsHowItEnded) {
         },
         {});
     EXPECT_THAT(allOf(process), ElementsAre("before"));
-    EXPECT_EQ(process.ending(), text);
+    EXPECT_EQ(inLinuxWords(process.ending()), text);
   }
   ChildProcess process([](const Send&) { _exit(3); }, {});
   EXPECT_THAT(allOf(process), IsEmpty());

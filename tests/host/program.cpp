@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "tests/support/signalwords.h"
+
 namespace {
 
 constexpr int kLongest = 30;  // s
@@ -72,7 +74,7 @@ Outcome waitForProgram(int process, const std::filesystem::path& folder) {
   const std::filesystem::path out = folder.parent_path() / "out";
   const std::filesystem::path error = folder.parent_path() / "error";
   Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), contentOf(out),
-                  contentOf(error), use.ru_maxrss * WIDEN_MEMORY_UNIT / 1024};
+                  inLinuxWords(contentOf(error)), use.ru_maxrss * WIDEN_MEMORY_UNIT / 1024};
   return outcome;
 }
 

@@ -43,7 +43,7 @@ def configure(source, build, toolkit, options):
         # It is fetched on a Mac.
         "-DFETCHCONTENT_SOURCE_DIR_VSTGUI=" + toolkit,
         "-DTRELVAN_TOOLKIT_SOURCE=" + os.path.join(build, "none"),
-        "-DCMAKE_BUILD_TYPE=Release", "-DTRELVAN_TESTS=ON", "-DTRELVAN_BENCHMARKS=OFF", *options)
+        "-DCMAKE_BUILD_TYPE=Release", "-DTRELVAN_TESTS=ON", "-DTRELVAN_BENCHMARKS=ON", *options)
 
 
 def commands(build):
@@ -92,10 +92,16 @@ def main():
     identifier = next((word for word in ours[0] if "TRELVAN_CLASS_SUFFIX" in word), "")
     expect(re.search(r"_\d+_\d+_\d+", identifier), f"classes' names have a version: {identifier}")
 
+    expect(not any(path.startswith(os.path.join(source, "bench") + os.sep) for path in sources),
+           "no benchmark is built, though the preset asks for them")
     words = sources.get(os.path.join(source, "host/plot/spectrum.cpp"), [])
     expect(words.count("-arch") == 1, "widen is compiled for the machine's own processor")
     window = sources.get(os.path.join(source, "host/vst/mac/plainwindow.mm"), [])
     expect("-fno-objc-arc" in window, "so is its window, with its references counted by itself")
+    with open(os.path.join(build, "CPackConfig.cmake"), encoding="utf-8") as file:
+        shown = re.findall(r'CPACK_RESOURCE_FILE_\w+ "(.*)"', file.read())
+    expect(shown and all(path.endswith((".txt", ".rtf", ".html")) for path in shown),
+           "what the pkg shows are files that its maker takes")
     print(f"{len(failures)} wrong")
     return 1 if failures else 0
 

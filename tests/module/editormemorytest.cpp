@@ -1,5 +1,7 @@
-// The questions about the window that a host without a display can ask, where memory runs out.
+// The questions about the window that a host without a display can ask, also where memory runs out.
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 #include "tests/module/instance.h"
 #include "tests/support/eachfailure.h"
@@ -78,6 +80,16 @@ TEST_F(EditorOutOfMemory, NoWindowOpensWithoutADisplay) {
     const auto ending = [&](long succeeding) { return endOfOpening(succeeding, fails); };
     EXPECT_GT(failEachOwnProcess(ending), 0);
   }
+}
+
+TEST(LoadingWithoutADisplay, OpensNoEditorAndSaysSo) {
+  unsetenv("DISPLAY");
+  RecordingHost host;
+  LoadedModule module;
+  Instance instance(module);
+  EXPECT_EQ(instance.send(effEditOpen), 0);
+  EXPECT_EQ(instance.send(effEditIdle), 0);
+  EXPECT_EQ(instance.send(effEditClose), 0);
 }
 
 }  // namespace

@@ -116,16 +116,6 @@ TEST(LoadingWithoutADisplay, CreatesProcessesSavesAndRestores) {
   useModuleOnce();
 }
 
-TEST(LoadingWithoutADisplay, OpensNoEditorAndSaysSo) {
-  unsetenv("DISPLAY");
-  RecordingHost host;
-  LoadedModule module;
-  Instance instance(module);
-  EXPECT_EQ(instance.send(effEditOpen), 0);
-  EXPECT_EQ(instance.send(effEditIdle), 0);
-  EXPECT_EQ(instance.send(effEditClose), 0);
-}
-
 TEST_F(Loading, KeepsInstancesApart) {
   Instance first(module);
   Instance second(module);

@@ -2,9 +2,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/validate/validatetest.h"
 
 using testing::HasSubstr;
+
+namespace {
+
+// Where a system has not the means of every check, nor of every fault.
+bool cannotBeSeen(const PlantedFault& fault, const ValidatorRun& run) {
+  if (VALIDATE_EVERY_CHECK) return false;
+  return !std::filesystem::exists(pluginFile(fault.plugin)) ||
+         run.text.find(std::string("left out  ") + fault.check) != std::string::npos;
+}
+
+}  // namespace
 
 TEST_P(PlantedFaults, AreFoundByTheirCheck) {
   const PlantedFault& fault = GetParam();
@@ -14,6 +27,7 @@ TEST_P(PlantedFaults, AreFoundByTheirCheck) {
     EXPECT_THAT(run.text, HasSubstr(std::string("left out  ") + fault.check));
     GTEST_SKIP() << "a sanitizer stands where this check would have to";
   }
+  if (cannotBeSeen(fault, run)) GTEST_SKIP() << "this system has not the means";
   EXPECT_EQ(run.status, 1) << run.text;
   EXPECT_THAT(run.text, HasSubstr(std::string("FAIL      ") + fault.check));
   EXPECT_THAT(run.text, HasSubstr(fault.says));

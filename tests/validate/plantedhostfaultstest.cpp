@@ -75,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
         PlantedFault{"ignoresbrokenpipes", "the host process is left as it was",
                      "after making an effect, the host has the handler of signal 13"},
         PlantedFault{"choosesthelocale", "the host process is left as it was",
-                     "after making an effect, the host has the locale: LC_CTYPE=C.UTF-8"},
+                     "after making an effect, the host has the locale: " VALIDATE_LOCALE},
         PlantedFault{"changestheenvironment", "the host process is left as it was",
                      "after making an effect, the host has environment: SOUND_WAS_HERE=1"},
         PlantedFault{"prints", "nothing is written to standard output",

@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
 // Hosts that only ask before they read get what was saved.
 TEST(SavedBytes, MayBeTheMemoryThatAnEffectWorksIn) {
   const ValidatorRun run =
-      validateFile(std::string(VALIDATE_PLUGINS) + "/saveswhatitworksin.so",
+      validateFile(pluginFile("saveswhatitworksin"),
                    {"--strictness", "5", "--seed", "1", "--check", kSavedStays});
   EXPECT_EQ(run.status, 0) << run.text;
   EXPECT_NE(run.text.find(std::string("pass      ") + kSavedStays), std::string::npos) << run.text;

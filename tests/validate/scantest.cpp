@@ -33,7 +33,7 @@ TEST(AScan, IsEndedWithTheValidator) {
   if (validator == 0) {
     close(ends[0]);
     setenv("HANGS_IN_A_SCAN_TELLS", std::to_string(ends[1]).c_str(), 1);
-    const std::string plugin = std::string(VALIDATE_PLUGINS) + "/hangsinascan.so";
+    const std::string plugin = pluginFile("hangsinascan");
     execl(WIDEN_PROGRAM, WIDEN_PROGRAM, "--validate", plugin.c_str(), "--check", kScan, nullptr);
     _exit(127);
   }

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <memory>
 
+#include "tests/support/signalwords.h"
+
 ValidatorRun validateFile(const std::string& plugin, const std::vector<std::string>& words) {
   std::string command = std::string(WIDEN_PROGRAM) + " --validate '" + plugin + "'";
   for (const std::string& word : words) command += " '" + word + "'";
@@ -21,5 +23,5 @@ ValidatorRun validateCommand(const std::string& command) {
   while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), output))
     text.append(piece.data(), got);
   const int status = pclose(output);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, text};
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, inLinuxWords(text)};
 }

@@ -18,10 +18,12 @@ ValidatorRun validateFile(const std::string& plugin, const std::vector<std::stri
 // By the shell, whose standard error stream is read too.
 ValidatorRun validateCommand(const std::string& command);
 
-// A plug-in of the family, by the name of its file.
+// A plug-in of the family, by its name.
+inline std::string pluginFile(const std::string& name) {
+  return std::string(VALIDATE_PLUGINS) + "/" + name + ".so";
+}
 inline ValidatorRun validateBroken(const std::string& name, const std::string& check) {
-  return validateFile(std::string(VALIDATE_PLUGINS) + "/" + name + ".so",
-                      {"--strictness", "10", "--seed", "1", "--check", check});
+  return validateFile(pluginFile(name), {"--strictness", "10", "--seed", "1", "--check", check});
 }
 
 // One planted fault, the check that has to find it, and what it has to say.

@@ -8,10 +8,7 @@
 #include <cstring>
 #include <limits>
 
-#if defined(__SSE2__)
-#include <immintrin.h>
-#endif
-
+#include "tests/validate/plugins/flushing.h"
 #include "tests/validate/plugins/soundeffect.h"
 
 namespace {
@@ -44,7 +41,10 @@ class ChoosesTheLocale : public Opener {
   using Opener::Opener;
 
  protected:
-  void open() override { std::setlocale(LC_CTYPE, "C.UTF-8"); }
+  void open() override {
+    // The second is macOS's.
+    if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr) std::setlocale(LC_CTYPE, "en_US.UTF-8");
+  }
 };
 EFFECT_IN_FILE(choosesthelocale, ChoosesTheLocale);
 
@@ -65,14 +65,6 @@ class Prints : public Opener {
   void open() override { std::puts("Hello, host"); }
 };
 EFFECT_IN_FILE(prints, Prints);
-
-// On other processors than these, the tests of it say that they are left out.
-void setFlushing([[maybe_unused]] bool flushes) {
-#if defined(__SSE2__)
-  constexpr unsigned kFlush = 0x8040;  // results and operands
-  _mm_setcsr((_mm_getcsr() & ~kFlush) | (flushes ? kFlush : 0));
-#endif
-}
 
 class FlushesDenormals : public SoundEffect {
  public:
