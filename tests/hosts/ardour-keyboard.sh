@@ -20,7 +20,7 @@ is_heard() { ! is_silent; }
 space_bar() { timeout 5 xdotool key space; }
 # The meter glides for a moment after the transport has stopped.
 starts_and_stops() {
-  space_bar && wait_for 5 is_heard || { echo "it does not roll"; return 1; }
+  space_bar && wait_for 20 is_heard || { echo "it does not roll"; return 1; }
   space_bar && wait_for 10 is_silent || { echo "it does not stop"; return 1; }
 }
 

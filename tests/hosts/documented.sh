@@ -25,7 +25,7 @@ typed() {
   shift
   commands_for "$host" >"$work/$host.sh"
   [ -s "$work/$host.sh" ] || { echo "the document has no commands for $host"; return 1; }
-  # xvfb-run's audacity is ended after its 40 seconds.
+  # xvfb-run's audacity is ended after its two minutes.
   said=$(cd "$tree" && timeout -k 5 150 bash "$work/$host.sh" 2>&1 && cat scan.xml 2>/dev/null)
   for expected; do
     grep -qF -- "$expected" <<<"$said" || { echo "not said: $expected"; echo "$said"; return 1; }

@@ -138,7 +138,7 @@ other_area() {
 # takes a moment.
 pictured_as() {
   local name=$1 reference=$2 area=$3
-  for _ in $(seq 20); do
+  for _ in $(seq 80); do
     picture "$name" && same_area "$pictures/$name.png" "$reference" "$area" >/dev/null && return 0
     sleep 0.25
   done
@@ -147,7 +147,7 @@ pictured_as() {
 
 # pictured_otherwise NAME OTHER AREA: takes the picture until it differs there.
 pictured_otherwise() {
-  for _ in $(seq 20); do
+  for _ in $(seq 80); do
     picture "$1" && other_area "$pictures/$1.png" "$2" "$3" >/dev/null && return 0
     sleep 0.25
   done
