@@ -16,6 +16,12 @@ if(TRELVAN_SANITIZE)
   add_compile_options(
     -fsanitize=${TRELVAN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${TRELVAN_SANITIZE})
+  # Some hundred programs are linked, and lld takes a third of the time.
+  include(CheckLinkerFlag)
+  check_linker_flag(CXX -fuse-ld=lld TRELVAN_LINKS_WITH_LLD)
+  if(TRELVAN_LINKS_WITH_LLD)
+    add_link_options(-fuse-ld=lld)
+  endif()
 endif()
 
 option(TRELVAN_WERROR "Make warnings errors: for who works on the code, not for who builds it" OFF)
