@@ -49,7 +49,7 @@ test_packages=(
   lilv-utils sordi
   # what an installation tells software centres; packages
   appstream dpkg-dev lintian
-  # the macOS sources: Mach-O bundle
+  # the macOS sources: Mach-O bundle (lld links what is sanitized too)
   lld-LLVM libc++-LLVM-dev musl-dev
   # the macOS sources: run on GNUstep
   gobjc++ libgnustep-gui-dev gnustep-backGNUSTEP-cairo fonts-dejavu-core
