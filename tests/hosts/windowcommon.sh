@@ -43,11 +43,13 @@ window_manager_answers() {
 }
 
 block=1024  # frames, the sound server's
-# start_sound_server RATE: with a name of its own and without a sound card.
+# start_sound_server RATE: with a name of its own and without a sound card. It waits for a client
+# that is late on a busy machine, for 5000 ms at most, where it would go on without its sound.
 start_sound_server() {
   needs jackd jack_wait
   export JACK_DEFAULT_SERVER="trelvan-$$" JACK_NO_AUDIO_RESERVATION=1
-  timeout -k 5 600 stdbuf -oL jackd -r -d dummy -r "$1" -p $block >"$work/jackd.log" 2>&1 &
+  timeout -k 5 600 stdbuf -oL jackd -r -S -t 5000 -d dummy -r "$1" -p $block \
+    >"$work/jackd.log" 2>&1 &
   started+=($!)
   timeout 15 jack_wait -w -t 10 >/dev/null 2>&1 || { cat "$work/jackd.log"; return 1; }
 }
