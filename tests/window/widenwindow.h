@@ -31,7 +31,7 @@ class WidenWindow : public ProgramTest {
     return false;
   }
 
-  // The only window on the screen, once it is there.
+  // The only window on the screen, once it is shown: until then it is still being described.
   xcb_window_t topWindow() {
     xcb_query_tree_reply_t* tree = xcb_query_tree_reply(
         display.link(), xcb_query_tree(display.link(), display.root()), nullptr);
@@ -39,7 +39,11 @@ class WidenWindow : public ProgramTest {
                                    ? xcb_query_tree_children(tree)[0]
                                    : xcb_window_t{0};
     std::free(tree);
-    return found;
+    xcb_get_window_attributes_reply_t* reply = xcb_get_window_attributes_reply(
+        display.link(), xcb_get_window_attributes(display.link(), found), nullptr);
+    const bool shown = reply != nullptr && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+    std::free(reply);
+    return shown ? found : xcb_window_t{0};
   }
 
   void start(std::vector<std::string> words, const Surroundings& surroundings = {}) {
