@@ -24,6 +24,19 @@ void give(void* to, const char* text, std::size_t size) {
   std::snprintf(static_cast<char*>(to), size, "%s", text);
 }
 
+// What one thread sets while another plays. Built in, since what a host stores is plain memory, and
+// not every library has std::atomic_ref.
+template <typename Shared>
+Shared load(const Shared& shared) {
+  Shared value{};
+  __atomic_load(&shared, &value, __ATOMIC_RELAXED);
+  return value;
+}
+template <typename Shared>
+void store(Shared& shared, Shared value) {
+  __atomic_store(&shared, &value, __ATOMIC_RELAXED);
+}
+
 }  // namespace
 
 NamedEffect::NamedEffect(const char* itsName, MakeEffect itsMake)
@@ -73,7 +86,7 @@ VstIntPtr SoundEffect::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value
   const bool isParameter = index >= 0 && index < kParameters;
   switch (opcode) {
     case effSetProgram:
-      if (value >= 0 && value < kPrograms) current = static_cast<int>(value);
+      if (value >= 0 && value < kPrograms) store(current, static_cast<int>(value));
       return 0;
     case effGetProgram:
       return current;
@@ -150,19 +163,20 @@ VstIntPtr SoundEffect::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value
 
 void SoundEffect::setParameter(VstInt32 index, float value) {
   if (index < 0 || index >= kParameters || std::isnan(value)) return;
-  programs[current].values[index] = std::clamp(value, 0.0F, 1.0F);
+  store(programs[load(current)].values[index], std::clamp(value, 0.0F, 1.0F));
 }
 
 float SoundEffect::getParameter(VstInt32 index) {
-  return index < 0 || index >= kParameters ? 0.0F : programs[current].values[index];
+  return index < 0 || index >= kParameters ? 0.0F : load(programs[load(current)].values[index]);
 }
 
 // Every frame of both inputs is read before it is written, so that buffers may be the same.
 template <typename Sample>
 void SoundEffect::processSamples(Sample** in, Sample** out, VstInt32 frames) {
   if (frames <= 0) return;
-  const auto gain = static_cast<Sample>(programs[current].values[kGain]);
-  const auto feed = static_cast<Sample>(programs[current].values[kFeed]);
+  const Program& program = programs[load(current)];
+  const auto gain = static_cast<Sample>(load(program.values[kGain]));
+  const auto feed = static_cast<Sample>(load(program.values[kFeed]));
   for (VstInt32 frame = 0; frame < frames; ++frame) {
     const bool isMono = inputs == 1 || in[1] == nullptr;
     const Sample now[2] = {in[0][frame], isMono ? in[0][frame] : in[1][frame]};
@@ -216,8 +230,13 @@ VstIntPtr SoundEffect::takeChunk(const void* bytes, VstIntPtr size, bool program
       if (!(value >= 0.0F && value <= 1.0F)) return 0;
     }
   }
-  if (!programOnly) current = taken.current;
-  std::copy_n(taken.programs, count, programs + (programOnly ? current : 0));
+  if (!programOnly) store(current, taken.current);
+  for (int i = 0; i < count; ++i) {
+    Program& program = programs[programOnly ? current : i];
+    for (int index = 0; index < kParameters; ++index)
+      store(program.values[index], taken.programs[i].values[index]);
+    std::memcpy(program.name, taken.programs[i].name, sizeof program.name);
+  }
   return 1;
 }
 
